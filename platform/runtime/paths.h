@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+
+#include <functional>
+
+namespace quillon::runtime {
+
+/// Where the time of day comes from; tests set their own.
+struct Clock {
+    std::function<QDateTime()> now = [] { return QDateTime::currentDateTime(); };
+};
+
+/// The folder the program keeps its files in: the executable's folder where the user may write
+/// there, else the user's data folder, which is created. Needs a QCoreApplication. No "/" at the
+/// end.
+QString applicationFolder();
+/// The same rule for any two folders.
+QString applicationFolder(const QString &executableFolder, const QString &dataFolder);
+
+/// The folder for backups, copies and preview files under an application folder. Not created here.
+QString workingFolder(const QString &applicationFolder);
+
+/// The last component of a path: name and extension, no folder.
+QString fileName(const QString &path);
+
+/// YYYYMMDDHHmmSS in digits, e.g. "20011231235959".
+QString timeStamp(const QDateTime &time);
+
+} // namespace quillon::runtime

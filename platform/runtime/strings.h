@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+
+namespace quillon::runtime {
+
+/// Every LF becomes CR LF, also one that already follows a CR.
+QString LFtoCRLF(QString text);
+/// Every CR LF becomes LF; a CR that stands alone stays.
+QString CRLFtoLF(QString text);
+
+// Positions are 1-based and count UTF-16 code units. The views returned look into text.
+
+/// The position of the first occurrence of sought, exactly as written; 0 when there is none, and
+/// in an empty text always.
+qsizetype instr(QStringView text, QStringView sought);
+/// The first length characters, or all when there are fewer. Raises InvalidProcedureCall for a
+/// negative length.
+QStringView left(QStringView text, qsizetype length);
+/// What stands from position start on; empty beyond the end. Raises InvalidProcedureCall for a
+/// start below 1.
+QStringView mid(QStringView text, qsizetype start);
+/// As above, but at most length characters. Raises InvalidProcedureCall for a negative length.
+QStringView mid(QStringView text, qsizetype start, qsizetype length);
+
+} // namespace quillon::runtime

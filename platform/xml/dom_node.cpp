@@ -1,0 +1,232 @@
+#include "platform/xml/arena.h"
+#include "platform/xml/dom.h"
+#include "platform/xml/serializer.h"
+#include "platform/xml/values.h"
+
+namespace quillon::xml {
+
+namespace {
+
+QString toQString(std::string_view utf8) {
+    return QString::fromUtf8(utf8.data(), qsizetype(utf8.size()));
+}
+
+/// Text and CDATA below a node, with what entity references stand for.
+QString textBelow(const Arena &arena, Number top) {
+    std::string text;
+    for (Number n = arena.nextInSubtree(top, top); n != 0; n = arena.nextInSubtree(n, top)) {
+        const Record &r = arena.record(n);
+        if (r.kind == NodeType::Text || r.kind == NodeType::CDATASection)
+            text += valueOf(arena, n);
+        else if (r.kind == NodeType::EntityReference)
+            text += entityText(arena.names->utf8(r.name), *arena.entities);
+    }
+    return toQString(text);
+}
+
+bool hasValue(NodeType kind) {
+    return kind == NodeType::Attribute || kind == NodeType::Text ||
+           kind == NodeType::CDATASection || kind == NodeType::Comment ||
+           kind == NodeType::ProcessingInstruction;
+}
+
+} // namespace
+
+bool Node::operator==(const Node &other) const {
+    return number_ == other.number_ && (number_ == 0 || arena_ == other.arena_);
+}
+
+NodeType Node::nodeType() const {
+    if (number_ == 0)
+        return NodeType::None;
+    const Arena &arena = HandleAccess::arena(*this);
+    return arena.isAlive(number_) ? arena.record(number_).kind : NodeType::None;
+}
+
+QString Node::nodeName() const {
+    switch (nodeType()) {
+    case NodeType::None:
+        return {};
+    case NodeType::Text:
+        return QStringLiteral("#text");
+    case NodeType::CDATASection:
+        return QStringLiteral("#cdata-section");
+    case NodeType::Comment:
+        return QStringLiteral("#comment");
+    case NodeType::Document:
+        return QStringLiteral("#document");
+    default: {
+        const Arena &arena = HandleAccess::arena(*this);
+        return arena.names->string(arena.record(number_).name);
+    }
+    }
+}
+
+QString Node::nodeValue() const {
+    if (!hasValue(nodeType()))
+        return {};
+    // An empty value is not a missing one.
+    const std::string value = valueOf(HandleAccess::arena(*this), number_);
+    return value.empty() ? QStringLiteral("") : toQString(value);
+}
+
+QString Node::text() const {
+    switch (nodeType()) {
+    case NodeType::None:
+    case NodeType::DocumentType:
+        return QStringLiteral("");
+    case NodeType::Element:
+    case NodeType::Document:
+        return textBelow(HandleAccess::arena(*this), number_);
+    case NodeType::EntityReference: {
+        const Arena &arena = HandleAccess::arena(*this);
+        return toQString(
+            entityText(arena.names->utf8(arena.record(number_).name), *arena.entities));
+    }
+    default:
+        return nodeValue();
+    }
+}
+
+QByteArray Node::xml() const {
+    return isNull() ? QByteArray() : serializeNode(HandleAccess::arena(*this), number_);
+}
+
+Node Node::parentNode() const {
+    if (isNull() || nodeType() == NodeType::Attribute)
+        return {};
+    return HandleAccess::node(*this, HandleAccess::arena(*this).record(number_).parent);
+}
+
+Node Node::firstChild() const {
+    if (isNull() || !HandleAccess::arena(*this).hasPart(number_))
+        return {};
+    return HandleAccess::node(*this, HandleAccess::arena(*this).part(number_).firstChild);
+}
+
+Node Node::lastChild() const {
+    if (isNull() || !HandleAccess::arena(*this).hasPart(number_))
+        return {};
+    return HandleAccess::node(*this, HandleAccess::arena(*this).part(number_).lastChild);
+}
+
+Node Node::previousSibling() const {
+    if (isNull() || nodeType() == NodeType::Attribute)
+        return {};
+    return HandleAccess::node(*this, HandleAccess::arena(*this).record(number_).previous);
+}
+
+Node Node::nextSibling() const {
+    if (isNull() || nodeType() == NodeType::Attribute)
+        return {};
+    return HandleAccess::node(*this, HandleAccess::arena(*this).record(number_).next);
+}
+
+bool Node::hasChildNodes() const {
+    return !firstChild().isNull();
+}
+
+NodeList Node::childNodes() const {
+    return NodeList(*this);
+}
+
+AttributeMap Node::attributes() const {
+    return AttributeMap(*this);
+}
+
+Node Node::getAttributeNode(const QString &name) const {
+    if (nodeType() != NodeType::Element)
+        return {};
+    const Arena &arena = HandleAccess::arena(*this);
+    const QByteArray utf8 = name.toUtf8();
+    const std::uint32_t wanted = arena.names->find({utf8.constData(), std::size_t(utf8.size())});
+    if (wanted == 0)
+        return {};
+    Number n = arena.part(number_).firstAttribute;
+    while (n != 0 && arena.record(n).name != wanted)
+        n = arena.record(n).next;
+    return HandleAccess::node(*this, n);
+}
+
+std::optional<QString> Node::getAttribute(const QString &name) const {
+    const Node attribute = getAttributeNode(name);
+    return attribute ? std::optional(attribute.nodeValue()) : std::nullopt;
+}
+
+bool Node::specified() const {
+    return !isNull() && !HandleAccess::arena(*this).record(number_).has(record_flag::Defaulted);
+}
+
+Node Node::documentNode() const {
+    if (isNull())
+        return {};
+    return HandleAccess::node(*this, HandleAccess::arena(*this).documentNumber());
+}
+
+DOMDocument40 Node::ownerDocument() const {
+    return isNull() ? DOMDocument40() : HandleAccess::document(HandleAccess::arenaRef(*this));
+}
+
+QString TypeName(const Node &node) {
+    switch (node.nodeType()) {
+    case NodeType::None:
+        break;
+    case NodeType::Element:
+        return QStringLiteral("IXMLDOMElement");
+    case NodeType::Attribute:
+        return QStringLiteral("IXMLDOMAttribute");
+    case NodeType::Text:
+        return QStringLiteral("IXMLDOMText");
+    case NodeType::CDATASection:
+        return QStringLiteral("IXMLDOMCDATASection");
+    case NodeType::EntityReference:
+        return QStringLiteral("IXMLDOMEntityReference");
+    case NodeType::ProcessingInstruction:
+        return QStringLiteral("IXMLDOMProcessingInstruction");
+    case NodeType::Comment:
+        return QStringLiteral("IXMLDOMComment");
+    case NodeType::Document:
+        return QStringLiteral("DOMDocument");
+    case NodeType::DocumentType:
+        return QStringLiteral("IXMLDOMDocumentType");
+    }
+    return QStringLiteral("Nothing");
+}
+
+int NodeList::length() const {
+    int count = 0;
+    for (Node n = parent_.firstChild(); n; n = n.nextSibling())
+        ++count;
+    return count;
+}
+
+Node NodeList::item(int index) const {
+    if (index < 0)
+        return {};
+    Node n = parent_.firstChild();
+    while (n && index-- > 0)
+        n = n.nextSibling();
+    return n;
+}
+
+int AttributeMap::length() const {
+    if (owner_.nodeType() != NodeType::Element)
+        return 0;
+    const Arena &arena = HandleAccess::arena(owner_);
+    int count = 0;
+    for (Number n = arena.part(owner_.number()).firstAttribute; n != 0; n = arena.record(n).next)
+        ++count;
+    return count;
+}
+
+Node AttributeMap::item(int index) const {
+    if (index < 0 || owner_.nodeType() != NodeType::Element)
+        return {};
+    const Arena &arena = HandleAccess::arena(owner_);
+    Number n = arena.part(owner_.number()).firstAttribute;
+    while (n != 0 && index-- > 0)
+        n = arena.record(n).next;
+    return HandleAccess::node(owner_, n);
+}
+
+} // namespace quillon::xml

@@ -1,0 +1,309 @@
+#include "platform/xml/encoding.h"
+
+#include "resources/xml_texts.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <iconv.h>
+#include <utility>
+
+namespace quillon::xml {
+
+namespace text = resources::xml_text;
+
+namespace {
+
+using namespace std::string_view_literals;
+
+constexpr std::string_view Utf8Mark = "\xEF\xBB\xBF"sv;
+constexpr std::string_view Utf16BeMark = "\xFE\xFF"sv;
+constexpr std::string_view Utf16LeMark = "\xFF\xFE"sv;
+
+// Names that stand for a wider set in practice than their converter of the same name knows, and
+// names that no converter knows.
+constexpr std::array<std::pair<std::string_view, std::string_view>, 31> Aliases = {{
+    {"utf-8", "UTF-8"},
+    {"utf8", "UTF-8"},
+    {"unicode-1-1-utf-8", "UTF-8"},
+    {"utf-16", "UTF-16"},
+    {"utf-16le", "UTF-16LE"},
+    {"utf-16be", "UTF-16BE"},
+    {"ucs-2", "UTF-16"},
+    {"iso-10646-ucs-2", "UTF-16"},
+    {"unicode", "UTF-16"},
+    {"us-ascii", "ASCII"},
+    {"ascii", "ASCII"},
+    {"shift_jis", "CP932"},
+    {"shift-jis", "CP932"},
+    {"sjis", "CP932"},
+    {"x-sjis", "CP932"},
+    {"ms_kanji", "CP932"},
+    {"csshiftjis", "CP932"},
+    {"windows-31j", "CP932"},
+    {"cswindows31j", "CP932"},
+    {"cp932", "CP932"},
+    {"euc-jp", "EUC-JP-MS"},
+    {"x-euc-jp", "EUC-JP-MS"},
+    {"x-euc", "EUC-JP-MS"},
+    {"iso-2022-jp", "ISO-2022-JP"},
+    {"gb2312", "GBK"},
+    {"gbk", "GBK"},
+    {"gb18030", "GB18030"},
+    {"big5", "BIG5"},
+    {"x-x-big5", "BIG5"},
+    {"ks_c_5601-1987", "UHC"},
+    {"euc-kr", "EUC-KR"},
+}};
+
+std::string lower(std::string_view name) {
+    std::string out(name);
+    std::transform(out.begin(), out.end(), out.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
+    return out;
+}
+
+iconv_t noConverter() {
+    return reinterpret_cast<iconv_t>(-1);
+}
+
+class Converter {
+public:
+    Converter(const std::string &to, const std::string &from)
+        : handle_(iconv_open(to.c_str(), from.c_str())) {}
+    ~Converter() {
+        if (isOpen())
+            iconv_close(handle_);
+    }
+    Converter(const Converter &) = delete;
+    Converter &operator=(const Converter &) = delete;
+
+    bool isOpen() const { return handle_ != noConverter(); }
+    iconv_t handle() const { return handle_; }
+
+private:
+    iconv_t handle_;
+};
+
+/// Converts all of `in`, appending to `out`. Returns the number of bytes of `in` converted.
+std::size_t convertAll(iconv_t converter, std::string_view in, std::string &out) {
+    iconv(converter, nullptr, nullptr, nullptr, nullptr);
+    char *source = const_cast<char *>(in.data());
+    std::size_t left = in.size();
+    bool flushing = false;
+    std::size_t used = out.size();
+    for (;;) {
+        if (out.size() - used < 64)
+            out.resize(used + std::max<std::size_t>(64, 2 * left));
+        char *target = out.data() + used;
+        std::size_t room = out.size() - used;
+        const std::size_t done = flushing ? iconv(converter, nullptr, nullptr, &target, &room)
+                                          : iconv(converter, &source, &left, &target, &room);
+        used = out.size() - room;
+        if (done == static_cast<std::size_t>(-1)) {
+            if (errno != E2BIG)
+                break;
+            out.resize(out.size() + 64 + 2 * left);
+        } else if (flushing) {
+            break;
+        } else {
+            flushing = true;
+        }
+    }
+    out.resize(used);
+    return in.size() - left;
+}
+
+bool isStateful(const std::string &codec) {
+    return codec.rfind("ISO-2022", 0) == 0;
+}
+
+/// Appends a stretch of the file whose bytes encoding would not give back, if it is one.
+void noteOriginal(std::vector<OriginalBytes> &originals, Encoder &encoder, std::string_view decoded,
+                  std::size_t start, std::string_view bytes) {
+    std::string again;
+    if (encoder.encodeKnown(decoded, again) && again == bytes)
+        return;
+    originals.push_back({static_cast<std::uint32_t>(start),
+                         static_cast<std::uint32_t>(start + decoded.size()), std::string(bytes)});
+}
+
+/// Finds the stretches whose bytes encoding would not give back: single characters, or, where
+/// the encoding has states, whole lines.
+std::vector<OriginalBytes> findOriginals(const std::string &codec, std::string_view bytes,
+                                         std::string_view utf8) {
+    Encoder encoder(codec);
+    std::string again;
+    if (encoder.encodeKnown(utf8, again) && again == bytes)
+        return {};
+    std::vector<OriginalBytes> originals;
+    Converter decoder("UTF-8", codec);
+    std::size_t at = 0;
+    std::size_t position = 0;
+    while (at < bytes.size()) {
+        std::size_t length;
+        std::string decoded;
+        if (isStateful(codec)) {
+            const std::size_t lineEnd = bytes.find('\n', at);
+            length = (lineEnd == bytes.npos ? bytes.size() : lineEnd + 1) - at;
+            convertAll(decoder.handle(), bytes.substr(at, length), decoded);
+        } else {
+            for (length = 1; length < 8 && at + length < bytes.size(); ++length) {
+                decoded.clear();
+                if (convertAll(decoder.handle(), bytes.substr(at, length), decoded) == length)
+                    break;
+            }
+            if (decoded.empty())
+                convertAll(decoder.handle(), bytes.substr(at, length), decoded);
+        }
+        noteOriginal(originals, encoder, decoded, position, bytes.substr(at, length));
+        at += length;
+        position += decoded.size();
+    }
+    return originals;
+}
+
+LineEnd lineEndOf(std::string_view utf8) {
+    const std::size_t first = utf8.find_first_of("\r\n");
+    if (first == utf8.npos || utf8[first] == '\n')
+        return LineEnd::LF;
+    return first + 1 < utf8.size() && utf8[first + 1] == '\n' ? LineEnd::CRLF : LineEnd::CR;
+}
+
+/// The codec that the first bytes tell, and the length of the byte order mark.
+std::pair<std::string, std::size_t> sniff(std::string_view bytes) {
+    if (bytes.substr(0, 3) == Utf8Mark)
+        return {"UTF-8", 3};
+    if (bytes.substr(0, 2) == Utf16BeMark)
+        return {"UTF-16BE", 2};
+    if (bytes.substr(0, 2) == Utf16LeMark)
+        return {"UTF-16LE", 2};
+    if (bytes.substr(0, 4) == "\0<\0?"sv)
+        return {"UTF-16BE", 0};
+    if (bytes.substr(0, 4) == "<\0?\0"sv)
+        return {"UTF-16LE", 0};
+    return {"", 0};
+}
+
+} // namespace
+
+std::string declaredEncoding(std::string_view utf8) {
+    if (utf8.substr(0, 5) != "<?xml")
+        return {};
+    const std::string_view declaration = utf8.substr(0, utf8.find("?>"));
+    const std::size_t at = declaration.find("encoding");
+    if (at == declaration.npos)
+        return {};
+    const std::size_t quote = declaration.find_first_of("\"'", at);
+    if (quote == declaration.npos)
+        return {};
+    const std::size_t end = declaration.find(declaration[quote], quote + 1);
+    return std::string(
+        declaration.substr(quote + 1, end == declaration.npos ? 0 : end - quote - 1));
+}
+
+std::string codecFor(std::string_view declaredName) {
+    const std::string name = lower(declaredName);
+    const auto alias = std::find_if(Aliases.begin(), Aliases.end(),
+                                    [&](const auto &entry) { return entry.first == name; });
+    if (alias != Aliases.end())
+        return std::string(alias->second);
+    if (name.rfind("windows-", 0) == 0 && name.find_first_not_of("0123456789", 8) == name.npos)
+        return "CP" + name.substr(8);
+    const bool plain =
+        name.find_first_not_of("abcdefghijklmnopqrstuvwxyz0123456789-_:.") == name.npos;
+    if (!plain || name.empty() || name == "utf-7")
+        return {};
+    // Any other encoding will do that the system knows and that leaves markup readable.
+    const Converter converter("UTF-8", name);
+    constexpr auto markup = "<?xml version=\"1.0\"?><!--a&-->"sv;
+    std::string decoded;
+    if (!converter.isOpen() || convertAll(converter.handle(), markup, decoded) != markup.size() ||
+        decoded != markup)
+        return {};
+    return name;
+}
+
+Decoded decodeFile(std::string bytes) {
+    Decoded result;
+    const auto [sniffed, markLength] = sniff(bytes);
+    result.format.byteOrderMark = markLength != 0;
+    const std::string_view content = std::string_view(bytes).substr(markLength);
+    std::string declared;
+    std::string codec = sniffed;
+    if (sniffed.empty()) {
+        declared = declaredEncoding(content.substr(0, 1024));
+        codec = declared.empty() ? "UTF-8" : codecFor(declared);
+        if (codec.empty())
+            result.error = text::UnknownEncoding.arg(QString::fromStdString(declared));
+        else if (codec.rfind("UTF-16", 0) == 0)
+            result.error = text::EncodingSwitch;
+        if (!result.error.isNull())
+            return result;
+    }
+    result.format.codec = codec;
+    if (codec == "UTF-8") {
+        if (markLength != 0)
+            bytes.erase(0, markLength);
+        result.utf8 = std::move(bytes);
+    } else {
+        const Converter converter("UTF-8", codec);
+        if (!converter.isOpen() ||
+            convertAll(converter.handle(), content, result.utf8) != content.size()) {
+            result.error = text::BadBytes.arg(QString::fromStdString(codec));
+            return result;
+        }
+        if (codec.rfind("UTF-16", 0) != 0)
+            result.originals = findOriginals(codec, content, result.utf8);
+    }
+    result.format.declared = declaredEncoding(std::string_view(result.utf8).substr(0, 1024));
+    result.format.lineEnd = lineEndOf(result.utf8);
+    return result;
+}
+
+Encoder::Encoder(std::string codec) : codec_(std::move(codec)), passThrough_(codec_ == "UTF-8") {
+    // A byte order mark is the caller's business; the converter for "UTF-16" would write one.
+    if (codec_ == "UTF-16")
+        codec_ = "UTF-16LE";
+    if (!passThrough_) {
+        encoder_ = iconv_open(codec_.c_str(), "UTF-8");
+        decoder_ = iconv_open("UTF-8", codec_.c_str());
+    }
+}
+
+Encoder::~Encoder() {
+    for (void *converter : {encoder_, decoder_}) {
+        if (converter && converter != noConverter())
+            iconv_close(converter);
+    }
+}
+
+bool Encoder::encodeKnown(std::string_view utf8, std::string &out) {
+    if (passThrough_) {
+        out += utf8;
+        return true;
+    }
+    const std::size_t before = out.size();
+    if (encoder_ != noConverter() && convertAll(encoder_, utf8, out) == utf8.size())
+        return true;
+    out.resize(before);
+    return false;
+}
+
+bool Encoder::encode(std::string_view utf8, std::string &out) {
+    const std::size_t before = out.size();
+    if (!encodeKnown(utf8, out))
+        return false;
+    if (passThrough_)
+        return true;
+    std::string back;
+    const std::string_view written = std::string_view(out).substr(before);
+    if (decoder_ != noConverter() && convertAll(decoder_, written, back) == written.size() &&
+        back == utf8)
+        return true;
+    out.resize(before);
+    return false;
+}
+
+} // namespace quillon::xml

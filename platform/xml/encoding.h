@@ -1,0 +1,59 @@
+#pragma once
+
+#include "platform/xml/arena.h"
+
+#include <QString>
+
+#include <string>
+#include <string_view>
+
+namespace quillon::xml {
+
+/// The bytes of a file, decoded.
+struct Decoded {
+    /// The text, with the line ends of the file.
+    std::string utf8;
+    FileFormat format;
+    std::vector<OriginalBytes> originals;
+    /// Null when all went well; else a Japanese sentence, and the text up to the fault in utf8.
+    QString error;
+};
+
+/// Decodes a whole file: by its byte order mark, else by its declaration, else as UTF-8. A
+/// UTF-8 text is not looked at (the parser does). The bytes are taken over.
+Decoded decodeFile(std::string bytes);
+
+/// The value of `encoding` in a document's XML declaration; empty when there is none.
+std::string declaredEncoding(std::string_view utf8);
+
+/// The name of the codec for an encoding as a declaration names it, e.g. "CP932" for "x-sjis";
+/// empty when it is not supported.
+std::string codecFor(std::string_view declaredName);
+
+/// Encodes text stretch by stretch. Every stretch starts and ends in the encoding's initial
+/// state, so stretches can be put together in any order.
+class Encoder {
+public:
+    /// `codec` as codecFor() gives it.
+    explicit Encoder(std::string codec);
+    ~Encoder();
+    Encoder(const Encoder &) = delete;
+    Encoder &operator=(const Encoder &) = delete;
+
+    const std::string &codec() const { return codec_; }
+    /// The text passes through as it is.
+    bool isUtf8() const { return passThrough_; }
+    /// Appends the encoded text to `out`. False, with `out` as it was, when the encoding cannot
+    /// hold a character or would read it back as another one.
+    bool encode(std::string_view utf8, std::string &out);
+    /// The same without the second check, for text that is known to come from this encoding.
+    bool encodeKnown(std::string_view utf8, std::string &out);
+
+private:
+    std::string codec_;
+    bool passThrough_;
+    void *encoder_ = nullptr;
+    void *decoder_ = nullptr;
+};
+
+} // namespace quillon::xml

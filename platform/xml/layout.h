@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/xml/arena.h"
+
+namespace quillon::xml {
+
+/// Links a node under a parent ahead of `next` (at the end for 0) and gives it the layout of its
+/// new place: where the new siblings stand on lines of their own, so does the node. In one-line
+/// parents and beside character data nothing is added.
+void linkWithLayout(Arena &arena, Number parent, Number node, Number next);
+
+/// Takes a node out of the tree together with its layout.
+void unlinkWithLayout(Arena &arena, Number node);
+
+/// Links a node in the place, and with the layout, of a child, which then stands nowhere.
+void linkInPlaceOf(Arena &arena, Number parent, Number node, Number old);
+
+/// Links an attribute as the last one of an element, on a line of its own where the one before it
+/// stands so.
+void linkAttributeWithLayout(Arena &arena, Number element, Number attribute);
+
+} // namespace quillon::xml

@@ -1,0 +1,124 @@
+#include "tests/platform/xml/xml_test_support.h"
+
+#include <vector>
+
+namespace quillon::xml::test {
+
+namespace {
+
+Node find(const DOMDocument40 &document, const char *name) {
+    std::vector<Node> open{document.node()};
+    while (!open.empty()) {
+        const Node n = open.back();
+        open.pop_back();
+        if (n.nodeName() == name)
+            return n;
+        for (Node c = n.firstChild(); c; c = c.nextSibling())
+            open.push_back(c);
+    }
+    return {};
+}
+
+TEST(Layout, AnInsertedNodeStandsLikeItsNewSiblings) {
+    const struct {
+        const char *before;
+        const char *parent;
+        const char *next;
+        const char *after;
+    } cases[] = {
+        // Appended and inserted among siblings on lines of their own.
+        {"<r>\n  <a/>\n</r>", "r", "", "<r>\n  <a/>\n  <N/>\n</r>"},
+        {"<r>\n  <a/>\n</r>", "r", "a", "<r>\n  <N/>\n  <a/>\n</r>"},
+        {"<r>\n\n\t<a/>\n\n\t<b/>\n</r>", "r", "b", "<r>\n\n\t<a/>\n\n\t<N/>\n\t<b/>\n</r>"},
+        // The first child, one step deeper.
+        {"<r>\n   <a/>\n</r>", "a", "", "<r>\n   <a>\n      <N/>\n   </a>\n</r>"},
+        {"<r>\n\t<a></a>\n</r>", "a", "", "<r>\n\t<a>\n\t\t<N/>\n\t</a>\n</r>"},
+        {"<r>\n <b>\n     <a x='1' />\n </b>\n</r>", "a", "",
+         "<r>\n <b>\n     <a x='1'>\n         <N/>\n     </a>\n </b>\n</r>"},
+        {"<r/>", "r", "", "<r>\n  <N/>\n</r>"},
+        // One-line parents and mixed content.
+        {"<r><a/></r>", "r", "", "<r><a/><N/></r>"},
+        {"<r><a/></r>", "r", "a", "<r><N/><a/></r>"},
+        {"<r><a/></r>", "a", "", "<r><a><N/></a></r>"},
+        {"<r>\n  <p>text <a/></p>\n</r>", "p", "", "<r>\n  <p>text <a/><N/></p>\n</r>"},
+        {"<r>\n  text\n  <a/>\n</r>", "r", "a", "<r>\n  text\n  <N/><a/>\n</r>"},
+        {"<r xml:space='preserve'>\n <a/>\n</r>", "r", "a",
+         "<r xml:space='preserve'>\n <N/><a/>\n</r>"},
+    };
+    for (const auto &c : cases) {
+        DOMDocument40 d = parsed(c.before);
+        find(d, c.parent).insertBefore(d.createElement("N"), *c.next ? find(d, c.next) : Node());
+        EXPECT_EQ(xml(d), c.after) << c.before;
+        // Taking it out again gives the text back where a place was not made for it.
+        find(d, c.parent).removeChild(find(d, "N"));
+        DOMDocument40 again = parsed(xml(d));
+        EXPECT_EQ(again.node().text(), parsed(c.before).node().text());
+    }
+}
+
+TEST(Layout, ReplacingByInsertingAndRemovingKeepsEveryByte) {
+    for (const char *text :
+         {"<r>\n\n  <a/>\n\n\n  <b/>\n</r>", "<r><a/> <b/></r>", "<r>x<a/> y</r>",
+          "<r>\n  <a/></r>", "<?xml version='1.0'?>\n\n<a/>\n"}) {
+        DOMDocument40 d = parsed(text);
+        const Node a = find(d, "a");
+        Node parent = a.parentNode();
+        if (parent.nodeType() == NodeType::Document)
+            continue;
+        parent.insertBefore(parsed("<a/>").documentElement(), a);
+        parent.removeChild(a);
+        EXPECT_EQ(xml(d), text);
+    }
+}
+
+TEST(Layout, ARemovedNodeTakesItsLayoutWithIt) {
+    DOMDocument40 d = parsed("<r>\n  <a/>\n\n  <b/>\n  <c/>\n</r>");
+    const Node root = d.documentElement();
+    root.removeChild(find(d, "b"));
+    EXPECT_EQ(xml(d), "<r>\n  <a/>\n  <c/>\n</r>");
+    root.removeChild(find(d, "a"));
+    root.removeChild(find(d, "c"));
+    EXPECT_EQ(xml(d), "<r></r>");
+}
+
+TEST(Layout, TextTakesNoLayoutInWhenItIsReadAgain) {
+    const struct {
+        const char *before;
+        const char *next;
+        const char *after;
+    } cases[] = {
+        {"<r>\n  <a/>\n</r>", "", "<r>\n  <a/>T</r>"},
+        {"<r>\n  <a/>\n</r>", "a", "<r>T<a/>\n</r>"},
+        {"<r/>", "", "<r>T</r>"},
+    };
+    for (const auto &c : cases) {
+        DOMDocument40 d = parsed(c.before);
+        d.documentElement().insertBefore(d.createTextNode("T"), *c.next ? find(d, c.next) : Node());
+        EXPECT_EQ(xml(d), c.after);
+        EXPECT_EQ(parsed(xml(d)).node().text(), "T");
+    }
+    DOMDocument40 d = parsed("<r>T<a/>\n  <b/>\n</r>");
+    d.documentElement().removeChild(find(d, "a"));
+    EXPECT_EQ(xml(d), "<r>T<b/>\n</r>");
+}
+
+TEST(Layout, TopLevelNodesStandOnLinesOfTheirOwn) {
+    DOMDocument40 d = parsed("<?xml version='1.0'?>\n<r/>\n");
+    d.node().insertBefore(d.createComment("a"), d.documentElement());
+    d.node().appendChild(d.createComment("b"));
+    EXPECT_EQ(xml(d), "<?xml version='1.0'?>\n<!--a-->\n<r/>\n<!--b-->\n");
+    DOMDocument40 bare = parsed("<r/>");
+    bare.node().insertBefore(bare.createComment("a"), bare.documentElement());
+    EXPECT_EQ(xml(bare), "<!--a-->\n<r/>");
+}
+
+TEST(Layout, AttributesFollowTheOneBefore) {
+    DOMDocument40 d = parsed("<r><a x='1'\n   y='2'/><b x='1'/><c/></r>");
+    for (const char *name : {"a", "b", "c"})
+        find(d, name).setAttribute("n", "");
+    EXPECT_EQ(xml(d), "<r><a x='1'\n   y='2'\n   n=\"\"/><b x='1' n=\"\"/><c n=\"\"/></r>");
+}
+
+} // namespace
+
+} // namespace quillon::xml::test

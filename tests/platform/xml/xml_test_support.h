@@ -1,0 +1,55 @@
+#pragma once
+
+#include "platform/xml/dom.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+#include <string>
+
+namespace quillon::xml::test {
+
+inline DOMDocument40 parsed(const std::string &text) {
+    DOMDocument40 document = DOMDocument40::create();
+    EXPECT_TRUE(document.loadXML(QByteArray::fromStdString(text)))
+        << text.substr(0, 200) << ": " << document.parseError().reason.toStdString();
+    return document;
+}
+
+inline std::string xml(const Node &node) {
+    return node.xml().toStdString();
+}
+inline std::string xml(const DOMDocument40 &document) {
+    return document.xml().toStdString();
+}
+
+/// Files of one test, in a folder that goes with it.
+class Files {
+public:
+    QString path(const QString &name) const { return folder_.filePath(name); }
+    QString write(const QString &name, const std::string &bytes) const {
+        QFile file(path(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes.data(), qint64(bytes.size()));
+        return path(name);
+    }
+    std::string read(const QString &name) const {
+        QFile file(path(name));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll().toStdString();
+    }
+    QStringList names() const {
+        return QDir(folder_.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+    }
+
+private:
+    QTemporaryDir folder_;
+};
+
+inline QString q(const std::string &utf8) {
+    return QString::fromStdString(utf8);
+}
+
+} // namespace quillon::xml::test
