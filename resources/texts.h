@@ -24,8 +24,37 @@ inline constexpr QStringView FolderNotFound =
     u"%1\nフォルダーが見つかりません。パスを確認してください。";
 inline constexpr QStringView ConfirmOverwrite = u"%1\nはすでに存在します。上書きしますか？";
 
+// Documents.
+inline constexpr QStringView NewDocument = u"New XML File";
+inline constexpr QStringView ReadOnlyMark = u" (読み取り専用)";
+inline constexpr QStringView OpenFilter =
+    u"XMLファイル(*.xml)|*.xml|XSLファイル(*.xsl)|*.xsl|すべてのファイル(*.*)|*.*";
+// In English and without an entry for all files, unlike the one above; that is meant so.
+inline constexpr QStringView SaveFilter = u"XML File(*.xml)|*.xml|XSL File(*.xsl)|*.xsl";
+inline constexpr QStringView LoseAllChanges = u"変更は全て失われます。よろしいですか？";
+inline constexpr QStringView OverwriteChangedFile =
+    u"このファイルは、開いた後に他のプログラムによって変更されています。\n"
+    u"上書きしてもよろしいですか？";
+
 // Status bar.
 inline constexpr QStringView SyntaxError = u"構文エラー";
+inline constexpr QStringView Loading = u"読み込んでいます...";
+inline constexpr QStringView FileChangedOnDisk =
+    u"このファイルは他のプログラムによって変更されました。「再読込」で新しい内容を読み込めます。";
+
+// What assistive technology calls the parts of the window.
+inline constexpr QStringView ToolBarName = u"ツールバー";
+inline constexpr QStringView MoveToolBarName = u"パスへの移動";
+inline constexpr QStringView PathName = u"パス";
+inline constexpr QStringView ColumnsName = u"左右の分割";
+inline constexpr QStringView RowsName = u"上下の分割";
+inline constexpr QStringView TreeName = u"ドキュメント ツリー";
+inline constexpr QStringView PaneName = u"編集ペイン";
+inline constexpr QStringView PreviewName = u"プレビュー";
+
+// The font of the edit pane and the tree until another is chosen.
+inline constexpr QStringView DefaultFontName = u"MS UI Gothic";
+inline constexpr int DefaultFontSize = 10;
 
 // Failures that carry no Japanese description of their own. %1 is what the failure says of itself.
 inline constexpr QStringView UnexpectedError = u"予期しないエラーが発生しました。\n%1";

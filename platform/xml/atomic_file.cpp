@@ -80,7 +80,7 @@ QString linkTarget(QString path) {
 
 } // namespace
 
-void writeFileAtomically(const QString &path, std::string_view bytes) {
+void writeFileAtomically(const QString &path, std::string_view bytes, ReadOnlyFile readOnly) {
     const QString target = linkTarget(path);
     const QByteArray targetName = QFile::encodeName(target);
     struct stat old {};
@@ -89,8 +89,11 @@ void writeFileAtomically(const QString &path, std::string_view bytes) {
         fail(path, EISDIR);
     if (exists && !S_ISREG(old.st_mode))
         return writeDirectly(path, bytes);
-    if (exists && ::access(targetName.constData(), W_OK) != 0)
-        fail(path, errno);
+    // Root may write everything, but a file marked read-only is meant to be left alone.
+    const bool writable =
+        (old.st_mode & S_IWUSR) != 0 && ::access(targetName.constData(), W_OK) == 0;
+    if (exists && !writable && readOnly == ReadOnlyFile::Keep)
+        fail(path, EACCES);
 
     QByteArray temporary = QFile::encodeName(QFileInfo(target).absoluteDir().filePath(
         QStringLiteral(".") + QFileInfo(target).fileName().left(64) + QStringLiteral(".XXXXXX")));
@@ -104,7 +107,7 @@ void writeFileAtomically(const QString &path, std::string_view bytes) {
     // Only root may keep a foreign owner; the permissions matter in any case.
     if (exists && ::fchown(file.get(), old.st_uid, old.st_gid) != 0 && errno != EPERM)
         giveUp(errno);
-    if (::fchmod(file.get(), exists ? old.st_mode & 07777 : defaultMode()) != 0 ||
+    if (::fchmod(file.get(), exists ? (old.st_mode & 07777) | S_IWUSR : defaultMode()) != 0 ||
         !writeAll(file.get(), bytes) || ::fsync(file.get()) != 0 || !file.close())
         giveUp(errno);
     if (::rename(temporary.constData(), targetName.constData()) != 0)

@@ -136,6 +136,20 @@ private:
 /// "IXMLDOMElement"; "Nothing" for the empty handle.
 QString TypeName(const Node &node);
 
+/// Receives the nodes of a walk.
+class NodeVisitor {
+public:
+    virtual ~NodeVisitor() = default;
+    /// A node is reached. Attributes come right after their element, ahead of its children.
+    virtual void enter(quint32 number, NodeType kind) = 0;
+    /// Everything that belongs to the node entered last and not left yet has been reached.
+    virtual void leave() = 0;
+};
+
+/// Walks over a node and everything below it in document order, without recursion. The visitor
+/// must not change the document.
+void visitSubtree(const Node &top, NodeVisitor &visitor);
+
 /// The children of a node, always as they stand now.
 class NodeList {
 public:
@@ -187,6 +201,9 @@ struct ParseError {
     QString url;
 };
 
+/// What a save does with a file whose owner may not write it.
+enum class ReadOnlyFile { Keep, Replace };
+
 /// A document. The handle is a reference: copies of it name the same document.
 class DOMDocument40 {
 public:
@@ -212,13 +229,22 @@ public:
     /// At any instant a reader finds the old file or the new one, whole; permissions and links
     /// survive. Raises with the reason when that fails; the old file is then untouched. A
     /// character that the encoding cannot hold becomes a numeric reference in text and attribute
-    /// values, and anywhere else stops the save before the file is touched.
-    void save(const QString &path) const;
+    /// values, and anywhere else stops the save before the file is touched. A read-only file is
+    /// kept, which raises, or replaced by one that is not.
+    void save(const QString &path, ReadOnlyFile readOnly = ReadOnlyFile::Keep) const;
     /// The bytes that save() writes, for other receivers. Raises as save() does.
     QByteArray serialize() const;
 
+    /// Makes save() write with the line ends and the byte order mark of another document, and in
+    /// its encoding as long as the two declare the same one. For text that replaces a document.
+    void takeFileFormat(const DOMDocument40 &from);
+
     /// The document as a node.
     Node node() const;
+    /// An upper bound of the number of nodes, attributes included, without counting them.
+    quint32 maxNodeCount() const;
+    /// The node with a number that Node::number() gave; dead if there is none.
+    Node nodeByNumber(quint32 number) const;
     QByteArray xml() const { return node().xml(); }
     Node documentElement() const;
     /// Sets the root element: in the place of the present one; else where the last one stood,

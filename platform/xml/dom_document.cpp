@@ -106,17 +106,29 @@ const ParseError &DOMDocument40::parseError() const {
     return HandleAccess::arena(*this).parseError;
 }
 
-void DOMDocument40::save(const QString &path) const {
-    writeFileAtomically(path, serializeDocument(HandleAccess::arena(*this)));
+void DOMDocument40::save(const QString &path, ReadOnlyFile readOnly) const {
+    writeFileAtomically(path, serializeDocument(HandleAccess::arena(*this)), readOnly);
 }
 
 QByteArray DOMDocument40::serialize() const {
     return QByteArray::fromStdString(serializeDocument(HandleAccess::arena(*this)));
 }
 
+void DOMDocument40::takeFileFormat(const DOMDocument40 &from) {
+    HandleAccess::arena(*this).format = HandleAccess::arena(from).format;
+}
+
 Node DOMDocument40::node() const {
     return isNull() ? Node()
                     : HandleAccess::node(*this, HandleAccess::arena(*this).documentNumber());
+}
+
+quint32 DOMDocument40::maxNodeCount() const {
+    return HandleAccess::arena(*this).slotCount();
+}
+
+Node DOMDocument40::nodeByNumber(quint32 number) const {
+    return HandleAccess::node(*this, number);
 }
 
 Node DOMDocument40::documentElement() const {

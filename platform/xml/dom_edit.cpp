@@ -180,8 +180,15 @@ Node Node::insertBefore(const Node &newChild, const Node &refChild) const {
     if (newChild == refChild)
         return newChild;
     Arena &arena = HandleAccess::arena(*this);
+    const Number oldParent = HandleAccess::arena(newChild).record(newChild.number_).parent;
+    const std::string oldEndLayout =
+        oldParent == 0 ? std::string()
+                       : normalizeLineEnds(HandleAccess::arena(newChild).endLayout(oldParent));
     const Number n = takeOut(arena, newChild);
-    linkWithLayout(arena, number_, n, refChild.number_);
+    if (isInDocument(arena, number_))
+        linkWithLayout(arena, number_, n, refChild.number_);
+    else
+        linkKeepingLayout(arena, number_, n, refChild.number_, oldEndLayout);
     return HandleAccess::node(*this, n);
 }
 

@@ -193,6 +193,33 @@ QString TypeName(const Node &node) {
     return QStringLiteral("Nothing");
 }
 
+void visitSubtree(const Node &top, NodeVisitor &visitor) {
+    if (top.isNull())
+        return;
+    const Arena &arena = HandleAccess::arena(top);
+    for (Number n = top.number();;) {
+        visitor.enter(n, arena.record(n).kind);
+        if (arena.hasPart(n)) {
+            for (Number a = arena.part(n).firstAttribute; a != 0; a = arena.record(a).next) {
+                visitor.enter(a, NodeType::Attribute);
+                visitor.leave();
+            }
+            if (arena.part(n).firstChild != 0) {
+                n = arena.part(n).firstChild;
+                continue;
+            }
+        }
+        visitor.leave();
+        while (n != top.number() && arena.record(n).next == 0) {
+            n = arena.record(n).parent;
+            visitor.leave();
+        }
+        if (n == top.number())
+            return;
+        n = arena.record(n).next;
+    }
+}
+
 int NodeList::length() const {
     int count = 0;
     for (Node n = parent_.firstChild(); n; n = n.nextSibling())

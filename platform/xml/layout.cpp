@@ -130,6 +130,27 @@ void linkWithLayout(Arena &arena, Number parent, Number node, Number next) {
     arena.markContentChanged(parent);
 }
 
+bool isInDocument(const Arena &arena, Number node) {
+    while (arena.record(node).parent != 0)
+        node = arena.record(node).parent;
+    return node == arena.documentNumber();
+}
+
+void linkKeepingLayout(Arena &arena, Number parent, Number node, Number next,
+                       const std::string &oldEndLayout) {
+    const Number previous = next != 0 ? arena.record(next).previous : arena.part(parent).lastChild;
+    const bool text = arena.record(node).kind == NodeType::Text;
+    const bool afterText = previous != 0 && arena.record(previous).kind == NodeType::Text;
+    if (text || afterText)
+        arena.setLayout(node, {});
+    if (text)
+        dropLayoutAhead(arena, parent, next);
+    else if (arena.part(parent).firstChild == 0)
+        arena.setEndLayout(parent, oldEndLayout);
+    arena.link(parent, node, next);
+    arena.markContentChanged(parent);
+}
+
 void unlinkWithLayout(Arena &arena, Number node) {
     const Record old = arena.record(node);
     const Number parent = old.parent;

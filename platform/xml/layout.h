@@ -9,6 +9,14 @@ namespace quillon::xml {
 /// parents and beside character data nothing is added.
 void linkWithLayout(Arena &arena, Number parent, Number node, Number next);
 
+/// Whether a node stands in the document's tree.
+bool isInDocument(const Arena &arena, Number node);
+
+/// Links a node under a parent that stands nowhere yet and so has no layout to give: the node
+/// keeps its own, and the first one brings the layout ahead of the end tag of the parent it left.
+void linkKeepingLayout(Arena &arena, Number parent, Number node, Number next,
+                       const std::string &oldEndLayout);
+
 /// Takes a node out of the tree together with its layout.
 void unlinkWithLayout(Arena &arena, Number node);
 

@@ -112,6 +112,16 @@ TEST(Layout, TopLevelNodesStandOnLinesOfTheirOwn) {
     EXPECT_EQ(xml(bare), "<!--a-->\n<r/>");
 }
 
+TEST(Layout, ChildrenMovedToANewElementKeepTheirLines) {
+    DOMDocument40 d = parsed("<r>\n\t<a>\n\t\t<b/>\n\n\t\t<c/>\n\t</a>\n</r>");
+    const Node a = find(d, "a");
+    const Node renamed = d.createElement("n");
+    while (const Node child = a.firstChild())
+        renamed.appendChild(child);
+    a.parentNode().replaceChild(renamed, a);
+    EXPECT_EQ(xml(d), "<r>\n\t<n>\n\t\t<b/>\n\n\t\t<c/>\n\t</n>\n</r>");
+}
+
 TEST(Layout, AttributesFollowTheOneBefore) {
     DOMDocument40 d = parsed("<r><a x='1'\n   y='2'/><b x='1'/><c/></r>");
     for (const char *name : {"a", "b", "c"})

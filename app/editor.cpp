@@ -1,0 +1,69 @@
+#include "app/editor.h"
+
+#include "platform/controls/error_boundary.h"
+
+namespace quillon::app {
+
+using controls::guarded;
+using controls::TreeItem;
+
+Surroundings Surroundings::ofProgram() {
+    return {runtime::applicationFolder(), {}, {}};
+}
+
+Editor::Editor(Surroundings given, controls::TreeView &tvw, controls::TextBox &txtEdit,
+               controls::PathBox &cboPath)
+    : surroundings(std::move(given)),
+      workingFolder(runtime::workingFolder(surroundings.applicationFolder)),
+      recentFiles(surroundings.settings), pane(txtEdit), builder(state, options, tvw),
+      removal(builder, tvw), nodeText(state, builder, tvw),
+      selection(state, options, builder.registry(), tvw, pane, cboPath),
+      labels(state, options, builder, tvw, pane),
+      paneEditing(state, options, builder, removal, labels, selection, tvw, pane),
+      history(state, builder, selection, tvw),
+      loader(state, builder, selection, history, tvw, workingFolder, recentFiles,
+             surroundings.clock),
+      commands(state, loader, builder, history, tvw, pane, surroundings.applicationFolder) {
+    wireStatusTexts();
+    wireModifications();
+    wireTree(tvw);
+    wirePane(txtEdit);
+}
+
+void Editor::wireStatusTexts() {
+    connect(&builder, &tree::TreeBuilder::statusText, this, &Editor::statusText);
+    connect(&selection, &tree::Selection::statusText, this, &Editor::statusText);
+    connect(&paneEditing, &tree::PaneEditing::statusText, this, &Editor::statusText);
+    connect(&loader, &document::DocumentLoader::statusText, this, &Editor::statusText);
+    connect(&commands, &document::DocumentCommands::statusText, this, &Editor::statusText);
+}
+
+void Editor::wireModifications() {
+    const auto modified = &document::DocumentCommands::DocumentModified;
+    connect(&removal, &tree::NodeRemoval::documentModified, &commands, modified);
+    connect(&labels, &tree::LabelEditing::documentModified, &commands, modified);
+    connect(&paneEditing, &tree::PaneEditing::documentModified, &commands, modified);
+}
+
+void Editor::wireTree(controls::TreeView &tvw) {
+    connect(&tvw, &controls::TreeView::NodeClick, this,
+            [this](const TreeItem &item) { guarded([&] { selection.ShowNode(item, true); }); });
+    tvw.beforeLabelEdit = [this](const TreeItem &) {
+        bool allowed = false;
+        guarded([&] { allowed = labels.tvw_BeforeLabelEdit(); });
+        return allowed;
+    };
+    tvw.labelEditText = [this](const TreeItem &item) { return labels.editorText(item); };
+    tvw.afterLabelEdit = [this](const TreeItem &, QString &newText) {
+        bool accepted = false;
+        guarded([&] { accepted = labels.tvw_AfterLabelEdit(newText); });
+        return accepted;
+    };
+}
+
+void Editor::wirePane(controls::TextBox &txtEdit) {
+    connect(&txtEdit, &controls::TextBox::Change, this,
+            [this] { guarded([this] { paneEditing.txtEdit_Change(); }); });
+}
+
+} // namespace quillon::app

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "document/commands/document_commands.h"
+#include "document/commands/document_loader.h"
+#include "edit/undo_history.h"
+#include "platform/system/settings_store.h"
+#include "tree/label_editing.h"
+#include "tree/node_removal.h"
+#include "tree/node_text.h"
+#include "tree/pane_editing.h"
+#include "tree/selection.h"
+
+#include <QObject>
+
+namespace quillon::app {
+
+/// Where a window keeps its things, and what time it is.
+struct Surroundings {
+    QString applicationFolder;
+    system::SettingsStore settings;
+    runtime::Clock clock;
+
+    /// Those of the program as it is installed.
+    static Surroundings ofProgram();
+};
+
+/// All subsystems of one window, from the ground up, and the wires by which news travels upward
+/// between them.
+class Editor : public QObject {
+    Q_OBJECT
+
+public:
+    Editor(Surroundings surroundings, controls::TreeView &tvw, controls::TextBox &txtEdit,
+           controls::PathBox &cboPath);
+
+    const Surroundings surroundings;
+    const document::WorkingFolder workingFolder;
+    const document::RecentFiles recentFiles;
+
+    document::DocumentState state;
+    tree::ViewOptions options;
+
+    tree::EditPane pane;
+    tree::TreeBuilder builder;
+    tree::NodeRemoval removal;
+    tree::NodeText nodeText;
+    tree::Selection selection;
+    tree::LabelEditing labels;
+    tree::PaneEditing paneEditing;
+
+    edit::UndoHistory history;
+
+    document::DocumentLoader loader;
+    document::DocumentCommands commands;
+
+Q_SIGNALS:
+    /// A text for the status bar, whoever has one.
+    void statusText(const QString &text);
+
+private:
+    void wireStatusTexts();
+    void wireModifications();
+    void wireTree(controls::TreeView &tvw);
+    void wirePane(controls::TextBox &txtEdit);
+};
+
+} // namespace quillon::app

@@ -1,0 +1,171 @@
+#include "app/frm_main.h"
+
+#include "platform/controls/error_boundary.h"
+#include "resources/texts.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QFontDatabase>
+#include <QLabel>
+#include <QMenuBar>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+namespace quillon::app {
+
+using controls::guarded;
+using controls::ignoringErrors;
+namespace texts = resources::texts;
+
+namespace {
+
+constexpr QSize DesignSize(1000, 680);
+constexpr int TwipsPerPixel = 15;
+/// The path box stands this far below the top of its place on the toolbar.
+constexpr int PathTopTwips = 30;
+
+} // namespace
+
+frmMain::frmMain(bool startedAlone, Surroundings surroundings)
+    : startedAlone_(startedAlone), tbr(new QToolBar(this)), tbrMove(new QToolBar(tbr)),
+      picPath(new QWidget(tbr)), cboPath(new controls::PathBox(picPath)),
+      vsp(new QSplitter(Qt::Horizontal, this)), hsp(new QSplitter(Qt::Vertical)),
+      tvw(new controls::TreeView), txtEdit(new controls::TextBox), ie(new QWidget),
+      sbr(new QLabel) {
+    setAttribute(Qt::WA_DeleteOnClose);
+    menus_ = std::make_unique<controls::ActionMenus>(actions_, *menuBar());
+    editor_ = std::make_unique<Editor>(std::move(surroundings), *tvw, *txtEdit, *cboPath);
+    layOut();
+    nameForAccessibility();
+    connectFileCommands();
+    connectEditCommands();
+    connectViewCommands();
+    connectButtons();
+    Form_Initialize();
+    Form_Load();
+}
+
+frmMain::~frmMain() = default;
+
+void frmMain::layOut() {
+    fillToolBar();
+    hsp->addWidget(txtEdit);
+    hsp->addWidget(ie);
+    hsp->setStretchFactor(0, 3);
+    hsp->setStretchFactor(1, 2);
+    vsp->addWidget(tvw);
+    vsp->addWidget(hsp);
+    vsp->setStretchFactor(0, 2);
+    vsp->setStretchFactor(1, 3);
+    vsp->setChildrenCollapsible(false);
+    setCentralWidget(vsp);
+
+    ie->setAutoFillBackground(true);
+    ie->setBackgroundRole(QPalette::Base);
+    statusBar()->addWidget(sbr, 1);
+    // A long text must not widen the window.
+    sbr->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    sbr->setTextFormat(Qt::PlainText);
+    resize(DesignSize);
+    vsp->setSizes({DesignSize.width() * 2 / 5, DesignSize.width() * 3 / 5});
+    hsp->setSizes({DesignSize.height() * 3 / 5, DesignSize.height() * 2 / 5});
+}
+
+void frmMain::fillToolBar() {
+    tbr->setMovable(false);
+    tbr->setContextMenuPolicy(Qt::PreventContextMenu);
+    tbr->setIconSize(QSize(20, 20));
+    actions_.fillToolBar(*tbr);
+    tbrMove->setIconSize(tbr->iconSize());
+    actions_.fillMoveToolBar(*tbrMove);
+    tbr->addWidget(tbrMove);
+
+    auto *column = new QVBoxLayout(picPath);
+    column->setContentsMargins(0, PathTopTwips / TwipsPerPixel, 0, 0);
+    column->addWidget(cboPath);
+    cboPath->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    picPath->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    tbr->addWidget(picPath);
+    addToolBar(tbr);
+    // The path box reaches the right edge of the window.
+    QMargins margins = tbr->layout()->contentsMargins();
+    margins.setRight(0);
+    tbr->layout()->setContentsMargins(margins);
+}
+
+void frmMain::nameForAccessibility() {
+    const auto name = [](QWidget *widget, const char *objectName, QStringView accessibleName) {
+        widget->setObjectName(QLatin1String(objectName));
+        widget->setAccessibleName(accessibleName.toString());
+    };
+    name(tbr, "tbr", texts::ToolBarName);
+    name(tbrMove, "tbrMove", texts::MoveToolBarName);
+    name(picPath, "picPath", texts::PathName);
+    name(cboPath, "cboPath", texts::PathName);
+    name(vsp, "vsp", texts::ColumnsName);
+    name(hsp, "hsp", texts::RowsName);
+    name(tvw, "tvw", texts::TreeName);
+    name(txtEdit, "txtEdit", texts::PaneName);
+    name(ie, "ie", texts::PreviewName);
+    sbr->setObjectName(QStringLiteral("sbr"));
+    tbr->setWindowTitle(texts::ToolBarName.toString());
+}
+
+void frmMain::Form_Initialize() {
+    ignoringErrors([this] {
+        const QString family = texts::DefaultFontName.toString();
+        txtEdit->setTextFont(family, texts::DefaultFontSize);
+        tvw->setFont(QFont(family, texts::DefaultFontSize));
+        QFont pathFont = cboPath->font();
+        pathFont.setFamily(family);
+        cboPath->setFont(pathFont);
+    });
+    menus_->setElements(u"mnuToolOpen", {}, {}, 0);
+    actions_.action(u"mnuToolLine3")->setVisible(false);
+    actions_.action(u"mnuToolOpenEditor")->setVisible(false);
+    ignoringErrors([this] { editor_->workingFolder.create(); });
+}
+
+void frmMain::Form_Load() {
+    ignoringErrors([this] {
+        if (companion_.open())
+            companion_.execute(QStringLiteral("ADD ") + handle());
+    });
+}
+
+void frmMain::Form_Unload() {
+    if (startedAlone_)
+        ignoringErrors([this] { editor_->workingFolder.remove(); });
+    ignoringErrors([this] { companion_.execute(QStringLiteral("REMOVE ") + handle()); });
+}
+
+QString frmMain::handle() const {
+    return QString::number(static_cast<qint32>(winId()));
+}
+
+void frmMain::closeEvent(QCloseEvent *event) {
+    bool unload = false;
+    guarded([&] { unload = editor_->commands.ConfirmSave(); });
+    event->setAccepted(unload);
+    if (unload)
+        guarded([this] { Form_Unload(); });
+}
+
+void frmMain::changeEvent(QEvent *event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && editor_)
+        guarded([this] { editor_->commands.checkFileOnDisk(); });
+}
+
+void frmMain::showStatus(const QString &text) {
+    sbr->setText(text);
+    sbr->setToolTip(text);
+    sbr->setAccessibleName(text);
+    // What follows a text that something takes its time may keep the event loop waiting.
+    if (!text.isEmpty())
+        sbr->repaint();
+}
+
+} // namespace quillon::app

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "app/editor.h"
+#include "platform/controls/action_menus.h"
+#include "platform/controls/action_set.h"
+#include "platform/controls/path_box.h"
+#include "platform/controls/text_box.h"
+#include "platform/controls/tree_view.h"
+#include "platform/system/companion_link.h"
+
+#include <QMainWindow>
+
+#include <memory>
+
+class QLabel;
+class QSplitter;
+class QToolBar;
+
+namespace quillon::app {
+
+/// The main window. It puts the controls together, connects the subsystems to them and holds no
+/// logic of theirs. It deletes itself when it has been closed.
+class frmMain : public QMainWindow {
+    Q_OBJECT
+
+public:
+    /// `startedAlone`: no other instance was running when this one started, so this one clears
+    /// the working folder away in the end.
+    explicit frmMain(bool startedAlone, Surroundings surroundings = Surroundings::ofProgram());
+    ~frmMain() override;
+
+    bool OpenFile(const QString &path) { return editor_->loader.OpenFile(path); }
+    void UpdateStatus(const QString &path) { editor_->commands.UpdateStatus(path); }
+    void ClearStatus() { editor_->commands.ClearStatus(); }
+
+    Editor &editor() { return *editor_; }
+    controls::ActionSet &actions() { return actions_; }
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
+private:
+    void Form_Initialize();
+    void Form_Load();
+    void Form_Unload();
+
+    void layOut();
+    void fillToolBar();
+    void nameForAccessibility();
+
+    void connectFileCommands();
+    void connectEditCommands();
+    void connectViewCommands();
+    void connectButtons();
+
+    void showStatus(const QString &text);
+    void enableDocumentButtons(bool enabled);
+    void changeSubtree(void (tree::TreeBuilder::*change)(const controls::TreeItem &));
+    QString handle() const;
+
+    bool startedAlone_;
+    controls::ActionSet actions_;
+
+    QToolBar *tbr;
+    QToolBar *tbrMove;
+    QWidget *picPath;
+    controls::PathBox *cboPath;
+    QSplitter *vsp;
+    QSplitter *hsp;
+    controls::TreeView *tvw;
+    controls::TextBox *txtEdit;
+    QWidget *ie;
+    QLabel *sbr;
+
+    std::unique_ptr<controls::ActionMenus> menus_;
+    std::unique_ptr<Editor> editor_;
+    system::CompanionLink companion_;
+};
+
+} // namespace quillon::app

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace quillon::app {
+
+/// What must be settled before Qt starts: room on the stack for the tree control, which lays
+/// nested levels out recursively, and no sandbox for the browser pane where it cannot work, that
+/// is for root.
+void prepareProcess();
+
+/// The path that a command line names. The whole line is one path: arguments are joined by a
+/// blank. When it starts with a double quote, the first and the last character are taken off,
+/// whatever the last one is.
+QString commandLinePath(const QStringList &arguments);
+
+/// Runs the program; returns its exit code.
+int Main(int argc, char **argv);
+
+} // namespace quillon::app

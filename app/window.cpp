@@ -1,0 +1,30 @@
+#include "app/window.h"
+
+namespace quillon::app {
+
+Window::Window(bool startedAlone) {
+    auto *form = new frmMain(startedAlone);
+    hWnd_ = static_cast<qint32>(form->winId());
+    form->ClearStatus();
+    m_frmMain = form;
+}
+
+QVariant Window::OpenFile(const QString &path) {
+    if (frmMain *const form = m_frmMain) {
+        form->OpenFile(path);
+        form->UpdateStatus(path);
+    }
+    return {};
+}
+
+bool Window::Visible() const {
+    const frmMain *const form = m_frmMain;
+    return form && form->isVisible();
+}
+
+void Window::setVisible(bool visible) {
+    if (frmMain *const form = m_frmMain)
+        form->setVisible(visible);
+}
+
+} // namespace quillon::app

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "app/frm_main.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QVariant>
+
+namespace quillon::app {
+
+/// The published object that owns one main window. Several members do nothing yet: they are part
+/// of the interface that other programs know.
+class Window : public QObject {
+    Q_OBJECT
+
+public:
+    /// Makes the window, empty and not shown. `startedAlone`: no other instance of the program
+    /// was running when this one started.
+    explicit Window(bool startedAlone);
+
+    /// The handle of the window, as it was when the window was made.
+    qint32 hWnd() const { return hWnd_; }
+    /// Opens a file and shows its path in the caption, whether or not it could be opened.
+    QVariant OpenFile(const QString &path);
+    QVariant Save() { return {}; }
+    QVariant SaveAs(const QVariant &) { return {}; }
+    QVariant Quit() { return {}; }
+    bool ReadOnly() const { return false; }
+    bool Visible() const;
+    void setVisible(bool visible);
+    /// Gives up the window without closing it.
+    void CloseWindow() { m_frmMain.clear(); }
+
+    /// The window; null once it has been closed or given up.
+    frmMain *form() const { return m_frmMain; }
+
+private:
+    /// The form lives until it is closed, whether or not it is still referred to from here.
+    QPointer<frmMain> m_frmMain;
+    qint32 hWnd_ = 0;
+};
+
+} // namespace quillon::app

@@ -1,0 +1,81 @@
+#include "bench/dom_bench.h"
+
+#include "bench/report.h"
+#include "platform/xml/dom.h"
+
+#include <cstring>
+#include <expat.h>
+#include <fstream>
+#include <libxml/parser.h>
+#include <memory>
+#include <sstream>
+
+namespace quillon::bench {
+
+namespace {
+
+void parseWithExpat(const std::string &bytes) {
+    XML_Parser parser = XML_ParserCreate("UTF-8");
+    XML_SetElementHandler(
+        parser, [](void *, const char *, const char **) {}, [](void *, const char *) {});
+    XML_SetCharacterDataHandler(parser, [](void *, const char *, int) {});
+    XML_Parse(parser, bytes.data(), static_cast<int>(bytes.size()), 1);
+    XML_ParserFree(parser);
+}
+
+void parseWithLibxml(const std::string &bytes) {
+    xmlFreeDoc(xmlReadMemory(bytes.data(), static_cast<int>(bytes.size()), nullptr, nullptr,
+                             XML_PARSE_HUGE));
+}
+
+} // namespace
+
+void measureDom(const std::string &path) {
+    std::ostringstream content;
+    content << std::ifstream(path, std::ios::binary).rdbuf();
+    const std::string bytes = content.str();
+    constexpr int Runs = 5;
+
+    const double expat = bestOf(Runs, [&] { parseWithExpat(bytes); });
+    const double libxml = bestOf(Runs, [&] { parseWithLibxml(bytes); });
+    xml::DOMDocument40 document;
+    const double ours = bestOf(Runs, [&] {
+        document = xml::DOMDocument40::create();
+        document.load(QString::fromStdString(path));
+    });
+    row("parse with expat, empty handlers", expat, "ms", 0);
+    row("parse into libxml2's tree", libxml, "ms", 0);
+    row("read the file and parse it into our DOM", ours, "ms", 0);
+    row("  / expat", ours / expat, "x", 2.0);
+    row("  / libxml2's tree", ours / libxml, "x", 0.8);
+
+    xml::DOMDocument40 snapshot;
+    row("snapshot of the whole document", bestOf(Runs, [&] { snapshot = document.clone(); }), "ms",
+        2);
+    int count = 0;
+    const xml::Node record = document.documentElement().firstChild();
+    row("change after a snapshot, with the next snapshot",
+        bestOf(Runs,
+               [&] {
+                   record.setAttribute(QStringLiteral("id"), QString::number(++count));
+                   snapshot = document.clone();
+               }),
+        "ms", 2);
+
+    document = xml::DOMDocument40::create();
+    document.load(QString::fromStdString(path));
+    std::unique_ptr<char[]> copy;
+    const double memory = bestOf(Runs, [&] {
+        copy.reset(new char[bytes.size()]);
+        std::memcpy(copy.get(), bytes.data(), bytes.size());
+    });
+    const double untouched = bestOf(Runs, [&] { document.serialize(); });
+    document.documentElement().firstChild().setAttribute(QStringLiteral("id"), QStringLiteral("x"));
+    const double changed = bestOf(Runs, [&] { document.serialize(); });
+    row("copy the bytes", memory, "ms", 0);
+    row("serialise the untouched document", untouched, "ms", 0);
+    row("  / copying", untouched / memory, "x", 10);
+    row("serialise with one change near the top / copying", changed / memory, "x", 0);
+}
+
+} // namespace quillon::bench

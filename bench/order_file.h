@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+namespace quillon::bench {
+
+/// Order records of about that many bytes, always the same for the same size.
+std::string orderRecords(std::size_t bytes);
+/// One element with that many empty children.
+std::string flatDocument(int children);
+/// That many nested elements.
+std::string deepDocument(int levels);
+
+} // namespace quillon::bench

@@ -1,0 +1,199 @@
+#include "document/commands/document_commands.h"
+
+#include "platform/controls/dialogs.h"
+#include "platform/controls/message_box.h"
+#include "resources/messages.h"
+#include "resources/texts.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace quillon::document {
+
+namespace texts = resources::texts;
+namespace style = controls::message_style;
+namespace answer = controls::message_answer;
+
+namespace {
+
+constexpr int AskSave = style::YesNoCancel + style::Question;
+constexpr int AskLoss = style::YesNo + style::Question + style::DefaultButton2;
+
+QString newDocumentName() {
+    return texts::NewDocument.toString();
+}
+
+QString caption(const QString &name, QStringView marks) {
+    return name + marks.toString() + QStringLiteral(" - ") + texts::ApplicationTitle.toString();
+}
+
+} // namespace
+
+DocumentCommands::DocumentCommands(DocumentState &state, DocumentLoader &loader,
+                                   tree::TreeBuilder &builder, edit::UndoHistory &history,
+                                   controls::TreeView &tvw, tree::EditPane &pane,
+                                   QString applicationFolder)
+    : state_(state), loader_(loader), builder_(builder), history_(history), tvw_(tvw), pane_(pane),
+      applicationFolder_(std::move(applicationFolder)) {
+    connect(&loader_, &DocumentLoader::statusUpdateRequested, this,
+            &DocumentCommands::UpdateStatus);
+}
+
+bool DocumentCommands::ConfirmSave() {
+    if (!state_.m_Modified)
+        return true;
+    const int reply = controls::showMessage(resources::messageText(12), AskSave);
+    if (reply == answer::Yes)
+        mnuFileSave_Click();
+    return reply != answer::Cancel;
+}
+
+void DocumentCommands::mnuFileNew_Click() {
+    if (!ConfirmSave())
+        return;
+    ClearStatus();
+    const QString standard = applicationFolder_ + QStringLiteral("/default.xml");
+    if (QFileInfo(standard).isFile()) {
+        loader_.OpenFile(standard);
+    } else {
+        state_.m_DOM = xml::DOMDocument40::create();
+        builder_.BuildTree(state_.m_DOM, true);
+        Q_EMIT documentCreated();
+        history_.ResetUndoHistory();
+    }
+    state_.m_FileName.clear();
+    state_.m_ReadOnly = state_.m_Opened = state_.m_Modified = false;
+    UpdateStatus(newDocumentName());
+}
+
+void DocumentCommands::mnuFileOpen_Click() {
+    if (!ConfirmSave())
+        return;
+    dialogTitle_ = texts::OpenDialogTitle.toString();
+    const controls::FileDialogResult chosen =
+        controls::dialogs().showOpen({dialogTitle_, texts::OpenFilter.toString(),
+                                      controls::file_dialog_flag::FileMustExist, initialPath()});
+    if (chosen.path.isEmpty())
+        return;
+    ClearStatus();
+    state_.m_ReadOnly = (chosen.flags & controls::file_dialog_flag::ReadOnly) != 0;
+    if (loader_.OpenFile(chosen.path))
+        UpdateStatus(chosen.path);
+}
+
+void DocumentCommands::mnuFileReload_Click() {
+    if (state_.m_Modified &&
+        controls::showMessage(resources::messageText(7), AskLoss) != answer::Yes)
+        return;
+    loader_.OpenFile(state_.m_FileName);
+    UpdateStatus(state_.m_FileName);
+}
+
+void DocumentCommands::mnuFileClose_Click() {
+    if (ConfirmSave())
+        ClearStatus();
+}
+
+void DocumentCommands::mnuFileSave_Click() {
+    if (state_.m_DOM.isNull())
+        return;
+    if (state_.m_ReadOnly || !state_.m_Opened)
+        mnuFileSaveAs_Click();
+    else if (mayOverwrite())
+        SaveFile(state_.m_FileName);
+}
+
+void DocumentCommands::mnuFileSaveAs_Click() {
+    if (state_.m_DOM.isNull())
+        return;
+    const controls::FileDialogResult chosen =
+        controls::dialogs().showSave({dialogTitle_, texts::SaveFilter.toString(),
+                                      controls::file_dialog_flag::OverwritePrompt, initialPath()});
+    if (!chosen.path.isEmpty())
+        SaveFile(chosen.path);
+}
+
+QString DocumentCommands::initialPath() const {
+    return QFileInfo(state_.m_FileName).isAbsolute() ? state_.m_FileName : QString();
+}
+
+bool DocumentCommands::isChangedOnDisk() const {
+    return state_.m_Opened && loader_.fileOnDisk().path == state_.m_FileName &&
+           loader_.fileOnDisk().hasChanged();
+}
+
+bool DocumentCommands::mayOverwrite() const {
+    return !isChangedOnDisk() ||
+           controls::showMessage(texts::OverwriteChangedFile.toString(), AskLoss) == answer::Yes;
+}
+
+void DocumentCommands::checkFileOnDisk() {
+    if (isChangedOnDisk())
+        Q_EMIT statusText(texts::FileChangedOnDisk.toString());
+}
+
+void DocumentCommands::SaveFile(const QString &path) {
+    // Saving replaces the file, so a read-only one needs no deleting first: a save that fails
+    // leaves it as it was.
+    const QFileInfo file(path);
+    const bool readOnly = file.isFile() && !file.permission(QFile::WriteOwner);
+    state_.m_DOM.save(path, readOnly ? xml::ReadOnlyFile::Replace : xml::ReadOnlyFile::Keep);
+    loader_.setFileOnDisk(FileOnDisk::of(path));
+    state_.m_Modified = false;
+    state_.m_Opened = true;
+    state_.m_ReadOnly = false;
+    UpdateStatus(path);
+}
+
+void DocumentCommands::UpdateStatus(const QString &path) {
+    QString name = runtime::fileName(path);
+    state_.m_FileName = path;
+    if (state_.m_Modified)
+        name += QStringLiteral(" *");
+    Q_EMIT captionChanged(caption(name, state_.m_ReadOnly ? texts::ReadOnlyMark : QStringView()));
+    Q_EMIT previewRequested(state_.m_DOM.node());
+}
+
+void DocumentCommands::DocumentModified() {
+    if (!state_.m_Modified) {
+        state_.m_Modified = true;
+        // Without the read-only mark, which comes back with the next UpdateStatus; that is meant
+        // so.
+        const QString name =
+            state_.m_FileName.isEmpty() ? newDocumentName() : runtime::fileName(state_.m_FileName);
+        Q_EMIT captionChanged(caption(name, u" *"));
+    }
+    history_.TakeSnapshot();
+}
+
+bool DocumentCommands::canUndoAll() const {
+    return !state_.m_BackupPath.isEmpty() && state_.m_Modified;
+}
+
+void DocumentCommands::mnuEditUndoAll_Click() {
+    if (!canUndoAll() ||
+        controls::showMessage(texts::LoseAllChanges.toString(), AskLoss) != answer::Yes)
+        return;
+    // What is compared with the disk stays the user's file, not its copy.
+    const FileOnDisk userFile = loader_.fileOnDisk();
+    loader_.OpenFile(state_.m_BackupPath);
+    loader_.setFileOnDisk(userFile);
+    state_.m_Modified = true;
+    UpdateStatus(state_.m_FileName);
+}
+
+void DocumentCommands::ClearStatus() {
+    state_.m_DOM = {};
+    builder_.registry().reset({}, 1);
+    state_.m_FileName.clear();
+    state_.m_Modified = state_.m_Opened = state_.m_ReadOnly = false;
+    pane_.fillValue(QString());
+    pane_.textBox().setLocked(true);
+    tvw_.setTreeVisible(false);
+    tvw_.nodes().Clear();
+    tvw_.setTreeVisible(true);
+    Q_EMIT captionChanged(texts::ApplicationTitle.toString());
+    Q_EMIT cleared();
+}
+
+} // namespace quillon::document

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "document/commands/document_loader.h"
+
+#include <QObject>
+
+namespace quillon::document {
+
+/// The commands on whole documents, the modified state and the caption.
+class DocumentCommands : public QObject {
+    Q_OBJECT
+
+public:
+    DocumentCommands(DocumentState &state, DocumentLoader &loader, tree::TreeBuilder &builder,
+                     edit::UndoHistory &history, controls::TreeView &tvw, tree::EditPane &pane,
+                     QString applicationFolder);
+
+    void mnuFileNew_Click();
+    void mnuFileOpen_Click();
+    void mnuFileReload_Click();
+    void mnuFileClose_Click();
+    void mnuFileSave_Click();
+    void mnuFileSaveAs_Click();
+    /// Goes back to the file as it was opened. Cannot be undone.
+    void mnuEditUndoAll_Click();
+    bool canUndoAll() const;
+
+    /// Asks whether changes are to be saved. False when the user cancelled; True also when the
+    /// save that was asked for was given up in its dialog, which is meant so.
+    bool ConfirmSave();
+    /// Writes the document, over a read-only file, too. Raises with the reason when that fails;
+    /// document, flags and caption are then as before, and so is the file.
+    void SaveFile(const QString &path);
+    /// Records the path of the document and shows it in the caption.
+    void UpdateStatus(const QString &path);
+    /// To be called after every change: marks the document modified and records the state for
+    /// undoing.
+    void DocumentModified();
+    /// Resets everything to the state without a document.
+    void ClearStatus();
+    /// Tells, when it is so, that the file has changed on disk since it was opened.
+    void checkFileOnDisk();
+
+Q_SIGNALS:
+    void captionChanged(const QString &caption);
+    void statusText(const QString &text);
+    /// The commands on documents apply (a new document), or there is none to apply them to.
+    void documentCreated();
+    void cleared();
+    void previewRequested(const quillon::xml::Node &node);
+
+private:
+    bool isChangedOnDisk() const;
+    bool mayOverwrite() const;
+    QString initialPath() const;
+
+    DocumentState &state_;
+    DocumentLoader &loader_;
+    tree::TreeBuilder &builder_;
+    edit::UndoHistory &history_;
+    controls::TreeView &tvw_;
+    tree::EditPane &pane_;
+    QString applicationFolder_;
+    /// The save dialog has no title of its own: it keeps the one that the dialog last had.
+    QString dialogTitle_;
+};
+
+} // namespace quillon::document

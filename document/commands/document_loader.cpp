@@ -1,0 +1,118 @@
+#include "document/commands/document_loader.h"
+
+#include "platform/controls/error_boundary.h"
+#include "platform/controls/message_box.h"
+#include "platform/runtime/error.h"
+#include "platform/runtime/numbers.h"
+#include "platform/runtime/strings.h"
+#include "resources/messages.h"
+#include "resources/texts.h"
+
+#include <QFileInfo>
+
+namespace quillon::document {
+
+using controls::TreeItem;
+using runtime::instr;
+using runtime::left;
+using runtime::mid;
+
+namespace {
+
+bool isReadOnlyFile(const QString &path) {
+    const QFileInfo file(path);
+    if (!file.isFile())
+        runtime::raise(runtime::error_number::FileNotFound);
+    return !file.permission(QFile::WriteOwner);
+}
+
+} // namespace
+
+DocumentLoader::DocumentLoader(DocumentState &state, tree::TreeBuilder &builder,
+                               tree::Selection &selection, edit::UndoHistory &history,
+                               controls::TreeView &tvw, const WorkingFolder &workingFolder,
+                               const RecentFiles &recentFiles, runtime::Clock clock)
+    : state_(state), builder_(builder), selection_(selection), history_(history), tvw_(tvw),
+      workingFolder_(workingFolder), recentFiles_(recentFiles), clock_(std::move(clock)) {}
+
+bool DocumentLoader::OpenFile(const QString &fileName) {
+    if (fileName.isEmpty())
+        return false;
+    Q_EMIT statusText(resources::texts::Loading.toString());
+    const FileOnDisk file = FileOnDisk::of(fileName);
+    state_.m_DOM = xml::DOMDocument40::create();
+    state_.m_DOM.setAsync(false);
+    state_.m_DOM.setValidateOnParse(false);
+    state_.m_DOM.setResolveExternals(false);
+    state_.m_DOM.load(fileName);
+    if (!state_.m_ReadOnly)
+        state_.m_ReadOnly = isReadOnlyFile(fileName);
+    // A file that does not parse is copied, too.
+    backUp(fileName);
+    if (!state_.m_DOM.documentElement()) {
+        Q_EMIT statusText(QString());
+        controls::showMessage(resources::messageText(8), controls::message_style::Exclamation);
+        return false;
+    }
+    builder_.BuildTree(state_.m_DOM, true);
+    copyStylesheets(fileName);
+    controls::ignoringErrors([&] {
+        expandTopLevel();
+        selection_.ShowNode(tvw_.nodes().Item(1), true);
+    });
+    state_.m_Modified = false;
+    state_.m_Opened = true;
+    fileOnDisk_ = file;
+    Q_EMIT documentOpened();
+    history_.ResetUndoHistory();
+    recentFiles_.add(fileName);
+    return true;
+}
+
+void DocumentLoader::backUp(const QString &fileName) {
+    state_.m_BackupPath =
+        workingFolder_.filePath(runtime::timeStamp(clock_.now()) + QStringLiteral(".bak"));
+    copyFile(fileName, state_.m_BackupPath);
+}
+
+void DocumentLoader::copyStylesheets(const QString &fileName) {
+    const QString folder = QFileInfo(fileName).absolutePath();
+    for (xml::Node child = state_.m_DOM.node().firstChild(); child; child = child.nextSibling()) {
+        if (child.nodeType() == xml::NodeType::ProcessingInstruction &&
+            child.nodeName() == QLatin1String("xml-stylesheet"))
+            copyStylesheet(folder, child.text());
+    }
+}
+
+void DocumentLoader::copyStylesheet(const QString &documentFolder, const QString &data) {
+    // Positions are 16-bit numbers; a longer text overflows. That is meant so.
+    runtime::toInteger(data.size());
+    const qsizetype p = instr(data, u"href=");
+    const QStringView quote = mid(data, p + 5, 1);
+    const QStringView rest = mid(data, p + 6);
+    const QString href =
+        left(rest, instr(rest, quote) - 1).toString().replace(QLatin1Char('\\'), QLatin1Char('/'));
+    controls::ignoringErrors([&] {
+        const QString copy = workingFolder_.filePath(href);
+        copyFile(documentFolder + QLatin1Char('/') + href, copy);
+        makeWritable(copy);
+    });
+}
+
+void DocumentLoader::expandTopLevel() {
+    TreeItem document = tvw_.nodes().Item(1);
+    document.setExpanded(true);
+    for (TreeItem child = document.Child(); child; child = child.Next())
+        child.setExpanded(true);
+    tvw_.setFocus();
+}
+
+void DocumentLoader::LoadXML(const QString &xmlText) {
+    state_.m_DOM = xml::DOMDocument40::create();
+    state_.m_DOM.loadXML(xmlText);
+    const xml::Node node = state_.m_DOM.node();
+    builder_.BuildTree(state_.m_DOM, true);
+    Q_EMIT statusUpdateRequested(node.nodeName());
+}
+
+} // namespace quillon::document

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "document/commands/file_on_disk.h"
+#include "document/commands/recent_files.h"
+#include "document/commands/working_folder.h"
+#include "document/state/document_state.h"
+#include "edit/undo_history.h"
+#include "platform/runtime/paths.h"
+#include "tree/selection.h"
+#include "tree/tree_builder.h"
+
+#include <QObject>
+
+namespace quillon::document {
+
+/// Turns a file, or a string of XML, into the current document and shows it.
+class DocumentLoader : public QObject {
+    Q_OBJECT
+
+public:
+    DocumentLoader(DocumentState &state, tree::TreeBuilder &builder, tree::Selection &selection,
+                   edit::UndoHistory &history, controls::TreeView &tvw,
+                   const WorkingFolder &workingFolder, const RecentFiles &recentFiles,
+                   runtime::Clock clock);
+
+    /// Loads a file and keeps a copy of it in the working folder. False when it has no document
+    /// element, after a message; the tree then still shows the document before. An empty name
+    /// gives False and changes nothing. Raises when the file cannot be read or copied.
+    bool OpenFile(const QString &fileName);
+
+    /// Loads a text. One that does not parse is shown, without a message, as an empty document;
+    /// that is meant so.
+    void LoadXML(const QString &xmlText);
+
+    /// The file last loaded or saved, as it then stood on disk.
+    const FileOnDisk &fileOnDisk() const { return fileOnDisk_; }
+    void setFileOnDisk(const FileOnDisk &file) { fileOnDisk_ = file; }
+
+Q_SIGNALS:
+    /// A text for the status bar while something takes its time.
+    void statusText(const QString &text);
+    /// A document has been opened from a file: the commands on documents apply.
+    void documentOpened();
+    /// UpdateStatus is wanted for a document that has this name.
+    void statusUpdateRequested(const QString &name);
+
+private:
+    void backUp(const QString &fileName);
+    void copyStylesheets(const QString &fileName);
+    void copyStylesheet(const QString &documentFolder, const QString &data);
+    void expandTopLevel();
+
+    DocumentState &state_;
+    tree::TreeBuilder &builder_;
+    tree::Selection &selection_;
+    edit::UndoHistory &history_;
+    controls::TreeView &tvw_;
+    const WorkingFolder &workingFolder_;
+    const RecentFiles &recentFiles_;
+    runtime::Clock clock_;
+    FileOnDisk fileOnDisk_;
+};
+
+} // namespace quillon::document

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/system/settings_store.h"
+
+#include <QStringList>
+
+namespace quillon::document {
+
+/// The list of recently opened files, most recent first. It is read and written on demand.
+class RecentFiles {
+public:
+    explicit RecentFiles(const system::SettingsStore &store) : store_(store) {}
+
+    /// At most ten paths. Files that no longer exist drop out; a path stands once, whatever the
+    /// case of its letters.
+    QStringList read() const;
+    /// Writes every entry. An eleventh is written, too, and never read back.
+    void write(const QStringList &files) const;
+    /// Puts a path in front.
+    void add(const QString &path) const;
+
+private:
+    const system::SettingsStore &store_;
+};
+
+} // namespace quillon::document

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/xml/dom.h"
+
+#include <QString>
+
+namespace quillon::document {
+
+/// What is open in a window, and in which state it is. One object a window; the subsystems share
+/// it by reference.
+struct DocumentState {
+    /// The document; empty when none is open. Replaced whole by every load, undo and redo.
+    xml::DOMDocument40 m_DOM;
+    /// The document has changes that are not saved.
+    bool m_Modified = false;
+    /// The document was loaded from a file or has been saved to one. A new document was not, and
+    /// must go through Save As.
+    bool m_Opened = false;
+    /// The document may not be changed.
+    bool m_ReadOnly = false;
+    /// The path last shown in the caption; "New XML File" for a new document, empty for none.
+    QString m_FileName;
+    /// Full path of the copy made by the latest load from a file.
+    QString m_BackupPath;
+};
+
+} // namespace quillon::document

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "document/state/document_state.h"
+#include "edit/undo_redo.h"
+#include "tree/selection.h"
+#include "tree/tree_builder.h"
+
+#include <QObject>
+
+namespace quillon::edit {
+
+/// Takes snapshots of the document with the tree's expansion, and restores them.
+class UndoHistory : public QObject {
+    Q_OBJECT
+
+public:
+    UndoHistory(document::DocumentState &state, tree::TreeBuilder &builder,
+                tree::Selection &selection, controls::TreeView &tvw);
+
+    /// Forgets everything; the document as it is now becomes the state to start from.
+    void ResetUndoHistory();
+    /// Records the state that a change has just led to.
+    void TakeSnapshot();
+    /// Drops the history of a document that is closed.
+    void release();
+
+    void UndoCommand();
+    void RedoCommand();
+    bool CanUndo() const { return m_Undo && m_Undo->CanUndo(); }
+    bool CanRedo() const { return m_Undo && m_Undo->CanRedo(); }
+
+Q_SIGNALS:
+    /// The enabled states of the toolbar's buttons and of the menu's entries.
+    void undoButtonChanged(bool enabled);
+    void redoButtonChanged(bool enabled);
+    void undoEntryChanged(bool enabled);
+    void redoEntryChanged(bool enabled);
+    /// The buttons that depend on the selection are to be set anew.
+    void buttonsChanged(const tree::ClipboardButtons &buttons);
+
+private:
+    clsUndoRedo &history();
+    void restore(const clsUndoInfo &info);
+    /// The item itself, or the lowest item above it that can be selected without expanding one.
+    controls::TreeItem shownAncestor(controls::TreeItem item) const;
+
+    document::DocumentState &state_;
+    tree::TreeBuilder &builder_;
+    tree::Selection &selection_;
+    controls::TreeView &tvw_;
+    std::unique_ptr<clsUndoRedo> m_Undo;
+};
+
+} // namespace quillon::edit

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <QString>
+
+namespace quillon::controls {
+
+/// Bits of a file dialog's flags.
+namespace file_dialog_flag {
+/// In: the read-only box starts ticked. Out: it was ticked.
+constexpr int ReadOnly = 1;
+/// Asks before an existing file is chosen in the save dialog.
+constexpr int OverwritePrompt = 2;
+/// The open dialog has no read-only box.
+constexpr int HideReadOnly = 4;
+/// Only a file in a folder that exists can be chosen.
+constexpr int PathMustExist = 2048;
+/// Only a file that exists can be chosen.
+constexpr int FileMustExist = 4096;
+} // namespace file_dialog_flag
+
+struct FileDialogRequest {
+    /// Empty for the usual title of an open or save dialog.
+    QString title;
+    /// Pairs of description and patterns, e.g. "XML(*.xml)|*.xml|Web(*.htm)|*.htm;*.html". The
+    /// descriptions are shown as they are. Empty for all files.
+    QString filter;
+    /// Sum of file_dialog_flag bits.
+    int flags = 0;
+    /// The file chosen at first; empty for none, in the folder used last.
+    QString path;
+};
+
+struct FileDialogResult {
+    /// Absolute; empty when the user cancelled.
+    QString path;
+    /// The flags of the request, with ReadOnly as the user left the box.
+    int flags = 0;
+};
+
+/// What the program asks of its user outside its windows. All calls are modal.
+class Dialogs {
+public:
+    Dialogs() = default;
+    Dialogs(const Dialogs &) = delete;
+    Dialogs &operator=(const Dialogs &) = delete;
+    virtual ~Dialogs() = default;
+
+    /// See controls::showMessage() in message_box.h.
+    virtual int showMessage(const QString &text, int style, const QString &title) = 0;
+    /// Asks for one line of text. Empty when the user cancelled.
+    virtual QString inputText(const QString &prompt) = 0;
+    virtual FileDialogResult showOpen(const FileDialogRequest &request) = 0;
+    /// A name typed without an extension gets that of the chosen filter.
+    virtual FileDialogResult showSave(const FileDialogRequest &request) = 0;
+};
+
+/// The dialogs on the user's screen.
+class DesktopDialogs : public Dialogs {
+public:
+    int showMessage(const QString &text, int style, const QString &title) override;
+    QString inputText(const QString &prompt) override;
+    FileDialogResult showOpen(const FileDialogRequest &request) override;
+    FileDialogResult showSave(const FileDialogRequest &request) override;
+};
+
+/// The dialogs in force: the desktop's, unless others have been put in their place.
+Dialogs &dialogs();
+/// Puts others in force, which the caller keeps alive, and returns those that were. Null stands
+/// for the desktop's.
+Dialogs *setDialogs(Dialogs *replacement);
+
+/// Gives Qt's own dialogs and context menus their Japanese texts. Call once, between making the
+/// application object and the first window. False when those texts are not installed; Qt then
+/// speaks English.
+bool installDialogTexts();
+
+} // namespace quillon::controls

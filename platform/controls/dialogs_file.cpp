@@ -1,0 +1,162 @@
+#include "platform/controls/dialogs.h"
+#include "platform/controls/message_box.h"
+#include "resources/texts.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QGridLayout>
+#include <QHeaderView>
+#include <QStringList>
+#include <QTreeView>
+
+namespace quillon::controls {
+
+namespace {
+
+using namespace resources;
+
+struct Filter {
+    QString description;
+    QStringList patterns;
+
+    /// As Qt's dialog takes it; Qt hides what stands in the last parentheses.
+    QString nameFilter() const {
+        return QStringLiteral("%1 (%2)").arg(description, patterns.join(u' '));
+    }
+
+    /// The extension without its dot; empty when the pattern fixes none.
+    QString suffix() const {
+        const QString first = patterns.value(0);
+        if (!first.startsWith(QLatin1String("*.")))
+            return QString();
+        const QString suffix = first.sliced(2);
+        return suffix.contains(u'*') || suffix.contains(u'?') ? QString() : suffix;
+    }
+};
+
+QList<Filter> parseFilter(const QString &filter) {
+    const QStringList parts = filter.split(u'|');
+    QList<Filter> filters;
+    for (qsizetype at = 0; at + 1 < parts.size(); at += 2) {
+        QStringList patterns = parts[at + 1].split(u';', Qt::SkipEmptyParts);
+        // "*.*" stands for all files, also those without a dot.
+        patterns.replaceInStrings(QStringLiteral("*.*"), QStringLiteral("*"));
+        filters.append({parts[at], patterns});
+    }
+    return filters;
+}
+
+/// Qt's own dialog and not the desktop's, which has no place for the read-only box and no say in
+/// what may be chosen.
+class FileDialog : public QFileDialog {
+public:
+    FileDialog(const FileDialogRequest &request, AcceptMode mode)
+        : QFileDialog(QApplication::activeWindow()), flags_(request.flags),
+          filters_(parseFilter(request.filter)) {
+        setOptions(DontUseNativeDialog | DontConfirmOverwrite | HideNameFilterDetails);
+        setAcceptMode(mode);
+        setFileMode(AnyFile);
+        const QStringView usual =
+            mode == AcceptOpen ? texts::OpenDialogTitle : texts::SaveDialogTitle;
+        setWindowTitle(request.title.isEmpty() ? usual.toString() : request.title);
+        giveNamesRoom();
+        addFilters();
+        if (!request.path.isEmpty())
+            selectFile(request.path);
+        if (mode == AcceptOpen && !(flags_ & file_dialog_flag::HideReadOnly))
+            addReadOnlyBox();
+    }
+
+    FileDialogResult run() {
+        if (exec() != Accepted)
+            return {QString(), flags_};
+        if (readOnlyBox_)
+            flags_ = (flags_ & ~file_dialog_flag::ReadOnly) |
+                     (readOnlyBox_->isChecked() ? file_dialog_flag::ReadOnly : 0);
+        return {QFileInfo(selectedFiles().constFirst()).absoluteFilePath(), flags_};
+    }
+
+protected:
+    void accept() override {
+        const QString path = selectedFiles().value(0);
+        if (path.isEmpty() || QFileInfo(path).isDir() || mayChoose(path))
+            QFileDialog::accept();
+    }
+
+private:
+    /// Qt's own sizes cut off all but short names.
+    void giveNamesRoom() {
+        resize(sizeHint().expandedTo(QSize(760, 480)));
+        if (auto *details = findChild<QTreeView *>(QStringLiteral("treeView"))) {
+            details->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+            details->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+        }
+    }
+
+    void addFilters() {
+        if (filters_.isEmpty())
+            return;
+        QStringList names;
+        for (const Filter &filter : filters_)
+            names.append(filter.nameFilter());
+        setNameFilters(names);
+        if (acceptMode() != AcceptSave)
+            return;
+        setDefaultSuffix(filters_.constFirst().suffix());
+        // The signal names the filter as the user sees it.
+        connect(this, &QFileDialog::filterSelected, this, [this](const QString &shown) {
+            for (const Filter &filter : filters_) {
+                if (filter.description.trimmed() == shown)
+                    setDefaultSuffix(filter.suffix());
+            }
+        });
+    }
+
+    void addReadOnlyBox() {
+        readOnlyBox_ = new QCheckBox(texts::OpenReadOnly.toString(), this);
+        readOnlyBox_->setChecked(flags_ & file_dialog_flag::ReadOnly);
+        // Rows of the grid are where the dialog lays out its own fields.
+        if (auto *grid = qobject_cast<QGridLayout *>(layout()))
+            grid->addWidget(readOnlyBox_, grid->rowCount(), 0, 1, -1);
+    }
+
+    /// Tells the user why not, or asks, as the flags want it.
+    bool mayChoose(const QString &path) {
+        using namespace file_dialog_flag;
+        const QFileInfo file(path);
+        if (flags_ & FileMustExist && !file.exists()) {
+            showMessage(texts::FileNotFound.toString().arg(path), message_style::Exclamation,
+                        windowTitle());
+            return false;
+        }
+        if (flags_ & PathMustExist && !QFileInfo(file.absolutePath()).isDir()) {
+            showMessage(texts::FolderNotFound.toString().arg(path), message_style::Exclamation,
+                        windowTitle());
+            return false;
+        }
+        if (acceptMode() == AcceptSave && flags_ & OverwritePrompt && file.exists())
+            return showMessage(texts::ConfirmOverwrite.toString().arg(path),
+                               message_style::YesNo | message_style::Exclamation |
+                                   message_style::DefaultButton2,
+                               windowTitle()) == message_answer::Yes;
+        return true;
+    }
+
+    int flags_;
+    QList<Filter> filters_;
+    QCheckBox *readOnlyBox_ = nullptr;
+};
+
+} // namespace
+
+FileDialogResult DesktopDialogs::showOpen(const FileDialogRequest &request) {
+    return FileDialog(request, QFileDialog::AcceptOpen).run();
+}
+
+FileDialogResult DesktopDialogs::showSave(const FileDialogRequest &request) {
+    return FileDialog(request, QFileDialog::AcceptSave).run();
+}
+
+} // namespace quillon::controls

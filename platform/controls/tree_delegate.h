@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+#include <functional>
+
+namespace quillon::controls {
+
+/// Draws and edits the captions of a tree view. A caption is drawn on one line, each line break in
+/// it as a mark, and only its beginning is measured and laid out.
+class TreeDelegate : public QStyledItemDelegate {
+    Q_OBJECT
+
+public:
+    /// How many UTF-16 units of a caption are drawn.
+    static constexpr int DrawnLength = 500;
+
+    /// Gives the text with which an editor opens.
+    using InitialText = std::function<QString(const QModelIndex &)>;
+    /// Takes the text of an editor that is about to close.
+    using Commit = std::function<void(const QModelIndex &, const QString &)>;
+
+    TreeDelegate(InitialText initialText, Commit commit, QObject *parent);
+
+    QString displayText(const QVariant &value, const QLocale &locale) const override;
+
+    QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option,
+                          const QModelIndex &index) const override;
+    void setEditorData(QWidget *editor, const QModelIndex &index) const override;
+    void setModelData(QWidget *editor, QAbstractItemModel *model,
+                      const QModelIndex &index) const override;
+
+private:
+    InitialText initialText_;
+    Commit commit_;
+};
+
+} // namespace quillon::controls

@@ -1,0 +1,148 @@
+#pragma once
+
+#include "platform/controls/tree_nodes.h"
+#include "platform/controls/tree_rows.h"
+
+#include <QAccessible>
+#include <QElapsedTimer>
+#include <QTreeView>
+
+#include <functional>
+#include <optional>
+
+namespace quillon::controls {
+
+/// Shows the items of a Nodes collection, which it owns.
+///
+/// Rows are laid out and painted from TreeRows. The layout of QTreeView recurses over the depth in
+/// time quadratic to it, and its persistent index for each expanded item is walked at every
+/// insertion and removal; at 100,000 levels either takes half a minute. What is expanded is said
+/// by the items alone; the functions and signals of QTreeView about it are not in use.
+class TreeView : public QTreeView {
+    Q_OBJECT
+
+public:
+    explicit TreeView(QWidget *parent = nullptr);
+
+    Nodes &nodes() { return *nodes_; }
+    const TreeRows &rows() const { return rows_; }
+
+    TreeItem SelectedItem() const;
+    /// Selects an item, expands its ancestors and scrolls to it; Nothing deselects.
+    void setSelectedItem(const TreeItem &item);
+    /// The item in the row at a point of the viewport, or Nothing.
+    TreeItem HitTest(const QPoint &position) const;
+    /// Lets the user edit the caption of the selected item, unless beforeLabelEdit refuses.
+    void StartLabelEdit();
+
+    /// False while the program rebuilds the tree: the widget keeps its place and its picture.
+    bool treeVisible() const { return updatesEnabled(); }
+    void setTreeVisible(bool visible) { setUpdatesEnabled(visible); }
+
+    /// What the user does by clicking an item or its branch; may send NodeClick.
+    void selectAsUser(const TreeItem &item);
+    void setExpandedAsUser(const TreeItem &item, bool expanded);
+
+    /// Asked before the editor of a caption opens; false refuses. An error that one of these
+    /// three raises is shown to the user and counts as false, or as an empty text.
+    std::function<bool(TreeItem)> beforeLabelEdit;
+    /// The text with which the editor opens, all of it selected; without it, the caption.
+    std::function<QString(TreeItem)> labelEditText;
+    /// Gets the text entered, after the editor has closed, and may change it. True sets it as the
+    /// caption, false leaves the caption alone. Without it every text is taken.
+    std::function<bool(TreeItem, QString &newText)> afterLabelEdit;
+
+    QRect visualRect(const QModelIndex &index) const override;
+    void scrollTo(const QModelIndex &index, ScrollHint hint = EnsureVisible) override;
+    QModelIndex indexAt(const QPoint &position) const override;
+    void keyboardSearch(const QString &search) override;
+    void doItemsLayout() override;
+    void reset() override;
+    void dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
+                     const QList<int> &roles = {}) override;
+
+    void expand(const QModelIndex &) = delete;
+    void expandAll() = delete;
+    void expandRecursively(const QModelIndex &, int = -1) = delete;
+    void expandToDepth(int) = delete;
+    void collapse(const QModelIndex &) = delete;
+    void collapseAll() = delete;
+    bool isExpanded(const QModelIndex &) const = delete;
+    void setExpanded(const QModelIndex &, bool) = delete;
+
+Q_SIGNALS:
+    /// The user has selected another item, by mouse or keyboard.
+    void NodeClick(const quillon::controls::TreeItem &item);
+
+protected:
+    using QTreeView::edit;
+    bool edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) override;
+    void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;
+
+    void rowsInserted(const QModelIndex &parent, int first, int last) override;
+    void rowsAboutToBeRemoved(const QModelIndex &parent, int first, int last) override;
+    void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+    void selectionChanged(const QItemSelection &selected,
+                          const QItemSelection &deselected) override;
+
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void inputMethodEvent(QInputMethodEvent *event) override;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex &index,
+                                                         const QEvent *event) const override;
+    void setSelection(const QRect &rect, QItemSelectionModel::SelectionFlags command) override;
+    QRegion visualRegionForSelection(const QItemSelection &selection) const override;
+
+    void updateGeometries() override;
+    void scrollContentsBy(int dx, int dy) override;
+    int horizontalOffset() const override;
+    int verticalOffset() const override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    using Slot = TreeStore::Slot;
+
+    /// Runs the handler of something the user does; sends NodeClick if it selected another item.
+    template <typename Handler>
+    void asUserGesture(Handler &&handler);
+    void onExpansionChanged(const TreeItem &item, bool expanded);
+    bool canExpand(Slot slot) const { return nodes_->store().firstChild(slot) != 0; }
+    /// Tells assistive technology of a change at an item that is shown.
+    void notifyAccessibility(QAccessible::Event type, const QModelIndex &index);
+    bool mayEditLabel(const TreeItem &item);
+    void finishLabelEdit();
+
+    int rowsPerPage() const;
+    QRect rowRect(int row) const;
+    /// From the icon to the right end of the contents.
+    QRect captionRect(int row, int level) const;
+    /// The item whose branch indicator is at a point of the viewport, or 0.
+    Slot branchAt(const QPoint &position) const;
+    /// The space an icon and caption take up.
+    int captionWidth(const QStyleOptionViewItem &option, Slot slot) const;
+    int rowHeightOf(const QStyleOptionViewItem &option) const;
+    /// Lets the contents grow to the width of the rows in the viewport.
+    void measureShownRows();
+    void updateHorizontalScrollBar();
+    template <typename F>
+    void forEachRow(int first, int last, F &&f) const;
+    void paintRow(QPainter &painter, QStyleOptionViewItem option, int row, Slot slot, int level);
+    void paintBranches(QPainter &painter, QStyleOptionViewItem option, Slot slot, int level);
+
+    Nodes *nodes_;
+    TreeRows rows_;
+    int rowHeight_ = 1;
+    /// Width of the widest row seen since the last layout.
+    int contentWidth_ = 0;
+    bool isBranchPressed_ = false;
+    QString searchText_;
+    QElapsedTimer searchTimer_;
+    /// What was entered in the editor that is closing.
+    std::optional<std::pair<TreeItem, QString>> enteredLabel_;
+};
+
+} // namespace quillon::controls

@@ -1,0 +1,112 @@
+#include "app/window.h"
+#include "tests/support/editor_window.h"
+
+#include <QAccessible>
+#include <QMenuBar>
+#include <QSignalSpy>
+#include <QSplitter>
+#include <QTest>
+#include <QToolBar>
+
+namespace quillon::test {
+
+namespace {
+
+class WindowTest : public EditorWindow {
+protected:
+    void show() {
+        form->show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(form.get()));
+    }
+};
+
+TEST_F(WindowTest, ThePathBoxReachesTheRightEdge) {
+    show();
+    for (const int width : {1200, 900}) {
+        form->resize(width, 600);
+        QCoreApplication::processEvents();
+        const QWidget *holder = form->findChild<QWidget *>("picPath");
+        EXPECT_EQ(holder->mapTo(form.get(), holder->rect().topRight()).x(), form->width() - 1);
+        EXPECT_EQ(cboPath().width(), holder->width());
+        EXPECT_EQ(cboPath().y(), 2);
+    }
+}
+
+TEST_F(WindowTest, MenusShowWhatApplies) {
+    form->actions().showStates(u"mnuFile");
+    const auto enabled = [&](QStringView name) {
+        return form->actions().action(name)->isEnabled();
+    };
+    EXPECT_FALSE(enabled(u"mnuFileSave"));
+    EXPECT_FALSE(enabled(u"mnuFileReload"));
+    EXPECT_TRUE(enabled(u"mnuFileNew"));
+    EXPECT_FALSE(form->actions().action(u"mnuToolOpenEditor")->isVisible());
+    open("<r/>");
+    form->actions().showStates(u"mnuFile");
+    EXPECT_TRUE(enabled(u"mnuFileSave"));
+    EXPECT_TRUE(enabled(u"mnuFileReload"));
+    editor().commands.mnuFileNew_Click();
+    form->actions().showStates(u"mnuFile");
+    EXPECT_FALSE(enabled(u"mnuFileReload"));
+}
+
+TEST_F(WindowTest, KeysWorkFromTreeAndPane) {
+    show();
+    open("<r/>");
+    form->activateWindow();
+    state().m_DOM.documentElement().setAttribute("a", "1");
+    editor().commands.DocumentModified();
+    txtEdit().setFocus();
+    QTest::keyClick(&txtEdit(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(xml(), "<r/>");
+    tvw().setFocus();
+    QTest::keyClick(&tvw(), Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(xml(), "<r a=\"1\"/>");
+    QTest::keyClick(&tvw(), Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(read("doc.xml"), "<r a=\"1\"/>");
+}
+
+TEST_F(WindowTest, EveryControlHasAName) {
+    show();
+    open("<r/>");
+    for (const char *name : {"tbr", "tbrMove", "cboPath", "tvw", "txtEdit", "ie"}) {
+        QWidget *widget = form->findChild<QWidget *>(name);
+        ASSERT_TRUE(widget) << name;
+        EXPECT_FALSE(
+            QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name).isEmpty())
+            << name;
+    }
+    QAccessibleInterface *tree = QAccessible::queryAccessibleInterface(&tvw());
+    EXPECT_EQ(tree->child(0)->text(QAccessible::Name), "#document");
+    for (const QAction *action : form->findChild<QToolBar *>("tbr")->actions()) {
+        if (!action->isSeparator() && !action->objectName().isEmpty()) {
+            EXPECT_FALSE(action->toolTip().isEmpty()) << action->objectName().toStdString();
+        }
+    }
+}
+
+TEST_F(WindowTest, ClosingAsksAndClearsTheWorkingFolderAway) {
+    open("<r/>");
+    EXPECT_FALSE(working().isEmpty());
+    editor().commands.DocumentModified();
+    QPointer<app::frmMain> window = form.release();
+    dialogs.answerMessage(2);
+    EXPECT_FALSE(window->close());
+    EXPECT_TRUE(QDir(path("Temp")).exists());
+    dialogs.answerMessage(7);
+    EXPECT_TRUE(window->close());
+    EXPECT_FALSE(QDir(path("Temp")).exists());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_FALSE(window);
+
+    // Another instance was running: the folder is left alone.
+    auto *second =
+        new app::frmMain(false, {folder.path(), system::SettingsStore(path("settings.ini")), {}});
+    second->close();
+    EXPECT_TRUE(QDir(path("Temp")).exists());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+} // namespace
+
+} // namespace quillon::test

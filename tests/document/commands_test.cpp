@@ -1,0 +1,187 @@
+#include "platform/runtime/error.h"
+#include "tests/support/editor_window.h"
+
+namespace quillon::test {
+
+namespace {
+
+constexpr int Yes = 6;
+constexpr int No = 7;
+constexpr int Cancel = 2;
+
+class CommandsTest : public EditorWindow {
+protected:
+    document::DocumentCommands &commands() { return editor().commands; }
+    void modify() {
+        state().m_DOM.documentElement().setAttribute("changed", "1");
+        commands().DocumentModified();
+    }
+    QString title() { return form->windowTitle(); }
+};
+
+TEST_F(CommandsTest, ANewDocumentMustBeSavedUnderAName) {
+    commands().mnuFileNew_Click();
+    EXPECT_EQ(title(), "New XML File - Quillon XML Editor");
+    EXPECT_EQ(captions({}), QStringList());
+    EXPECT_EQ(tvw().nodes().Count(), 1);
+    EXPECT_TRUE(button(u"save"));
+    state().m_DOM.setDocumentElement(state().m_DOM.createElement("root"));
+    commands().DocumentModified();
+    EXPECT_EQ(title(), "New XML File * - Quillon XML Editor");
+    dialogs.answerFile({path("made.xml"), 0});
+    commands().mnuFileSave_Click();
+    EXPECT_EQ(read("made.xml"), "<root/>");
+    EXPECT_EQ(dialogs.saveRequests.back().filter, "XML File(*.xml)|*.xml|XSL File(*.xsl)|*.xsl");
+    EXPECT_EQ(dialogs.saveRequests.back().flags, 2);
+    EXPECT_EQ(title(), "made.xml - Quillon XML Editor");
+    modify();
+    commands().mnuFileSave_Click();
+    EXPECT_EQ(read("made.xml"), "<root changed=\"1\"/>");
+    EXPECT_TRUE(working().isEmpty()) << "saving makes no copy";
+    EXPECT_TRUE(editor().recentFiles.read().isEmpty());
+}
+
+TEST_F(CommandsTest, ANewDocumentStartsFromTheStandardOne) {
+    write("default.xml", "<standard/>");
+    commands().mnuFileNew_Click();
+    EXPECT_EQ(xml(), "<standard/>");
+    EXPECT_EQ(title(), "New XML File - Quillon XML Editor");
+    EXPECT_FALSE(state().m_Opened);
+    EXPECT_EQ(editor().recentFiles.read(), QStringList(path("default.xml")));
+}
+
+TEST_F(CommandsTest, OpenAsksWhatToDoWithChanges) {
+    open("<r/>");
+    modify();
+    dialogs.answerMessage(Cancel);
+    commands().mnuFileOpen_Click();
+    EXPECT_EQ(dialogs.messages.back().text, "保存しますか？");
+    EXPECT_EQ(dialogs.messages.back().style, 35);
+    EXPECT_TRUE(dialogs.openRequests.empty());
+
+    dialogs.answerMessage(No);
+    dialogs.answerFile({QString(), 0});
+    commands().mnuFileOpen_Click();
+    EXPECT_EQ(dialogs.openRequests.back().title, "開く");
+    EXPECT_EQ(dialogs.openRequests.back().filter,
+              "XMLファイル(*.xml)|*.xml|XSLファイル(*.xsl)|*.xsl|すべてのファイル(*.*)|*.*");
+    EXPECT_EQ(dialogs.openRequests.back().flags, 4096);
+    EXPECT_TRUE(state().m_Modified) << "cancelled: nothing changes";
+
+    dialogs.answerMessage(Yes);
+    dialogs.answerFile({write("next.xml", "<next/>"), 4096 + 1});
+    commands().mnuFileOpen_Click();
+    EXPECT_EQ(read("doc.xml"), "<r changed=\"1\"/>");
+    EXPECT_EQ(title(), "next.xml (読み取り専用) - Quillon XML Editor");
+    modify();
+    EXPECT_EQ(title(), "next.xml * - Quillon XML Editor") << "the mark comes back later";
+    commands().UpdateStatus(state().m_FileName);
+    EXPECT_EQ(title(), "next.xml * (読み取り専用) - Quillon XML Editor");
+
+    // Read-only documents are saved under another name; the dialog keeps its last title.
+    dialogs.answerFile({path("next.xml"), 0});
+    commands().mnuFileSave_Click();
+    EXPECT_EQ(dialogs.saveRequests.back().title, "開く");
+    EXPECT_EQ(title(), "next.xml - Quillon XML Editor");
+    EXPECT_FALSE(state().m_ReadOnly);
+
+    dialogs.answerFile({write("bad.xml", "<r>"), 0});
+    dialogs.answerMessage(1);
+    commands().mnuFileOpen_Click();
+    EXPECT_EQ(title(), "Quillon XML Editor") << "the old document has been emptied";
+    EXPECT_EQ(tvw().nodes().Count(), 0);
+}
+
+TEST_F(CommandsTest, AnAbandonedSaveLetsTheCommandGoOn) {
+    commands().mnuFileNew_Click();
+    state().m_DOM.setDocumentElement(state().m_DOM.createElement("root"));
+    commands().DocumentModified();
+    dialogs.answerMessage(Yes);
+    dialogs.answerFile({QString(), 0});
+    commands().mnuFileClose_Click();
+    EXPECT_FALSE(state().m_DOM);
+    EXPECT_EQ(title(), "Quillon XML Editor");
+    EXPECT_FALSE(button(u"save"));
+}
+
+TEST_F(CommandsTest, ReloadDropsChangesWhenTold) {
+    open("<r/>");
+    modify();
+    dialogs.answerMessage(No);
+    commands().mnuFileReload_Click();
+    EXPECT_EQ(dialogs.messages.back().text, "変更を破棄して再読込しますか？");
+    EXPECT_EQ(dialogs.messages.back().style, 292);
+    EXPECT_TRUE(state().m_Modified);
+    dialogs.answerMessage(Yes);
+    commands().mnuFileReload_Click();
+    EXPECT_EQ(xml(), "<r/>");
+    EXPECT_EQ(title(), "doc.xml - Quillon XML Editor");
+    state().m_ReadOnly = true;
+    commands().mnuFileReload_Click();
+    EXPECT_TRUE(state().m_ReadOnly);
+    QFile::remove(path("doc.xml"));
+    EXPECT_THROW(commands().mnuFileReload_Click(), runtime::Error);
+}
+
+TEST_F(CommandsTest, AFailedSaveKeepsEverything) {
+    const QByteArray sjis = "<?xml version='1.0' encoding='Shift_JIS'?><r/>";
+    open(sjis);
+    const xml::Node root = state().m_DOM.documentElement();
+    const xml::Node comment = root.appendChild(state().m_DOM.createComment("é"));
+    commands().DocumentModified();
+    const auto failure = [&](const QString &file) {
+        try {
+            commands().SaveFile(file);
+        } catch (const runtime::Error &error) {
+            return error.description();
+        }
+        return QString();
+    };
+    EXPECT_TRUE(failure(path("doc.xml")).contains("é"));
+    EXPECT_EQ(read("doc.xml"), sjis);
+    root.removeChild(comment);
+    EXPECT_TRUE(failure("/dev/full").contains("空き領域"));
+    EXPECT_TRUE(failure(path("gone/doc.xml")).contains("フォルダー"));
+    EXPECT_TRUE(state().m_Modified);
+    EXPECT_EQ(title(), "doc.xml * - Quillon XML Editor");
+    EXPECT_EQ(state().m_FileName, path("doc.xml"));
+    // Through the menu the reason is shown and the program goes on.
+    state().m_FileName = path("gone/doc.xml");
+    dialogs.answerMessage(1);
+    form->actions().action(u"mnuFileSave")->trigger();
+    EXPECT_EQ(dialogs.messages.back().style, 48);
+    EXPECT_TRUE(dialogs.messages.back().text.contains("フォルダー"));
+}
+
+TEST_F(CommandsTest, AFileChangedByOthersIsNotOverwrittenUnasked) {
+    open("<r/>");
+    modify();
+    QFile::remove(path("doc.xml"));
+    write("doc.xml", "<theirs/>");
+    commands().checkFileOnDisk();
+    EXPECT_TRUE(status().contains("変更されました"));
+    dialogs.answerMessage(No);
+    commands().mnuFileSave_Click();
+    EXPECT_EQ(read("doc.xml"), "<theirs/>");
+    EXPECT_TRUE(state().m_Modified);
+    dialogs.answerMessage(Yes);
+    commands().mnuFileSave_Click();
+    EXPECT_EQ(read("doc.xml"), "<r changed=\"1\"/>");
+    modify();
+    commands().mnuFileSave_Click();
+    EXPECT_EQ(dialogs.messages.size(), 2u) << "its own saving is no change by others";
+}
+
+TEST_F(CommandsTest, AReadOnlyFileIsReplacedWithoutAQuestion) {
+    const QString file = write("doc.xml", "<r/>");
+    QFile::setPermissions(file, QFile::ReadOwner);
+    ASSERT_TRUE(form->OpenFile(file));
+    dialogs.answerFile({file, 0});
+    commands().mnuFileSave_Click();
+    EXPECT_EQ(read("doc.xml"), "<r/>");
+    EXPECT_TRUE(QFileInfo(file).permission(QFile::WriteOwner));
+}
+
+} // namespace
+
+} // namespace quillon::test

@@ -1,0 +1,161 @@
+#include "platform/runtime/error.h"
+#include "tests/support/editor_window.h"
+
+#include <QElapsedTimer>
+
+namespace quillon::test {
+
+namespace {
+
+class LoaderTest : public EditorWindow {
+protected:
+    std::string openError(const QString &file) {
+        try {
+            form->OpenFile(file);
+        } catch (const runtime::Error &error) {
+            return error.what();
+        }
+        return {};
+    }
+};
+
+TEST_F(LoaderTest, AnOpenedFileIsShownBackedUpAndRemembered) {
+    const QByteArray text = "<?xml version='1.0'?>\n<r a='1'><b><c/></b></r>\n";
+    open(text);
+    EXPECT_EQ(form->windowTitle(), "doc.xml - Quillon XML Editor");
+    EXPECT_EQ(state().m_BackupPath, path("Temp/20011231235959.bak"));
+    EXPECT_EQ(read("Temp/20011231235959.bak"), text);
+    EXPECT_EQ(expanded(), QStringList({"#document", "xml", "r"}));
+    EXPECT_EQ(tvw().SelectedItem(), tvw().nodes().Item(1));
+    EXPECT_FALSE(state().m_Modified);
+    EXPECT_TRUE(state().m_Opened);
+    EXPECT_FALSE(state().m_ReadOnly);
+    EXPECT_FALSE(editor().history.CanUndo());
+    EXPECT_TRUE(button(u"save"));
+    EXPECT_FALSE(button(u"undo"));
+    EXPECT_EQ(editor().recentFiles.read(), QStringList(path("doc.xml")));
+    // The same second gives the same copy.
+    open("<other/>");
+    EXPECT_EQ(working(), QStringList("20011231235959.bak"));
+    EXPECT_EQ(read("Temp/20011231235959.bak"), "<other/>");
+    EXPECT_FALSE(form->OpenFile(""));
+    EXPECT_EQ(xml(), "<other/>");
+}
+
+TEST_F(LoaderTest, WhatDoesNotParseIsToldAndStillCopied) {
+    open("<r><kept/></r>");
+    time = time.addSecs(1);
+    for (const char *bad : {"<r>", "", "<!-- no root -->"}) {
+        dialogs.answerMessage(1);
+        EXPECT_FALSE(form->OpenFile(write("bad.xml", bad)));
+        EXPECT_EQ(dialogs.messages.back().text, "XMLをパースできません。");
+        EXPECT_EQ(dialogs.messages.back().style, 48);
+        EXPECT_EQ(dialogs.messages.back().title, "Quillon XML Editor");
+        EXPECT_EQ(read("Temp/20020101000000.bak"), bad);
+        EXPECT_EQ(xml(), "");
+        EXPECT_TRUE(item("kept")) << "the tree keeps showing the document before";
+    }
+    EXPECT_EQ(editor().recentFiles.read(), QStringList(path("doc.xml")));
+    EXPECT_EQ(status(), "");
+}
+
+TEST_F(LoaderTest, AFileThatCannotBeReadOrCopiedRaises) {
+    EXPECT_EQ(openError(path("none.xml")), "ファイルが見つかりません。");
+    EXPECT_EQ(openError(folder.path()), "ファイルが見つかりません。");
+    state().m_ReadOnly = true;
+    EXPECT_EQ(openError(path("none.xml")), "ファイルが見つかりません。");
+    state().m_ReadOnly = false;
+    QDir(path("Temp")).removeRecursively();
+    EXPECT_EQ(openError(write("doc.xml", "<r/>")), "パスが見つかりません。");
+}
+
+TEST_F(LoaderTest, TheReadOnlyAttributeMakesTheDocumentReadOnly) {
+    const QString file = write("doc.xml", "<r/>");
+    QFile::setPermissions(file, QFile::ReadOwner);
+    ASSERT_TRUE(form->OpenFile(file));
+    EXPECT_TRUE(state().m_ReadOnly);
+    form->UpdateStatus(file);
+    EXPECT_EQ(form->windowTitle(), "doc.xml (読み取り専用) - Quillon XML Editor");
+    // A copy in the same second goes over the first one although that is read-only, too.
+    ASSERT_TRUE(form->OpenFile(file));
+    // Set beforehand it stays, whatever the file says.
+    ASSERT_TRUE(form->OpenFile(write("other.xml", "<r/>")));
+    EXPECT_TRUE(state().m_ReadOnly);
+    state().m_ReadOnly = false;
+    ASSERT_TRUE(form->OpenFile(path("other.xml")));
+    EXPECT_FALSE(state().m_ReadOnly);
+}
+
+TEST_F(LoaderTest, StylesheetsAreCopiedIntoTheWorkingFolderOnly) {
+    const struct {
+        const char *instruction;
+        QStringList copied;
+    } cases[] = {
+        {"<?xml-stylesheet type='text/xsl' href='a.xsl'?>", {"a.xsl"}},
+        {"<?xml-stylesheet href=\"a.xsl\"?><?xml-stylesheet href=\"b.xsl\"?>", {"a.xsl", "b.xsl"}},
+        {"<?xml-stylesheet href=|a.xsl|?>", {"a.xsl"}},
+        {"<?xml-stylesheet href='missing.xsl'?>", {}},
+        {"<?xml-stylesheet href='sub\\c.xsl'?>", {}},
+        {"<?xml-stylesheet href='sub/c.xsl'?>", {}},
+        {"<?xml-stylesheet href='../a.xsl'?>", {}},
+        {"<?xml-stylesheet href='Temp/../../a.xsl'?>", {}},
+        {"<?xml-stylesheet href=''?>", {}},
+        {"<?other href='a.xsl'?>", {}},
+    };
+    QDir(folder.path()).mkpath("docs/sub");
+    for (const char *name : {"docs/a.xsl", "docs/b.xsl", "docs/sub/c.xsl", "a.xsl"})
+        write(name, name);
+    QFile::setPermissions(path("docs/a.xsl"), QFile::ReadOwner);
+    for (const auto &c : cases) {
+        for (const QString &name : working())
+            QFile::remove(path("Temp/" + name));
+        ASSERT_TRUE(form->OpenFile(write("docs/doc.xml", QByteArray(c.instruction) + "<r/>")));
+        QStringList copied = working();
+        copied.removeAll("20011231235959.bak");
+        EXPECT_EQ(copied, c.copied) << c.instruction;
+        if (!copied.isEmpty()) {
+            EXPECT_TRUE(QFileInfo(path("Temp/a.xsl")).permission(QFile::WriteOwner));
+        }
+    }
+    EXPECT_EQ(read("a.xsl"), "a.xsl");
+    const auto openWith = [&](const QByteArray &data) {
+        return openError(write("docs/doc.xml", "<?xml-stylesheet " + data + "?><r/>"));
+    };
+    EXPECT_NE(openWith("href='a.xsl"), "") << "no closing delimiter";
+    EXPECT_NE(openWith("abcdefg"), "") << "no href and no second delimiter";
+    EXPECT_EQ(openWith("abcdXa.xslX"), "") << "the delimiter is at the fifth character";
+    EXPECT_EQ(openWith("href='a.xsl' " + QByteArray(32'800, 'x')), "オーバーフローしました。");
+}
+
+TEST_F(LoaderTest, TextIsLoadedWithoutACopyOrAMessage) {
+    open("<r/>");
+    state().m_Modified = true;
+    editor().loader.LoadXML("<t>x</t>");
+    EXPECT_EQ(xml(), "<t>x</t>");
+    EXPECT_EQ(form->windowTitle(), "#document * - Quillon XML Editor");
+    EXPECT_EQ(tvw().nodes().Count(), 3);
+    EXPECT_FALSE(tvw().nodes().Item(1).Expanded());
+    editor().loader.LoadXML("<t>");
+    EXPECT_EQ(tvw().nodes().Count(), 1);
+    EXPECT_EQ(xml(), "");
+}
+
+TEST_F(LoaderTest, RecentFilesKeepTenAndForgetWhatIsGone) {
+    for (int i = 1; i <= 11; ++i)
+        open("<r/>", QString("%1.xml").arg(i));
+    const document::RecentFiles &recent = editor().recentFiles;
+    EXPECT_EQ(recent.read().size(), 10);
+    EXPECT_EQ(recent.read().first(), path("11.xml"));
+    EXPECT_EQ(recent.read().last(), path("2.xml"));
+    open("<r/>", "5.xml");
+    EXPECT_EQ(recent.read().first(), path("5.xml"));
+    EXPECT_EQ(recent.read().count(path("5.xml")), 1);
+    QFile::remove(path("11.xml"));
+    EXPECT_FALSE(recent.read().contains(path("11.xml")));
+    recent.add(path("5.XML"));
+    EXPECT_FALSE(recent.read().contains(path("5.xml")));
+}
+
+} // namespace
+
+} // namespace quillon::test

@@ -1,0 +1,159 @@
+#include "tests/support/editor_window.h"
+
+namespace quillon::test {
+
+namespace {
+
+class UndoTest : public EditorWindow {
+protected:
+    edit::UndoHistory &history() { return editor().history; }
+    /// Changes the document once.
+    void edit(const QString &value) {
+        state().m_DOM.documentElement().setAttribute("v", value);
+        editor().commands.DocumentModified();
+    }
+    QString value() { return state().m_DOM.documentElement().getAttribute("v").value_or(""); }
+};
+
+TEST_F(UndoTest, TenStepsBackAndForth) {
+    open("<r/>");
+    for (int i = 1; i <= 11; ++i)
+        edit(QString::number(i));
+    for (int i = 10; i >= 1; --i) {
+        EXPECT_TRUE(history().CanUndo());
+        history().UndoCommand();
+        EXPECT_EQ(value(), QString::number(i));
+    }
+    EXPECT_FALSE(history().CanUndo());
+    EXPECT_FALSE(button(u"undo"));
+    history().UndoCommand();
+    EXPECT_EQ(value(), "1");
+    for (int i = 2; i <= 11; ++i) {
+        history().RedoCommand();
+        EXPECT_EQ(value(), QString::number(i));
+    }
+    EXPECT_FALSE(history().CanRedo());
+    EXPECT_FALSE(button(u"redo"));
+    EXPECT_TRUE(button(u"undo"));
+}
+
+TEST_F(UndoTest, TheRedoButtonIsLeftOnUntilItIsPressed) {
+    open("<r/>");
+    EXPECT_FALSE(button(u"undo"));
+    edit("1");
+    EXPECT_TRUE(button(u"undo"));
+    history().UndoCommand();
+    EXPECT_TRUE(button(u"redo"));
+    edit("2");
+    EXPECT_FALSE(history().CanRedo());
+    EXPECT_TRUE(button(u"redo"));
+    history().RedoCommand();
+    EXPECT_EQ(value(), "2");
+    EXPECT_FALSE(button(u"redo"));
+    EXPECT_TRUE(button(u"undo"));
+}
+
+TEST_F(UndoTest, ExpansionComesBackAsItWas) {
+    open("<r><a><x/></a><b><y/></b></r>");
+    item("b").setExpanded(true);
+    edit("1");
+    // Nodes inserted ahead of what is expanded, and what follows in the order of adding.
+    for (int i = 0; i < 3; ++i) {
+        controls::TreeItem rel = item("a");
+        auto before = controls::Relationship::Previous;
+        xml::Node made = state().m_DOM.createElement("n");
+        editor().builder.AddNodeToTree(rel, made, false, before).setExpanded(true);
+    }
+    item("a").setExpanded(true);
+    editor().commands.DocumentModified();
+    const QStringList later = expanded();
+    history().UndoCommand();
+    EXPECT_EQ(expanded(), QStringList({"#document", "r", "b"}));
+    EXPECT_TRUE(tvw().treeVisible());
+    history().RedoCommand();
+    QStringList again = expanded();
+    EXPECT_EQ(QSet<QString>(again.begin(), again.end()), QSet<QString>(later.begin(), later.end()));
+    EXPECT_EQ(again.size(), later.size());
+    history().UndoCommand();
+    history().UndoCommand();
+    EXPECT_EQ(expanded(), QStringList("#document")) << "the loaded state counts only the root";
+}
+
+TEST_F(UndoTest, TheSelectedPlaceStaysSelected) {
+    open("<r><a/><b>old</b></r>");
+    item("b").setExpanded(true);
+    select("old");
+    type("new");
+    EXPECT_EQ(xml(), "<r><a/><b>new</b></r>");
+    type("newer");
+    history().UndoCommand();
+    EXPECT_EQ(tvw().SelectedItem().Text(), "new");
+    EXPECT_EQ(txtEdit().Text(), "new");
+    history().UndoCommand();
+    // The elements around it are not expanded in this state, and must not be.
+    EXPECT_EQ(tvw().SelectedItem().Text(), "r");
+    EXPECT_EQ(expanded(), QStringList("#document"));
+}
+
+TEST_F(UndoTest, NeitherModifiedMarkNorCaptionGoBack) {
+    open("<r/>");
+    edit("1");
+    history().UndoCommand();
+    EXPECT_TRUE(state().m_Modified);
+    EXPECT_EQ(form->windowTitle(), "doc.xml * - Quillon XML Editor");
+    // A snapshot stays what it was although what it restored is edited.
+    edit("2");
+    history().UndoCommand();
+    EXPECT_EQ(xml(), "<r/>");
+    history().RedoCommand();
+    EXPECT_EQ(value(), "2");
+}
+
+TEST_F(UndoTest, UndoAllGoesBackToTheFileAsOpened) {
+    open("<r/>");
+    EXPECT_FALSE(editor().commands.canUndoAll());
+    editor().commands.mnuEditUndoAll_Click();
+    edit("1");
+    EXPECT_TRUE(editor().commands.canUndoAll());
+    dialogs.answerMessage(7);
+    editor().commands.mnuEditUndoAll_Click();
+    EXPECT_EQ(dialogs.messages.back().text, "変更は全て失われます。よろしいですか？");
+    EXPECT_EQ(dialogs.messages.back().style, 292);
+    EXPECT_EQ(value(), "1");
+    dialogs.answerMessage(6);
+    editor().commands.mnuEditUndoAll_Click();
+    EXPECT_EQ(xml(), "<r/>");
+    EXPECT_EQ(form->windowTitle(), "doc.xml * - Quillon XML Editor");
+    EXPECT_TRUE(state().m_Modified);
+    EXPECT_FALSE(history().CanUndo());
+    EXPECT_EQ(state().m_FileName, path("doc.xml"));
+}
+
+TEST(UndoRedo, TheStacksAlone) {
+    edit::clsUndoRedo history;
+    EXPECT_FALSE(history.Undo());
+    EXPECT_FALSE(history.Redo());
+    const auto info = [](int number) {
+        auto made = std::make_shared<edit::clsUndoInfo>();
+        made->setSelectedIndex(number);
+        return made;
+    };
+    history.Action(info(1));
+    EXPECT_FALSE(history.CanUndo());
+    history.Action(info(2));
+    history.Action(info(3));
+    EXPECT_EQ(history.Undo()->SelectedIndex(), 2);
+    EXPECT_EQ(history.Undo()->SelectedIndex(), 1);
+    EXPECT_FALSE(history.Undo());
+    EXPECT_EQ(history.Redo()->SelectedIndex(), 2);
+    history.Action(info(4));
+    EXPECT_FALSE(history.CanRedo());
+    history.Clear();
+    EXPECT_FALSE(history.CanUndo());
+    history.Action(info(5));
+    EXPECT_EQ(history.Undo()->SelectedIndex(), 4) << "clearing keeps the current state";
+}
+
+} // namespace
+
+} // namespace quillon::test

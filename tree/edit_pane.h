@@ -1,0 +1,42 @@
+#pragma once
+
+#include "platform/controls/text_box.h"
+
+namespace quillon::tree {
+
+/// The text box that shows and edits the selected node (`txtEdit`), with the flag that tells the
+/// program's own writing from the user's.
+class EditPane {
+public:
+    explicit EditPane(controls::TextBox &txtEdit) : txtEdit_(txtEdit) {}
+
+    controls::TextBox &textBox() const { return txtEdit_; }
+
+    /// Writes the pane without an edit being seen in it.
+    void fill(const QString &text) {
+        m_bFilling = true;
+        txtEdit_.setText(text);
+        m_bFilling = false;
+    }
+    /// The same for the markup of a node: UTF-8, coloured as XML.
+    void fillMarkup(const QByteArray &utf8) {
+        m_bFilling = true;
+        txtEdit_.setLanguage(controls::TextBox::Language::Xml);
+        txtEdit_.setText(utf8);
+        m_bFilling = false;
+    }
+    /// The same for the value of a node.
+    void fillValue(const QString &text) {
+        txtEdit_.setLanguage(controls::TextBox::Language::Plain);
+        fill(text);
+    }
+
+    /// Set while the program itself writes the pane, or calls the label edit handler on its
+    /// behalf.
+    bool m_bFilling = false;
+
+private:
+    controls::TextBox &txtEdit_;
+};
+
+} // namespace quillon::tree

@@ -1,0 +1,134 @@
+#include "tree/label_editing.h"
+
+#include "platform/controls/message_box.h"
+#include "platform/runtime/error.h"
+
+#include <vector>
+
+namespace quillon::tree {
+
+using controls::TreeItem;
+using xml::Node;
+using xml::NodeType;
+
+namespace {
+
+/// The caption of the document item, which paths in the pane leave out.
+constexpr qsizetype DocumentCaptionLength = 9;
+
+} // namespace
+
+LabelEditing::LabelEditing(const document::DocumentState &state, const ViewOptions &options,
+                           TreeBuilder &builder, controls::TreeView &tvw, EditPane &pane)
+    : state_(state), options_(options), builder_(builder), tvw_(tvw), pane_(pane) {}
+
+bool LabelEditing::tvw_BeforeLabelEdit() const {
+    if (state_.m_ReadOnly)
+        return false;
+    switch (builder_.registry().Item(tvw_.SelectedItem()).nodeType()) {
+    case NodeType::Element:
+    case NodeType::Attribute:
+        return !options_.viewLock;
+    case NodeType::Text:
+    case NodeType::Comment:
+    case NodeType::CDATASection:
+        // The caption is the text itself only while text is shown.
+        return options_.viewText;
+    case NodeType::Document:
+    case NodeType::DocumentType:
+        return false;
+    default:
+        // Refused afterwards, with a message; that is meant so.
+        return true;
+    }
+}
+
+QString LabelEditing::editorText(const TreeItem &item) const {
+    const Node node = builder_.registry().Item(item);
+    return node.nodeType() == NodeType::Attribute ? node.nodeName() : item.Text();
+}
+
+bool LabelEditing::tvw_AfterLabelEdit(QString &NewString) {
+    if (NewString.isEmpty())
+        return false;
+    try {
+        return apply(NewString);
+    } catch (const runtime::Error &error) {
+        controls::showMessage(error.description(), controls::message_style::Exclamation);
+        return false;
+    }
+}
+
+bool LabelEditing::apply(QString &NewString) {
+    const TreeItem item = tvw_.SelectedItem();
+    const Node node = builder_.registry().Item(item);
+    switch (node.nodeType()) {
+    case NodeType::Element:
+        renameElement(item, node, NewString);
+        return true;
+    case NodeType::Attribute:
+        renameAttribute(item, node, NewString);
+        return true;
+    case NodeType::Text:
+    case NodeType::Comment:
+    case NodeType::CDATASection:
+        replaceText(node, NewString);
+        return true;
+    default:
+        controls::showMessage(TypeName(node) + QStringLiteral(" labeledit is not implemented yet"));
+        return false;
+    }
+}
+
+void LabelEditing::renameElement(const TreeItem &item, const Node &old, const QString &name) {
+    const Node renamed = state_.m_DOM.createElement(name);
+    // Attributes and children are taken over from the last to the first and appended, so the
+    // renamed element has them in reverse order. That is meant so.
+    std::vector<Node> attributes;
+    for (int i = 0, count = old.attributes().length(); i < count; ++i)
+        attributes.push_back(old.attributes().item(i));
+    for (auto attribute = attributes.rbegin(); attribute != attributes.rend(); ++attribute)
+        renamed.attributes().setNamedItem(attribute->cloneNode(true));
+    while (const Node child = old.lastChild())
+        renamed.appendChild(child);
+    const Node placed = old.parentNode().replaceChild(renamed, old);
+    if (item != tvw_.nodes().Item(1))
+        builder_.registry().set(item.Parent().sequence(), placed.parentNode());
+    builder_.registry().set(item.sequence(), placed);
+    const QString path = item.FullPath().mid(DocumentCaptionLength);
+    pane_.fill(path.left(path.lastIndexOf(QLatin1Char('/')) + 1) + placed.nodeName());
+    Q_EMIT documentModified();
+}
+
+void LabelEditing::renameAttribute(const TreeItem &item, const Node &old, QString &NewString) {
+    if (NewString == old.nodeName()) {
+        if (options_.viewText)
+            NewString = attributeCaption(old.nodeName(), old.text());
+        return;
+    }
+    const Node element = builder_.registry().Item(item.Parent());
+    if (element.getAttributeNode(NewString))
+        throw runtime::Error(runtime::error_number::Application,
+                             QStringLiteral("Already Exists. Cannot change"));
+    // The old attribute goes first: when the new name is not valid it stays removed, and only its
+    // item is left. That is meant so.
+    element.removeAttribute(old.nodeName());
+    const Node renamed = state_.m_DOM.createAttribute(NewString);
+    renamed.setNodeValue(old.text());
+    element.setAttributeNode(renamed);
+    builder_.registry().set(item.Parent().sequence(), element);
+    builder_.registry().set(item.sequence(), element.getAttributeNode(NewString));
+    if (options_.viewText)
+        NewString = attributeCaption(renamed.nodeName(), old.text());
+    pane_.fillValue(old.text());
+    Q_EMIT documentModified();
+}
+
+void LabelEditing::replaceText(const Node &node, const QString &text) {
+    node.setText(text);
+    if (!pane_.m_bFilling)
+        pane_.fillValue(text);
+    Q_EMIT documentModified();
+}
+
+} // namespace quillon::tree

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "tree/selection.h"
+#include "tree/tree_builder.h"
+
+namespace quillon::tree {
+
+/// Editing captions in place: renames elements and attributes, replaces the text of text nodes,
+/// comments and CDATA sections.
+class LabelEditing : public QObject {
+    Q_OBJECT
+
+public:
+    LabelEditing(const document::DocumentState &state, const ViewOptions &options,
+                 TreeBuilder &builder, controls::TreeView &tvw, EditPane &pane);
+
+    /// Whether the selected item's caption may be edited.
+    bool tvw_BeforeLabelEdit() const;
+    /// What the editor starts with, all of it selected: the bare name of an attribute, also where
+    /// its caption shows the value; else the caption.
+    QString editorText(const controls::TreeItem &item) const;
+    /// Applies a new caption to the selected item's node. False keeps the old caption; else the
+    /// item shows NewString, which may have been changed. Failures are shown in a message box.
+    bool tvw_AfterLabelEdit(QString &NewString);
+
+Q_SIGNALS:
+    void documentModified();
+
+private:
+    bool apply(QString &NewString);
+    void renameElement(const controls::TreeItem &item, const xml::Node &old, const QString &name);
+    void renameAttribute(const controls::TreeItem &item, const xml::Node &old, QString &NewString);
+    void replaceText(const xml::Node &node, const QString &text);
+
+    const document::DocumentState &state_;
+    const ViewOptions &options_;
+    TreeBuilder &builder_;
+    controls::TreeView &tvw_;
+    EditPane &pane_;
+};
+
+} // namespace quillon::tree

@@ -1,0 +1,55 @@
+#include "tree/node_removal.h"
+
+#include "platform/controls/error_boundary.h"
+#include "platform/controls/message_box.h"
+
+namespace quillon::tree {
+
+using controls::TreeItem;
+using xml::Node;
+using xml::NodeType;
+
+void NodeRemoval::DeleteNode(const TreeItem &item) {
+    if (!item || item == tvw_.nodes().Item(1))
+        return;
+    removeFromDom(item);
+    UnregisterTreeItem(item);
+    tvw_.nodes().Remove(item);
+    Q_EMIT documentModified();
+    builder_.SyncPreview();
+}
+
+void NodeRemoval::removeFromDom(const TreeItem &item) {
+    const Node node = builder_.registry().Item(item);
+    switch (node.nodeType()) {
+    case NodeType::Element:
+    case NodeType::Comment:
+    case NodeType::Text:
+    case NodeType::ProcessingInstruction:
+    case NodeType::CDATASection:
+    case NodeType::DocumentType:
+        controls::ignoringErrors([&] { node.parentNode().removeChild(node); });
+        break;
+    case NodeType::Attribute:
+        builder_.registry().Item(item.Parent()).removeAttribute(node.nodeName());
+        break;
+    default:
+        controls::showMessage(TypeName(node) + QStringLiteral(" cannot delete"));
+    }
+}
+
+void NodeRemoval::UnregisterTreeItem(const TreeItem &item) {
+    // Walks in the order of the tree; the registry does not mind which comes first.
+    for (TreeItem at = item; at;) {
+        builder_.registry().Remove(at.sequence());
+        TreeItem next = at.Child();
+        while (!next && at != item) {
+            next = at.Next();
+            if (!next)
+                at = at.Parent();
+        }
+        at = next;
+    }
+}
+
+} // namespace quillon::tree

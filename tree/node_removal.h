@@ -1,0 +1,33 @@
+#pragma once
+
+#include "tree/tree_builder.h"
+
+namespace quillon::tree {
+
+/// Removes nodes together with their tree items.
+class NodeRemoval : public QObject {
+    Q_OBJECT
+
+public:
+    NodeRemoval(TreeBuilder &builder, controls::TreeView &tvw) : builder_(builder), tvw_(tvw) {}
+
+    /// Removes the node an item shows, the item and all below it. Nothing happens for no item and
+    /// for the document item. A kind that cannot be deleted is named in a message box; its item
+    /// goes all the same and the document counts as modified, though the node stays. That is
+    /// meant so.
+    void DeleteNode(const controls::TreeItem &item);
+
+    /// Takes an item and all its descendants out of the registry.
+    void UnregisterTreeItem(const controls::TreeItem &item);
+
+Q_SIGNALS:
+    void documentModified();
+
+private:
+    void removeFromDom(const controls::TreeItem &item);
+
+    TreeBuilder &builder_;
+    controls::TreeView &tvw_;
+};
+
+} // namespace quillon::tree

@@ -1,0 +1,73 @@
+#include "tree/node_text.h"
+
+#include "platform/controls/message_box.h"
+#include "platform/runtime/like.h"
+#include "platform/runtime/strings.h"
+
+namespace quillon::tree {
+
+using controls::TreeItem;
+using runtime::like;
+using runtime::mid;
+using xml::Node;
+using xml::NodeType;
+
+Node NodeText::nodeFromText(const QString &text) const {
+    xml::DOMDocument40 parsed = xml::DOMDocument40::create();
+    parsed.setAsync(false);
+    parsed.setValidateOnParse(false);
+    parsed.setResolveExternals(false);
+    parsed.loadXML(text);
+    if (const Node root = parsed.documentElement())
+        return root;
+    const xml::DOMDocument40 &document = state_.m_DOM;
+    if (like(text, u"<!--*-->"))
+        return document.createComment(mid(text, 5, text.size() - 7).toString());
+    // Ahead of CDATA: a section that holds =" is taken for an attribute. That is meant so.
+    if (like(text, u"*=\"*\"")) {
+        const qsizetype at = runtime::instr(text, u"=\"");
+        const Node attribute = document.createAttribute(text.left(at - 1));
+        attribute.setNodeValue(text.mid(at + 1, text.size() - at - 2));
+        return attribute;
+    }
+    if (like(text, u"<[?]*[?]>"))
+        return {};
+    if (like(text, u"<![[]CDATA[[]*]]>"))
+        return document.createCDATASection(mid(text, 10, text.size() - 12).toString());
+    return document.createTextNode(text);
+}
+
+TreeItem NodeText::InsertNodeFromText(const TreeItem &target, const QString &text) {
+    if (!target)
+        return {};
+    const Node node = nodeFromText(text);
+    return node ? insertAt(target, node) : TreeItem();
+}
+
+TreeItem NodeText::insertAt(const TreeItem &target, Node node) {
+    const Node parent = builder_.registry().Item(target);
+    TreeItem relItem = target;
+    controls::Relationship relationship = controls::Relationship::Child;
+    switch (parent.nodeType()) {
+    case NodeType::Document:
+        if (node.nodeType() != NodeType::Comment && node.nodeType() != NodeType::Element)
+            return {};
+        tvw_.setTreeVisible(true);
+        return builder_.AddNodeToTree(relItem, node, false, relationship);
+    case NodeType::Element:
+        if (node.nodeType() == NodeType::Attribute)
+            return builder_.AddAttributeToTree(target, node, false);
+        return builder_.AddNodeToTree(relItem, node, false, relationship);
+    case NodeType::Attribute:
+    case NodeType::Comment:
+    case NodeType::Text:
+    case NodeType::CDATASection:
+    case NodeType::ProcessingInstruction:
+        return {};
+    default:
+        controls::showMessage(TypeName(parent));
+        return {};
+    }
+}
+
+} // namespace quillon::tree

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "tree/tree_builder.h"
+
+namespace quillon::tree {
+
+/// Turns XML text, as it comes from the clipboard or a drop, into a node under an item.
+class NodeText {
+public:
+    NodeText(const document::DocumentState &state, TreeBuilder &builder, controls::TreeView &tvw)
+        : state_(state), builder_(builder), tvw_(tvw) {}
+
+    /// Inserts the node that `text` stands for and returns its item, or none when nothing was
+    /// inserted: the root element of a document; else a comment, an attribute (name="value"), a
+    /// CDATA section or, for anything else, a text node, recognised in this order. The caller
+    /// marks the document modified. Raises what the DOM raises, e.g. for an invalid attribute
+    /// name.
+    controls::TreeItem InsertNodeFromText(const controls::TreeItem &target, const QString &text);
+
+private:
+    xml::Node nodeFromText(const QString &text) const;
+    controls::TreeItem insertAt(const controls::TreeItem &target, xml::Node node);
+
+    const document::DocumentState &state_;
+    TreeBuilder &builder_;
+    controls::TreeView &tvw_;
+};
+
+} // namespace quillon::tree

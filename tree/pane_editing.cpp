@@ -1,0 +1,142 @@
+#include "tree/pane_editing.h"
+
+#include "platform/controls/message_box.h"
+#include "platform/runtime/error.h"
+#include "platform/runtime/strings.h"
+#include "resources/texts.h"
+
+#include <QSignalBlocker>
+
+namespace quillon::tree {
+
+using controls::TreeItem;
+using xml::Node;
+using xml::NodeType;
+
+PaneEditing::PaneEditing(document::DocumentState &state, const ViewOptions &options,
+                         TreeBuilder &builder, NodeRemoval &removal, LabelEditing &labels,
+                         const Selection &selection, controls::TreeView &tvw, EditPane &pane)
+    : state_(state), options_(options), builder_(builder), removal_(removal), labels_(labels),
+      selection_(selection), tvw_(tvw), pane_(pane) {}
+
+void PaneEditing::txtEdit_Change() {
+    const TreeItem item = tvw_.SelectedItem();
+    if (pane_.m_bFilling || !item)
+        return;
+    const Node node = selection_.GetSelectedDOMNode();
+    switch (node.nodeType()) {
+    case NodeType::Text:
+    case NodeType::Comment:
+    case NodeType::CDATASection:
+        changeText(item);
+        break;
+    case NodeType::Attribute:
+        changeAttribute(item, node);
+        break;
+    case NodeType::Document:
+        replaceDocument(item.Expanded());
+        break;
+    case NodeType::Element:
+    case NodeType::ProcessingInstruction:
+        // An instruction alone is no document, so its text never parses; that is meant so.
+        replaceElement(item, node, item.Expanded());
+        break;
+    case NodeType::None:
+        break;
+    default:
+        controls::showMessage(TypeName(node) + QStringLiteral(" edit is not implemented yet"));
+    }
+}
+
+void PaneEditing::changeText(const TreeItem &item) {
+    QString text = runtime::CRLFtoLF(pane_.textBox().Text());
+    if (options_.viewText)
+        TreeItem(item).setText(text);
+    pane_.m_bFilling = true;
+    // An empty text is refused there, so emptying the pane leaves the node as it was; that is
+    // meant so.
+    labels_.tvw_AfterLabelEdit(text);
+    pane_.m_bFilling = false;
+}
+
+void PaneEditing::changeAttribute(const TreeItem &item, const Node &node) {
+    const QString text = runtime::CRLFtoLF(pane_.textBox().Text());
+    const Node element = builder_.registry().Item(item.Parent());
+    try {
+        element.setAttribute(node.nodeName(), text);
+    } catch (const runtime::Error &) {
+        return;
+    }
+    if (options_.viewText)
+        TreeItem(item).setText(attributeCaption(node.nodeName(), text));
+    Q_EMIT documentModified();
+}
+
+xml::DOMDocument40 PaneEditing::parsedPane() {
+    xml::DOMDocument40 parsed = xml::DOMDocument40::create();
+    parsed.setAsync(false);
+    if (parsed.loadXML(pane_.textBox().utf8()))
+        return parsed;
+    Q_EMIT statusText(resources::texts::SyntaxError.toString());
+    return {};
+}
+
+void PaneEditing::replaceDocument(bool wasExpanded) {
+    xml::DOMDocument40 parsed = parsedPane();
+    if (!parsed)
+        return;
+    parsed.takeFileFormat(state_.m_DOM);
+    state_.m_DOM = parsed;
+    builder_.BuildTree(state_.m_DOM, true);
+    TreeItem first = tvw_.nodes().Item(1);
+    tvw_.setSelectedItem(first);
+    first.setExpanded(wasExpanded);
+    Q_EMIT documentModified();
+    Q_EMIT statusText(QString());
+}
+
+void PaneEditing::replaceElement(TreeItem item, const Node &node, bool wasExpanded) {
+    const xml::DOMDocument40 parsed = parsedPane();
+    if (!parsed)
+        return;
+    builder_.m_bNoSync = true;
+    tvw_.setTreeVisible(false);
+    TreeItem newItem;
+    if (node == state_.m_DOM.documentElement()) {
+        // m_bNoSync stays set from here on; that is meant so.
+        newItem = replaceRoot(item, parsed.documentElement());
+    } else {
+        Node copy = parsed.documentElement();
+        controls::Relationship relationship = controls::Relationship::Previous;
+        TreeItem relItem = item;
+        newItem = builder_.AddNodeToTree(relItem, copy, false, relationship);
+        builder_.m_bNoSync = false;
+        removeOld(item);
+    }
+    tvw_.setSelectedItem(newItem);
+    newItem.setExpanded(wasExpanded);
+    tvw_.setTreeVisible(true);
+    Q_EMIT documentModified();
+    Q_EMIT statusText(QString());
+}
+
+void PaneEditing::removeOld(const TreeItem &item) {
+    // What counts as modified, and as the state to come back to, is the document with the new
+    // element in place, shown as it was. The removal on its own is no such state.
+    const QSignalBlocker untilReplaced(removal_);
+    removal_.DeleteNode(item);
+}
+
+TreeItem PaneEditing::replaceRoot(const TreeItem &item, const Node &newRoot) {
+    removeOld(item);
+    state_.m_DOM.setDocumentElement(newRoot);
+    builder_.BuildTree(state_.m_DOM, false);
+    const Node root = state_.m_DOM.documentElement();
+    for (TreeItem child = tvw_.nodes().Item(1).Child(); child; child = child.Next()) {
+        if (selection_.GetDOMNode(child) == root)
+            return child;
+    }
+    return {};
+}
+
+} // namespace quillon::tree

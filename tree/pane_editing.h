@@ -1,0 +1,46 @@
+#pragma once
+
+#include "tree/label_editing.h"
+#include "tree/node_removal.h"
+#include "tree/selection.h"
+
+namespace quillon::tree {
+
+/// Carries what is typed into the edit pane over to the document, change by change.
+class PaneEditing : public QObject {
+    Q_OBJECT
+
+public:
+    PaneEditing(document::DocumentState &state, const ViewOptions &options, TreeBuilder &builder,
+                NodeRemoval &removal, LabelEditing &labels, const Selection &selection,
+                controls::TreeView &tvw, EditPane &pane);
+
+    /// Applies the pane's text to the selected node. Text that does not parse changes nothing and
+    /// is told in the status bar.
+    void txtEdit_Change();
+
+Q_SIGNALS:
+    void statusText(const QString &text);
+    void documentModified();
+
+private:
+    void changeText(const controls::TreeItem &item);
+    void changeAttribute(const controls::TreeItem &item, const xml::Node &node);
+    void replaceDocument(bool wasExpanded);
+    void replaceElement(controls::TreeItem item, const xml::Node &node, bool wasExpanded);
+    void removeOld(const controls::TreeItem &item);
+    controls::TreeItem replaceRoot(const controls::TreeItem &item, const xml::Node &newRoot);
+    /// The pane's text as a document of its own; none, after telling so, when it does not parse.
+    xml::DOMDocument40 parsedPane();
+
+    document::DocumentState &state_;
+    const ViewOptions &options_;
+    TreeBuilder &builder_;
+    NodeRemoval &removal_;
+    LabelEditing &labels_;
+    const Selection &selection_;
+    controls::TreeView &tvw_;
+    EditPane &pane_;
+};
+
+} // namespace quillon::tree

@@ -1,0 +1,90 @@
+#include "tree/selection.h"
+
+#include "platform/controls/message_box.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+
+namespace quillon::tree {
+
+using controls::TreeItem;
+using xml::Node;
+using xml::NodeType;
+
+namespace {
+
+/// What a path starts with: the caption of the document item and a separator.
+constexpr qsizetype DocumentPrefixLength = 10;
+
+} // namespace
+
+Selection::Selection(const document::DocumentState &state, const ViewOptions &options,
+                     const NodeRegistry &registry, controls::TreeView &tvw, EditPane &pane,
+                     controls::PathBox &cboPath)
+    : clipboardHasText([] { return !QGuiApplication::clipboard()->text().isEmpty(); }),
+      state_(state), options_(options), registry_(registry), tvw_(tvw), pane_(pane),
+      cboPath_(cboPath) {}
+
+Node Selection::GetDOMNode(const TreeItem &item) const {
+    return item && !registry_.isEmpty() ? registry_.Item(item) : Node();
+}
+
+Node Selection::GetSelectedDOMNode() const {
+    return GetDOMNode(tvw_.SelectedItem());
+}
+
+void Selection::ShowNode(const TreeItem &item, bool selectIt) {
+    const Node node = GetDOMNode(item);
+    if (!node)
+        return;
+    fillPane(item, node);
+    Q_EMIT buttonsChanged(buttonsFor(node));
+    if (selectIt && !(tvw_.SelectedItem() == item))
+        tvw_.setSelectedItem(item);
+    Q_EMIT statusText(QString());
+}
+
+void Selection::RefillPane(const TreeItem &item) {
+    if (const Node node = GetDOMNode(item))
+        fillPane(item, node);
+}
+
+void Selection::fillPane(const TreeItem &item, const Node &node) {
+    controls::TextBox &txtEdit = pane_.textBox();
+    switch (node.nodeType()) {
+    case NodeType::Element:
+    case NodeType::Document:
+        cboPath_.setText(item.FullPath().mid(DocumentPrefixLength) + QLatin1Char('/'));
+        pane_.fillMarkup(node.xml());
+        txtEdit.setLocked(state_.m_ReadOnly || options_.viewLock);
+        break;
+    case NodeType::Attribute:
+    case NodeType::Text:
+    case NodeType::Comment:
+    case NodeType::CDATASection:
+        pane_.fillValue(node.text());
+        txtEdit.setLocked(state_.m_ReadOnly);
+        break;
+    case NodeType::ProcessingInstruction:
+    case NodeType::DocumentType:
+        cboPath_.setText(QStringLiteral("/"));
+        pane_.fillValue(node.text());
+        txtEdit.setLocked(true);
+        break;
+    default:
+        controls::showMessage(TypeName(node) + QStringLiteral(" cannot modify"));
+    }
+}
+
+ClipboardButtons Selection::buttonsFor(const Node &node) const {
+    const NodeType kind = node.nodeType();
+    const bool selected = bool(tvw_.SelectedItem()) && kind != NodeType::Document;
+    const bool container = kind == NodeType::Element || kind == NodeType::Document;
+    ClipboardButtons buttons;
+    buttons.copy = selected;
+    buttons.cut = buttons.remove = selected && !state_.m_ReadOnly;
+    buttons.paste = !state_.m_ReadOnly && container && clipboardHasText();
+    return buttons;
+}
+
+} // namespace quillon::tree

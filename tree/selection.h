@@ -1,0 +1,64 @@
+#pragma once
+
+#include "document/state/document_state.h"
+#include "platform/controls/path_box.h"
+#include "platform/controls/tree_view.h"
+#include "tree/edit_pane.h"
+#include "tree/node_registry.h"
+#include "tree/view_options.h"
+
+#include <QObject>
+
+#include <functional>
+
+namespace quillon::tree {
+
+/// Which of the toolbar's clipboard buttons apply to the node shown.
+struct ClipboardButtons {
+    bool copy = false;
+    bool cut = false;
+    bool remove = false;
+    bool paste = false;
+};
+
+/// Makes a tree item the current one: its path in the path box, its content in the edit pane.
+class Selection : public QObject {
+    Q_OBJECT
+
+public:
+    Selection(const document::DocumentState &state, const ViewOptions &options,
+              const NodeRegistry &registry, controls::TreeView &tvw, EditPane &pane,
+              controls::PathBox &cboPath);
+
+    /// Shows an item, and selects it if selectIt says so. Nothing happens for no item or an item
+    /// without a node.
+    void ShowNode(const controls::TreeItem &item, bool selectIt);
+    /// Shows an item's path and content anew, without touching buttons, selection or status bar.
+    void RefillPane(const controls::TreeItem &item);
+
+    /// The node of an item; empty for no item.
+    xml::Node GetDOMNode(const controls::TreeItem &item) const;
+    xml::Node GetSelectedDOMNode() const;
+
+    /// Which buttons apply to a node while the tree has its present selection.
+    ClipboardButtons buttonsFor(const xml::Node &node) const;
+
+    /// Whether the clipboard holds text.
+    std::function<bool()> clipboardHasText;
+
+Q_SIGNALS:
+    void statusText(const QString &text);
+    void buttonsChanged(const ClipboardButtons &buttons);
+
+private:
+    void fillPane(const controls::TreeItem &item, const xml::Node &node);
+
+    const document::DocumentState &state_;
+    const ViewOptions &options_;
+    const NodeRegistry &registry_;
+    controls::TreeView &tvw_;
+    EditPane &pane_;
+    controls::PathBox &cboPath_;
+};
+
+} // namespace quillon::tree

@@ -1,0 +1,222 @@
+#include "tree/tree_builder.h"
+
+#include "platform/controls/message_box.h"
+#include "platform/runtime/error.h"
+#include "platform/runtime/numbers.h"
+#include "resources/messages.h"
+
+#include <QIcon>
+
+namespace quillon::tree {
+
+using controls::TreeItem;
+using xml::Node;
+using xml::NodeType;
+
+namespace {
+
+/// Counts the keys of the whole process and is never reset.
+qint32 g_lNodeSeq = 0;
+
+quint32 newNodeSequence() {
+    g_lNodeSeq = runtime::checkedAdd32(g_lNodeSeq, 1);
+    return static_cast<quint32>(g_lNodeSeq);
+}
+
+/// The kinds that have a place in the tree below an element or the document.
+bool isTreeKind(NodeType kind) {
+    switch (kind) {
+    case NodeType::Element:
+    case NodeType::Attribute:
+    case NodeType::Comment:
+    case NodeType::Text:
+    case NodeType::CDATASection:
+    case NodeType::ProcessingInstruction:
+    case NodeType::DocumentType:
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// Adds an item for every node of a walk.
+class Mirror final : public xml::NodeVisitor {
+public:
+    Mirror(controls::Nodes &nodes, NodeRegistry &registry, const TreeItem &relItem,
+           controls::Relationship relationship)
+        : nodes_(nodes), registry_(registry), relationship_(relationship), path_{relItem} {}
+
+    void enter(quint32 number, NodeType kind) override {
+        const quint32 sequence = newNodeSequence();
+        const bool top = path_.size() == 1;
+        path_.push_back(nodes_.Add(path_.back(),
+                                   top ? relationship_ : controls::Relationship::Child, sequence));
+        registry_.setNumber(sequence, number);
+        if (top)
+            topItem_ = path_.back();
+        if (!isTreeKind(kind) && kind != NodeType::Document)
+            strangers_.push_back(sequence);
+    }
+    void leave() override { path_.pop_back(); }
+
+    TreeItem topItem() const { return topItem_; }
+    /// The items of kinds that have no place in the tree.
+    const std::vector<quint32> &strangers() const { return strangers_; }
+
+private:
+    controls::Nodes &nodes_;
+    NodeRegistry &registry_;
+    controls::Relationship relationship_;
+    std::vector<TreeItem> path_;
+    TreeItem topItem_;
+    std::vector<quint32> strangers_;
+};
+
+} // namespace
+
+QString NewNodeKey() {
+    return QString::number(newNodeSequence()) + QStringLiteral("Node");
+}
+
+TreeBuilder::TreeBuilder(document::DocumentState &state, const ViewOptions &options,
+                         controls::TreeView &tvw)
+    : state_(state), tvw_(tvw), captions_(m_dicNode, options) {
+    tvw_.nodes().setCaptionSource(&captions_);
+    QList<QIcon> images;
+    for (const QString &key : imageKeys())
+        images.append(QIcon(QStringLiteral(":/icons/tree/") + key + QStringLiteral(".svg")));
+    tvw_.nodes().setImageList(images);
+}
+
+void TreeBuilder::BuildTree(const xml::DOMDocument40 &document, bool visibleAfter) {
+    if (document.isNull())
+        return;
+    tvw_.setTreeVisible(false);
+    tvw_.nodes().Clear();
+    m_dicNode.reset(document, static_cast<quint32>(g_lNodeSeq) + 1);
+    mirror(TreeItem(), document.node(), Relationship::Child);
+    tvw_.setTreeVisible(visibleAfter);
+}
+
+TreeItem TreeBuilder::AddNodeToTree(TreeItem &relItem, Node &node, bool treeOnly,
+                                    Relationship &relationship) {
+    if (!treeOnly && !insertIntoDom(relItem, node, relationship))
+        return {};
+    return mirror(relItem, node, relationship);
+}
+
+bool TreeBuilder::insertIntoDom(TreeItem &relItem, Node &node, Relationship &relationship) {
+    const bool before = relationship == Relationship::Previous;
+    const Node parent = m_dicNode.Item(before ? relItem.Parent() : relItem);
+    const Node ref = before ? m_dicNode.Item(relItem) : Node();
+    if (parent.nodeType() == NodeType::Document && refuseUnderDocument(node))
+        return false;
+    if (node.nodeType() == NodeType::Attribute) {
+        // The attribute is on its element already; its item goes behind the other attributes.
+        node = node.cloneNode(true);
+        for (TreeItem child = relItem.Child(); child; child = child.Next()) {
+            if (m_dicNode.Item(child).nodeType() != NodeType::Attribute) {
+                relItem = child;
+                relationship = Relationship::Previous;
+                break;
+            }
+        }
+        return true;
+    }
+    node = parent.insertBefore(node.cloneNode(true), ref);
+    if (node.nodeType() == NodeType::Element && parent.nodeType() != NodeType::Document &&
+        !m_bNoSync)
+        SyncPreview();
+    return true;
+}
+
+bool TreeBuilder::refuseUnderDocument(const Node &copy) {
+    switch (copy.nodeType()) {
+    case NodeType::Text:
+    case NodeType::Attribute:
+    case NodeType::CDATASection:
+        return true;
+    case NodeType::Element: {
+        if (!HasRootElement())
+            return false;
+        const QString text = resources::messageText(9);
+        Q_EMIT statusText(text);
+        controls::showMessage(text, controls::message_style::Exclamation);
+        return true;
+    }
+    default:
+        return false;
+    }
+}
+
+TreeItem TreeBuilder::mirror(const TreeItem &relItem, const Node &node, Relationship relationship) {
+    Mirror mirror(tvw_.nodes(), m_dicNode, relItem, relationship);
+    const bool whole = node.nodeType() == NodeType::Document;
+    const quint32 expected = whole ? node.ownerDocument().maxNodeCount() : 0;
+    m_dicNode.reserve(expected);
+    tvw_.nodes().beginBuild(static_cast<int>(expected));
+    try {
+        xml::visitSubtree(node, mirror);
+    } catch (...) {
+        tvw_.nodes().endBuild();
+        throw;
+    }
+    tvw_.nodes().endBuild();
+    for (const quint32 sequence : mirror.strangers())
+        controls::showMessage(TypeName(m_dicNode.Item(sequence)) +
+                              QStringLiteral(" is added to tree"));
+    return mirror.topItem();
+}
+
+TreeItem TreeBuilder::AddAttributeToTree(const TreeItem &elemItem, Node &attr, bool treeOnly) {
+    QString name;
+    if (!treeOnly) {
+        const Node element = m_dicNode.Item(elemItem);
+        name = attr.nodeName();
+        const Node existing = element.getAttributeNode(name);
+        if (!existing) {
+            attr = element.attributes().setNamedItem(attr);
+        } else {
+            // The present item keeps its caption; a second one may follow below.
+            for (TreeItem child = elemItem.Child(); child; child = child.Next()) {
+                if (m_dicNode.Item(child) == existing)
+                    child.pinText();
+            }
+            try {
+                existing.setNodeValue(attr.nodeValue());
+            } catch (const runtime::Error &) {
+                // A value that the DOM refuses is not reported; that is meant so.
+            }
+        }
+    }
+    for (TreeItem child = elemItem.Child(); child; child = child.Next()) {
+        if (child.Text() == name)
+            return {};
+    }
+    TreeItem relItem = elemItem;
+    Relationship relationship = Relationship::Child;
+    return AddNodeToTree(relItem, attr, treeOnly, relationship);
+}
+
+bool TreeBuilder::HasRootElement() const {
+    for (TreeItem child = tvw_.nodes().Item(1).Child(); child; child = child.Next()) {
+        if (m_dicNode.Item(child).nodeType() == NodeType::Element)
+            return true;
+    }
+    return false;
+}
+
+void TreeBuilder::ExpandSubtree(const TreeItem &item) {
+    tvw_.nodes().setExpandedSubtree(item, true);
+}
+
+void TreeBuilder::CollapseSubtree(const TreeItem &item) {
+    tvw_.nodes().setExpandedSubtree(item, false);
+}
+
+void TreeBuilder::SyncPreview() {
+    if (!m_bNoSync)
+        Q_EMIT syncPreviewRequested();
+}
+
+} // namespace quillon::tree

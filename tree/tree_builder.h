@@ -1,0 +1,81 @@
+#pragma once
+
+#include "document/state/document_state.h"
+#include "platform/controls/tree_view.h"
+#include "tree/node_captions.h"
+#include "tree/node_registry.h"
+#include "tree/view_options.h"
+
+#include <QObject>
+
+namespace quillon::tree {
+
+/// A key that no tree item of this run of the program has had: a number counted up by one,
+/// followed by "Node". Raises Overflow past 2147483647.
+QString NewNodeKey();
+
+/// Builds the tree from the document and grows it. No other class adds tree items, so the tree
+/// and the DOM never differ in structure. Owns the registry of the nodes the items show.
+class TreeBuilder : public QObject {
+    Q_OBJECT
+
+public:
+    using Relationship = controls::Relationship;
+    using TreeItem = controls::TreeItem;
+
+    TreeBuilder(document::DocumentState &state, const ViewOptions &options,
+                controls::TreeView &tvw);
+
+    const NodeRegistry &registry() const { return m_dicNode; }
+    NodeRegistry &registry() { return m_dicNode; }
+
+    /// Empties the tree and builds it from `document`, every item collapsed; nothing happens for
+    /// no document. With visibleAfter false the tree stays hidden for the caller to show it.
+    void BuildTree(const xml::DOMDocument40 &document, bool visibleAfter);
+
+    /// Adds an item for `node`, as the last child of relItem or ahead of it. With treeOnly the
+    /// DOM is left alone; else a deep copy of the node is put into the DOM at the same place and
+    /// `node` becomes that copy. An attribute goes after the element's other attributes, for
+    /// which relItem and relationship may be changed. Returns the item, or none where the kind may
+    /// not stand. Every entity reference, and any other kind without a place in the tree, is
+    /// reported in a message box but added all the same; that is meant so.
+    TreeItem AddNodeToTree(TreeItem &relItem, xml::Node &node, bool treeOnly,
+                           Relationship &relationship);
+
+    /// Adds an item for an attribute of the element that elemItem shows. Without treeOnly the
+    /// attribute is first set on the element, or its value given to the one of the same name.
+    /// Returns none when an item with that caption is there already. `attr` becomes the node that
+    /// the item shows: in insertion that is a copy, not the attribute on the element; that is
+    /// meant so.
+    TreeItem AddAttributeToTree(const TreeItem &elemItem, xml::Node &attr, bool treeOnly);
+
+    /// Whether a child item of the document item shows an element.
+    bool HasRootElement() const;
+
+    /// Expands (collapses) everything from an item down.
+    void ExpandSubtree(const TreeItem &item);
+    void CollapseSubtree(const TreeItem &item);
+
+    /// Asks for a fresh preview after the tree has changed, unless m_bNoSync is set.
+    void SyncPreview();
+
+    /// Set while the edit pane replaces an element, so that the insertion asks for no preview.
+    bool m_bNoSync = false;
+
+Q_SIGNALS:
+    /// A text for the status bar.
+    void statusText(const QString &text);
+    void syncPreviewRequested();
+
+private:
+    bool insertIntoDom(TreeItem &relItem, xml::Node &node, Relationship &relationship);
+    bool refuseUnderDocument(const xml::Node &copy);
+    TreeItem mirror(const TreeItem &relItem, const xml::Node &node, Relationship relationship);
+
+    document::DocumentState &state_;
+    controls::TreeView &tvw_;
+    NodeRegistry m_dicNode;
+    NodeCaptions captions_;
+};
+
+} // namespace quillon::tree
