@@ -56,6 +56,7 @@ private:
 
     void showStatus(const QString &text);
     void enableDocumentButtons(bool enabled);
+    void enableClipboardButtons(const tree::ClipboardButtons &buttons);
     void changeSubtree(void (tree::TreeBuilder::*change)(const controls::TreeItem &));
     QString handle() const;
 

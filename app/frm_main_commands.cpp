@@ -99,11 +99,21 @@ void frmMain::connectButtons() {
         cboPath->setText(QString());
         editor_->history.release();
     });
+    connect(&editor_->selection, &tree::Selection::buttonsChanged, this,
+            &frmMain::enableClipboardButtons);
     edit::UndoHistory &history = editor_->history;
+    connect(&history, &edit::UndoHistory::buttonsChanged, this, &frmMain::enableClipboardButtons);
     connect(&history, &edit::UndoHistory::undoButtonChanged, this,
             [this](bool enabled) { actions_.setToolButtonEnabled(u"undo", enabled); });
     connect(&history, &edit::UndoHistory::redoButtonChanged, this,
             [this](bool enabled) { actions_.setToolButtonEnabled(u"redo", enabled); });
+}
+
+void frmMain::enableClipboardButtons(const tree::ClipboardButtons &buttons) {
+    actions_.setToolButtonEnabled(u"copy", buttons.copy);
+    actions_.setToolButtonEnabled(u"cut", buttons.cut);
+    actions_.setToolButtonEnabled(u"delete", buttons.remove);
+    actions_.setToolButtonEnabled(u"paste", buttons.paste);
 }
 
 void frmMain::enableDocumentButtons(bool enabled) {

@@ -5,6 +5,7 @@
 namespace quillon::bench {
 
 /// Measures the DOM on one file, side by side with the bare parser and another library's tree.
-void measureDom(const std::string &path);
+/// `limited`: the figures have limits for this kind of file.
+void measureDom(const std::string &path, bool limited);
 
 } // namespace quillon::bench

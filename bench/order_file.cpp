@@ -11,10 +11,11 @@ std::string orderRecords(std::size_t bytes) {
     for (int id = 1; out.size() < bytes; ++id) {
         out += "  <order id=\"" + std::to_string(id) + "\" date=\"2026-" +
                std::to_string(10 + id % 3) + "-" + std::to_string(10 + id % 18) +
-               "\">\n    <customer>山田" + std::to_string(random() % 997) + "</customer>\n";
+               "\">\n    <customer>株式会社山田商店 第" + std::to_string(random() % 997) +
+               "営業所</customer>\n";
         for (unsigned item = 0, count = 1 + random() % 4; item < count; ++item)
-            out += "    <item n=\"" + std::to_string(item) + "\"><code>A" +
-                   std::to_string(random() % 9999) + "</code><qty>" + std::to_string(item + 1) +
+            out += "    <item n=\"" + std::to_string(item) + "\"><code>A-" +
+                   std::to_string(10000 + random() % 89999) + "</code><qty>" + std::to_string(item + 1) +
                    "</qty></item>\n";
         out += "  </order>\n";
     }

@@ -1,6 +1,7 @@
 #include "edit/undo_history.h"
 
-#include <algorithm>
+#include <unordered_map>
+#include <unordered_set>
 
 namespace quillon::edit {
 
@@ -27,6 +28,7 @@ void UndoHistory::ResetUndoHistory() {
     // The document item counts as expanded, whatever the tree shows.
     info->AddExpand(static_cast<qint32>(state_.m_DOM.node().number()));
     info->setNodeKey(tvw_.nodes().Item(1).Key());
+    info->setSelectedNode(selection_.GetSelectedDOMNode().number());
     m_Undo->Action(std::move(info));
     Q_EMIT undoButtonChanged(false);
     Q_EMIT redoButtonChanged(false);
@@ -49,21 +51,29 @@ void UndoHistory::TakeSnapshot() {
 }
 
 void UndoHistory::restore(const clsUndoInfo &info) {
-    const quint32 selectedNow = selection_.GetSelectedDOMNode().number();
+    const std::vector<quint32> path = selectedPath();
     state_.m_DOM = info.xml().clone();
     builder_.BuildTree(state_.m_DOM, false);
-    std::vector<qint32> expand = info.ExpandIndex();
-    std::sort(expand.begin(), expand.end());
+    std::unordered_set<quint32> expand(info.ExpandIndex().begin(), info.ExpandIndex().end());
+    std::unordered_map<quint32, std::size_t> depths;
+    for (std::size_t depth = 0; depth < path.size(); ++depth)
+        depths[path[depth]] = depth;
     std::vector<TreeItem> expanded;
+    // The lowest item that still shows a node of the path.
     TreeItem now;
+    std::size_t nowDepth = path.size();
     TreeItem then;
     builder_.registry().forEach([&](quint32 sequence, quint32 number) {
-        if (std::binary_search(expand.begin(), expand.end(), static_cast<qint32>(number)))
-            expanded.push_back(tvw_.nodes().bySequence(sequence));
-        if (number == selectedNow)
-            now = tvw_.nodes().bySequence(sequence);
+        const auto item = [&] { return tvw_.nodes().bySequence(sequence); };
+        if (expand.count(number) != 0)
+            expanded.push_back(item());
         if (number == info.selectedNode())
-            then = tvw_.nodes().bySequence(sequence);
+            then = item();
+        const auto depth = depths.find(number);
+        if (depth != depths.end() && depth->second < nowDepth) {
+            now = item();
+            nowDepth = depth->second;
+        }
     });
     for (TreeItem &item : expanded)
         item.setExpanded(true);
@@ -73,6 +83,13 @@ void UndoHistory::restore(const clsUndoInfo &info) {
     }
     tvw_.setTreeVisible(true);
     tvw_.setFocus();
+}
+
+std::vector<quint32> UndoHistory::selectedPath() const {
+    std::vector<quint32> path;
+    for (TreeItem item = tvw_.SelectedItem(); item; item = item.Parent())
+        path.push_back(builder_.registry().number(item.sequence()));
+    return path;
 }
 
 TreeItem UndoHistory::shownAncestor(TreeItem item) const {

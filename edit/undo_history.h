@@ -41,6 +41,8 @@ Q_SIGNALS:
 private:
     clsUndoRedo &history();
     void restore(const clsUndoInfo &info);
+    /// The numbers of the selected node and of those above it, from the bottom up.
+    std::vector<quint32> selectedPath() const;
     /// The item itself, or the lowest item above it that can be selected without expanding one.
     controls::TreeItem shownAncestor(controls::TreeItem item) const;
 

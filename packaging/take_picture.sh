@@ -28,9 +28,11 @@ windows() {
     done
 }
 
-# The window is shown once its document is loaded; until then there is at most the splash.
+# The window is shown once its document is loaded; until then there is at most the splash. A box
+# with a message is as far as the editor gets when nobody answers it.
 is_ready() {
-    [[ "$1" != *_NET_WM_WINDOW_TYPE_SPLASH* ]] && grep -q -- "$title\$" <<<"$1"
+    [[ "$1" == *_NET_WM_WINDOW_TYPE_DIALOG* ]] ||
+        { [[ "$1" != *_NET_WM_WINDOW_TYPE_SPLASH* ]] && grep -q -- "$title\$" <<<"$1"; }
 }
 
 # Number of polls for which nothing has changed: neither the windows nor, at the end, what they

@@ -23,7 +23,8 @@ Node NodeText::nodeFromText(const QString &text) const {
     const xml::DOMDocument40 &document = state_.m_DOM;
     if (like(text, u"<!--*-->"))
         return document.createComment(mid(text, 5, text.size() - 7).toString());
-    // Ahead of CDATA: a section that holds =" is taken for an attribute. That is meant so.
+    // The patterns are tried in this order, and the first that matches decides: an attribute goes
+    // ahead of instructions and CDATA sections.
     if (like(text, u"*=\"*\"")) {
         const qsizetype at = runtime::instr(text, u"=\"");
         const Node attribute = document.createAttribute(text.left(at - 1));

@@ -29,7 +29,7 @@ public:
     /// Receives the element's index in its control array, and its tag.
     using RunElement = std::function<void(int index, const QString &tag)>;
 
-    /// Fills a menu bar, which becomes the parent. The set of actions must outlive both.
+    /// Fills a menu bar, which becomes the parent. The set of actions must outlive this object.
     ActionMenus(ActionSet &actions, QMenuBar &bar);
 
     /// Has a function run each time a menu opens, ahead of the `enabled` functions of its entries;

@@ -11,8 +11,9 @@ PathBox::PathBox(QWidget *parent) : QComboBox(parent) {
     setInsertPolicy(QComboBox::NoInsert);
     setCompleter(nullptr);
     setDuplicatesEnabled(true);
-    // The width is the toolbar's to give, whatever is in the list.
+    // As wide as the toolbar has room, whatever is in the list.
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(30);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     view()->setTextElideMode(Qt::ElideMiddle);
     // By this the box would take text typed like an entry for a choice from the list.

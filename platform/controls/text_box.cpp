@@ -74,7 +74,7 @@ TextBox::TextBox(QWidget *parent) : QsciScintillaBase(parent) {
     send(SCI_SETMODEVENTMASK, notifications);
     connect(this, &TextBox::SCN_MODIFIED, this, &TextBox::textChanged);
     setUpView();
-    setTextFont(font().family(), font().pointSizeF());
+    setTextFont(font().family(), fontInfo().pointSizeF());
 }
 
 QByteArrayView TextBox::bytes() const {
@@ -94,10 +94,13 @@ QByteArray TextBox::utf8() const {
 void TextBox::setText(const QByteArray &utf8) {
     stopComposing();
     const QByteArray text = withLf(utf8);
-    if (text != bytes())
-        asOneChange([&] { replaceText(text); });
-    else
+    if (text == bytes()) {
         send(SCI_SETSEL, 0, 0);
+        return;
+    }
+    asOneChange([&] { replaceText(text); });
+    // Also in the midst of one of the user's actions: the caller has to know this for his own.
+    announceChange();
 }
 
 void TextBox::replaceText(const QByteArray &text) {

@@ -149,6 +149,9 @@ void TextBox::compose(QInputMethodEvent &event) {
     QsciScintillaBase::inputMethodEvent(&event);
     composing_ = !event.preeditString().isEmpty();
     if (!composing_) {
+        // Given up, it leaves behind the removal of the selection that it stood for.
+        if (writingUnfinished_ && send(SCI_CANUNDO))
+            send(SCI_UNDO);
         send(SCI_SETUNDOCOLLECTION, false);
         send(SCI_EMPTYUNDOBUFFER);
     }

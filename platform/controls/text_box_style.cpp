@@ -34,21 +34,22 @@ struct StyleRange {
 };
 
 constexpr std::array xmlStyles{
-    StyleRange{1, 2, tag},           // name of an element, with its opening bracket
-    StyleRange{3, 4, attribute},     // name of an attribute
-    StyleRange{5, 5, string},        // value without quotes
-    StyleRange{6, 7, string},        // value in double and in single quotes
-    StyleRange{8, 8, tag},           // anything else in a tag
-    StyleRange{9, 9, comment},       // comment
-    StyleRange{10, 10, entity},      // entity and character reference
-    StyleRange{11, 11, tag},         // end of an empty element
-    StyleRange{12, 13, instruction}, // brackets of an instruction
-    StyleRange{17, 17, cdata},       // CDATA section
-    StyleRange{18, 18, instruction}, // content of an instruction
-    StyleRange{19, 19, string},      // value without quotes
-    StyleRange{21, 28, instruction}, // document type
-    StyleRange{29, 30, comment},     // comment within it
-    StyleRange{31, 31, instruction}, // internal subset
+    StyleRange{1, 2, tag},             // name of an element, with its opening bracket
+    StyleRange{3, 4, attribute},       // name of an attribute
+    StyleRange{5, 5, string},          // value without quotes
+    StyleRange{6, 7, string},          // value in double and in single quotes
+    StyleRange{8, 8, tag},             // anything else in a tag
+    StyleRange{9, 9, comment},         // comment
+    StyleRange{10, 10, entity},        // entity and character reference
+    StyleRange{11, 11, tag},           // end of an empty element
+    StyleRange{12, 13, instruction},   // brackets of an instruction
+    StyleRange{17, 17, cdata},         // CDATA section
+    StyleRange{18, 18, instruction},   // content of an instruction
+    StyleRange{19, 19, string},        // value without quotes
+    StyleRange{21, 28, instruction},   // document type
+    StyleRange{29, 30, comment},       // comment within it
+    StyleRange{31, 31, instruction},   // internal subset
+    StyleRange{118, 127, instruction}, // content of a "<?php" instruction
 };
 
 constexpr int lineNumberMargin = 0;
@@ -87,6 +88,8 @@ void TextBox::setLanguage(Language language) {
         return;
     language_ = language;
     send(SCI_SETLEXER, language == Language::Xml ? SCLEX_XML : SCLEX_NULL);
+    if (language == Language::Plain)
+        send(SCI_CLEARDOCUMENTSTYLE);
     // What stands in a <script> is text like any other.
     SendScintilla(SCI_SETPROPERTY, "lexer.xml.allow.scripts", "0");
 }

@@ -2,6 +2,7 @@
 
 #include <QLineEdit>
 
+#include <algorithm>
 #include <limits>
 
 namespace quillon::controls {
@@ -50,6 +51,18 @@ QWidget *TreeDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem 
 }
 
 void TreeDelegate::setEditorData(QWidget *, const QModelIndex &) const {}
+
+void TreeDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
+                                        const QModelIndex &index) const {
+    // Not as wide as the contents but within the viewport, and never too narrow to type in.
+    constexpr int UsefulWidth = 120;
+    QStyledItemDelegate::updateEditorGeometry(editor, option, index);
+    QRect rect = editor->geometry();
+    const int viewportWidth = editor->parentWidget()->width();
+    rect.setLeft(std::max(0, std::min(rect.left(), viewportWidth - UsefulWidth)));
+    rect.setRight(viewportWidth - 1);
+    editor->setGeometry(rect);
+}
 
 void TreeDelegate::setModelData(QWidget *editor, QAbstractItemModel *,
                                 const QModelIndex &index) const {

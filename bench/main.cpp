@@ -1,0 +1,64 @@
+#include "bench/dom_bench.h"
+#include "bench/open_bench.h"
+#include "bench/order_file.h"
+#include "bench/report.h"
+
+#include <QString>
+#include <QTemporaryDir>
+
+#include <cstring>
+#include <fstream>
+
+namespace {
+
+using quillon::bench::row;
+
+struct Input {
+    const char *title;
+    std::string content;
+    /// Limits for opening; 0 for none.
+    double milliseconds;
+    double megabytes;
+};
+
+std::string write(const QTemporaryDir &folder, const char *name, const std::string &content) {
+    const std::string path = folder.filePath(QString::fromLatin1(name)).toStdString();
+    std::ofstream(path, std::ios::binary) << content;
+    return path;
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+    if (argc == 3 && std::strcmp(argv[1], "--open") == 0) {
+        int programOnly = 1;
+        return quillon::bench::openAndPrint(programOnly, argv, argv[2]);
+    }
+    if (argc != 1) {
+        std::puts("quillon_bench: measures on files it makes itself and prints a table. Figures\n"
+                  "are the best of several runs; compare those of one table with each other.");
+        return argc == 2 && std::strcmp(argv[1], "--help") == 0 ? 0 : 2;
+    }
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QTemporaryDir folder;
+    const Input inputs[] = {
+        {"0.6 MB of order records", quillon::bench::orderRecords(600'000), 1000, 0},
+        {"7.7 MB of order records", quillon::bench::orderRecords(7'700'000), 0, 0},
+        {"77 MB of order records", quillon::bench::orderRecords(77'000'000), 3000, 1024},
+        {"1,000,000 children of one element", quillon::bench::flatDocument(1'000'000), 0, 0},
+        {"100,000 nested elements", quillon::bench::deepDocument(100'000), 0, 0},
+    };
+    for (const Input &input : inputs) {
+        std::printf("%s (%.1f MB)\n", input.title, double(input.content.size()) / 1e6);
+        const bool isOrders = input.content.find("<orders>") != std::string::npos;
+        const std::string path = write(folder, "input.xml", input.content);
+        quillon::bench::measureDom(path, isOrders);
+        const auto figures = quillon::bench::measureOpening(argv[0], path);
+        row("start and open, until the window is idle", figures.milliseconds, "ms",
+            input.milliseconds);
+        row("peak memory with the file open", figures.peakMegabytes, "MB", input.megabytes);
+        if (isOrders)
+            row("one keystroke in a text node's pane", figures.keystrokeMilliseconds, "ms", 16);
+    }
+    return 0;
+}

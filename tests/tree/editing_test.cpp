@@ -1,0 +1,354 @@
+#include "tests/support/editor_window.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTest>
+
+namespace quillon::test {
+
+namespace {
+
+constexpr auto Sample =
+    "<?xml version='1.0'?><!--note--><!DOCTYPE doc [<!ENTITY e 'x'>]>"
+    "<doc id='1'><a k='v\nw'/><b>one\ntwo</b><![CDATA[raw]]></doc>";
+
+class EditingTest : public EditorWindow {
+protected:
+    tree::LabelEditing &labels() { return editor().labels; }
+    /// Applies a label edit to the selected item as the tree would.
+    bool rename(const QString &text) {
+        QString newString = text;
+        const bool accepted = labels().tvw_AfterLabelEdit(newString);
+        if (accepted)
+            tvw().SelectedItem().setText(newString);
+        return accepted;
+    }
+    QString selected() { return tvw().SelectedItem().Text(); }
+    controls::TreeItem paste(const QString &target, const QString &text) {
+        return editor().nodeText.InsertNodeFromText(item(target), text);
+    }
+    bool modified() { return std::exchange(state().m_Modified, false); }
+};
+
+TEST_F(EditingTest, ShowingANodeFillsPathAndPane) {
+    open(Sample);
+    const struct {
+        QString caption;
+        const char *path;
+        const char *pane;
+        bool locked;
+    } cases[] = {
+        {"#document", "/", nullptr, false},
+        {"a", "doc/a/", "<a k='v\r\nw'/>", false},
+        {"k=\"v\nw\"", "doc/a/", "v\r\nw", false},
+        {"one\ntwo", "doc/a/", "one\r\ntwo", false},
+        {"raw", "doc/a/", "raw", false},
+        {"note", "doc/a/", "note", false},
+        {"xml", "/", "version='1.0'", true},
+    };
+    for (const auto &c : cases) {
+        select(c.caption);
+        EXPECT_EQ(cboPath().Text(), c.path) << c.caption.toStdString();
+        EXPECT_EQ(txtEdit().Text(), c.pane ? QString(c.pane) : QString(Sample).replace("\n", "\r\n"))
+            << c.caption.toStdString();
+        EXPECT_EQ(txtEdit().Locked(), c.locked) << c.caption.toStdString();
+        EXPECT_EQ(selected(), c.caption);
+    }
+    state().m_ReadOnly = true;
+    select("a");
+    EXPECT_TRUE(txtEdit().Locked());
+    state().m_ReadOnly = false;
+    editor().options.viewLock = true;
+    select("a");
+    EXPECT_TRUE(txtEdit().Locked());
+    select("id=\"1\"");
+    EXPECT_FALSE(txtEdit().Locked());
+    // The document type, named like the root element.
+    editor().selection.ShowNode(item("doc"), true);
+    EXPECT_EQ(editor().selection.GetSelectedDOMNode().nodeType(), xml::NodeType::DocumentType);
+    EXPECT_TRUE(txtEdit().Locked());
+    EXPECT_EQ(cboPath().Text(), "/");
+}
+
+TEST_F(EditingTest, ButtonsFollowTheNodeShown) {
+    open(Sample);
+    QGuiApplication::clipboard()->setText("text");
+    const auto buttons = [&] {
+        const tree::Selection &selection = editor().selection;
+        const tree::ClipboardButtons applies = selection.buttonsFor(selection.GetSelectedDOMNode());
+        QString out;
+        for (const bool on : {applies.copy, applies.cut, applies.remove, applies.paste})
+            out += on ? '1' : '0';
+        return out;
+    };
+    select("#document");
+    EXPECT_EQ(buttons(), "0001");
+    select("a");
+    EXPECT_EQ(buttons(), "1111");
+    select("note");
+    EXPECT_EQ(buttons(), "1110");
+    state().m_ReadOnly = true;
+    select("a");
+    EXPECT_EQ(buttons(), "1000");
+    state().m_ReadOnly = false;
+    QGuiApplication::clipboard()->clear();
+    select("a");
+    EXPECT_EQ(buttons(), "1110");
+}
+
+TEST_F(EditingTest, TypingAValueChangesTheNode) {
+    open(Sample);
+    select("one\ntwo");
+    type("three\r\nfour");
+    EXPECT_EQ(state().m_DOM.documentElement().childNodes().item(1).text(), "three\nfour");
+    EXPECT_EQ(selected(), "three\nfour");
+    EXPECT_EQ(form->windowTitle(), "doc.xml * - Quillon XML Editor");
+    EXPECT_TRUE(button(u"undo"));
+    EXPECT_EQ(txtEdit().Text(), "three\r\nfour");
+    // Emptying the pane empties the caption and leaves the text.
+    type("");
+    EXPECT_EQ(selected(), "");
+    EXPECT_EQ(state().m_DOM.documentElement().childNodes().item(1).text(), "three\nfour");
+
+    select("k=\"v\nw\"");
+    type("<\">");
+    EXPECT_EQ(selected(), "k=\"<\">\"");
+    EXPECT_TRUE(xml().contains("<a k='&lt;\"&gt;'/>"));
+    select("note");
+    type("changed");
+    select("raw");
+    type("new ]]> raw");
+    EXPECT_TRUE(xml().contains("<!--changed-->"));
+    EXPECT_TRUE(xml().contains("<![CDATA[new ]]]]><![CDATA[> raw]]>"));
+}
+
+TEST_F(EditingTest, TypingMarkupReplacesTheElementInItsPlace) {
+    open("<doc>\n\n  <a><x/></a>\n  <b/>\n</doc>");
+    item("a").setExpanded(true);
+    select("a");
+    type("<a><x/");
+    EXPECT_EQ(status(), "構文エラー");
+    EXPECT_FALSE(state().m_Modified);
+    EXPECT_EQ(xml(), "<doc>\n\n  <a><x/></a>\n  <b/>\n</doc>");
+    type("<a2 n='1'>\r\n<x/></a2>");
+    EXPECT_EQ(status(), "");
+    EXPECT_EQ(xml(), "<doc>\n\n  <a2 n='1'>\n<x/></a2>\n  <b/>\n</doc>");
+    EXPECT_EQ(selected(), "a2");
+    EXPECT_EQ(captions(item("doc")), QStringList({"a2", "b"}));
+    EXPECT_TRUE(item("a2").Expanded());
+    EXPECT_EQ(txtEdit().Text(), "<a2 n='1'>\r\n<x/></a2>");
+    EXPECT_FALSE(editor().builder.m_bNoSync);
+    editor().history.UndoCommand();
+    EXPECT_EQ(xml(), "<doc>\n\n  <a><x/></a>\n  <b/>\n</doc>");
+    EXPECT_EQ(selected(), "doc") << "the element before is another node";
+}
+
+TEST_F(EditingTest, TypingInTheRootElementKeepsWhatIsAroundIt) {
+    const QByteArray before = "<?xml version='1.0'?>\r\n<!--a-->\r\n\r\n<doc><x/></doc>\r\n<!--b-->\r\n";
+    open(before);
+    select("doc");
+    for (const char *text : {"<doc><x/>1</doc>", "<doc><x/>12</doc>"})
+        type(text);
+    editor().commands.SaveFile(path("doc.xml"));
+    EXPECT_EQ(read("doc.xml"), QByteArray(before).replace("<x/>", "<x/>12"));
+    EXPECT_EQ(selected(), "doc");
+    EXPECT_TRUE(item("doc").Expanded());
+    EXPECT_TRUE(tvw().treeVisible());
+    // From now on the tree asks for no preview; that is meant so.
+    EXPECT_TRUE(editor().builder.m_bNoSync);
+    editor().history.UndoCommand();
+    EXPECT_TRUE(xml().contains("<doc><x/>1</doc>")) << "no state is without a root";
+    editor().history.RedoCommand();
+    EXPECT_TRUE(xml().contains("<doc><x/>12</doc>"));
+}
+
+TEST_F(EditingTest, TypingInTheDocumentReplacesItWhole) {
+    write("doc.xml", "\xEF\xBB\xBF<doc>\r\n</doc>\r\n");
+    ASSERT_TRUE(form->OpenFile(path("doc.xml")));
+    select("#document");
+    type("<!--new--><doc>\r\n<y/></doc>\r\n");
+    EXPECT_EQ(captions(tvw().nodes().Item(1)), QStringList({"new", "doc"}));
+    EXPECT_TRUE(tvw().nodes().Item(1).Expanded());
+    EXPECT_EQ(selected(), "#document");
+    type("no markup");
+    EXPECT_EQ(status(), "構文エラー");
+    EXPECT_TRUE(item("new"));
+    state().m_DOM.save(path("doc.xml"));
+    EXPECT_EQ(read("doc.xml"), "\xEF\xBB\xBF<!--new--><doc>\r\n<y/></doc>\r\n");
+}
+
+TEST_F(EditingTest, KindsThatCannotBeEditedSaySo) {
+    dialogs.answerMessage(1);
+    open("<!DOCTYPE r [<!ENTITY e 'x'>]><r>&e;</r>");
+    select("r");
+    dialogs.answerMessage(1);
+    select("e");
+    EXPECT_EQ(dialogs.messages.back().text, "IXMLDOMEntityReference cannot modify");
+    dialogs.answerMessage(1);
+    type("y");
+    EXPECT_EQ(dialogs.messages.back().text, "IXMLDOMEntityReference edit is not implemented yet");
+    dialogs.answerMessage(1);
+    EXPECT_FALSE(rename("y"));
+    EXPECT_EQ(dialogs.messages.back().text,
+              "IXMLDOMEntityReference labeledit is not implemented yet");
+    dialogs.answerMessage(1);
+    editor().removal.DeleteNode(item("e"));
+    EXPECT_EQ(dialogs.messages.back().text, "IXMLDOMEntityReference cannot delete");
+    EXPECT_FALSE(item("e"));
+    EXPECT_TRUE(xml().contains("<r>&e;</r>"));
+    EXPECT_TRUE(state().m_Modified);
+}
+
+TEST_F(EditingTest, RenamingAnElementReversesWhatIsInIt) {
+    open("<doc>\n  <p i='1' j='2'>\n    <a/>\n    <b/>\n    <c/>\n  </p>\n</doc>");
+    select("p");
+    EXPECT_TRUE(rename("新しい"));
+    EXPECT_EQ(xml().toStdString(),
+              "<doc>\n  <新しい j='2' i='1'>\n    <c/>\n    <b/>\n    <a/>\n  </新しい>\n</doc>");
+    EXPECT_EQ(captions(item("新しい")), QStringList({"i=\"1\"", "j=\"2\"", "a", "b", "c"}));
+    EXPECT_EQ(txtEdit().Text(), "/doc/新しい");
+    EXPECT_TRUE(modified());
+    select("doc");
+    EXPECT_TRUE(rename("top"));
+    EXPECT_EQ(txtEdit().Text(), "/top");
+    EXPECT_EQ(state().m_DOM.documentElement().nodeName(), "top");
+    EXPECT_EQ(editor().builder.registry().Item(item("#document")), state().m_DOM.node());
+    modified();
+    const QByteArray before = xml();
+    dialogs.answerMessage(1);
+    EXPECT_FALSE(rename("not a name"));
+    EXPECT_EQ(dialogs.messages.back().style, 48);
+    EXPECT_FALSE(rename(""));
+    EXPECT_EQ(xml(), before);
+    EXPECT_FALSE(modified());
+}
+
+TEST_F(EditingTest, RenamingAttributes) {
+    open("<doc id='1' other='2'/>");
+    select("id=\"1\"");
+    EXPECT_EQ(labels().editorText(item("id=\"1\"")), "id");
+    EXPECT_TRUE(rename("id"));
+    EXPECT_EQ(selected(), "id=\"1\"");
+    EXPECT_FALSE(modified());
+    dialogs.answerMessage(1);
+    EXPECT_FALSE(rename("other"));
+    EXPECT_EQ(dialogs.messages.back().text, "Already Exists. Cannot change");
+    EXPECT_EQ(xml(), "<doc id='1' other='2'/>");
+    EXPECT_TRUE(rename("key"));
+    EXPECT_EQ(selected(), "key=\"1\"");
+    EXPECT_EQ(xml(), "<doc other='2' key=\"1\"/>");
+    EXPECT_EQ(txtEdit().Text(), "1");
+    EXPECT_TRUE(modified());
+    editor().options.viewText = false;
+    EXPECT_TRUE(rename("name"));
+    EXPECT_EQ(selected(), "name");
+    // The old attribute is gone although the new name is not valid; its item stays.
+    modified();
+    dialogs.answerMessage(1);
+    EXPECT_FALSE(rename("1 2"));
+    EXPECT_EQ(xml(), "<doc other='2'/>");
+    EXPECT_EQ(selected(), "name");
+    EXPECT_FALSE(modified());
+}
+
+TEST_F(EditingTest, WhichLabelsMayBeEdited) {
+    open(Sample);
+    const auto allowed = [&](const QString &caption) {
+        select(caption);
+        return labels().tvw_BeforeLabelEdit();
+    };
+    EXPECT_TRUE(allowed("a"));
+    EXPECT_TRUE(allowed("id=\"1\""));
+    EXPECT_TRUE(allowed("note"));
+    EXPECT_TRUE(allowed("xml")) << "refused afterwards";
+    EXPECT_FALSE(allowed("#document"));
+    EXPECT_FALSE(allowed("doc")) << "the document type";
+    editor().options.viewLock = true;
+    EXPECT_FALSE(allowed("a"));
+    EXPECT_FALSE(allowed("id=\"1\""));
+    EXPECT_TRUE(allowed("note"));
+    editor().options = {false, false};
+    editor().builder.BuildTree(state().m_DOM, true);
+    EXPECT_TRUE(allowed("a"));
+    EXPECT_FALSE(allowed("#comment"));
+    state().m_ReadOnly = true;
+    EXPECT_FALSE(allowed("a"));
+}
+
+TEST_F(EditingTest, ALabelIsEditedWithTheKeyboard) {
+    form->show();
+    open("<doc id='1'>text</doc>");
+    form->activateWindow();
+    tvw().setFocus();
+    select("id=\"1\"");
+    const auto edit = [&] {
+        QTest::keyClick(&tvw(), Qt::Key_F2);
+        return tvw().findChild<QLineEdit *>();
+    };
+    QLineEdit *line = edit();
+    ASSERT_TRUE(line);
+    EXPECT_EQ(line->text(), "id");
+    EXPECT_EQ(line->selectedText(), "id");
+    QTest::keyClicks(line, "key");
+    QTest::keyClick(line, Qt::Key_Return);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(xml(), "<doc key=\"1\">text</doc>");
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    line = edit();
+    ASSERT_TRUE(line);
+    QTest::keyClicks(line, "dropped");
+    QTest::keyClick(line, Qt::Key_Escape);
+    EXPECT_EQ(xml(), "<doc key=\"1\">text</doc>");
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    select("text");
+    line = edit();
+    ASSERT_TRUE(line);
+    QTest::keyClicks(line, "changed");
+    txtEdit().setFocus();
+    EXPECT_EQ(xml(), "<doc key=\"1\">changed</doc>") << "losing the focus commits";
+    EXPECT_EQ(txtEdit().Text(), "changed");
+}
+
+TEST_F(EditingTest, TextBecomesNodes) {
+    const struct {
+        QString text;
+        const char *inserted;
+    } cases[] = {
+        {"<x y='1'><z/></x>", "<x y='1'><z/></x>"},
+        {"<?xml version='1.0'?><!--c--><x/>", "<x/>"},
+        {"<!--note-->", "<!--note-->"},
+        {"<!---->", "<!---->"},
+        {"<![CDATA[a<b]]>", "<![CDATA[a<b]]>"},
+        {"plain & text", "plain &amp; text"},
+        {"<broken>", "&lt;broken&gt;"},
+        {"", ""},
+    };
+    for (const auto &c : cases) {
+        open("<doc>t</doc>");
+        EXPECT_TRUE(paste("doc", c.text)) << c.text.toStdString();
+        EXPECT_EQ(xml(), QByteArray("<doc>t") + c.inserted + "</doc>");
+    }
+    open("<doc><a/></doc>");
+    EXPECT_FALSE(paste("doc", "<?pi x?>"));
+    EXPECT_TRUE(paste("a", "id=\"v\"w\""));
+    EXPECT_EQ(xml(), "<doc><a id=\"v&quot;w\"/></doc>");
+    EXPECT_TRUE(paste("a", "id=\"2\"")) << "a second item while captions show values";
+    EXPECT_EQ(xml(), "<doc><a id=\"2\"/></doc>");
+    // What looks like an attribute must have a name that is valid.
+    EXPECT_ANY_THROW(paste("a", "not a name=\"1\""));
+    EXPECT_TRUE(paste("a", "<![CDATA[x=\"1\"]]>"));
+    EXPECT_FALSE(paste("id=\"2\"", "<x/>"));
+    EXPECT_FALSE(paste("#document", "text"));
+    EXPECT_TRUE(paste("#document", "<!--c-->"));
+    dialogs.answerMessage(1);
+    EXPECT_FALSE(paste("#document", "<second/>"));
+    EXPECT_EQ(dialogs.messages.back().text, "ルート要素がすでに存在します。");
+    EXPECT_EQ(xml(), "<doc><a id=\"2\"><![CDATA[x=\"1\"]]></a></doc>\n<!--c-->");
+    EXPECT_FALSE(editor().nodeText.InsertNodeFromText({}, "<x/>"));
+}
+
+} // namespace
+
+} // namespace quillon::test
