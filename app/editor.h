@@ -4,6 +4,7 @@
 #include "document/commands/document_loader.h"
 #include "edit/undo_history.h"
 #include "platform/system/settings_store.h"
+#include "platform/system/working_folder.h"
 #include "tree/label_editing.h"
 #include "tree/node_removal.h"
 #include "tree/node_text.h"
@@ -34,7 +35,7 @@ public:
            controls::PathBox &cboPath);
 
     const Surroundings surroundings;
-    const document::WorkingFolder workingFolder;
+    const system::WorkingFolder workingFolder;
     const document::RecentFiles recentFiles;
 
     document::DocumentState state;

@@ -5,9 +5,9 @@
 
 namespace quillon::app {
 
-/// What must be settled before Qt starts: room on the stack for the tree control, which lays
-/// nested levels out recursively, and no sandbox for the browser pane where it cannot work, that
-/// is for root.
+/// What must be settled before Qt starts: room on the stack for libraries that follow a deeply
+/// nested document recursively, and no sandbox for the browser pane where it cannot work, that is
+/// for root.
 void prepareProcess();
 
 /// The path that a command line names. The whole line is one path: arguments are joined by a

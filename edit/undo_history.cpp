@@ -50,34 +50,34 @@ void UndoHistory::TakeSnapshot() {
     Q_EMIT undoButtonChanged(true);
 }
 
-void UndoHistory::restore(const clsUndoInfo &info) {
+void UndoHistory::restore(const clsUndoInfo &info, quint32 changed) {
     const std::vector<quint32> path = selectedPath();
     state_.m_DOM = info.xml().clone();
     builder_.BuildTree(state_.m_DOM, false);
-    std::unordered_set<quint32> expand(info.ExpandIndex().begin(), info.ExpandIndex().end());
-    std::unordered_map<quint32, std::size_t> depths;
-    for (std::size_t depth = 0; depth < path.size(); ++depth)
-        depths[path[depth]] = depth;
+    const std::unordered_set<quint32> expand(info.ExpandIndex().begin(), info.ExpandIndex().end());
+    std::unordered_map<quint32, std::size_t> heights;
+    for (std::size_t height = 0; height < path.size(); ++height)
+        heights[path[height]] = height;
     std::vector<TreeItem> expanded;
+    TreeItem changedItem;
     // The lowest item that still shows a node of the path.
-    TreeItem now;
-    std::size_t nowDepth = path.size();
-    TreeItem then;
+    TreeItem lowest;
+    std::size_t lowestHeight = path.size();
     builder_.registry().forEach([&](quint32 sequence, quint32 number) {
         const auto item = [&] { return tvw_.nodes().bySequence(sequence); };
         if (expand.count(number) != 0)
             expanded.push_back(item());
-        if (number == info.selectedNode())
-            then = item();
-        const auto depth = depths.find(number);
-        if (depth != depths.end() && depth->second < nowDepth) {
-            now = item();
-            nowDepth = depth->second;
+        if (number == changed)
+            changedItem = item();
+        const auto height = heights.find(number);
+        if (height != heights.end() && height->second < lowestHeight) {
+            lowest = item();
+            lowestHeight = height->second;
         }
     });
     for (TreeItem &item : expanded)
         item.setExpanded(true);
-    if (const TreeItem item = shownAncestor(now ? now : then)) {
+    if (const TreeItem item = shownAncestor(changedItem ? changedItem : lowest)) {
         tvw_.setSelectedItem(item);
         selection_.RefillPane(item);
     }
@@ -101,8 +101,9 @@ TreeItem UndoHistory::shownAncestor(TreeItem item) const {
 }
 
 void UndoHistory::UndoCommand() {
+    const clsUndoRedo::Info left = history().current();
     if (const auto info = history().Undo())
-        restore(*info);
+        restore(*info, left->selectedNode());
     Q_EMIT buttonsChanged(selection_.buttonsFor(selection_.GetSelectedDOMNode()));
     Q_EMIT undoButtonChanged(CanUndo());
     Q_EMIT redoButtonChanged(true);
@@ -110,7 +111,7 @@ void UndoHistory::UndoCommand() {
 
 void UndoHistory::RedoCommand() {
     if (const auto info = history().Redo())
-        restore(*info);
+        restore(*info, info->selectedNode());
     // Unlike undoing, this leaves the selection's buttons alone and sets the entries of the menu;
     // that is meant so.
     Q_EMIT redoEntryChanged(CanRedo());

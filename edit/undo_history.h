@@ -40,7 +40,9 @@ Q_SIGNALS:
 
 private:
     clsUndoRedo &history();
-    void restore(const clsUndoInfo &info);
+    /// Installs a state. `changed` is the number of the node that was selected when the change
+    /// between the two states was made; it is selected again.
+    void restore(const clsUndoInfo &info, quint32 changed);
     /// The numbers of the selected node and of those above it, from the bottom up.
     std::vector<quint32> selectedPath() const;
     /// The item itself, or the lowest item above it that can be selected without expanding one.

@@ -22,6 +22,8 @@ public:
     /// Goes one state forward (back) and returns it, or none when there is none.
     Info Redo();
     Info Undo();
+    /// The state on screen, or none.
+    const Info &current() const { return current_; }
     bool CanUndo() const { return !undo_.empty(); }
     bool CanRedo() const { return !redo_.empty(); }
 

@@ -245,7 +245,7 @@ constexpr std::array mainToolBar{
 };
 
 constexpr std::array moveToolBar{
-    ToolBarItem{.key = u"move", .toolTip = u"移動", .enabled = true},
+    ToolBarItem{.key = u"move", .toolTip = u"移動"},
 };
 
 } // namespace

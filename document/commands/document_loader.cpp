@@ -30,7 +30,7 @@ bool isReadOnlyFile(const QString &path) {
 
 DocumentLoader::DocumentLoader(DocumentState &state, tree::TreeBuilder &builder,
                                tree::Selection &selection, edit::UndoHistory &history,
-                               controls::TreeView &tvw, const WorkingFolder &workingFolder,
+                               controls::TreeView &tvw, const system::WorkingFolder &workingFolder,
                                const RecentFiles &recentFiles, runtime::Clock clock)
     : state_(state), builder_(builder), selection_(selection), history_(history), tvw_(tvw),
       workingFolder_(workingFolder), recentFiles_(recentFiles), clock_(std::move(clock)) {}
@@ -72,7 +72,7 @@ bool DocumentLoader::OpenFile(const QString &fileName) {
 void DocumentLoader::backUp(const QString &fileName) {
     state_.m_BackupPath =
         workingFolder_.filePath(runtime::timeStamp(clock_.now()) + QStringLiteral(".bak"));
-    copyFile(fileName, state_.m_BackupPath);
+    system::copyFile(fileName, state_.m_BackupPath);
 }
 
 void DocumentLoader::copyStylesheets(const QString &fileName) {
@@ -94,8 +94,8 @@ void DocumentLoader::copyStylesheet(const QString &documentFolder, const QString
         left(rest, instr(rest, quote) - 1).toString().replace(QLatin1Char('\\'), QLatin1Char('/'));
     controls::ignoringErrors([&] {
         const QString copy = workingFolder_.filePath(href);
-        copyFile(documentFolder + QLatin1Char('/') + href, copy);
-        makeWritable(copy);
+        system::copyFile(documentFolder + QLatin1Char('/') + href, copy);
+        system::makeWritable(copy);
     });
 }
 

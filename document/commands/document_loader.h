@@ -2,10 +2,10 @@
 
 #include "document/commands/file_on_disk.h"
 #include "document/commands/recent_files.h"
-#include "document/commands/working_folder.h"
 #include "document/state/document_state.h"
 #include "edit/undo_history.h"
 #include "platform/runtime/paths.h"
+#include "platform/system/working_folder.h"
 #include "tree/selection.h"
 #include "tree/tree_builder.h"
 
@@ -20,7 +20,7 @@ class DocumentLoader : public QObject {
 public:
     DocumentLoader(DocumentState &state, tree::TreeBuilder &builder, tree::Selection &selection,
                    edit::UndoHistory &history, controls::TreeView &tvw,
-                   const WorkingFolder &workingFolder, const RecentFiles &recentFiles,
+                   const system::WorkingFolder &workingFolder, const RecentFiles &recentFiles,
                    runtime::Clock clock);
 
     /// Loads a file and keeps a copy of it in the working folder. False when it has no document
@@ -55,7 +55,7 @@ private:
     tree::Selection &selection_;
     edit::UndoHistory &history_;
     controls::TreeView &tvw_;
-    const WorkingFolder &workingFolder_;
+    const system::WorkingFolder &workingFolder_;
     const RecentFiles &recentFiles_;
     runtime::Clock clock_;
     FileOnDisk fileOnDisk_;

@@ -91,6 +91,7 @@ void ActionSet::addButton(const ToolBarItem &item) {
             if (command.run)
                 command.run();
         };
+        button.canRun = [&command] { return command.run != nullptr; };
     }
 }
 
@@ -142,7 +143,10 @@ void ActionSet::fill(QToolBar &bar, std::span<const ToolBarItem> items) {
 }
 
 void ActionSet::connectToolButton(QStringView key, Run run) {
-    buttons_.at(key).run = std::move(run);
+    Button &button = buttons_.at(key);
+    button.run = std::move(run);
+    button.canRun = [] { return true; };
+    button.action->setEnabled(true);
 }
 
 bool ActionSet::toolButtonEnabled(QStringView key) const {
@@ -150,7 +154,8 @@ bool ActionSet::toolButtonEnabled(QStringView key) const {
 }
 
 void ActionSet::setToolButtonEnabled(QStringView key, bool enabled) {
-    buttons_.at(key).action->setEnabled(enabled);
+    Button &button = buttons_.at(key);
+    button.action->setEnabled(enabled && button.canRun());
 }
 
 } // namespace quillon::controls

@@ -55,6 +55,7 @@ public:
     /// user. These three raise std::out_of_range for a key that is no button's.
     void connectToolButton(QStringView key, Run run);
     bool toolButtonEnabled(QStringView key) const;
+    /// A button whose command has no `run` function stays disabled.
     void setToolButtonEnabled(QStringView key, bool enabled);
 
 private:
@@ -66,6 +67,8 @@ private:
     struct Button {
         QAction *action = nullptr;
         Run run;
+        /// Whether there is anything to run yet.
+        Enabled canRun = [] { return false; };
     };
 
     void addCommand(const resources::ActionEntry &entry);

@@ -120,10 +120,12 @@ void TreeView::rowsAboutToBeRemoved(const QModelIndex &parent, int first, int la
     QAbstractItemView::rowsAboutToBeRemoved(parent, first, last);
 }
 
-void TreeView::dataChanged(const QModelIndex &topLeft, const QModelIndex &, const QList<int> &) {
+void TreeView::dataChanged(const QModelIndex &topLeft, const QModelIndex &,
+                           const QList<int> &roles) {
     // Not one by one as the base does it: thousands of items may change at once.
     scheduleDelayedItemsLayout();
-    notifyAccessibility(QAccessible::NameChanged, topLeft);
+    if (!roles.contains(Qt::FontRole))
+        notifyAccessibility(QAccessible::NameChanged, topLeft);
 }
 
 void TreeView::currentChanged(const QModelIndex &current, const QModelIndex &previous) {
@@ -237,7 +239,8 @@ void TreeView::mouseDoubleClickEvent(QMouseEvent *event) {
     }
     QAbstractItemView::mouseDoubleClickEvent(event);
     const TreeItem item = HitTest(event->position().toPoint());
-    if (event->button() == Qt::LeftButton && canExpand(nodes_->slotOf(item)) && state() == NoState)
+    if (event->button() == Qt::LeftButton && state() == NoState && expandsOnDoubleClick() &&
+        canExpand(nodes_->slotOf(item)))
         setExpandedAsUser(item, !item.Expanded());
 }
 

@@ -1,5 +1,8 @@
+#include "platform/controls/message_box.h"
 #include "platform/controls/tree_delegate.h"
 #include "platform/controls/tree_view.h"
+#include "platform/runtime/error.h"
+#include "tests/support/scripted_dialogs.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -13,6 +16,17 @@
 using namespace quillon::controls;
 
 namespace {
+
+/// Counts the slow second clicks that would start an edit; those that do so wait for a timer first.
+class CountingView : public TreeView {
+public:
+    using TreeView::edit;
+    bool edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) override {
+        secondClicks += trigger == SelectedClicked;
+        return TreeView::edit(index, trigger, event);
+    }
+    int secondClicks = 0;
+};
 
 /// A shown view with a small tree, all of it expanded: a(a1 a2(x y) a3) b.
 class View : public testing::Test {
@@ -85,7 +99,7 @@ protected:
         EXPECT_EQ(editor(), nullptr);
     }
 
-    TreeView view_;
+    CountingView view_;
     quint32 sequence_ = 0;
     QStringList clicks_;
 };
@@ -142,7 +156,11 @@ TEST_F(View, BranchesExpandAndCollapse) {
     EXPECT_EQ(clicks_, QStringList{"a2"});
     clickBranch("a2");
     EXPECT_TRUE(named("a2").Expanded());
-    EXPECT_EQ(editor(), nullptr);
+    click("a2");
+    EXPECT_EQ(view_.secondClicks, 1);
+    clickBranch("a2");
+    clickBranch("a2");
+    EXPECT_EQ(view_.secondClicks, 1) << "a click on the branch is none on the item";
 
     QTest::mouseDClick(view_.viewport(), Qt::LeftButton, {}, placeOf(named("a")));
     EXPECT_FALSE(named("a").Expanded());
@@ -247,6 +265,15 @@ TEST_F(View, LabelEditHooksDecide) {
     press(Qt::Key_F2);
     EXPECT_EQ(editor(), nullptr);
     EXPECT_EQ(asked, (QStringList{"a1", "a1"}));
+    const auto before = std::exchange(view_.beforeLabelEdit, [](const TreeItem &) -> bool {
+        quillon::runtime::raise(quillon::runtime::error_number::Overflow);
+    });
+    quillon::test::ScriptedDialogs dialogs;
+    dialogs.answerMessage(message_answer::Ok);
+    view_.StartLabelEdit();
+    EXPECT_EQ(editor(), nullptr);
+    EXPECT_EQ(dialogs.messages.size(), 1U) << "an error is shown, and refuses";
+    view_.beforeLabelEdit = before;
 
     allowed = true;
     view_.StartLabelEdit();
@@ -266,12 +293,17 @@ TEST_F(View, LabelEditHooksDecide) {
     EXPECT_EQ(selected(), "a2");
     EXPECT_EQ(asked.size(), 5);
 
+    view_.labelEditText = nullptr;
+    view_.SelectedItem().setText(QString(40'000, 'x'));
+    view_.StartLabelEdit();
+    EXPECT_EQ(editor()->text(), view_.SelectedItem().Text());
+    enter("", Qt::Key_Escape);
     view_.StartLabelEdit();
     view_.nodes().Clear();
     QApplication::processEvents();
     EXPECT_EQ(editor(), nullptr);
     view_.StartLabelEdit();
-    EXPECT_EQ(asked.size(), 6);
+    EXPECT_EQ(asked.size(), 7);
 }
 
 TEST_F(View, DrawsCaptionsOnOneLineAndOnlyTheirBeginning) {
@@ -300,15 +332,23 @@ TEST_F(View, ScrollsToWhatIsHidden) {
     QApplication::processEvents();
     EXPECT_GT(view_.horizontalScrollBar()->maximum(), 300);
     EXPECT_EQ(view_.rows().count(), 7);
+    EXPECT_TRUE(view_.visualRect(view_.nodes().indexOf(last)).isNull());
 
     last.EnsureVisible();
     EXPECT_TRUE(b.Expanded());
     EXPECT_TRUE(view_.viewport()->rect().contains(placeOf(last)));
     EXPECT_EQ(view_.HitTest(placeOf(last)), last);
     view_.horizontalScrollBar()->setValue(300);
+    view_.setSelectedItem(last);
+    view_.horizontalScrollBar()->setValue(300);
+    view_.setSelectedItem(last);
+    EXPECT_EQ(view_.horizontalScrollBar()->value(), 300) << "it was selected already";
     select("a");
     EXPECT_EQ(view_.verticalScrollBar()->value(), 0);
     EXPECT_EQ(view_.horizontalScrollBar()->value(), 0);
+    TreeItem(b).setText("b");
+    QApplication::processEvents();
+    EXPECT_EQ(view_.horizontalScrollBar()->maximum(), 0);
 }
 
 /// Counts how often a widget is painted.
@@ -355,6 +395,7 @@ TEST_F(View, IsATreeToAssistiveTechnology) {
     EXPECT_EQ(a2->role(), QAccessible::TreeItem);
     EXPECT_EQ(a2->text(QAccessible::Name), "a2");
     EXPECT_TRUE(a2->state().expandable && a2->state().expanded && !a2->state().selected);
+    EXPECT_EQ(tree->child(0)->text(QAccessible::Name), "a");
     EXPECT_FALSE(tree->child(1)->state().expandable);
     const QPoint middle = a2->rect().center();
     EXPECT_EQ(tree->childAt(middle.x(), middle.y()), a2);

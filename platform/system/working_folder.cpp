@@ -1,4 +1,4 @@
-#include "document/commands/working_folder.h"
+#include "platform/system/working_folder.h"
 
 #include "platform/runtime/error.h"
 
@@ -9,7 +9,7 @@
 #include <filesystem>
 #include <system_error>
 
-namespace quillon::document {
+namespace quillon::system {
 
 namespace error_number = runtime::error_number;
 
@@ -53,4 +53,4 @@ void makeWritable(const QString &path) {
     QFile::setPermissions(path, QFile::permissions(path) | QFile::ReadOwner | QFile::WriteOwner);
 }
 
-} // namespace quillon::document
+} // namespace quillon::system

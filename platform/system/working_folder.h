@@ -2,7 +2,7 @@
 
 #include <QString>
 
-namespace quillon::document {
+namespace quillon::system {
 
 /// The folder for backups, copies of stylesheets and schemas, and generated files.
 class WorkingFolder {
@@ -29,4 +29,4 @@ void copyFile(const QString &from, const QString &to);
 /// Clears the read-only attribute of a file.
 void makeWritable(const QString &path);
 
-} // namespace quillon::document
+} // namespace quillon::system
