@@ -20,7 +20,8 @@ Editor::Editor(Surroundings given, controls::TreeView &tvw, controls::TextBox &t
       selection(state, options, builder.registry(), tvw, pane, cboPath),
       labels(state, options, builder, tvw, pane),
       paneEditing(state, options, builder, removal, labels, selection, tvw, pane),
-      history(state, builder, selection, tvw),
+      history(state, builder, selection, tvw), creation(state, builder, selection, tvw),
+      nodeCommands(state, builder, removal, nodeText, selection, tvw),
       loader(state, builder, selection, history, tvw, workingFolder, recentFiles,
              surroundings.clock),
       commands(state, loader, builder, history, tvw, pane, surroundings.applicationFolder) {
@@ -43,6 +44,8 @@ void Editor::wireModifications() {
     connect(&removal, &tree::NodeRemoval::documentModified, &commands, modified);
     connect(&labels, &tree::LabelEditing::documentModified, &commands, modified);
     connect(&paneEditing, &tree::PaneEditing::documentModified, &commands, modified);
+    connect(&creation, &edit::NodeCreation::documentModified, &commands, modified);
+    connect(&nodeCommands, &edit::NodeCommands::documentModified, &commands, modified);
 }
 
 void Editor::wireTree(controls::TreeView &tvw) {
@@ -54,9 +57,11 @@ void Editor::wireTree(controls::TreeView &tvw) {
         return allowed;
     };
     tvw.labelEditText = [this](const TreeItem &item) { return labels.editorText(item); };
-    tvw.afterLabelEdit = [this](const TreeItem &, QString &newText) {
+    tvw.afterLabelEdit = [this](const TreeItem &item, QString &newText) {
+        // An editor that is left with the text it opened with has edited nothing.
         bool accepted = false;
-        guarded([&] { accepted = labels.tvw_AfterLabelEdit(newText); });
+        if (newText != labels.editorText(item))
+            guarded([&] { accepted = labels.tvw_AfterLabelEdit(item, newText); });
         return accepted;
     };
 }

@@ -2,6 +2,8 @@
 
 #include "document/commands/document_commands.h"
 #include "document/commands/document_loader.h"
+#include "edit/node_commands.h"
+#include "edit/node_creation.h"
 #include "edit/undo_history.h"
 #include "platform/system/settings_store.h"
 #include "platform/system/working_folder.h"
@@ -50,6 +52,8 @@ public:
     tree::PaneEditing paneEditing;
 
     edit::UndoHistory history;
+    edit::NodeCreation creation;
+    edit::NodeCommands nodeCommands;
 
     document::DocumentLoader loader;
     document::DocumentCommands commands;

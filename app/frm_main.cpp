@@ -37,11 +37,14 @@ frmMain::frmMain(bool startedAlone, Surroundings surroundings)
     setAttribute(Qt::WA_DeleteOnClose);
     menus_ = std::make_unique<controls::ActionMenus>(actions_, *menuBar());
     editor_ = std::make_unique<Editor>(std::move(surroundings), *tvw, *txtEdit, *cboPath);
+    treeKeys_ = std::make_unique<TreeKeys>(*tvw, *editor_, actions_);
     layOut();
     nameForAccessibility();
     connectFileCommands();
     connectEditCommands();
     connectViewCommands();
+    connectNodeCommands();
+    connectContextMenu();
     connectButtons();
     Form_Initialize();
     Form_Load();

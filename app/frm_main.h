@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/editor.h"
+#include "app/tree_keys.h"
 #include "platform/controls/action_menus.h"
 #include "platform/controls/action_set.h"
 #include "platform/controls/path_box.h"
@@ -52,6 +53,8 @@ private:
     void connectFileCommands();
     void connectEditCommands();
     void connectViewCommands();
+    void connectNodeCommands();
+    void connectContextMenu();
     void connectButtons();
 
     void showStatus(const QString &text);
@@ -76,6 +79,7 @@ private:
 
     std::unique_ptr<controls::ActionMenus> menus_;
     std::unique_ptr<Editor> editor_;
+    std::unique_ptr<TreeKeys> treeKeys_;
     system::CompanionLink companion_;
 };
 

@@ -1,7 +1,9 @@
 #include "app/frm_main.h"
+#include "platform/controls/error_boundary.h"
 #include "resources/texts.h"
 
 #include <QAction>
+#include <QMenu>
 
 namespace quillon::app {
 
@@ -46,12 +48,22 @@ void frmMain::connectEditCommands() {
     actions_.connectAction(
         u"mnuEditUndoAll", [&commands] { commands.mnuEditUndoAll_Click(); },
         [&commands] { return commands.canUndoAll(); });
+    edit::NodeCommands &nodes = editor_->nodeCommands;
     actions_.connectAction(
-        u"mnuEditRename", [this] { tvw->StartLabelEdit(); },
-        [this] {
-            return !editor_->state.m_ReadOnly && tvw->SelectedItem() &&
-                   editor_->selection.GetSelectedDOMNode().nodeType() != xml::NodeType::Document;
-        });
+        u"mnuEditCut", [&nodes] { nodes.mnuEditCut_Click(); },
+        [&nodes] { return nodes.mnuEdit_Click().cut; });
+    actions_.connectAction(
+        u"mnuEditCopy", [&nodes] { nodes.mnuEditCopy_Click(); },
+        [&nodes] { return nodes.mnuEdit_Click().copy; });
+    actions_.connectAction(
+        u"mnuEditPaste", [&nodes] { nodes.mnuEditPaste_Click(); },
+        [&nodes] { return nodes.mnuEdit_Click().paste; });
+    actions_.connectAction(
+        u"mnuEditDelete", [&nodes] { nodes.mnuEditDelete_Click(); },
+        [&nodes] { return nodes.mnuEdit_Click().remove; });
+    actions_.connectAction(
+        u"mnuEditRename", [&nodes] { nodes.mnuEditRename_Click(); },
+        [&nodes] { return nodes.mnuEdit_Click().rename; });
     actions_.connectAction(u"mnuViewLock", [this] {
         editor_->options.viewLock = actions_.action(u"mnuViewLock")->isChecked();
     });
@@ -71,6 +83,71 @@ void frmMain::connectViewCommands() {
     actions_.connectAction(u"mnuViewText", [this] {
         editor_->options.viewText = actions_.action(u"mnuViewText")->isChecked();
         editor_->builder.BuildTree(editor_->state.m_DOM, true);
+    });
+}
+
+void frmMain::connectNodeCommands() {
+    edit::NodeCreation &creation = editor_->creation;
+    edit::NodeCommands &nodes = editor_->nodeCommands;
+    using Create = void (edit::NodeCreation::*)();
+    using Applies = bool edit::NodeMenuStates::*;
+    const auto connectCreation = [&](QStringView name, Create handler, Applies applies) {
+        actions_.connectAction(
+            name, [&creation, handler] { (creation.*handler)(); },
+            [&nodes, applies] { return nodes.mnuNode_Click().*applies; });
+    };
+    using Creation = edit::NodeCreation;
+    using States = edit::NodeMenuStates;
+    connectCreation(u"mnuNodeAddElement", &Creation::mnuNodeAddElement_Click, &States::addElement);
+    connectCreation(u"mnuNodeAddText", &Creation::mnuNodeAddText_Click, &States::addOther);
+    connectCreation(u"mnuNodeAddComment", &Creation::mnuNodeAddComment_Click, &States::addOther);
+    connectCreation(u"mnuNodeAddCDATA", &Creation::mnuNodeAddCDATA_Click, &States::addOther);
+    connectCreation(u"mnuNodeInsElement", &Creation::mnuNodeInsElement_Click, &States::insert);
+    connectCreation(u"mnuNodeInsText", &Creation::mnuNodeInsText_Click, &States::insert);
+    connectCreation(u"mnuNodeInsComment", &Creation::mnuNodeInsComment_Click, &States::insert);
+    connectCreation(u"mnuNodeInsCDATA", &Creation::mnuNodeInsCDATA_Click, &States::insert);
+    // Its key also works with a child of the element selected.
+    actions_.connectAction(
+        u"mnuNodeAddAttribute",
+        [&creation] {
+            if (creation.canAddAttributeToParent())
+                creation.AddAttributeToParent();
+            else
+                creation.mnuNodeAddAttribute_Click();
+        },
+        [&nodes] { return nodes.mnuNode_Click().addOther; });
+    actions_.connectAction(
+        u"mnuNodeMoveUp", [&nodes] { nodes.mnuNodeMoveUp_Click(); },
+        [&nodes] { return nodes.mnuNode_Click().moveUp; });
+    actions_.connectAction(
+        u"mnuNodeMoveDown", [&nodes] { nodes.mnuNodeMoveDown_Click(); },
+        [&nodes] { return nodes.mnuNode_Click().moveDown; });
+    actions_.connectAction(
+        u"mnuNodeDelete", [&nodes] { nodes.mnuEditDelete_Click(); },
+        [&nodes] { return nodes.mnuEdit_Click().remove; });
+    connect(&nodes, &edit::NodeCommands::pasteEnabled, this, [this] {
+        actions_.action(u"mnuEditPaste")->setEnabled(true);
+        actions_.setToolButtonEnabled(u"paste", true);
+    });
+}
+
+void frmMain::connectContextMenu() {
+    QMenu *menu = menus_->contextMenu();
+    menu->addSeparator();
+    QAction *toParent = menu->addAction(resources::texts::AddAttributeToParent.toString());
+    toParent->setObjectName(QStringLiteral("AddAttributeToParent"));
+    edit::NodeCreation &creation = editor_->creation;
+    connect(menu, &QMenu::aboutToShow, this,
+            [&creation, toParent] { toParent->setVisible(creation.canAddAttributeToParent()); });
+    connect(toParent, &QAction::triggered, this,
+            [&creation] { controls::guarded([&] { creation.AddAttributeToParent(); }); });
+    tvw->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(tvw, &QWidget::customContextMenuRequested, this, [this, menu](const QPoint &position) {
+        const controls::TreeItem hit = tvw->HitTest(position);
+        if (!hit)
+            return;
+        controls::guarded([&] { editor_->selection.ShowNode(hit, true); });
+        menu->popup(tvw->viewport()->mapToGlobal(position));
     });
 }
 

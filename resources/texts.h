@@ -42,6 +42,17 @@ inline constexpr QStringView Loading = u"読み込んでいます...";
 inline constexpr QStringView FileChangedOnDisk =
     u"このファイルは他のプログラムによって変更されました。「再読込」で新しい内容を読み込めます。";
 
+// An entry of the tree's context menu that no menu of the menu bar has.
+inline constexpr QStringView AddAttributeToParent = u"親要素に属性を追加(&P)";
+inline constexpr QStringView SearchedToEnd = u"終わりまで検索しました。";
+inline constexpr QStringView SearchedToTop = u"先頭まで検索しました。";
+inline constexpr QStringView NothingFound = u"見つかりませんでした";
+// Directly after the number.
+inline constexpr QStringView MatchesFound = u"件検索されました。";
+
+// Search.
+inline constexpr QStringView FindPrompt = u"検索する文字列を入力してください。";
+
 // What assistive technology calls the parts of the window.
 inline constexpr QStringView ToolBarName = u"ツールバー";
 inline constexpr QStringView MoveToolBarName = u"パスへの移動";

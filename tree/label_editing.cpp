@@ -48,19 +48,22 @@ QString LabelEditing::editorText(const TreeItem &item) const {
     return node.nodeType() == NodeType::Attribute ? node.nodeName() : item.Text();
 }
 
-bool LabelEditing::tvw_AfterLabelEdit(QString &NewString) {
-    if (NewString.isEmpty())
+bool LabelEditing::tvw_AfterLabelEdit(const TreeItem &item, QString &NewString) {
+    if (!item || NewString.isEmpty())
         return false;
     try {
-        return apply(NewString);
+        return apply(item, NewString);
     } catch (const runtime::Error &error) {
         controls::showMessage(error.description(), controls::message_style::Exclamation);
         return false;
     }
 }
 
-bool LabelEditing::apply(QString &NewString) {
-    const TreeItem item = tvw_.SelectedItem();
+bool LabelEditing::isShown(const TreeItem &item) const {
+    return item == tvw_.SelectedItem();
+}
+
+bool LabelEditing::apply(const TreeItem &item, QString &NewString) {
     const Node node = builder_.registry().Item(item);
     switch (node.nodeType()) {
     case NodeType::Element:
@@ -72,8 +75,11 @@ bool LabelEditing::apply(QString &NewString) {
     case NodeType::Text:
     case NodeType::Comment:
     case NodeType::CDATASection:
-        replaceText(node, NewString);
+        replaceText(item, node, NewString);
         return true;
+    case NodeType::None:
+        // The node went while its label was being edited.
+        return false;
     default:
         controls::showMessage(TypeName(node) + QStringLiteral(" labeledit is not implemented yet"));
         return false;
@@ -95,8 +101,10 @@ void LabelEditing::renameElement(const TreeItem &item, const Node &old, const QS
     if (item != tvw_.nodes().Item(1))
         builder_.registry().set(item.Parent().sequence(), placed.parentNode());
     builder_.registry().set(item.sequence(), placed);
-    const QString path = item.FullPath().mid(DocumentCaptionLength);
-    pane_.fill(path.left(path.lastIndexOf(QLatin1Char('/')) + 1) + placed.nodeName());
+    if (isShown(item)) {
+        const QString path = item.FullPath().mid(DocumentCaptionLength);
+        pane_.fill(path.left(path.lastIndexOf(QLatin1Char('/')) + 1) + placed.nodeName());
+    }
     Q_EMIT documentModified();
 }
 
@@ -120,13 +128,14 @@ void LabelEditing::renameAttribute(const TreeItem &item, const Node &old, QStrin
     builder_.registry().set(item.sequence(), element.getAttributeNode(NewString));
     if (options_.viewText)
         NewString = attributeCaption(renamed.nodeName(), old.text());
-    pane_.fillValue(old.text());
+    if (isShown(item))
+        pane_.fillValue(old.text());
     Q_EMIT documentModified();
 }
 
-void LabelEditing::replaceText(const Node &node, const QString &text) {
+void LabelEditing::replaceText(const TreeItem &item, const Node &node, const QString &text) {
     node.setText(text);
-    if (!pane_.m_bFilling)
+    if (!pane_.m_bFilling && isShown(item))
         pane_.fillValue(text);
     Q_EMIT documentModified();
 }

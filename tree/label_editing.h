@@ -19,18 +19,21 @@ public:
     /// What the editor starts with, all of it selected: the bare name of an attribute, also where
     /// its caption shows the value; else the caption.
     QString editorText(const controls::TreeItem &item) const;
-    /// Applies a new caption to the selected item's node. False keeps the old caption; else the
-    /// item shows NewString, which may have been changed. Failures are shown in a message box.
-    bool tvw_AfterLabelEdit(QString &NewString);
+    /// Applies a new caption to an item's node. False keeps the old caption; else the item shows
+    /// NewString, which may have been changed. Failures are shown in a message box. The item is
+    /// the one that was edited, also when another has been selected meanwhile.
+    bool tvw_AfterLabelEdit(const controls::TreeItem &item, QString &NewString);
 
 Q_SIGNALS:
     void documentModified();
 
 private:
-    bool apply(QString &NewString);
+    bool apply(const controls::TreeItem &item, QString &NewString);
     void renameElement(const controls::TreeItem &item, const xml::Node &old, const QString &name);
     void renameAttribute(const controls::TreeItem &item, const xml::Node &old, QString &NewString);
-    void replaceText(const xml::Node &node, const QString &text);
+    void replaceText(const controls::TreeItem &item, const xml::Node &node, const QString &text);
+    /// Whether the pane shows this item.
+    bool isShown(const controls::TreeItem &item) const;
 
     const document::DocumentState &state_;
     const ViewOptions &options_;

@@ -55,7 +55,7 @@ void PaneEditing::changeText(const TreeItem &item) {
     pane_.m_bFilling = true;
     // An empty text is refused there, so emptying the pane leaves the node as it was; that is
     // meant so.
-    labels_.tvw_AfterLabelEdit(text);
+    labels_.tvw_AfterLabelEdit(item, text);
     pane_.m_bFilling = false;
 }
 

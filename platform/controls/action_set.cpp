@@ -106,6 +106,12 @@ void ActionSet::connectAction(QStringView name, Run run, Enabled enabled) {
     command.action->setEnabled(command.run != nullptr);
 }
 
+void ActionSet::run(QStringView name) {
+    const Command &command = commands_.at(name);
+    if (command.run)
+        guarded(command.run);
+}
+
 void ActionSet::showStates(QStringView menu) {
     for (const ActionEntry &entry : resources::actionTable()) {
         const Command &command = commands_.at(entry.name);

@@ -42,6 +42,10 @@ public:
     /// disabled. Raises std::out_of_range as action() does.
     void connectAction(QStringView name, Run run, Enabled enabled = {});
 
+    /// Runs a command as a key of the tree does: without asking its `enabled` function. Errors are
+    /// shown to the user. Raises std::out_of_range as action() does.
+    void run(QStringView name);
+
     /// Gives the entries of a menu that is opening their states.
     void showStates(QStringView menu);
     /// Enables all commands of a menu, so that their keys reach them.

@@ -31,14 +31,6 @@ bool isCharacterData(NodeType kind) {
            kind == NodeType::EntityReference;
 }
 
-bool isMixed(const Arena &arena, Number parent) {
-    for (Number n = arena.part(parent).firstChild; n != 0; n = arena.record(n).next) {
-        if (isCharacterData(arena.record(n).kind))
-            return true;
-    }
-    return false;
-}
-
 Number rootOf(const Arena &arena) {
     Number n = arena.part(arena.documentNumber()).firstChild;
     while (n != 0 && arena.record(n).kind != NodeType::Element)
@@ -121,10 +113,10 @@ void linkWithLayout(Arena &arena, Number parent, Number node, Number next) {
         // putting it there and removing the next one replaces that one exactly.
         const std::string layout = normalizeLineEnds(arena.layout(next));
         arena.setLayout(node, layout);
-        arena.setLayout(next, isMixed(arena, parent) ? std::string() : ownLine(layout));
+        arena.setLayout(next, ownLine(layout));
     } else {
-        arena.setLayout(node, isMixed(arena, parent) ? std::string()
-                                                     : ownLine(arena.layout(part.lastChild)));
+        // Character data has no layout, so nothing is added behind it.
+        arena.setLayout(node, ownLine(arena.layout(part.lastChild)));
     }
     arena.link(parent, node, next);
     arena.markContentChanged(parent);

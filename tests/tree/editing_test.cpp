@@ -10,9 +10,8 @@ namespace quillon::test {
 
 namespace {
 
-constexpr auto Sample =
-    "<?xml version='1.0'?><!--note--><!DOCTYPE doc [<!ENTITY e 'x'>]>"
-    "<doc id='1'><a k='v\nw'/><b>one\ntwo</b><![CDATA[raw]]></doc>";
+constexpr auto Sample = "<?xml version='1.0'?><!--note--><!DOCTYPE doc [<!ENTITY e 'x'>]>"
+                        "<doc id='1'><a k='v\nw'/><b>one\ntwo</b><![CDATA[raw]]></doc>";
 
 class EditingTest : public EditorWindow {
 protected:
@@ -20,7 +19,7 @@ protected:
     /// Applies a label edit to the selected item as the tree would.
     bool rename(const QString &text) {
         QString newString = text;
-        const bool accepted = labels().tvw_AfterLabelEdit(newString);
+        const bool accepted = labels().tvw_AfterLabelEdit(tvw().SelectedItem(), newString);
         if (accepted)
             tvw().SelectedItem().setText(newString);
         return accepted;
@@ -40,18 +39,16 @@ TEST_F(EditingTest, ShowingANodeFillsPathAndPane) {
         const char *pane;
         bool locked;
     } cases[] = {
-        {"#document", "/", nullptr, false},
-        {"a", "doc/a/", "<a k='v\r\nw'/>", false},
-        {"k=\"v\nw\"", "doc/a/", "v\r\nw", false},
-        {"one\ntwo", "doc/a/", "one\r\ntwo", false},
-        {"raw", "doc/a/", "raw", false},
-        {"note", "doc/a/", "note", false},
+        {"#document", "/", nullptr, false},        {"a", "doc/a/", "<a k='v\r\nw'/>", false},
+        {"k=\"v\nw\"", "doc/a/", "v\r\nw", false}, {"one\ntwo", "doc/a/", "one\r\ntwo", false},
+        {"raw", "doc/a/", "raw", false},           {"note", "doc/a/", "note", false},
         {"xml", "/", "version='1.0'", true},
     };
     for (const auto &c : cases) {
         select(c.caption);
         EXPECT_EQ(cboPath().Text(), c.path) << c.caption.toStdString();
-        EXPECT_EQ(txtEdit().Text(), c.pane ? QString(c.pane) : QString(Sample).replace("\n", "\r\n"))
+        EXPECT_EQ(txtEdit().Text(),
+                  c.pane ? QString(c.pane) : QString(Sample).replace("\n", "\r\n"))
             << c.caption.toStdString();
         EXPECT_EQ(txtEdit().Locked(), c.locked) << c.caption.toStdString();
         EXPECT_EQ(selected(), c.caption);
@@ -146,7 +143,8 @@ TEST_F(EditingTest, TypingMarkupReplacesTheElementInItsPlace) {
 }
 
 TEST_F(EditingTest, TypingInTheRootElementKeepsWhatIsAroundIt) {
-    const QByteArray before = "<?xml version='1.0'?>\r\n<!--a-->\r\n\r\n<doc><x/></doc>\r\n<!--b-->\r\n";
+    const QByteArray before =
+        "<?xml version='1.0'?>\r\n<!--a-->\r\n\r\n<doc><x/></doc>\r\n<!--b-->\r\n";
     open(before);
     select("doc");
     for (const char *text : {"<doc><x/>1</doc>", "<doc><x/>12</doc>"})
@@ -309,6 +307,29 @@ TEST_F(EditingTest, ALabelIsEditedWithTheKeyboard) {
     txtEdit().setFocus();
     EXPECT_EQ(xml(), "<doc key=\"1\">changed</doc>") << "losing the focus commits";
     EXPECT_EQ(txtEdit().Text(), "changed");
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+
+    // Leaving an editor unchanged edits nothing: the children keep their order.
+    open("<doc><a/><b/></doc>");
+    tvw().setFocus();
+    select("doc");
+    line = edit();
+    ASSERT_TRUE(line);
+    QTest::keyClick(line, Qt::Key_Return);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(xml(), "<doc><a/><b/></doc>");
+    EXPECT_FALSE(state().m_Modified);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    // What was edited is renamed although another item has been clicked meanwhile.
+    line = edit();
+    ASSERT_TRUE(line);
+    QTest::keyClicks(line, "top");
+    QTest::mouseClick(tvw().viewport(), Qt::LeftButton, {},
+                      tvw().visualRect(tvw().nodes().indexOf(item("b"))).center());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(xml(), "<top><b/><a/></top>");
+    EXPECT_EQ(selected(), "b");
+    EXPECT_EQ(txtEdit().Text(), "<b/>");
 }
 
 TEST_F(EditingTest, TextBecomesNodes) {

@@ -1,0 +1,53 @@
+#include "app/tree_keys.h"
+
+#include "resources/actions.h"
+
+#include <QKeyEvent>
+#include <QKeySequence>
+
+namespace quillon::app {
+
+namespace {
+
+constexpr QStringView CutCommand = u"mnuEditCut";
+constexpr QStringView DeleteCommand = u"mnuEditDelete";
+
+QKeySequence keyOf(const QKeyEvent &event) {
+    const Qt::KeyboardModifiers modifiers =
+        event.modifiers() & (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier);
+    return QKeySequence(QKeyCombination(modifiers, static_cast<Qt::Key>(event.key())));
+}
+
+} // namespace
+
+TreeKeys::TreeKeys(controls::TreeView &tvw, Editor &editor, controls::ActionSet &actions)
+    : tvw_(tvw), editor_(editor), actions_(actions) {
+    tvw_.installEventFilter(this);
+}
+
+bool TreeKeys::eventFilter(QObject *watched, QEvent *event) {
+    if (watched == &tvw_ && event->type() == QEvent::KeyPress &&
+        tvw_KeyDown(*static_cast<QKeyEvent *>(event)))
+        return true;
+    return QObject::eventFilter(watched, event);
+}
+
+bool TreeKeys::tvw_KeyDown(const QKeyEvent &event) {
+    if (event.key() == Qt::Key_Delete) {
+        actions_.run(DeleteCommand);
+        return true;
+    }
+    const QKeySequence key = keyOf(event);
+    for (const resources::ActionEntry &entry : resources::actionTable()) {
+        if (entry.keyContext != resources::KeyContext::Tree || entry.key.isEmpty() ||
+            key != QKeySequence(entry.key.toString(), QKeySequence::PortableText))
+            continue;
+        // Cutting makes no test of its own, and a read-only document is not to be changed.
+        if (entry.name != CutCommand || !editor_.state.m_ReadOnly)
+            actions_.run(entry.name);
+        return true;
+    }
+    return false;
+}
+
+} // namespace quillon::app

@@ -1,0 +1,169 @@
+#include "edit/node_commands.h"
+
+#include "platform/controls/message_box.h"
+#include "resources/messages.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+
+namespace quillon::edit {
+
+namespace style = controls::message_style;
+using controls::Relationship;
+using controls::TreeItem;
+using xml::Node;
+using xml::NodeType;
+
+namespace {
+
+QString clipboardText() {
+    return QGuiApplication::clipboard()->text();
+}
+
+/// Without the blanks around it.
+QString withoutOuterBlanks(const QString &text) {
+    qsizetype start = 0;
+    qsizetype end = text.size();
+    while (start < end && text[start] == QLatin1Char(' '))
+        ++start;
+    while (end > start && text[end - 1] == QLatin1Char(' '))
+        --end;
+    return text.mid(start, end - start);
+}
+
+bool isMovable(const Node &node) {
+    return node && node.nodeType() != NodeType::Attribute &&
+           node.parentNode().nodeType() != NodeType::Document;
+}
+
+} // namespace
+
+NodeCommands::NodeCommands(const document::DocumentState &state, tree::TreeBuilder &builder,
+                           tree::NodeRemoval &removal, tree::NodeText &nodeText,
+                           tree::Selection &selection, controls::TreeView &tvw)
+    : state_(state), builder_(builder), removal_(removal), nodeText_(nodeText),
+      selection_(selection), tvw_(tvw) {}
+
+EditMenuStates NodeCommands::mnuEdit_Click() const {
+    const NodeType kind = selection_.GetSelectedDOMNode().nodeType();
+    const bool canCopy = kind != NodeType::Document && tvw_.SelectedItem();
+    const bool canChange = !state_.m_ReadOnly && canCopy;
+    EditMenuStates states;
+    // Unlike the button, this neither looks at the clipboard nor allows the document item; that
+    // is meant so.
+    states.paste = !state_.m_ReadOnly && kind == NodeType::Element;
+    states.copy = canCopy;
+    states.cut = states.remove = states.rename = canChange;
+    states.find = bool(state_.m_DOM);
+    return states;
+}
+
+NodeMenuStates NodeCommands::mnuNode_Click() const {
+    const Node node = selection_.GetSelectedDOMNode();
+    const TreeItem sel = tvw_.SelectedItem();
+    NodeMenuStates states;
+    if (!sel)
+        return states;
+    states.expand = bool(sel.Child());
+    if (sel == tvw_.nodes().Item(1)) {
+        states.addElement = !builder_.HasRootElement();
+    } else {
+        states.addElement = states.addOther = node.nodeType() == NodeType::Element;
+        states.insert = node.nodeType() != NodeType::Attribute;
+    }
+    if (isMovable(node)) {
+        states.moveUp = bool(node.previousSibling());
+        states.moveDown = bool(node.nextSibling());
+    }
+    if (state_.m_ReadOnly)
+        states = {.expand = states.expand};
+    return states;
+}
+
+void NodeCommands::CopyNode(const TreeItem &item) {
+    if (item)
+        QGuiApplication::clipboard()->setText(QString::fromUtf8(selection_.GetDOMNode(item).xml()));
+}
+
+TreeItem NodeCommands::PasteNode(const TreeItem &item) {
+    const TreeItem newItem =
+        nodeText_.InsertNodeFromText(item, withoutOuterBlanks(clipboardText()));
+    selection_.ShowNode(newItem, true);
+    Q_EMIT documentModified();
+    return newItem;
+}
+
+void NodeCommands::mnuEditCopy_Click() {
+    CopyNode(tvw_.SelectedItem());
+    if (!clipboardText().isEmpty() &&
+        selection_.GetSelectedDOMNode().nodeType() == NodeType::Element)
+        Q_EMIT pasteEnabled();
+}
+
+void NodeCommands::mnuEditCut_Click() {
+    CopyNode(tvw_.SelectedItem());
+    removal_.DeleteNode(tvw_.SelectedItem());
+    selection_.ShowNode(tvw_.SelectedItem(), true);
+}
+
+void NodeCommands::mnuEditDelete_Click() {
+    const TreeItem item = tvw_.SelectedItem();
+    if (state_.m_ReadOnly || !item)
+        return;
+    if (item == tvw_.nodes().Item(1)) {
+        controls::showMessage(resources::messageText(5), style::Exclamation);
+        return;
+    }
+    constexpr int Ask = style::YesNo + style::Question + style::DefaultButton2;
+    if (g_bConfirmDelete &&
+        controls::showMessage(resources::messageText(6), Ask) != controls::message_answer::Yes)
+        return;
+    removal_.DeleteNode(item);
+    selection_.ShowNode(tvw_.SelectedItem(), true);
+}
+
+void NodeCommands::mnuEditPaste_Click() {
+    if (!state_.m_ReadOnly)
+        PasteNode(tvw_.SelectedItem());
+}
+
+void NodeCommands::mnuEditRename_Click() {
+    tvw_.StartLabelEdit();
+}
+
+void NodeCommands::moveSelected(TreeItem relItem, Relationship relationship) {
+    Node copy = selection_.GetSelectedDOMNode();
+    const TreeItem newItem = builder_.AddNodeToTree(relItem, copy, false, relationship);
+    if (!newItem)
+        return;
+    removal_.DeleteNode(tvw_.SelectedItem());
+    selection_.ShowNode(newItem, true);
+}
+
+void NodeCommands::mnuNodeMoveUp_Click() {
+    const Node node = selection_.GetSelectedDOMNode();
+    if (isMovable(node) && node.previousSibling())
+        moveSelected(tvw_.SelectedItem().Previous(), Relationship::Previous);
+}
+
+void NodeCommands::mnuNodeMoveDown_Click() {
+    const Node node = selection_.GetSelectedDOMNode();
+    if (!isMovable(node) || !node.nextSibling())
+        return;
+    if (!node.nextSibling().nextSibling()) {
+        moveSelected(tvw_.SelectedItem().Parent(), Relationship::Child);
+        return;
+    }
+    // Ahead of the sibling after the next one.
+    int siblings = 0;
+    for (TreeItem item = tvw_.SelectedItem().Next(); item; item = item.Next()) {
+        if (selection_.GetDOMNode(item).nodeType() == NodeType::Attribute)
+            continue;
+        if (++siblings == 2) {
+            moveSelected(item, Relationship::Previous);
+            return;
+        }
+    }
+}
+
+} // namespace quillon::edit

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "document/state/document_state.h"
+#include "edit/undo_history.h"
+#include "tree/node_removal.h"
+#include "tree/node_text.h"
+#include "tree/selection.h"
+
+#include <QObject>
+
+namespace quillon::edit {
+
+/// Which entries of the Edit menu apply.
+struct EditMenuStates {
+    bool paste = false;
+    bool copy = false;
+    bool cut = false;
+    bool remove = false;
+    bool rename = false;
+    bool find = false;
+};
+
+/// Which entries of the Node menu apply.
+struct NodeMenuStates {
+    bool expand = false;
+    bool addElement = false;
+    /// Attribute, comment, text and CDATA section.
+    bool addOther = false;
+    bool insert = false;
+    bool moveUp = false;
+    bool moveDown = false;
+};
+
+/// Removes, moves, renames and transfers nodes. The clipboard holds the markup of one node as
+/// plain text.
+class NodeCommands : public QObject {
+    Q_OBJECT
+
+public:
+    NodeCommands(const document::DocumentState &state, tree::TreeBuilder &builder,
+                 tree::NodeRemoval &removal, tree::NodeText &nodeText, tree::Selection &selection,
+                 controls::TreeView &tvw);
+
+    EditMenuStates mnuEdit_Click() const;
+    NodeMenuStates mnuNode_Click() const;
+
+    void CopyNode(const controls::TreeItem &item);
+    /// Pastes the clipboard's text at an item; returns the item of the new node, or none.
+    controls::TreeItem PasteNode(const controls::TreeItem &item);
+
+    void mnuEditCopy_Click();
+    void mnuEditCut_Click();
+    void mnuEditDelete_Click();
+    void mnuEditPaste_Click();
+    void mnuEditRename_Click();
+    void mnuNodeMoveUp_Click();
+    void mnuNodeMoveDown_Click();
+
+    /// Asks before a node is deleted. Nothing clears it.
+    bool g_bConfirmDelete = true;
+
+Q_SIGNALS:
+    void documentModified();
+    /// The clipboard holds something that can be pasted into the selected element.
+    void pasteEnabled();
+
+private:
+    /// Puts a copy of the selected node at the place named, removes the node and shows the copy.
+    void moveSelected(controls::TreeItem relItem, controls::Relationship relationship);
+
+    const document::DocumentState &state_;
+    tree::TreeBuilder &builder_;
+    tree::NodeRemoval &removal_;
+    tree::NodeText &nodeText_;
+    tree::Selection &selection_;
+    controls::TreeView &tvw_;
+};
+
+} // namespace quillon::edit
