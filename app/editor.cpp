@@ -8,20 +8,24 @@ using controls::guarded;
 using controls::TreeItem;
 
 Surroundings Surroundings::ofProgram() {
-    return {runtime::applicationFolder(), {}, {}};
+    return {runtime::applicationFolder(), {}, {}, std::make_shared<system::Shell>()};
 }
 
 Editor::Editor(Surroundings given, controls::TreeView &tvw, controls::TextBox &txtEdit,
                controls::PathBox &cboPath)
     : surroundings(std::move(given)),
       workingFolder(runtime::workingFolder(surroundings.applicationFolder)),
-      recentFiles(surroundings.settings), pane(txtEdit), builder(state, options, tvw),
-      removal(builder, tvw), nodeText(state, builder, tvw),
+      recentFiles(surroundings.settings), settings(surroundings.settings), pane(txtEdit),
+      builder(state, options, tvw), removal(builder, tvw), nodeText(state, builder, tvw),
+      dragAndDrop(state, builder, nodeText, removal, tvw),
       selection(state, options, builder.registry(), tvw, pane, cboPath),
       labels(state, options, builder, tvw, pane),
       paneEditing(state, options, builder, removal, labels, selection, tvw, pane),
       history(state, builder, selection, tvw), creation(state, builder, selection, tvw),
       nodeCommands(state, builder, removal, nodeText, selection, tvw),
+      captionSearch(tvw, selection), pathQuery(tvw, cboPath, selection, builder.registry()),
+      tools(state, builder, *surroundings.shell, surroundings.applicationFolder),
+      view(state, options, builder, selection, tvw), treePrinting(tvw),
       loader(state, builder, selection, history, tvw, workingFolder, recentFiles,
              surroundings.clock),
       commands(state, loader, builder, history, tvw, pane, surroundings.applicationFolder) {
@@ -35,6 +39,8 @@ void Editor::wireStatusTexts() {
     connect(&builder, &tree::TreeBuilder::statusText, this, &Editor::statusText);
     connect(&selection, &tree::Selection::statusText, this, &Editor::statusText);
     connect(&paneEditing, &tree::PaneEditing::statusText, this, &Editor::statusText);
+    connect(&captionSearch, &search::CaptionSearch::statusText, this, &Editor::statusText);
+    connect(&pathQuery, &search::PathQuery::statusText, this, &Editor::statusText);
     connect(&loader, &document::DocumentLoader::statusText, this, &Editor::statusText);
     connect(&commands, &document::DocumentCommands::statusText, this, &Editor::statusText);
 }
@@ -44,11 +50,19 @@ void Editor::wireModifications() {
     connect(&removal, &tree::NodeRemoval::documentModified, &commands, modified);
     connect(&labels, &tree::LabelEditing::documentModified, &commands, modified);
     connect(&paneEditing, &tree::PaneEditing::documentModified, &commands, modified);
+    connect(&dragAndDrop, &tree::DragAndDrop::documentModified, &commands, modified);
     connect(&creation, &edit::NodeCreation::documentModified, &commands, modified);
     connect(&nodeCommands, &edit::NodeCommands::documentModified, &commands, modified);
+    connect(&tools, &tools::ToolCommands::documentModified, &commands, modified);
 }
 
 void Editor::wireTree(controls::TreeView &tvw) {
+    connect(&dragAndDrop, &tree::DragAndDrop::openFileRequested, this, [this](const QString &path) {
+        loader.OpenFile(path);
+        commands.UpdateStatus(path);
+    });
+    connect(&dragAndDrop, &tree::DragAndDrop::loadXmlRequested, &loader,
+            &document::DocumentLoader::LoadXML);
     connect(&tvw, &controls::TreeView::NodeClick, this,
             [this](const TreeItem &item) { guarded([&] { selection.ShowNode(item, true); }); });
     tvw.beforeLabelEdit = [this](const TreeItem &) {

@@ -2,11 +2,19 @@
 
 #include "document/commands/document_commands.h"
 #include "document/commands/document_loader.h"
+#include "document/commands/settings.h"
 #include "edit/node_commands.h"
 #include "edit/node_creation.h"
 #include "edit/undo_history.h"
 #include "platform/system/settings_store.h"
+#include "platform/system/shell.h"
 #include "platform/system/working_folder.h"
+#include "search/caption_search.h"
+#include "search/path_query.h"
+#include "tools/tool_commands.h"
+#include "tools/tree_printing.h"
+#include "tools/view_commands.h"
+#include "tree/drag_and_drop.h"
 #include "tree/label_editing.h"
 #include "tree/node_removal.h"
 #include "tree/node_text.h"
@@ -15,6 +23,8 @@
 
 #include <QObject>
 
+#include <memory>
+
 namespace quillon::app {
 
 /// Where a window keeps its things, and what time it is.
@@ -22,6 +32,7 @@ struct Surroundings {
     QString applicationFolder;
     system::SettingsStore settings;
     runtime::Clock clock;
+    std::shared_ptr<system::Shell> shell = std::make_shared<system::Shell>();
 
     /// Those of the program as it is installed.
     static Surroundings ofProgram();
@@ -39,6 +50,7 @@ public:
     const Surroundings surroundings;
     const system::WorkingFolder workingFolder;
     const document::RecentFiles recentFiles;
+    document::Settings settings;
 
     document::DocumentState state;
     tree::ViewOptions options;
@@ -47,6 +59,7 @@ public:
     tree::TreeBuilder builder;
     tree::NodeRemoval removal;
     tree::NodeText nodeText;
+    tree::DragAndDrop dragAndDrop;
     tree::Selection selection;
     tree::LabelEditing labels;
     tree::PaneEditing paneEditing;
@@ -54,6 +67,13 @@ public:
     edit::UndoHistory history;
     edit::NodeCreation creation;
     edit::NodeCommands nodeCommands;
+
+    search::CaptionSearch captionSearch;
+    search::PathQuery pathQuery;
+
+    tools::ToolCommands tools;
+    tools::ViewCommands view;
+    tools::TreePrinting treePrinting;
 
     document::DocumentLoader loader;
     document::DocumentCommands commands;

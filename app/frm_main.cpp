@@ -5,9 +5,10 @@
 
 #include <QAction>
 #include <QCloseEvent>
-#include <QFontDatabase>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QMenuBar>
+#include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QToolBar>
@@ -22,7 +23,6 @@ namespace texts = resources::texts;
 namespace {
 
 constexpr QSize DesignSize(1000, 680);
-constexpr int TwipsPerPixel = 15;
 /// The path box stands this far below the top of its place on the toolbar.
 constexpr int PathTopTwips = 30;
 
@@ -44,6 +44,7 @@ frmMain::frmMain(bool startedAlone, Surroundings surroundings)
     connectEditCommands();
     connectViewCommands();
     connectNodeCommands();
+    connectToolCommands();
     connectContextMenu();
     connectButtons();
     Form_Initialize();
@@ -72,8 +73,10 @@ void frmMain::layOut() {
     sbr->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     sbr->setTextFormat(Qt::PlainText);
     resize(DesignSize);
-    vsp->setSizes({DesignSize.width() * 2 / 5, DesignSize.width() * 3 / 5});
-    hsp->setSizes({DesignSize.height() * 3 / 5, DesignSize.height() * 2 / 5});
+    if (const QScreen *screen = QGuiApplication::primaryScreen())
+        move(screen->availableGeometry().center() - rect().center());
+    firstSplitLeft_ = DesignSize.width() * 2 / 5;
+    firstSplitTop_ = DesignSize.height() / 2;
 }
 
 void frmMain::fillToolBar() {
@@ -116,32 +119,11 @@ void frmMain::nameForAccessibility() {
     tbr->setWindowTitle(texts::ToolBarName.toString());
 }
 
-void frmMain::Form_Initialize() {
-    ignoringErrors([this] {
-        const QString family = texts::DefaultFontName.toString();
-        txtEdit->setTextFont(family, texts::DefaultFontSize);
-        tvw->setFont(QFont(family, texts::DefaultFontSize));
-        QFont pathFont = cboPath->font();
-        pathFont.setFamily(family);
-        cboPath->setFont(pathFont);
-    });
-    menus_->setElements(u"mnuToolOpen", {}, {}, 0);
-    actions_.action(u"mnuToolLine3")->setVisible(false);
-    actions_.action(u"mnuToolOpenEditor")->setVisible(false);
-    ignoringErrors([this] { editor_->workingFolder.create(); });
-}
-
 void frmMain::Form_Load() {
     ignoringErrors([this] {
         if (companion_.open())
             companion_.execute(QStringLiteral("ADD ") + handle());
     });
-}
-
-void frmMain::Form_Unload() {
-    if (startedAlone_)
-        ignoringErrors([this] { editor_->workingFolder.remove(); });
-    ignoringErrors([this] { companion_.execute(QStringLiteral("REMOVE ") + handle()); });
 }
 
 QString frmMain::handle() const {

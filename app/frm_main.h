@@ -40,8 +40,11 @@ public:
 protected:
     void closeEvent(QCloseEvent *event) override;
     void changeEvent(QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
 private:
+    static constexpr int TwipsPerPixel = 15;
+
     void Form_Initialize();
     void Form_Load();
     void Form_Unload();
@@ -54,16 +57,26 @@ private:
     void connectEditCommands();
     void connectViewCommands();
     void connectNodeCommands();
+    void connectToolCommands();
     void connectContextMenu();
     void connectButtons();
+
+    document::Placement placement() const;
+    void place(const document::Placement &placement);
+    void applyFont();
+    void showExternalEditors();
+    void showRecentFiles();
 
     void showStatus(const QString &text);
     void enableDocumentButtons(bool enabled);
     void enableClipboardButtons(const tree::ClipboardButtons &buttons);
-    void changeSubtree(void (tree::TreeBuilder::*change)(const controls::TreeItem &));
     QString handle() const;
 
     bool startedAlone_;
+    /// Where the splitters are to stand once there is a window to split, in pixels.
+    int firstSplitLeft_ = 0;
+    int firstSplitTop_ = 0;
+    bool wasShown_ = false;
     controls::ActionSet actions_;
 
     QToolBar *tbr;

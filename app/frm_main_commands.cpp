@@ -44,6 +44,13 @@ void frmMain::connectEditCommands() {
     actions_.connectAction(
         u"mnuEditRedo", [&history] { history.RedoCommand(); },
         [&history] { return history.CanRedo(); });
+    search::CaptionSearch &search = editor_->captionSearch;
+    actions_.connectAction(
+        u"mnuEditFind", [&search] { search.mnuEditFind_Click(); },
+        [this] { return editor_->nodeCommands.mnuEdit_Click().find; });
+    actions_.connectAction(
+        u"mnuEditFindNext", [&search] { search.mnuEditFindNext_Click(); },
+        [this] { return editor_->nodeCommands.mnuEdit_Click().find; });
     document::DocumentCommands &commands = editor_->commands;
     actions_.connectAction(
         u"mnuEditUndoAll", [&commands] { commands.mnuEditUndoAll_Click(); },
@@ -64,26 +71,56 @@ void frmMain::connectEditCommands() {
     actions_.connectAction(
         u"mnuEditRename", [&nodes] { nodes.mnuEditRename_Click(); },
         [&nodes] { return nodes.mnuEdit_Click().rename; });
-    actions_.connectAction(u"mnuViewLock", [this] {
-        editor_->options.viewLock = actions_.action(u"mnuViewLock")->isChecked();
-    });
 }
 
 void frmMain::connectViewCommands() {
-    const auto isContainer = [this] {
-        const xml::NodeType kind = editor_->selection.GetSelectedDOMNode().nodeType();
-        return kind == xml::NodeType::Element || kind == xml::NodeType::Document;
-    };
+    tools::ViewCommands &view = editor_->view;
+    const auto isContainer = [&view] { return view.mnuView_Click(); };
     actions_.connectAction(
-        u"mnuNodeExpand", [this] { changeSubtree(&tree::TreeBuilder::ExpandSubtree); },
-        isContainer);
+        u"mnuNodeExpand", [&view] { view.mnuNodeExpand_Click(); }, isContainer);
     actions_.connectAction(
-        u"mnuNodeCollapse", [this] { changeSubtree(&tree::TreeBuilder::CollapseSubtree); },
-        isContainer);
-    actions_.connectAction(u"mnuViewText", [this] {
-        editor_->options.viewText = actions_.action(u"mnuViewText")->isChecked();
-        editor_->builder.BuildTree(editor_->state.m_DOM, true);
+        u"mnuNodeCollapse", [&view] { view.mnuNodeCollapse_Click(); }, isContainer);
+    actions_.connectAction(u"mnuViewText", [this, &view] {
+        view.mnuViewText_Click(actions_.action(u"mnuViewText")->isChecked());
     });
+    actions_.connectAction(u"mnuViewLock", [this, &view] {
+        view.mnuViewLock_Click(actions_.action(u"mnuViewLock")->isChecked());
+    });
+    actions_.connectAction(u"mnuViewFont", [this, &view] {
+        view.mnuViewFont_Click(editor_->settings.fontName, editor_->settings.fontSize);
+    });
+    connect(&view, &tools::ViewCommands::fontChosen, this,
+            [this](const QString &name, qint16 size) {
+                editor_->settings.fontName = name;
+                editor_->settings.fontSize = size;
+                applyFont();
+                // The path box keeps its size; that is meant so.
+                QFont pathFont = cboPath->font();
+                pathFont.setFamily(name);
+                cboPath->setFont(pathFont);
+            });
+}
+
+void frmMain::connectToolCommands() {
+    tools::ToolCommands &tools = editor_->tools;
+    const auto hasDocument = [this] { return bool(editor_->state.m_DOM); };
+    actions_.connectAction(
+        u"mnuToolRemoveText", [&tools] { tools.mnuToolRemoveText_Click(); },
+        [this] { return editor_->state.m_DOM && !editor_->state.m_ReadOnly; });
+    actions_.connectAction(
+        u"mnuToolSend", [&tools] { tools.mnuToolSend_Click(); }, hasDocument);
+    actions_.connectAction(u"mnuWindowTileH", [this] {
+        controls::ignoringErrors([this] { companion_.execute(QStringLiteral("TILE_VERTICAL")); });
+    });
+    actions_.connectAction(u"mnuHelpReadme", [&tools] { tools.mnuHelpReadme_Click(); });
+    actions_.connectAction(u"mnuHelpAbout", [&tools] { tools.mnuHelpAbout_Click(); });
+    actions_.connectAction(
+        u"mnuFilePrintTree", [this] { editor_->treePrinting.mnuFilePrintTree_Click(); },
+        hasDocument);
+    menus_->onMenuOpening(u"mnuTool", [this] {
+        actions_.action(u"mnuToolOpenEditor")->setEnabled(!editor_->state.m_FileName.isEmpty());
+    });
+    menus_->onMenuOpening(u"mnuFile", [this] { showRecentFiles(); });
 }
 
 void frmMain::connectNodeCommands() {
@@ -151,17 +188,13 @@ void frmMain::connectContextMenu() {
     });
 }
 
-void frmMain::changeSubtree(void (tree::TreeBuilder::*change)(const controls::TreeItem &)) {
-    const controls::TreeItem item = tvw->SelectedItem();
-    if (!item)
-        return;
-    tvw->setTreeVisible(false);
-    (editor_->builder.*change)(item);
-    tvw->setTreeVisible(true);
-    tvw->setFocus();
-}
-
 void frmMain::connectButtons() {
+    const auto runPath = [this] {
+        controls::guarded([this] { editor_->pathQuery.SelectByPath(); });
+    };
+    connect(cboPath, &controls::PathBox::Enter, this, runPath);
+    connect(cboPath, &controls::PathBox::Click, this, runPath);
+    actions_.connectToolButton(u"move", runPath);
     connect(editor_.get(), &Editor::statusText, this, &frmMain::showStatus);
     connect(&editor_->loader, &document::DocumentLoader::documentOpened, this,
             [this] { enableDocumentButtons(true); });

@@ -1,5 +1,6 @@
 #include "app/tree_keys.h"
 
+#include "platform/controls/error_boundary.h"
 #include "resources/actions.h"
 
 #include <QKeyEvent>
@@ -38,6 +39,14 @@ bool TreeKeys::tvw_KeyDown(const QKeyEvent &event) {
         return true;
     }
     const QKeySequence key = keyOf(event);
+    if (key == QKeySequence(Qt::SHIFT | Qt::Key_F3)) {
+        search::CaptionSearch &search = editor_.captionSearch;
+        controls::guarded([&] {
+            if (!search.pattern().isEmpty())
+                search.SearchBackward(tvw_.SelectedItem(), search.pattern());
+        });
+        return true;
+    }
     for (const resources::ActionEntry &entry : resources::actionTable()) {
         if (entry.keyContext != resources::KeyContext::Tree || entry.key.isEmpty() ||
             key != QKeySequence(entry.key.toString(), QKeySequence::PortableText))

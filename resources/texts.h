@@ -17,6 +17,7 @@ inline constexpr QStringView ButtonNo = u"いいえ(&N)";
 // File dialogs. %1 is the path as the user chose it.
 inline constexpr QStringView OpenDialogTitle = u"開く";
 inline constexpr QStringView SaveDialogTitle = u"名前を付けて保存";
+inline constexpr QStringView FontDialogTitle = u"フォント";
 inline constexpr QStringView OpenReadOnly = u"読み取り専用で開く(&R)";
 inline constexpr QStringView FileNotFound =
     u"%1\nファイルが見つかりません。ファイル名を確認してください。";
@@ -41,14 +42,25 @@ inline constexpr QStringView SyntaxError = u"構文エラー";
 inline constexpr QStringView Loading = u"読み込んでいます...";
 inline constexpr QStringView FileChangedOnDisk =
     u"このファイルは他のプログラムによって変更されました。「再読込」で新しい内容を読み込めます。";
-
-// An entry of the tree's context menu that no menu of the menu bar has.
-inline constexpr QStringView AddAttributeToParent = u"親要素に属性を追加(&P)";
 inline constexpr QStringView SearchedToEnd = u"終わりまで検索しました。";
 inline constexpr QStringView SearchedToTop = u"先頭まで検索しました。";
 inline constexpr QStringView NothingFound = u"見つかりませんでした";
 // Directly after the number.
 inline constexpr QStringView MatchesFound = u"件検索されました。";
+
+// Settings. %1 to %3 are section, key and value, %4 is what is wrong with it.
+inline constexpr QStringView BrokenSetting = u"設定 [%1] %2 の値 \"%3\" が正しくありません。\n%4";
+inline constexpr QStringView DuplicateEditor =
+    u"外部エディタ \"%1\" が二重に設定されています。これ以降の設定は読み込みません。";
+
+// Sending. %1 is the address, %2 the reason.
+inline constexpr QStringView CannotSend = u"%1 に送信できません。\n%2";
+inline constexpr QStringView BadAddress = u"アドレスが正しくありません。";
+
+inline constexpr QStringView LegalNotice = u"Copyright (C) 2026 Quillon XML Editor の開発者";
+
+// An entry of the tree's context menu that no menu of the menu bar has.
+inline constexpr QStringView AddAttributeToParent = u"親要素に属性を追加(&P)";
 
 // Search.
 inline constexpr QStringView FindPrompt = u"検索する文字列を入力してください。";

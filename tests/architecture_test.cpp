@@ -15,8 +15,9 @@ namespace {
 const std::map<QString, int> Floors = {
     {"resources", 0},      {"platform/runtime", 1},  {"platform/xml", 1},
     {"platform/system", 2}, {"platform/controls", 2}, {"document/state", 3},
-    {"tree", 4},           {"edit", 5},              {"document/commands", 6},
-    {"app", 7},
+    {"tree", 4},           {"edit", 5},              {"search", 6},
+    {"preview", 6},        {"preview/xdr", 2},       {"tools", 6},
+    {"document/commands", 7}, {"app", 8},
 };
 
 struct Include {

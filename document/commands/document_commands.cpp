@@ -113,6 +113,14 @@ void DocumentCommands::mnuFileSaveAs_Click() {
         SaveFile(chosen.path);
 }
 
+void DocumentCommands::mnuFileMRUFiles_Click(const QString &path) {
+    if (!ConfirmSave())
+        return;
+    ClearStatus();
+    if (loader_.OpenFile(path))
+        UpdateStatus(path);
+}
+
 QString DocumentCommands::initialPath() const {
     return QFileInfo(state_.m_FileName).isAbsolute() ? state_.m_FileName : QString();
 }

@@ -21,6 +21,8 @@ public:
     void mnuFileClose_Click();
     void mnuFileSave_Click();
     void mnuFileSaveAs_Click();
+    /// Opens a file of the list of recent ones.
+    void mnuFileMRUFiles_Click(const QString &path);
     /// Goes back to the file as it was opened. Cannot be undone.
     void mnuEditUndoAll_Click();
     bool canUndoAll() const;

@@ -3,9 +3,12 @@
 #include "resources/texts.h"
 
 #include <QApplication>
+#include <QFontDialog>
 #include <QInputDialog>
 #include <QLibraryInfo>
 #include <QLocale>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QTranslator>
 
 #include <utility>
@@ -34,6 +37,24 @@ QString DesktopDialogs::inputText(const QString &prompt) {
     box.setOkButtonText(resources::texts::ButtonOk.toString());
     box.setCancelButtonText(resources::texts::ButtonCancel.toString());
     return box.exec() == QDialog::Accepted ? box.textValue() : QString();
+}
+
+std::optional<FontChoice> DesktopDialogs::chooseFont(const FontChoice &present) {
+    QFont font(present.family);
+    font.setPointSizeF(present.points);
+    bool chosen = false;
+    font = QFontDialog::getFont(&chosen, font, QApplication::activeWindow(),
+                                resources::texts::FontDialogTitle.toString(),
+                                QFontDialog::DontUseNativeDialog);
+    if (!chosen)
+        return {};
+    return FontChoice{font.family(), font.pointSizeF()};
+}
+
+bool DesktopDialogs::choosePrinter(QPrinter &printer) {
+    QPrintDialog dialog(&printer, QApplication::activeWindow());
+    dialog.setOption(QAbstractPrintDialog::PrintPageRange, false);
+    return dialog.exec() == QDialog::Accepted;
 }
 
 bool installDialogTexts() {

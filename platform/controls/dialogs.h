@@ -2,6 +2,10 @@
 
 #include <QString>
 
+#include <optional>
+
+class QPrinter;
+
 namespace quillon::controls {
 
 /// Bits of a file dialog's flags.
@@ -37,6 +41,11 @@ struct FileDialogResult {
     int flags = 0;
 };
 
+struct FontChoice {
+    QString family;
+    double points = 0;
+};
+
 /// What the program asks of its user outside its windows. All calls are modal.
 class Dialogs {
 public:
@@ -52,6 +61,10 @@ public:
     virtual FileDialogResult showOpen(const FileDialogRequest &request) = 0;
     /// A name typed without an extension gets that of the chosen filter.
     virtual FileDialogResult showSave(const FileDialogRequest &request) = 0;
+    /// Asks for one of the fonts installed; nothing when the user cancelled.
+    virtual std::optional<FontChoice> chooseFont(const FontChoice &present) = 0;
+    /// Has the printer chosen and set up, all pages at once; false when the user cancelled.
+    virtual bool choosePrinter(QPrinter &printer) = 0;
 };
 
 /// The dialogs on the user's screen.
@@ -61,6 +74,8 @@ public:
     QString inputText(const QString &prompt) override;
     FileDialogResult showOpen(const FileDialogRequest &request) override;
     FileDialogResult showSave(const FileDialogRequest &request) override;
+    std::optional<FontChoice> chooseFont(const FontChoice &present) override;
+    bool choosePrinter(QPrinter &printer) override;
 };
 
 /// The dialogs in force: the desktop's, unless others have been put in their place.

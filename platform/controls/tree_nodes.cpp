@@ -203,7 +203,7 @@ bool Nodes::hasChildren(const QModelIndex &parent) const {
 Qt::ItemFlags Nodes::flags(const QModelIndex &index) const {
     if (!index.isValid())
         return Qt::NoItemFlags;
-    return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsEditable;
+    return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsEditable | Qt::ItemIsDragEnabled;
 }
 
 QVariant Nodes::data(const QModelIndex &index, int role) const {

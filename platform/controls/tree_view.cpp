@@ -172,6 +172,9 @@ bool TreeView::edit(const QModelIndex &index, EditTrigger trigger, QEvent *event
     // A slow second click comes here twice; it is the second time, with all triggers, that opens
     // the editor.
     const bool opens = trigger == AllEditTriggers || trigger == EditKeyPressed;
+    // The item went on to be dragged before the time of a slow click was over.
+    if (opens && state() == DraggingState)
+        return true;
     if (!opens || !index.isValid() || state() == EditingState)
         return QTreeView::edit(index, trigger, event);
     const TreeItem item = nodes_->itemAt(index);
@@ -212,23 +215,30 @@ void TreeView::finishLabelEdit() {
 // ---- Mouse and keyboard
 
 void TreeView::mousePressEvent(QMouseEvent *event) {
-    const Slot branch =
-        event->button() == Qt::LeftButton ? branchAt(event->position().toPoint()) : 0;
-    isBranchPressed_ = branch != 0;
-    if (isBranchPressed_)
+    const QPoint position = event->position().toPoint();
+    const TreeItem pressed = HitTest(position);
+    const Slot branch = event->button() == Qt::LeftButton ? branchAt(position) : 0;
+    isPressSpent_ = branch != 0;
+    if (isPressSpent_)
         setExpandedAsUser(nodes_->item(branch), !nodes_->item(branch).Expanded());
     else
         asUserGesture([&] { QTreeView::mousePressEvent(event); });
+    Q_EMIT MouseDown(pressed, event->button(), position);
 }
 
 void TreeView::mouseMoveEvent(QMouseEvent *event) {
-    if (!isBranchPressed_)
+    if (isPressSpent_ && event->buttons() != Qt::NoButton)
+        return;
+    if (state() != DraggingState)
         asUserGesture([&] { QTreeView::mouseMoveEvent(event); });
+    else if (event->buttons().testFlag(Qt::LeftButton))
+        // Returns after the drag: what it has selected on its way was not clicked.
+        QTreeView::mouseMoveEvent(event);
 }
 
 void TreeView::mouseReleaseEvent(QMouseEvent *event) {
     // The base would take the release for a click on the item.
-    if (!std::exchange(isBranchPressed_, false))
+    if (!std::exchange(isPressSpent_, false))
         asUserGesture([&] { QTreeView::mouseReleaseEvent(event); });
 }
 

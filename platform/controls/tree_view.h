@@ -4,13 +4,43 @@
 #include "platform/controls/tree_rows.h"
 
 #include <QAccessible>
+#include <QBasicTimer>
 #include <QElapsedTimer>
 #include <QTreeView>
 
 #include <functional>
+#include <memory>
 #include <optional>
 
+class QMimeData;
+
 namespace quillon::controls {
+
+/// Where in a tree something is dragged or dropped.
+struct DragPoint {
+    /// The item under the pointer; Nothing beside the items.
+    TreeItem item;
+    Qt::KeyboardModifiers modifiers;
+    /// What the source asks for.
+    Qt::DropAction proposed = Qt::IgnoreAction;
+};
+
+/// What a tree does when items are dragged out of it and data is dragged into it. An error that
+/// one of these raises is shown to the user and counts as a refusal.
+struct DragHandlers {
+    /// The user drags an item. What is offered in its place, to be moved or copied; null for no
+    /// drag.
+    std::function<std::unique_ptr<QMimeData>()> start;
+    /// Something dragged comes in. Asking it for data may take a while.
+    std::function<void(const QMimeData &)> enter;
+    /// What a drop at a point would do; Qt::IgnoreAction refuses it. Asked again and again.
+    std::function<Qt::DropAction(const DragPoint &)> over;
+    /// Takes the data dropped at a point; says what was done with it, Qt::IgnoreAction for
+    /// nothing.
+    std::function<Qt::DropAction(const DragPoint &, const QMimeData &)> drop;
+    /// The drag that `start` began is over, and this was done with what it offered.
+    std::function<void(Qt::DropAction)> complete;
+};
 
 /// Shows the items of a Nodes collection, which it owns.
 ///
@@ -52,6 +82,12 @@ public:
     /// caption, false leaves the caption alone. Without it every text is taken.
     std::function<bool(TreeItem, QString &newText)> afterLabelEdit;
 
+    /// Turns dragging on, in both directions; all handlers must be there. A collapsed item
+    /// expands after the pointer has rested on it for autoExpandDelay().
+    void setDragHandlers(DragHandlers handlers);
+    /// Selects an item in view without scrolling: it must not slip away from under the pointer.
+    void selectInPlace(const TreeItem &item);
+
     QRect visualRect(const QModelIndex &index) const override;
     void scrollTo(const QModelIndex &index, ScrollHint hint = EnsureVisible) override;
     QModelIndex indexAt(const QPoint &position) const override;
@@ -73,6 +109,10 @@ public:
 Q_SIGNALS:
     /// The user has selected another item, by mouse or keyboard.
     void NodeClick(const quillon::controls::TreeItem &item);
+    /// A mouse button went down at a point of the viewport, on an item or on Nothing. Sent after
+    /// the press has done its work.
+    void MouseDown(const quillon::controls::TreeItem &item, Qt::MouseButton button,
+                   const QPoint &position);
 
 protected:
     using QTreeView::edit;
@@ -97,6 +137,13 @@ protected:
     void setSelection(const QRect &rect, QItemSelectionModel::SelectionFlags command) override;
     QRegion visualRegionForSelection(const QItemSelection &selection) const override;
 
+    void startDrag(Qt::DropActions supportedActions) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dragMoveEvent(QDragMoveEvent *event) override;
+    void dragLeaveEvent(QDragLeaveEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+    void timerEvent(QTimerEvent *event) override;
+
     void updateGeometries() override;
     void scrollContentsBy(int dx, int dy) override;
     int horizontalOffset() const override;
@@ -115,6 +162,12 @@ private:
     void notifyAccessibility(QAccessible::Event type, const QModelIndex &index);
     bool mayEditLabel(const TreeItem &item);
     void finishLabelEdit();
+
+    /// Shows what a drop where the pointer is would do, and returns it.
+    Qt::DropAction hover();
+    void endHover();
+    /// Scrolls while the pointer is near an edge.
+    void scrollAtEdges();
 
     int rowsPerPage() const;
     QRect rowRect(int row) const;
@@ -138,11 +191,19 @@ private:
     int rowHeight_ = 1;
     /// Width of the widest row seen since the last layout.
     int contentWidth_ = 0;
-    bool isBranchPressed_ = false;
+    /// The button that is down has done its work, on a branch or by a drag.
+    bool isPressSpent_ = false;
     QString searchText_;
     QElapsedTimer searchTimer_;
     /// What was entered in the editor that is closing.
     std::optional<std::pair<TreeItem, QString>> enteredLabel_;
+
+    DragHandlers drag_;
+    /// Where the pointer of a drag was seen last, in the viewport.
+    QPoint dragPosition_;
+    DragPoint dragPoint_;
+    QBasicTimer expandTimer_;
+    QBasicTimer scrollTimer_;
 };
 
 } // namespace quillon::controls

@@ -43,6 +43,7 @@ Ref<Arena> Arena::clone() const {
 }
 
 void Arena::clear() {
+    derived.drop();
     base_ += size_;
     size_ = 0;
     directories_.clear();
@@ -162,6 +163,7 @@ std::string_view Arena::ownText(Number n, OwnTextKind kind) const {
 }
 
 void Arena::setOwnText(Number n, OwnTextKind kind, std::string text) {
+    derived.drop();
     Page &p = writePage(n - base_);
     const auto slot = static_cast<std::uint16_t>(indexOf(n - base_));
     const auto at = p.texts.begin() + (findOwn(p, slot, kind) - p.texts.cbegin());
@@ -203,6 +205,7 @@ void Arena::setEndLayout(Number n, std::string text) {
 }
 
 void Arena::link(Number parent, Number node, Number next) {
+    derived.drop();
     const bool attribute = record(node).kind == NodeType::Attribute;
     const Number last = attribute ? part(parent).lastAttribute : part(parent).lastChild;
     const Number previous = next != 0 ? record(next).previous : last;
@@ -224,6 +227,7 @@ void Arena::link(Number parent, Number node, Number next) {
 }
 
 void Arena::unlink(Number node) {
+    derived.drop();
     const Record r = record(node);
     if (r.previous != 0)
         writeRecord(r.previous).next = r.next;

@@ -2,6 +2,8 @@
 
 #include "platform/controls/message_box.h"
 
+#include <QPrinter>
+
 #include <gtest/gtest.h>
 #include <utility>
 
@@ -36,7 +38,8 @@ int escapeAnswer(int style) {
 
 ScriptedDialogs::~ScriptedDialogs() {
     controls::setDialogs(before_);
-    const size_t unused = messageAnswers_.size() + inputAnswers_.size() + fileAnswers_.size();
+    const size_t unused = messageAnswers_.size() + inputAnswers_.size() + fileAnswers_.size() +
+                          fontAnswers_.size() + printerAnswers_.size();
     EXPECT_EQ(unused, 0u) << "answers that no dialog asked for";
 }
 
@@ -58,6 +61,20 @@ controls::FileDialogResult ScriptedDialogs::showOpen(const controls::FileDialogR
 controls::FileDialogResult ScriptedDialogs::showSave(const controls::FileDialogRequest &request) {
     saveRequests.push_back(request);
     return take(fileAnswers_, request.title, {QString(), request.flags});
+}
+
+std::optional<controls::FontChoice>
+ScriptedDialogs::chooseFont(const controls::FontChoice &present) {
+    fontRequests.push_back(present);
+    const controls::FontChoice chosen = take(fontAnswers_, present.family, controls::FontChoice());
+    return chosen.family.isEmpty() ? std::nullopt : std::optional(chosen);
+}
+
+bool ScriptedDialogs::choosePrinter(QPrinter &printer) {
+    const QString file = take(printerAnswers_, QStringLiteral("printer"), QString());
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(file);
+    return !file.isEmpty();
 }
 
 } // namespace quillon::test

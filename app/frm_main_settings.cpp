@@ -1,0 +1,125 @@
+#include "app/frm_main.h"
+#include "platform/controls/error_boundary.h"
+#include "platform/controls/message_box.h"
+
+#include <QAction>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QSplitter>
+
+namespace quillon::app {
+
+using controls::ignoringErrors;
+
+namespace {
+
+/// So much of a window's upper edge must be on a screen for it to be found and moved.
+constexpr QSize Grip(80, 20);
+
+bool isOnAScreen(const QRect &window) {
+    const QList<QScreen *> screens = QGuiApplication::screens();
+    return std::any_of(screens.begin(), screens.end(), [&](const QScreen *screen) {
+        const QRect seen = screen->availableGeometry().intersected(window);
+        return seen.width() >= Grip.width() && seen.height() >= Grip.height() &&
+               window.top() >= screen->availableGeometry().top();
+    });
+}
+
+QString doubledAmpersands(QString text) {
+    return text.replace(QLatin1Char('&'), QStringLiteral("&&"));
+}
+
+} // namespace
+
+void frmMain::Form_Initialize() {
+    document::Settings &settings = editor_->settings;
+    settings.report = [](const QString &text) {
+        controls::showMessage(text, controls::message_style::Exclamation);
+    };
+    document::Placement placed = placement();
+    settings.load(placed);
+    place(placed);
+    if (settings.maximized)
+        setWindowState(windowState() | Qt::WindowMaximized);
+    ignoringErrors([this] {
+        applyFont();
+        QFont pathFont = cboPath->font();
+        pathFont.setFamily(editor_->settings.fontName);
+        cboPath->setFont(pathFont);
+    });
+    showExternalEditors();
+    ignoringErrors([this] { editor_->workingFolder.create(); });
+}
+
+void frmMain::Form_Unload() {
+    editor_->settings.maximized = isMaximized();
+    editor_->settings.save(placement(), !isMinimized() && !isMaximized());
+    if (startedAlone_)
+        ignoringErrors([this] { editor_->workingFolder.remove(); });
+    ignoringErrors([this] { companion_.execute(QStringLiteral("REMOVE ") + handle()); });
+}
+
+document::Placement frmMain::placement() const {
+    const auto twips = [](int pixels) { return pixels * TwipsPerPixel; };
+    document::Placement placed;
+    placed.left = twips(x());
+    placed.top = twips(y());
+    placed.width = twips(width());
+    placed.height = twips(height());
+    placed.splitLeft = twips(wasShown_ ? vsp->sizes().value(0) : firstSplitLeft_);
+    placed.splitTop = twips(wasShown_ ? hsp->sizes().value(0) : firstSplitTop_);
+    return placed;
+}
+
+void frmMain::place(const document::Placement &placed) {
+    const auto pixels = [](int twips) { return twips / TwipsPerPixel; };
+    const QRect window(pixels(placed.left), pixels(placed.top), pixels(placed.width),
+                       pixels(placed.height));
+    resize(window.size());
+    if (isOnAScreen(window))
+        move(window.topLeft());
+    firstSplitLeft_ = pixels(placed.splitLeft);
+    firstSplitTop_ = pixels(placed.splitTop);
+}
+
+void frmMain::showEvent(QShowEvent *event) {
+    QMainWindow::showEvent(event);
+    if (std::exchange(wasShown_, true))
+        return;
+    // Only now the splitters have a size to divide.
+    const auto split = [](QSplitter &splitter, int first, int whole) {
+        splitter.setSizes({first, std::max(1, whole - first)});
+    };
+    split(*vsp, firstSplitLeft_, centralWidget()->width());
+    split(*hsp, firstSplitTop_, centralWidget()->height());
+}
+
+void frmMain::applyFont() {
+    const document::Settings &settings = editor_->settings;
+    txtEdit->setTextFont(settings.fontName, settings.fontSize);
+    tvw->setFont(QFont(settings.fontName, settings.fontSize));
+}
+
+void frmMain::showExternalEditors() {
+    std::vector<controls::ActionMenus::Element> elements;
+    for (const document::ExternalEditor &editor : editor_->settings.editors)
+        elements.push_back({editor.name, editor.path});
+    menus_->setElements(
+        u"mnuToolOpen", elements,
+        [this](int, const QString &program) { editor_->tools.mnuToolOpen_Click(program); }, 0);
+    actions_.action(u"mnuToolLine3")->setVisible(!elements.empty());
+    actions_.action(u"mnuToolOpenEditor")->setVisible(!elements.empty());
+}
+
+void frmMain::showRecentFiles() {
+    std::vector<controls::ActionMenus::Element> elements;
+    for (const QString &path : editor_->recentFiles.read())
+        elements.push_back(
+            {QStringLiteral("&%1 %2").arg(elements.size() + 1).arg(doubledAmpersands(path)), path});
+    menus_->setElements(
+        u"mnuFileMRUFiles", elements,
+        [this](int, const QString &path) { editor_->commands.mnuFileMRUFiles_Click(path); }, 1);
+    actions_.action(u"mnuFileMRU")->setEnabled(!elements.empty());
+}
+
+} // namespace quillon::app

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "platform/xml/dom.h"
+
+#include <QHash>
+
+#include <functional>
+#include <libxml/parser.h>
+#include <libxml/xmlerror.h>
+#include <memory>
+
+namespace quillon::xml {
+
+struct FreeXmlDoc {
+    void operator()(xmlDoc *doc) const { xmlFreeDoc(doc); }
+};
+using XmlDoc = std::unique_ptr<xmlDoc, FreeXmlDoc>;
+
+/// libxml2 set up for one validation: while the object lives, all that libxml2 reports goes to one
+/// function, and all that it wants to read comes from one folder or not at all. Only one such
+/// object at a time.
+class SchemaSession {
+public:
+    using Report = std::function<void(const xmlError &)>;
+
+    explicit SchemaSession(const QString &folder);
+    ~SchemaSession();
+    SchemaSession(const SchemaSession &) = delete;
+    SchemaSession &operator=(const SchemaSession &) = delete;
+
+    /// Where reports go from now on.
+    Report report;
+
+    /// A file of the folder as the address by which libxml2 knows it.
+    QByteArray addressOf(const QString &fileName) const;
+
+    /// What happens to the entities of a document.
+    enum class Entities { Keep, Replace };
+    /// Parses a document, with the DTD that it names when `loadDtd`. Null after a syntax error,
+    /// which has been reported. Raises Fail when entities expand beyond bounds. Elements that stand
+    /// in the document itself, not in an entity, are numbered for elementIndex().
+    XmlDoc parse(QByteArray utf8, bool loadDtd, Entities entities);
+
+    /// The 0-based position, among the elements of the document parsed last in document order, of
+    /// the element that an error is about; -1 when unknown.
+    qint64 elementIndex(const xmlError &error) const;
+
+private:
+    static xmlParserInput *openEntity(const char *url, const char *id, xmlParserCtxt *context);
+    static xmlParserInput *resolveEntity(void *context, const xmlChar *publicId,
+                                         const xmlChar *systemId);
+    static void startElement(void *context, const xmlChar *name, const xmlChar *prefix,
+                             const xmlChar *uri, int namespaceCount, const xmlChar **namespaces,
+                             int attributeCount, int defaultCount, const xmlChar **attributes);
+    static xmlEntity *getEntity(void *context, const xmlChar *name);
+    static xmlEntity *getParameterEntity(void *context, const xmlChar *name);
+
+    xmlParserInput *open(const QString &path, const QByteArray &url, xmlParserCtxt *context) const;
+    QString pathOf(const QString &url) const;
+    QByteArray contentOf(const xmlEntity *entity) const;
+    quint64 expandedSize(const xmlEntity *entity, int depth);
+    void expand(quint64 size, void *context);
+
+    QString folder_;
+    xmlExternalEntityLoader loaderBefore_;
+    xmlStructuredErrorFunc reportBefore_;
+    void *reportContextBefore_;
+
+    xmlParserCtxt *context_ = nullptr;
+    xmlSAXHandler original_{};
+    qint64 elementCount_ = 0;
+    /// Entities are replaced by this many bytes in all at most.
+    quint64 expansionLimit_ = 0;
+    quint64 expanded_ = 0;
+    /// What each entity stands for, counted once.
+    QHash<const xmlEntity *, quint64> sizes_;
+};
+
+} // namespace quillon::xml

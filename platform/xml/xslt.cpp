@@ -1,0 +1,19 @@
+#include "platform/xml/xslt.h"
+
+#include "platform/runtime/error.h"
+#include "platform/xml/xslt_engine.h"
+#include "platform/xml/xslt_process.h"
+#include "resources/xml_texts.h"
+
+namespace quillon::xml {
+
+QString transformNode(const Node &source, const DOMDocument40 &stylesheet,
+                      const TransformOptions &options) {
+    if (source.nodeType() != NodeType::Document && source.nodeType() != NodeType::Element)
+        throw runtime::Error(runtime::error_number::Fail,
+                             resources::xml_text::WrongKind.arg(TypeName(source)));
+    const auto transform = [&] { return runStylesheet(source, stylesheet, options); };
+    return QString::fromUtf8(runInChild(transform, {options.timeLimit, options.memoryLimit}));
+}
+
+} // namespace quillon::xml

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "platform/xml/dom.h"
+
+#include <QStringList>
+
+#include <chrono>
+
+namespace quillon::xml {
+
+/// What a transformation may use.
+struct TransformOptions {
+    /// The folders from which xsl:import, xsl:include and document() read, in the order in which
+    /// a relative name is looked up. The first is the base of relative names in the source and in
+    /// the stylesheet. Everything else is out of reach: other files, writing, the network.
+    QStringList folders;
+    std::chrono::milliseconds timeLimit = std::chrono::seconds(60);
+    /// The largest result, in bytes of UTF-8.
+    qint64 outputLimit = qint64(256) << 20;
+    /// The most memory that source, stylesheet and result may take together, in bytes.
+    qint64 memoryLimit = qint64(4) << 30;
+};
+
+/// The namespace of the functions by which a stylesheet asks about nodes of the editor's DOM.
+/// A stylesheet whose root element declares it is given the document as the DOM has it:
+/// - CDATA sections and text are nodes of their own, and so is an entity reference, as a text node
+///   with its markup ("&name;");
+/// - the XML declaration and the document type are instructions named "xml" and as the document
+///   type; attributes that declare namespaces are among the attributes.
+/// `getPath(node)` gives the 1-based positions of the node and its ancestors among all children of
+/// their parents, from the document (which counts 1) down, joined by ".". `nodeType(node)` gives
+/// the NodeType of the node. Both take the first node of the set; for nodes of other documents
+/// they give "" and 0.
+/// Every other stylesheet sees what XPath defines: one text node for text, CDATA sections and
+/// what references stand for.
+inline constexpr char DomFunctionsNamespace[] = "urn:quillon-xml-editor:dom";
+
+/// Transforms a document or an element by an XSLT 1.0 stylesheet and returns the result as text.
+/// An element is transformed as if it were a document of its own: "/" is a document with that
+/// element as its only child; namespaces declared further up hold.
+///
+/// The functions of EXSLT's modules common, math, sets, strings and dates and msxsl:node-set can
+/// be used. A stylesheet in the namespace http://www.w3.org/TR/WD-xsl is translated first
+/// (wd_xsl.h).
+///
+/// - Method html: <META http-equiv="Content-Type" content="text/html; charset=UTF-16"> is the
+///   first child of HEAD, where there is one.
+/// - Method xml: the declaration names UTF-16, whatever the stylesheet asks for.
+///
+/// Works in a child process: what a stylesheet does to the processor cannot harm the caller, which
+/// waits. Raises Fail, with the processor's message and the line of the stylesheet in it, when the
+/// stylesheet is not correct, cannot be carried out, ends itself by xsl:message, exceeds a limit or
+/// nests too deeply, and for a source that is neither a document nor an element.
+QString transformNode(const Node &source, const DOMDocument40 &stylesheet,
+                      const TransformOptions &options = {});
+
+} // namespace quillon::xml

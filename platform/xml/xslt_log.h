@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <libxml/xmlerror.h>
+
+namespace quillon::xml {
+
+/// Gathers what libxml2 and libxslt report, and makes one message of it.
+class XsltLog {
+public:
+    /// mainUrl names the stylesheet itself; for other files a message names the file.
+    explicit XsltLog(QByteArray mainUrl) : mainUrl_(std::move(mainUrl)) {}
+
+    const QByteArray &mainUrl() const { return mainUrl_; }
+
+    /// The handlers to register with `this` as their user data.
+    static void onXmlError(void *log, xmlErrorPtr error);
+    static void onXsltError(void *log, const char *format, ...)
+        __attribute__((format(printf, 2, 3)));
+
+    /// Takes note of an error that makes the transformation fail even where the processor goes on.
+    /// url is that of a file, or empty; line is 1-based, or 0.
+    void addFailure(const QString &message, const QByteArray &url = {}, int line = 0);
+    /// Forgets everything: for what turned out not to matter.
+    void clear() { *this = XsltLog(mainUrl_); }
+
+    /// Whether no error has been reported; an xsl:message is none.
+    bool isEmpty() const { return messages_.isEmpty(); }
+    bool hasFailure() const { return failure_; }
+    /// Whether templates were called too deeply.
+    bool hasRecursion() const { return recursion_; }
+    /// The messages one a line, the place of the first one that has one at the end.
+    QString text() const;
+    /// The text of the latest xsl:message.
+    const QString &instructionMessage() const { return instructionMessage_; }
+
+private:
+    void add(const QString &message);
+    void addPlace(const QByteArray &url, int line);
+
+    QByteArray mainUrl_;
+    QStringList messages_;
+    QString instructionMessage_;
+    QByteArray url_;
+    int line_ = 0;
+    bool failure_ = false;
+    bool recursion_ = false;
+    /// libxslt has said where the error is that it describes next.
+    bool placeGiven_ = false;
+};
+
+} // namespace quillon::xml

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QByteArray>
+
+#include <chrono>
+#include <functional>
+
+namespace quillon::xml {
+
+struct ChildLimits {
+    std::chrono::milliseconds time;
+    /// Bytes that libxml2 may have allocated at a time.
+    qint64 memory;
+};
+
+/// Runs work in a child process, a copy of this one, and returns what work returns. What work
+/// changes in memory stays in the child. A runtime::Error that work raises is raised here. Raises
+/// Fail when the child exceeds a limit or dies. Work must not use the GUI, nor wait for a thread.
+QByteArray runInChild(const std::function<QByteArray()> &work, const ChildLimits &limits);
+
+} // namespace quillon::xml

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "document/state/document_state.h"
+#include "platform/system/working_folder.h"
+#include "platform/xml/schema_error.h"
+
+#include <QObject>
+
+#include <vector>
+
+namespace quillon::preview {
+
+/// One way in which the current document does not keep to its schema.
+struct ValidationError {
+    /// A Japanese sentence that names the element or attribute; what was expected instead stands on
+    /// a second line.
+    QString reason;
+    /// 1-based line in the document as it would be saved; 0 when unknown.
+    int line = 0;
+    /// The element concerned, in the document that was validated; empty when unknown.
+    xml::Node node;
+};
+
+/// Validation of the current document by a schema that the user has chosen: a DTD, an XML Schema or
+/// an XML-Data Reduced schema. The document itself is never changed: a working copy is, which
+/// stands beside a copy of the schema in the working folder.
+class Validation : public QObject {
+    Q_OBJECT
+
+public:
+    Validation(document::DocumentState &state, const system::WorkingFolder &workingFolder)
+        : state_(state), workingFolder_(workingFolder) {}
+
+    /// Has the user choose a schema and validates by it. Raises what the next one raises, and what
+    /// system::copyFile() raises.
+    void mnuToolVerifyNew_Click();
+    /// Validates by the schema chosen last; asks for one when none has been chosen. Says in the
+    /// status bar that the document is valid, or there and in a message box what the first error
+    /// is. Raises when there is no validating: the working copy cannot be written, or the schema
+    /// has faults.
+    void mnuToolVerify_Click();
+
+    /// What the latest validation has found, at most xml::MaxSchemaErrors; empty after a success,
+    /// and when it could not be carried out.
+    const std::vector<ValidationError> &errors() const { return errors_; }
+
+Q_SIGNALS:
+    /// A text for the status bar.
+    void statusText(const QString &text);
+    /// errors() may give something else.
+    void errorsChanged();
+
+private:
+    void VerifyDocument();
+    QString workingCopyPath() const;
+    std::vector<xml::SchemaError> validateDtd(xml::DOMDocument40 &copy) const;
+    std::vector<xml::SchemaError> validateXsd(xml::DOMDocument40 &copy) const;
+    std::vector<xml::SchemaError> validateXdr(xml::DOMDocument40 &copy) const;
+    void loadWorkingCopy(xml::DOMDocument40 &copy) const;
+    void take(const std::vector<xml::SchemaError> &found, const xml::DOMDocument40 &copy);
+    void showFirst();
+
+    document::DocumentState &state_;
+    const system::WorkingFolder &workingFolder_;
+    /// The schema's file name without its folder; empty until one has been chosen.
+    QString m_strSchemaFile;
+    std::vector<ValidationError> errors_;
+};
+
+} // namespace quillon::preview

@@ -1,0 +1,61 @@
+#include "preview/xdr/xdr_schema.h"
+
+#include "platform/xml/schema_error.h"
+#include "preview/xdr/xdr_schema_reader.h"
+#include "resources/validation_texts.h"
+
+#include <QFileInfo>
+#include <QUrl>
+
+namespace quillon::xdr {
+
+namespace text = resources::validation_text;
+
+namespace {
+
+/// The path of a file that must be in the folder; empty when it is not.
+QString pathInFolder(const QString &folder, const QString &name) {
+    const QString root = QFileInfo(folder).canonicalFilePath() + u'/';
+    const QString path = QFileInfo(root + name).canonicalFilePath();
+    return path.startsWith(root) && QFileInfo(path).isFile() ? path : QString();
+}
+
+} // namespace
+
+void SchemaSet::add(const QString &namespaceName, const QString &displayName,
+                    const xml::Node &schemaElement) {
+    const auto schema = std::make_shared<Schema>(namespaceName, displayName);
+    SchemaReader reader(*schema, *this);
+    reader.declare(schemaElement);
+    const auto before = schemas_;
+    // Known from here on, as schemas may refer to each other.
+    schemas_.insert(namespaceName, schema);
+    try {
+        reader.resolve();
+    } catch (...) {
+        schemas_ = before;
+        throw;
+    }
+}
+
+const Schema *SchemaSet::find(const QString &namespaceName) {
+    if (const auto known = schemas_.constFind(namespaceName); known != schemas_.constEnd())
+        return known->get();
+    return namespaceName.startsWith(AddressPrefix) ? load(namespaceName) : nullptr;
+}
+
+const Schema *SchemaSet::load(const QString &namespaceName) {
+    const QString name = namespaceName.mid(AddressPrefix.size());
+    QString path = pathInFolder(folder_, name);
+    if (path.isEmpty())
+        path = pathInFolder(folder_, QUrl::fromPercentEncoding(name.toUtf8()));
+    if (path.isEmpty())
+        xml::raiseSchemaError(name, 0, text::SchemaNotFound);
+    xml::DOMDocument40 document = xml::DOMDocument40::create();
+    if (!document.load(path))
+        xml::raiseSchemaError(name, document.parseError().line, document.parseError().reason);
+    add(namespaceName, name, document.documentElement());
+    return schemas_.value(namespaceName).get();
+}
+
+} // namespace quillon::xdr

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "platform/controls/tree_view.h"
+#include "tree/selection.h"
+
+#include <QObject>
+
+namespace quillon::search {
+
+/// Finds tree items by their captions, in the order in which the items were added to the tree.
+/// Neither direction wraps. In a tree of more than 32,767 items searching raises Overflow: that
+/// limit is meant so.
+class CaptionSearch : public QObject {
+    Q_OBJECT
+
+public:
+    CaptionSearch(controls::TreeView &tvw, tree::Selection &selection);
+
+    /// Asks for a pattern (see runtime::LikePattern) and finds the next item. No entry, which is
+    /// also what cancelling gives, forgets the pattern that was there.
+    void mnuEditFind_Click();
+    /// Selects the next item whose caption matches; asks for a pattern when there is none. With
+    /// nothing selected the search starts after item 1, which is never found that way; that is
+    /// meant so. Nothing happens in an empty tree.
+    void mnuEditFindNext_Click();
+
+    /// Selects the first item after `start` (before it) whose whole caption matches, or says in
+    /// the status bar that there is none. True when one was found. Raises InvalidPattern.
+    bool SearchForward(const controls::TreeItem &start, const QString &pattern);
+    /// Nothing happens for no start item.
+    bool SearchBackward(const controls::TreeItem &start, const QString &pattern);
+
+    /// The pattern of this window; empty for none.
+    const QString &pattern() const { return m_strFind; }
+
+Q_SIGNALS:
+    void statusText(const QString &text);
+
+private:
+    /// Selects the first match after `start` in steps of +1 or -1, and tells whether there was one.
+    bool search(const controls::TreeItem &start, int step, const QString &pattern);
+
+    controls::TreeView &tvw_;
+    tree::Selection &selection_;
+    QString m_strFind;
+};
+
+} // namespace quillon::search

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "platform/controls/path_box.h"
+#include "platform/controls/tree_view.h"
+#include "tree/node_registry.h"
+#include "tree/selection.h"
+
+#include <QObject>
+
+#include <vector>
+
+namespace quillon::search {
+
+/// Runs the text of the path box as an XPath query and shows in the tree what it selects.
+class PathQuery : public QObject {
+    Q_OBJECT
+
+public:
+    PathQuery(controls::TreeView &tvw, controls::PathBox &cboPath, tree::Selection &selection,
+              const tree::NodeRegistry &registry);
+
+    /// Queries from the selected element or document, or from the parent of what else is selected.
+    /// Shows all items found in bold and expands what is above them, selects the first one, tells
+    /// the number of nodes in the status bar and adds the query to the list of the path box. An
+    /// error in the query, and that nothing was found, is told in the status bar and changes
+    /// nothing. Nothing happens when nothing is selected.
+    void SelectByPath();
+
+Q_SIGNALS:
+    void statusText(const QString &text);
+
+private:
+    xml::Node contextNode() const;
+    /// Makes the items of these nodes bold, and no others, and expands the items above them.
+    /// Returns the first item marked, or Nothing.
+    controls::TreeItem mark(const std::vector<xml::Node> &matches);
+    void remember(const QString &query);
+
+    controls::TreeView &tvw_;
+    controls::PathBox &cboPath_;
+    tree::Selection &selection_;
+    const tree::NodeRegistry &registry_;
+};
+
+} // namespace quillon::search

@@ -1,0 +1,144 @@
+#include "tests/support/editor_window.h"
+
+#include <QMenu>
+#include <QSettings>
+#include <QSplitter>
+#include <QTest>
+
+namespace quillon::test {
+
+namespace {
+
+class SettingsTest : public EditorWindow {
+protected:
+    QString stored(const QString &key) {
+        return system::SettingsStore(path("settings.ini"))
+            .GetSetting(key.section('/', 0, 0), key.section('/', 1));
+    }
+    void store(const QString &key, const QString &value) {
+        system::SettingsStore(path("settings.ini"))
+            .SaveSetting(key.section('/', 0, 0), key.section('/', 1), value);
+    }
+    /// Closes the window and opens another one with what is stored.
+    void restart() {
+        QPointer<app::frmMain> old = form.release();
+        if (old)
+            old->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        form = std::make_unique<app::frmMain>(
+            true,
+            app::Surroundings{folder.path(), system::SettingsStore(path("settings.ini")), {}});
+    }
+};
+
+TEST_F(SettingsTest, WhatIsMissingHasItsDefault) {
+    EXPECT_EQ(editor().settings.fontName, "MS UI Gothic");
+    EXPECT_EQ(editor().settings.fontSize, 10);
+    EXPECT_TRUE(editor().settings.editors.empty());
+    EXPECT_EQ(form->size(), QSize(1000, 680));
+}
+
+TEST_F(SettingsTest, EverythingComesBackAfterARestart) {
+    form->show();
+    form->move(40, 60);
+    form->resize(900, 500);
+    editor().settings.fontName = "Sans Serif";
+    editor().settings.fontSize = 12;
+    editor().settings.editors = {{"一つ目", "/usr/bin/one"}, {"two", "/usr/bin/two"}};
+    QSplitter &vsp = *form->findChild<QSplitter *>("vsp");
+    vsp.setSizes({300, 590});
+    const int split = vsp.sizes().value(0);
+    restart();
+    EXPECT_EQ(stored("Application/Width"), QString::number(900 * 15));
+    EXPECT_EQ(form->pos(), QPoint(40, 60));
+    EXPECT_EQ(form->size(), QSize(900, 500));
+    EXPECT_EQ(editor().settings.fontName, "Sans Serif");
+    EXPECT_EQ(tvw().font().pointSize(), 12);
+    ASSERT_EQ(editor().settings.editors.size(), 2u);
+    EXPECT_EQ(editor().settings.editors[0].name, "一つ目");
+    form->show();
+    EXPECT_NEAR(form->findChild<QSplitter *>("vsp")->sizes().value(0), split, 2);
+    EXPECT_TRUE(form->actions().action(u"mnuToolOpenEditor")->isVisible());
+    // An editor taken off the end comes back; that is meant so.
+    editor().settings.editors.pop_back();
+    restart();
+    EXPECT_EQ(editor().settings.editors.size(), 2u);
+}
+
+TEST_F(SettingsTest, AMaximizedWindowKeepsItsNormalPlace) {
+    form->show();
+    form->resize(900, 500);
+    restart();
+    form->showMaximized();
+    restart();
+    EXPECT_EQ(stored("Application/Width"), QString::number(900 * 15));
+    EXPECT_TRUE(editor().settings.maximized);
+    EXPECT_TRUE(form->isMaximized());
+}
+
+TEST_F(SettingsTest, WhatIsTooLargeIsStoredAtTheLimit) {
+    form->show();
+    form->resize(3000, 500);
+    restart();
+    EXPECT_EQ(stored("Application/Width"), "32767");
+}
+
+TEST_F(SettingsTest, BrokenValuesAreToldAndDoNotKeepTheUserOut) {
+    store("Font/Size", "large");
+    store("Application/Width", "99999");
+    store("Programs/Name0", "a");
+    store("Programs/Path0", "/a");
+    store("Programs/Name2", "c");
+    store("Programs/Path2", "/c");
+    dialogs.answerMessage(1);
+    dialogs.answerMessage(1);
+    form.reset();
+    restart();
+    ASSERT_EQ(dialogs.messages.size(), 2u);
+    EXPECT_TRUE(dialogs.messages[0].text.contains("型が一致しません。"));
+    EXPECT_TRUE(dialogs.messages[1].text.contains("オーバーフロー"));
+    EXPECT_EQ(editor().settings.fontSize, 10);
+    EXPECT_EQ(form->width(), 1000);
+    EXPECT_EQ(editor().settings.editors.size(), 1u) << "a gap ends the list";
+    store("Programs/Name1", "a");
+    store("Programs/Path1", "/b");
+    store("Font/Size", "11");
+    store("Application/Width", "15000");
+    dialogs.answerMessage(1);
+    form.reset();
+    restart();
+    EXPECT_TRUE(dialogs.messages.back().text.contains("二重"));
+}
+
+TEST_F(SettingsTest, AWindowOffEveryScreenComesBack) {
+    store("Application/Left", "-32000");
+    store("Application/Top", "32000");
+    form.reset();
+    restart();
+    EXPECT_TRUE(QGuiApplication::primaryScreen()->availableGeometry().intersects(form->geometry()));
+}
+
+TEST_F(SettingsTest, TheFileMenuListsRecentFiles) {
+    const auto entries = [&] {
+        QMenu *menu = form->actions().action(u"mnuFileMRU")->menu();
+        Q_EMIT form->actions().action(u"mnuFile")->menu()->aboutToShow();
+        QStringList out;
+        for (const QAction *action : menu->actions()) {
+            if (action->isVisible())
+                out.append(action->text());
+        }
+        return out;
+    };
+    EXPECT_EQ(entries(), QStringList("(なし)"));
+    EXPECT_FALSE(form->actions().action(u"mnuFileMRU")->isEnabled());
+    open("<a/>", "a.xml");
+    open("<b/>", "b&c.xml");
+    EXPECT_EQ(entries(), QStringList({"&1 " + path("b&&c.xml"), "&2 " + path("a.xml")}));
+    EXPECT_TRUE(form->actions().action(u"mnuFileMRU")->isEnabled());
+    form->actions().action(u"mnuFileMRU")->menu()->actions().last()->trigger();
+    EXPECT_EQ(form->windowTitle(), "a.xml - Quillon XML Editor");
+}
+
+} // namespace
+
+} // namespace quillon::test

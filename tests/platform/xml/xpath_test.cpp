@@ -1,0 +1,230 @@
+#include "platform/runtime/error.h"
+#include "platform/xml/xpath.h"
+#include "tests/platform/xml/xml_test_support.h"
+
+#include <gmock/gmock.h>
+
+namespace quillon::xml::test {
+
+namespace {
+
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+/// What was found, as "name" for elements and attributes and "name=value" for the others.
+std::vector<std::string> found(const Node &context, const std::string &expression) {
+    std::vector<std::string> names;
+    for (const Node &node : selectNodes(context, q(expression))) {
+        std::string name = node.nodeName().toStdString();
+        const bool named =
+            node.nodeType() == NodeType::Element || node.nodeType() == NodeType::Document;
+        names.push_back(named ? name : name + "=" + node.nodeValue().toStdString());
+    }
+    return names;
+}
+std::vector<std::string> found(const DOMDocument40 &document, const std::string &expression) {
+    return found(document.node(), expression);
+}
+
+/// What a query raises; "" for nothing.
+std::string failure(const Node &context, const std::string &expression) {
+    try {
+        selectNodes(context, q(expression));
+    } catch (const runtime::Error &error) {
+        EXPECT_EQ(error.number(), runtime::error_number::Fail);
+        return error.description().toStdString();
+    }
+    return {};
+}
+
+Node only(const Node &context, const std::string &expression) {
+    const std::vector<Node> nodes = selectNodes(context, q(expression));
+    EXPECT_EQ(nodes.size(), 1u) << expression;
+    return nodes.empty() ? Node() : nodes.front();
+}
+
+std::string repeated(int times, const std::string &text) {
+    std::string all;
+    for (int i = 0; i < times; ++i)
+        all += text;
+    return all;
+}
+
+TEST(XPath, EveryKindOfNodeIsFoundAsItself) {
+    const DOMDocument40 document =
+        parsed("<?xml version='1.0'?><!--before--><!DOCTYPE r [<!ENTITY e 'two'>]>\n"
+               "<r a='1&amp;2' b=''>\n  <c> one <![CDATA[<raw>]]>-&e; end</c>\n  <?go on?>\n"
+               "  <s xml:space='preserve'> <t/> </s>\n</r><!--after-->");
+    EXPECT_THAT(found(document, "/node()"), ElementsAre("#comment=before", "r", "#comment=after"));
+    EXPECT_THAT(found(document, "/r/node()"), ElementsAre("c", "go=on", "s"));
+    EXPECT_THAT(found(document, "//c/text()"),
+                ElementsAre("#text= one ", "#cdata-section=<raw>", "#text=-", "e=", "#text= end"));
+    EXPECT_EQ(only(document.node(), "//c/text()[4]").nodeType(), NodeType::EntityReference);
+    EXPECT_THAT(found(document, "//*[.=' one <raw>-two end']"), ElementsAre("c"));
+    EXPECT_THAT(found(document, "//s/text()"), ElementsAre("#text= ", "#text= "));
+    EXPECT_THAT(found(document, "//@*"), ElementsAre("a=1&2", "b=", "xml:space=preserve"));
+    EXPECT_THAT(found(document, "//@a[.='1&2']/.."), ElementsAre("r"));
+    EXPECT_THAT(found(document, "/"), ElementsAre("#document"));
+    EXPECT_THAT(found(document, "//processing-instruction() | //@b | //comment()"),
+                ElementsAre("#comment=before", "b=", "go=on", "#comment=after"));
+    EXPECT_TRUE(only(document.node(), "//@a") == document.documentElement().getAttributeNode("a"));
+}
+
+TEST(XPath, PathsStartFromTheContext) {
+    const DOMDocument40 document =
+        parsed("<r><a n='1'><b>x</b><b>y</b></a><a n='2'><b>z</b></a>tail</r>");
+    const Node second = only(document.node(), "/r/a[2]");
+    EXPECT_THAT(found(second, "b/text()"), ElementsAre("#text=z"));
+    EXPECT_THAT(found(second, "../a/@n"), ElementsAre("n=1", "n=2"));
+    EXPECT_THAT(found(second, "/r/text()"), ElementsAre("#text=tail"));
+    EXPECT_THAT(found(second.getAttributeNode("n"), ". | .."), ElementsAre("a", "n=2"));
+    EXPECT_THAT(found(only(document.node(), "/r/text()"), "preceding-sibling::a[1]/@n"),
+                ElementsAre("n=2"));
+    EXPECT_THAT(found(second, "nothing"), IsEmpty());
+}
+
+TEST(XPath, StepsThatMeetNodesAgainGiveEachOnceInDocumentOrder) {
+    const DOMDocument40 document =
+        parsed("<r><a i='1'><b i='2'><a i='3'><b i='4'/></a></b><b i='5'/></a><c i='6'/></r>");
+    const auto ids = [&](const std::string &path) {
+        std::string all;
+        for (const Node &node : selectNodes(document.node(), q(path)))
+            all += node.getAttribute("i").value_or("-").toStdString();
+        return all;
+    };
+    EXPECT_EQ(ids("//b/.."), "13");
+    EXPECT_EQ(ids("//b/../b"), "245");
+    EXPECT_EQ(ids("//a//b"), "245");
+    EXPECT_EQ(ids("//a//b[1]"), "24");
+    EXPECT_EQ(ids("//b/ancestor::*[1]"), "13");
+    EXPECT_EQ(ids("//b/ancestor::a/b[last()]"), "45");
+    EXPECT_EQ(ids("//b/ancestor-or-self::*"), "-12345");
+    EXPECT_EQ(ids("//c/preceding::b | //a/following-sibling::* | //a"), "123456");
+    EXPECT_EQ(ids("(//c | //b)/.."), "-13");
+    EXPECT_EQ(ids("((//c | //b)/.. | //c)//b[1]"), "24");
+    EXPECT_EQ(ids("(//c | (//a)/b)[2]/.."), "3");
+    EXPECT_EQ(ids("(//b)[last()]"), "5");
+    EXPECT_EQ(ids("//a/b[../@i = '3' or @i = '5']/self::b"), "45");
+    EXPECT_EQ(ids("//*[@i='4' and 'a|b/..' != \"'/..|\"]"), "4");
+    EXPECT_EQ(ids("//*[local-name(..)='a' and ../@i * 2 div 2 - 3 = 0]/.."), "3");
+}
+
+TEST(XPath, NamespacesAreThoseInScope) {
+    const DOMDocument40 document =
+        parsed("<r xmlns='urn:d' xmlns:p='urn:1' p:k='v' u:k='w'><p:a><x xmlns=''/><u:b/>"
+               "<c xmlns:p='urn:2'><p:a/></c></p:a><z xml:lang='ja'/></r>");
+    const Node root = document.documentElement();
+    EXPECT_THAT(found(document, "//x"), ElementsAre("x"));
+    EXPECT_THAT(found(document, "//z"), IsEmpty()) << "a default namespace is no namespace";
+    EXPECT_EQ(selectNodes(document.node(), "//p:a").size(), 1u);
+    EXPECT_EQ(selectNodes(only(document.node(), "//*[local-name()='c']"), "//p:a").size(), 1u);
+    EXPECT_FALSE(only(document.node(), "//p:a") ==
+                 only(only(document.node(), "//*[local-name()='c']"), "//p:a"));
+    EXPECT_THAT(found(root, "@*"), ElementsAre("p:k=v", "u:k=w"));
+    EXPECT_THAT(found(root, "@p:k"), ElementsAre("p:k=v"));
+    EXPECT_THAT(found(root, "//*[name()='u:b' and namespace-uri()='']"), ElementsAre("u:b"));
+    EXPECT_THAT(found(root, "//*[namespace-uri()='urn:d']"), ElementsAre("r", "c", "z"));
+    EXPECT_THAT(found(root, "//@xml:lang"), ElementsAre("xml:lang=ja"));
+    EXPECT_THAT(found(root, "namespace::*"), ElementsAre("xmlns=urn:d", "xmlns:p=urn:1"));
+    EXPECT_THAT(failure(root, "//p:a/u:b"), HasSubstr("//p:a/-->u<--:b"));
+}
+
+TEST(XPath, ErrorsShowTheBadPart) {
+    const Node root = parsed("<r><a/></r>").documentElement();
+    const struct {
+        const char *expression;
+        const char *marked;
+        const char *says;
+    } cases[] = {
+        {"", "-->(式の終わり)<--", "空"},
+        {"//a[", "//a[-->(式の終わり)<--", "式が必要"},
+        {"//a[1", "//a[1-->(式の終わり)<--", "']'"},
+        {"//a]/b", "//a-->]<--/b", "解釈できません"},
+        {"a b", "a -->b<--", "解釈できません"},
+        {"(a", "(a-->(式の終わり)<--", "')'"},
+        {"a['x]", "a[-->'x]<--", "引用符"},
+        {"名前[%1", "名前[-->%<--1", "解釈できません"},
+        {"//a[nope(1)]", "//a[-->nope<--(1)]", "関数"},
+        {"//a[concat('concat')]", "//a[-->concat<--('concat')]", "引数"},
+        {"//a[@k = $v]", "//a[@k = $-->v<--]", "変数"},
+        {"x:a", "-->x<--:a", "接頭辞"},
+        {"count(//a)", "-->count(//a)<--", "ノードを返す式"},
+        {"//a = //b/..", "-->//a = //b/..<--", "ノードを返す式"},
+        {"//r/.. * 2", "-->//r/.. * 2<--", "ノードを返す式"},
+        {"'a'/b", "", "必要"},
+    };
+    for (const auto &c : cases)
+        EXPECT_THAT(failure(root, c.expression), AllOf(HasSubstr(c.marked), HasSubstr(c.says)))
+            << c.expression;
+}
+
+TEST(XPath, HostileExpressionsAreRefused) {
+    const DOMDocument40 document = parsed("<r>" + repeated(20'000, "<c/>") + "</r>");
+    const std::string deep = repeated(100'000, "(") + "r" + repeated(100'000, ")");
+    EXPECT_THAT(failure(document.node(), deep), HasSubstr("入れ子が深すぎ"));
+    const std::string predicates = "r" + repeated(20'000, "[r") + repeated(20'000, "]");
+    EXPECT_THAT(failure(document.node(), predicates), HasSubstr("入れ子が深すぎ"));
+    EXPECT_THAT(failure(document.node(), "//c/preceding::c/following::c"),
+                HasSubstr("処理が多すぎる"));
+}
+
+TEST(XPath, DepthIsNoObstacle) {
+    const DOMDocument40 document =
+        parsed(repeated(100'000, "<d>") + "x" + repeated(100'000, "</d>"));
+    EXPECT_EQ(selectNodes(document.node(), "//d").size(), 100'000u);
+    EXPECT_EQ(selectNodes(document.node(), "//text()/ancestor::d").size(), 100'000u);
+    EXPECT_THAT(found(document, "//text()[.='x']"), ElementsAre("#text=x"));
+    EXPECT_THAT(found(document, "/d[.='x']"), ElementsAre("d"));
+    EXPECT_EQ(selectNodes(only(document.node(), "//text()"), "../../d/text()").size(), 1u);
+}
+
+TEST(XPath, QueriesSeeEveryChange) {
+    const DOMDocument40 document = parsed("<r><a k='1'>t</a><b/></r>");
+    const Node root = document.documentElement();
+    const Node a = only(root, "a");
+    const auto count = [&](const std::string &path) { return selectNodes(root, q(path)).size(); };
+
+    EXPECT_EQ(count("a[@k='2']"), 0u);
+    a.setAttribute("k", "2");
+    EXPECT_EQ(count("a[@k='2']"), 1u);
+    a.setAttribute("new", "");
+    EXPECT_EQ(count("a/@new"), 1u);
+    a.removeAttribute("new");
+    EXPECT_EQ(count("a/@new"), 0u);
+    only(a, "text()").setNodeValue("changed");
+    EXPECT_EQ(count("a[.='changed']"), 1u);
+    root.appendChild(document.createElement("n"));
+    EXPECT_EQ(count("n"), 1u);
+    const DOMDocument40 before = document.clone();
+    root.replaceChild(document.createElement("m"), only(root, "n"));
+    EXPECT_EQ(count("n"), 0u);
+    EXPECT_EQ(count("m"), 1u);
+    EXPECT_THAT(found(before, "/r/*"), ElementsAre("a", "b", "n"));
+    EXPECT_TRUE(only(before.node(), "/r/n").ownerDocument() == before);
+    root.removeChild(a);
+    EXPECT_EQ(count("a"), 0u);
+    dropXPathCache(document);
+    EXPECT_EQ(count("*"), 2u);
+    DOMDocument40(document).loadXML(QByteArray("<other/>"));
+    EXPECT_THAT(found(document, "/*"), ElementsAre("other"));
+}
+
+TEST(XPath, ContextsOutsideTheDocumentAreRefused) {
+    const DOMDocument40 document = parsed("<?xml version='1.0'?><r><a/></r>");
+    const Node a = only(document.node(), "//a");
+    document.documentElement().removeChild(a);
+    for (const Node &context : {Node(), a, document.node().firstChild()}) {
+        try {
+            selectNodes(context, ".");
+            ADD_FAILURE() << TypeName(context).toStdString();
+        } catch (const runtime::Error &error) {
+            EXPECT_EQ(error.number(), runtime::error_number::InvalidArgument);
+        }
+    }
+}
+
+} // namespace
+
+} // namespace quillon::xml::test

@@ -1,0 +1,68 @@
+#include "tools/tool_commands.h"
+
+#include "platform/controls/dialogs.h"
+#include "platform/controls/message_box.h"
+#include "platform/runtime/error.h"
+#include "platform/system/http_post.h"
+#include "resources/messages.h"
+#include "resources/texts.h"
+#include "tools/value_clearing.h"
+
+namespace quillon::tools {
+
+namespace style = controls::message_style;
+namespace texts = resources::texts;
+
+namespace {
+
+/// Shows a file with the program that the desktop has for it.
+const QString DesktopViewer = QStringLiteral("xdg-open");
+
+} // namespace
+
+ToolCommands::ToolCommands(const document::DocumentState &state, tree::TreeBuilder &builder,
+                           system::Shell &shell, QString applicationFolder)
+    : state_(state), builder_(builder), shell_(shell),
+      applicationFolder_(std::move(applicationFolder)) {}
+
+void ToolCommands::mnuToolRemoveText_Click() {
+    if (state_.m_ReadOnly || state_.m_DOM.isNull())
+        return;
+    // The question is the one for deleting a node; that is meant so.
+    if (controls::showMessage(resources::messageText(6), style::OkCancel + style::Question) !=
+        controls::message_answer::Ok)
+        return;
+    ClearValues(state_.m_DOM);
+    builder_.BuildTree(state_.m_DOM, true);
+    Q_EMIT documentModified();
+    Q_EMIT previewRequested(state_.m_DOM.node());
+}
+
+void ToolCommands::mnuToolOpen_Click(const QString &program) {
+    try {
+        shell_.start(program, {state_.m_FileName});
+    } catch (const runtime::Error &error) {
+        controls::showMessage(error.description(), style::Exclamation);
+    }
+}
+
+void ToolCommands::mnuToolSend_Click() {
+    const QString address = controls::dialogs().inputText(QStringLiteral("URL?"));
+    if (address.isEmpty())
+        return;
+    system::httpPost(address, state_.m_DOM.serialize(),
+                     QStringLiteral("text/xml; charset=") + state_.m_DOM.encoding());
+}
+
+void ToolCommands::mnuHelpReadme_Click() {
+    shell_.start(DesktopViewer, {applicationFolder_ + QStringLiteral("/readme.txt")});
+}
+
+void ToolCommands::mnuHelpAbout_Click() {
+    controls::showMessage(texts::ApplicationTitle.toString() +
+                              QStringLiteral("\tVersion " QUILLON_VERSION "\r\n") +
+                              texts::LegalNotice.toString(),
+                          style::Information);
+}
+
+} // namespace quillon::tools

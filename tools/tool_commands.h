@@ -1,0 +1,42 @@
+#pragma once
+
+#include "document/state/document_state.h"
+#include "platform/system/shell.h"
+#include "tree/tree_builder.h"
+
+#include <QObject>
+
+namespace quillon::tools {
+
+/// The commands of the Tool, Window and Help menus that have no home of their own.
+class ToolCommands : public QObject {
+    Q_OBJECT
+
+public:
+    ToolCommands(const document::DocumentState &state, tree::TreeBuilder &builder,
+                 system::Shell &shell, QString applicationFolder);
+
+    /// Removes all text and empties all attribute values, after a question.
+    void mnuToolRemoveText_Click();
+    /// Opens the document's file, as last saved, in another program. A program that does not
+    /// start is told in a message box.
+    void mnuToolOpen_Click(const QString &program);
+    /// Asks for an address and posts the document there, in its own encoding. What comes back is
+    /// read and not shown. Raises when the address is bad or nobody answers.
+    void mnuToolSend_Click();
+    /// Raises when nothing can show the file.
+    void mnuHelpReadme_Click();
+    void mnuHelpAbout_Click();
+
+Q_SIGNALS:
+    void documentModified();
+    void previewRequested(const quillon::xml::Node &node);
+
+private:
+    const document::DocumentState &state_;
+    tree::TreeBuilder &builder_;
+    system::Shell &shell_;
+    QString applicationFolder_;
+};
+
+} // namespace quillon::tools

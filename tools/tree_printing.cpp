@@ -1,0 +1,120 @@
+#include "tools/tree_printing.h"
+
+#include "platform/controls/dialogs.h"
+#include "platform/runtime/numbers.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+
+namespace quillon::tools {
+
+using controls::TreeItem;
+
+namespace {
+
+constexpr double TwipsPerInch = 1440;
+/// Side of an icon: 16 pixels of 15 twips.
+constexpr double IconTwips = 16 * 15;
+/// Stands for a line break in a caption.
+constexpr char16_t LineBreakMark = u'\u21B5';
+
+} // namespace
+
+PrintSurface::PrintSurface(QPrinter &printer, const QFont &font)
+    : printer_(printer), painter_(std::make_unique<QPainter>(&printer)) {
+    painter_->setFont(font);
+    pageHeight_ = printer.pageLayout().paintRectPixels(printer.resolution()).height() *
+                  TwipsPerInch / printer.resolution();
+}
+
+PrintSurface::~PrintSurface() = default;
+
+double PrintSurface::toDevice(double twips) const {
+    return twips * printer_.resolution() / TwipsPerInch;
+}
+
+double PrintSurface::TextHeight() const {
+    return QFontMetricsF(painter_->font(), painter_->device()).height() * TwipsPerInch /
+           printer_.resolution();
+}
+
+void PrintSurface::PaintPicture(const QIcon &icon, double x, double y, double size) {
+    const QRectF place(toDevice(x), toDevice(y), toDevice(size), toDevice(size));
+    icon.paint(painter_.get(), place.toAlignedRect());
+}
+
+void PrintSurface::print(const QString &text) {
+    const QFontMetricsF metrics(painter_->font(), painter_->device());
+    painter_->drawText(QPointF(toDevice(CurrentX), toDevice(CurrentY) + metrics.ascent()), text);
+    CurrentX += metrics.horizontalAdvance(text) * TwipsPerInch / printer_.resolution();
+}
+
+void PrintSurface::printLine(const QString &text) {
+    print(text);
+    CurrentX = 0;
+    CurrentY += TextHeight();
+    if (CurrentY + TextHeight() > pageHeight_) {
+        printer_.newPage();
+        CurrentY = 0;
+    }
+}
+
+QString TreePrinting::connector(const std::vector<bool> &siblingFollows, qint16 depth) {
+    QString out;
+    for (qint16 level = 1; level < depth; ++level)
+        out += siblingFollows[std::size_t(level)] ? QStringLiteral(" | ") : QStringLiteral("   ");
+    if (depth > 0)
+        out += siblingFollows[std::size_t(depth)] ? QStringLiteral(" |-") : QStringLiteral(" +-");
+    return out;
+}
+
+void TreePrinting::mnuFilePrintTree_Click() {
+    QPrinter printer(QPrinter::HighResolution);
+    if (controls::dialogs().choosePrinter(printer))
+        print(printer);
+}
+
+void TreePrinting::print(QPrinter &printer) {
+    const TreeItem first = tvw_.nodes().Item(1);
+    if (!first)
+        return;
+    PrintSurface surface(printer, tvw_.font());
+    levelFlags_.clear();
+    qint16 depth = 0;
+    // Down to the children, along to the next item, up when there is none.
+    for (TreeItem item = first; item;) {
+        PrintTreeNode(surface, item, depth);
+        if (TreeItem child = item.Child()) {
+            depth = runtime::checkedAdd16(depth, 1);
+            item = child;
+            continue;
+        }
+        while (item && !item.Next()) {
+            item = item.Parent();
+            --depth;
+        }
+        item = item.Next();
+    }
+}
+
+void TreePrinting::PrintTreeNode(PrintSurface &surface, const TreeItem &item, qint16 depth) {
+    if (levelFlags_.size() <= std::size_t(depth))
+        levelFlags_.resize(std::size_t(depth) + 1);
+    levelFlags_[std::size_t(depth)] = bool(item.Next());
+    const double height = surface.TextHeight();
+    double iconTop = surface.CurrentY;
+    if (height < IconTwips)
+        surface.CurrentY += (IconTwips - height) / 2;
+    else
+        iconTop =
+            runtime::toInteger(static_cast<qint64>(surface.CurrentY + (height - IconTwips) / 2));
+    if (depth > 0)
+        surface.print(connector(levelFlags_, depth));
+    const QModelIndex index = tvw_.nodes().indexOf(item);
+    surface.PaintPicture(index.data(Qt::DecorationRole).value<QIcon>(), surface.CurrentX, iconTop,
+                         IconTwips);
+    surface.CurrentX += IconTwips;
+    surface.printLine(item.Text().replace(QLatin1Char('\n'), QChar(LineBreakMark)));
+}
+
+} // namespace quillon::tools

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "platform/controls/tree_view.h"
+
+#include <QFont>
+#include <QPrinter>
+
+#include <memory>
+#include <vector>
+
+class QPainter;
+
+namespace quillon::tools {
+
+/// A page after another to print text and pictures on, line by line. Lengths are in twips.
+class PrintSurface {
+public:
+    explicit PrintSurface(QPrinter &printer, const QFont &font);
+    ~PrintSurface();
+
+    double TextHeight() const;
+    double CurrentX = 0;
+    double CurrentY = 0;
+    void PaintPicture(const QIcon &icon, double x, double y, double size);
+    /// Prints text at the current position and moves to its right.
+    void print(const QString &text);
+    /// The same, then goes to the start of the next line, on a new page where this one is full.
+    void printLine(const QString &text);
+
+private:
+    double toDevice(double twips) const;
+
+    QPrinter &printer_;
+    std::unique_ptr<QPainter> painter_;
+    double pageHeight_;
+};
+
+/// Prints the whole tree, expanded or not, as an indented drawing: a line an item, with its icon,
+/// its caption and the branches that lead to it.
+class TreePrinting {
+public:
+    explicit TreePrinting(controls::TreeView &tvw) : tvw_(tvw) {}
+
+    /// Asks for a printer and prints. Nothing happens when the user cancels and for an empty tree.
+    /// Raises Overflow for a tree of more than 32767 levels.
+    void mnuFilePrintTree_Click();
+    /// Prints onto a printer that has been chosen.
+    void print(QPrinter &printer);
+
+    /// What stands ahead of the icon of an item at a depth, whose ancestors' flags are known: for
+    /// each level from the outermost in whether a sibling follows.
+    static QString connector(const std::vector<bool> &siblingFollows, qint16 depth);
+
+private:
+    void PrintTreeNode(PrintSurface &surface, const controls::TreeItem &item, qint16 depth);
+
+    controls::TreeView &tvw_;
+    std::vector<bool> levelFlags_;
+};
+
+} // namespace quillon::tools

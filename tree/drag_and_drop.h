@@ -1,0 +1,64 @@
+#pragma once
+
+#include "tree/node_removal.h"
+#include "tree/node_text.h"
+
+class QMimeData;
+
+namespace quillon::tree {
+
+/// Moves and copies nodes by dragging, and takes XML text and files from other programs. Whatever
+/// is dragged travels as text: a move inserts a copy, then removes the source, which may be an item
+/// of another window.
+class DragAndDrop : public QObject {
+    Q_OBJECT
+
+public:
+    /// Becomes the drag handlers of the tree, which must not be dragged in any more when this goes.
+    DragAndDrop(const document::DocumentState &state, TreeBuilder &builder, NodeText &nodeText,
+                NodeRemoval &removal, controls::TreeView &tvw);
+
+    /// Begins to drag the item pressed last and returns its XML, made when it is asked for; null
+    /// when no item was pressed.
+    std::unique_ptr<QMimeData> tvw_OLEStartDrag();
+    /// Selects the item hovered over and says what a drop would do: elements take a copy while
+    /// Ctrl alone is held, else a move; other nodes take nothing.
+    Qt::DropAction tvw_OLEDragOver(const controls::DragPoint &point);
+    /// Inserts what is dropped under the item at the point, or else under the selected one, or
+    /// asks for it to be opened when no document is. Returns what is to become of the source:
+    /// Qt::CopyAction if Ctrl is held, alone or not, Qt::MoveAction otherwise, Qt::IgnoreAction
+    /// when nothing was inserted.
+    Qt::DropAction tvw_OLEDragDrop(const controls::DragPoint &point, const QMimeData &data);
+    /// Ends the drag of an item; removes its node after a move, or, where another window of this
+    /// program took it, as soon as that one has confirmed the move.
+    void tvw_OLECompleteDrag(Qt::DropAction effect);
+
+    /// The item that a mouse button went down on last.
+    controls::TreeItem m_nodDown;
+    /// The item that is dragged out of this tree; Nothing when none is.
+    controls::TreeItem m_nodDrag;
+
+Q_SIGNALS:
+    /// A file was dropped while no document was open.
+    void openFileRequested(const QString &path);
+    /// Text was dropped while no document was open.
+    void loadXmlRequested(const QString &text);
+    void documentModified();
+
+private:
+    void completeMove(const controls::TreeItem &item);
+    bool isWithinDragged(const controls::TreeItem &target) const;
+    Qt::DropAction openDropped(const controls::DragPoint &point, const QMimeData &data);
+
+    const document::DocumentState &state_;
+    TreeBuilder &builder_;
+    NodeText &nodeText_;
+    NodeRemoval &removal_;
+    controls::TreeView &tvw_;
+    /// The drag has entered a window that will confirm a move.
+    bool awaitsConfirmation_ = false;
+    /// The item moved to another window that has not been heard from yet.
+    controls::TreeItem unconfirmed_;
+};
+
+} // namespace quillon::tree

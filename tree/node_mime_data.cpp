@@ -1,0 +1,46 @@
+#include "tree/node_mime_data.h"
+
+namespace quillon::tree {
+
+namespace {
+
+constexpr QLatin1String Text("text/plain");
+constexpr QLatin1String Announcement("application/x-quillon-move-announced");
+constexpr QLatin1String Confirmation("application/x-quillon-move-confirmed");
+/// An X server takes 16 MiB at most and drops a client that sends more at once, as Qt would.
+constexpr qsizetype LargestTransfer = 16'000'000;
+
+void ask(const QMimeData &data, const QString &format) {
+    if (data.hasFormat(format))
+        data.data(format);
+}
+
+} // namespace
+
+void NodeMimeData::announceConfirmation(const QMimeData &data) {
+    ask(data, Announcement);
+}
+
+void NodeMimeData::confirmMove(const QMimeData &data) {
+    ask(data, Confirmation);
+}
+
+QStringList NodeMimeData::formats() const {
+    return {Text, Announcement, Confirmation};
+}
+
+QVariant NodeMimeData::retrieveData(const QString &format, QMetaType type) const {
+    if (format == Text) {
+        const QByteArray utf8 = node_.xml();
+        // Bytes are for another process.
+        isTooLarge_ = type.id() == QMetaType::QByteArray && utf8.size() > LargestTransfer;
+        return isTooLarge_ ? QString() : QString::fromUtf8(utf8);
+    }
+    if (format == Announcement)
+        Q_EMIT confirmationAnnounced();
+    else if (format == Confirmation && !isTooLarge_)
+        Q_EMIT moveConfirmed();
+    return QByteArray();
+}
+
+} // namespace quillon::tree

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "platform/xml/dom.h"
+
+#include <QMimeData>
+
+namespace quillon::tree {
+
+/// A dragged node: its XML as plain text, made when it is asked for. It holds the node itself, as
+/// another program may ask when a move has taken the node out of its document already.
+///
+/// To a source in another process the desktop reports the last answer given while hovering, even
+/// if the drop is refused after that. So a window of this program that is a target says by two
+/// formats, which it asks for, that it will confirm a move, and that it has made one.
+class NodeMimeData final : public QMimeData {
+    Q_OBJECT
+
+public:
+    explicit NodeMimeData(const xml::Node &node) : node_(node) {}
+
+    /// The target's side; with data of another origin nothing happens.
+    static void announceConfirmation(const QMimeData &data);
+    static void confirmMove(const QMimeData &data);
+
+    QStringList formats() const override;
+
+Q_SIGNALS:
+    /// The window that the drag has entered will confirm a move.
+    void confirmationAnnounced() const;
+    /// The move has been made.
+    void moveConfirmed() const;
+
+protected:
+    QVariant retrieveData(const QString &format, QMetaType type) const override;
+
+private:
+    xml::Node node_;
+    /// The text asked for last could not be handed over: what was moved is not the node.
+    mutable bool isTooLarge_ = false;
+};
+
+} // namespace quillon::tree
