@@ -12,7 +12,7 @@ Surroundings Surroundings::ofProgram() {
 }
 
 Editor::Editor(Surroundings given, controls::TreeView &tvw, controls::TextBox &txtEdit,
-               controls::PathBox &cboPath)
+               controls::PathBox &cboPath, controls::Browser &ie)
     : surroundings(std::move(given)),
       workingFolder(runtime::workingFolder(surroundings.applicationFolder)),
       recentFiles(surroundings.settings), settings(surroundings.settings), pane(txtEdit),
@@ -24,6 +24,11 @@ Editor::Editor(Surroundings given, controls::TreeView &tvw, controls::TextBox &t
       history(state, builder, selection, tvw), creation(state, builder, selection, tvw),
       nodeCommands(state, builder, removal, nodeText, selection, tvw),
       captionSearch(tvw, selection), pathQuery(tvw, cboPath, selection, builder.registry()),
+      preview(state, builder, selection, tvw, ie, workingFolder,
+              [this] {
+                  return preview::PreviewFont{settings.fontName, settings.fontSize};
+              }),
+      validation(state, workingFolder),
       tools(state, builder, *surroundings.shell, surroundings.applicationFolder),
       view(state, options, builder, selection, tvw), treePrinting(tvw),
       loader(state, builder, selection, history, tvw, workingFolder, recentFiles,
@@ -33,6 +38,7 @@ Editor::Editor(Surroundings given, controls::TreeView &tvw, controls::TextBox &t
     wireModifications();
     wireTree(tvw);
     wirePane(txtEdit);
+    wirePreview();
 }
 
 void Editor::wireStatusTexts() {
@@ -41,6 +47,8 @@ void Editor::wireStatusTexts() {
     connect(&paneEditing, &tree::PaneEditing::statusText, this, &Editor::statusText);
     connect(&captionSearch, &search::CaptionSearch::statusText, this, &Editor::statusText);
     connect(&pathQuery, &search::PathQuery::statusText, this, &Editor::statusText);
+    connect(&preview, &preview::Preview::statusText, this, &Editor::statusText);
+    connect(&validation, &preview::Validation::statusText, this, &Editor::statusText);
     connect(&loader, &document::DocumentLoader::statusText, this, &Editor::statusText);
     connect(&commands, &document::DocumentCommands::statusText, this, &Editor::statusText);
 }
@@ -78,6 +86,16 @@ void Editor::wireTree(controls::TreeView &tvw) {
             guarded([&] { accepted = labels.tvw_AfterLabelEdit(item, newText); });
         return accepted;
     };
+}
+
+void Editor::wirePreview() {
+    const auto request = &preview::Preview::requestPreview;
+    connect(&builder, &tree::TreeBuilder::syncPreviewRequested, &preview,
+            &preview::Preview::SyncPreview);
+    connect(&creation, &edit::NodeCreation::previewRequested, &preview, request);
+    connect(&tools, &tools::ToolCommands::previewRequested, &preview, request);
+    connect(&commands, &document::DocumentCommands::previewRequested, &preview, request);
+    connect(&commands, &document::DocumentCommands::cleared, &preview, &preview::Preview::clear);
 }
 
 void Editor::wirePane(controls::TextBox &txtEdit) {

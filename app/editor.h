@@ -9,6 +9,8 @@
 #include "platform/system/settings_store.h"
 #include "platform/system/shell.h"
 #include "platform/system/working_folder.h"
+#include "preview/preview.h"
+#include "preview/validation.h"
 #include "search/caption_search.h"
 #include "search/path_query.h"
 #include "tools/tool_commands.h"
@@ -45,7 +47,7 @@ class Editor : public QObject {
 
 public:
     Editor(Surroundings surroundings, controls::TreeView &tvw, controls::TextBox &txtEdit,
-           controls::PathBox &cboPath);
+           controls::PathBox &cboPath, controls::Browser &ie);
 
     const Surroundings surroundings;
     const system::WorkingFolder workingFolder;
@@ -71,6 +73,9 @@ public:
     search::CaptionSearch captionSearch;
     search::PathQuery pathQuery;
 
+    preview::Preview preview;
+    preview::Validation validation;
+
     tools::ToolCommands tools;
     tools::ViewCommands view;
     tools::TreePrinting treePrinting;
@@ -86,6 +91,7 @@ private:
     void wireStatusTexts();
     void wireModifications();
     void wireTree(controls::TreeView &tvw);
+    void wirePreview();
     void wirePane(controls::TextBox &txtEdit);
 };
 

@@ -32,11 +32,11 @@ frmMain::frmMain(bool startedAlone, Surroundings surroundings)
     : startedAlone_(startedAlone), tbr(new QToolBar(this)), tbrMove(new QToolBar(tbr)),
       picPath(new QWidget(tbr)), cboPath(new controls::PathBox(picPath)),
       vsp(new QSplitter(Qt::Horizontal, this)), hsp(new QSplitter(Qt::Vertical)),
-      tvw(new controls::TreeView), txtEdit(new controls::TextBox), ie(new QWidget),
+      tvw(new controls::TreeView), txtEdit(new controls::TextBox), ie(new controls::Browser),
       sbr(new QLabel) {
     setAttribute(Qt::WA_DeleteOnClose);
     menus_ = std::make_unique<controls::ActionMenus>(actions_, *menuBar());
-    editor_ = std::make_unique<Editor>(std::move(surroundings), *tvw, *txtEdit, *cboPath);
+    editor_ = std::make_unique<Editor>(std::move(surroundings), *tvw, *txtEdit, *cboPath, *ie);
     treeKeys_ = std::make_unique<TreeKeys>(*tvw, *editor_, actions_);
     layOut();
     nameForAccessibility();
@@ -45,6 +45,7 @@ frmMain::frmMain(bool startedAlone, Surroundings surroundings)
     connectViewCommands();
     connectNodeCommands();
     connectToolCommands();
+    connectPreview();
     connectContextMenu();
     connectButtons();
     Form_Initialize();
@@ -66,8 +67,6 @@ void frmMain::layOut() {
     vsp->setChildrenCollapsible(false);
     setCentralWidget(vsp);
 
-    ie->setAutoFillBackground(true);
-    ie->setBackgroundRole(QPalette::Base);
     statusBar()->addWidget(sbr, 1);
     // A long text must not widen the window.
     sbr->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);

@@ -4,6 +4,7 @@
 #include "app/tree_keys.h"
 #include "platform/controls/action_menus.h"
 #include "platform/controls/action_set.h"
+#include "platform/controls/browser.h"
 #include "platform/controls/path_box.h"
 #include "platform/controls/text_box.h"
 #include "platform/controls/tree_view.h"
@@ -58,6 +59,7 @@ private:
     void connectViewCommands();
     void connectNodeCommands();
     void connectToolCommands();
+    void connectPreview();
     void connectContextMenu();
     void connectButtons();
 
@@ -87,7 +89,7 @@ private:
     QSplitter *hsp;
     controls::TreeView *tvw;
     controls::TextBox *txtEdit;
-    QWidget *ie;
+    controls::Browser *ie;
     QLabel *sbr;
 
     std::unique_ptr<controls::ActionMenus> menus_;

@@ -123,6 +123,31 @@ void frmMain::connectToolCommands() {
     menus_->onMenuOpening(u"mnuFile", [this] { showRecentFiles(); });
 }
 
+void frmMain::connectPreview() {
+    preview::Preview &preview = editor_->preview;
+    const auto hasDocument = [this] { return bool(editor_->state.m_DOM); };
+    actions_.connectAction(
+        u"mnuToolPreview", [&preview] { preview.mnuToolPreview_Click(); }, hasDocument);
+    actions_.connectAction(
+        u"mnuToolPreviewSel", [&preview] { preview.mnuToolPreviewSel_Click(); },
+        [this] { return bool(tvw->SelectedItem()); });
+    actions_.connectAction(
+        u"mnuToolSelXSL", [&preview] { preview.mnuToolSelXSL_Click(); }, hasDocument);
+    actions_.connectAction(u"mnuToolPrevHTML", [this, &preview] {
+        preview.mnuToolPrevHTML_Click(actions_.action(u"mnuToolPrevHTML")->isChecked());
+    });
+    actions_.connectAction(u"mnuToolPreviewSync", [this, &preview] {
+        preview.mnuToolPreviewSync_Click(actions_.action(u"mnuToolPreviewSync")->isChecked());
+    });
+    actions_.connectAction(
+        u"mnuFilePrint", [&preview] { preview.mnuFilePrint_Click(); }, hasDocument);
+    preview::Validation &validation = editor_->validation;
+    actions_.connectAction(
+        u"mnuToolVerify", [&validation] { validation.mnuToolVerify_Click(); }, hasDocument);
+    actions_.connectAction(
+        u"mnuToolVerifyNew", [&validation] { validation.mnuToolVerifyNew_Click(); }, hasDocument);
+}
+
 void frmMain::connectNodeCommands() {
     edit::NodeCreation &creation = editor_->creation;
     edit::NodeCommands &nodes = editor_->nodeCommands;

@@ -46,6 +46,8 @@ int Main(int argc, char **argv) {
         arguments.append(QString::fromLocal8Bit(argv[i]));
     // All of it is the file's path, so Qt must not look for switches of its own in it.
     int programOnly = 1;
+    // The browser pane asks for it.
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     controls::Application application(programOnly, argv);
     application.setApplicationName(QStringLiteral("quillon"));
     application.setApplicationDisplayName(QString());

@@ -13,9 +13,9 @@
 <head>
 <title>プレビュー</title>
 <style>
-BODY { font: %FONT_SIZE% '%FONT_NAME%'; margin-right: 1.5em; overflow-wrap: anywhere }
+BODY { font: %FONT_SIZE% '%FONT_NAME%', sans-serif; margin-right: 1.5em; overflow-wrap: anywhere }
 .c { cursor: pointer }
-.b { color: red; font-family: '%FONT_NAME%'; font-weight: bold; text-decoration: none;
+.b { color: red; font-family: '%FONT_NAME%', sans-serif; font-weight: bold; text-decoration: none;
      display: inline-block; width: 1em; text-indent: 0; user-select: none }
 /* What is out of sight is not laid out. The left margin is inside of the box, or its clipping
    would take the marks away. */
@@ -33,7 +33,7 @@ BODY { font: %FONT_SIZE% '%FONT_NAME%'; margin-right: 1.5em; overflow-wrap: anyw
 .db, .cb { display: block; margin-left: 1em; padding-left: .3em; text-indent: 0;
            border-left: 1px solid #CCCCCC }
 .cb { color: #888888; font-size: small }
-.di, .ci { font: %FONT_SIZE% '%FONT_NAME%' }
+.di, .ci { font: %FONT_SIZE% '%FONT_NAME%', sans-serif }
 .ci { color: #888888 }
 .d, .pi { color: blue }
 PRE { margin: 0; display: inline; font: inherit; white-space: pre-wrap }

@@ -37,6 +37,13 @@ inline constexpr QStringView OverwriteChangedFile =
     u"このファイルは、開いた後に他のプログラムによって変更されています。\n"
     u"上書きしてもよろしいですか？";
 
+// Recovery after a crash. %1 is the document; in CannotRecover the copy of it, %2 the reason.
+inline constexpr QStringView OfferRecovery =
+    u"前回保存されなかった変更があります。復元しますか？\n\n%1";
+inline constexpr QStringView RecoveredMark = u" (復元)";
+inline constexpr QStringView CannotRecover =
+    u"復元できませんでした。変更の控えは次のファイルに残っています。\n%1\n\n%2";
+
 // Status bar.
 inline constexpr QStringView SyntaxError = u"構文エラー";
 inline constexpr QStringView Loading = u"読み込んでいます...";
@@ -52,6 +59,19 @@ inline constexpr QStringView MatchesFound = u"件検索されました。";
 inline constexpr QStringView BrokenSetting = u"設定 [%1] %2 の値 \"%3\" が正しくありません。\n%4";
 inline constexpr QStringView DuplicateEditor =
     u"外部エディタ \"%1\" が二重に設定されています。これ以降の設定は読み込みません。";
+
+// Preview. %1 and %2 are line and column, or path, %3 what is wrong.
+inline constexpr QStringView SelectStylesheetTitle = u"プレビュー用XSLファイルの選択";
+inline constexpr QStringView StylesheetFilter = u"XSLファイル(*.xsl)|*.xsl";
+inline constexpr QStringView StylesheetFault = u"スタイルシートの %1 行 %2 列: %3";
+inline constexpr QStringView CannotWritePreview = u"%1 に書き込めません。\n%2";
+inline constexpr QStringView Rendering = u"プレビューを作成しています...";
+/// The page that stands in for a large document; %1 is its number of nodes.
+inline constexpr QStringView LargePreview =
+    u"<!DOCTYPE html><html lang=\"ja\"><head><meta charset=\"utf-8\"><title>プレビュー</title>"
+    u"<style>body{font-family:sans-serif;color:#444;margin:2em}</style></head><body>"
+    u"<p>このドキュメントは大きいため (約 %1 ノード)、プレビューを自動では更新しません。</p>"
+    u"<p><b>F5</b> キーを押すと表示します。</p></body></html>";
 
 // Sending. %1 is the address, %2 the reason.
 inline constexpr QStringView CannotSend = u"%1 に送信できません。\n%2";

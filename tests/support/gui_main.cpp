@@ -3,8 +3,14 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 int main(int argc, char **argv) {
     testing::InitGoogleTest(&argc, argv);
+    // Those of the browser pane.
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    if (::geteuid() == 0)
+        qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
     quillon::controls::Application application(argc, argv);
     // Nobody is there to close a box that no test expects: it fails the test and does not open.
     const quillon::test::ScriptedDialogs unexpected;

@@ -1,0 +1,221 @@
+#include "preview/preview.h"
+
+#include "platform/controls/dialogs.h"
+#include "platform/controls/error_boundary.h"
+#include "platform/controls/message_box.h"
+#include "platform/runtime/error.h"
+#include "platform/xml/xslt.h"
+#include "resources/messages.h"
+#include "resources/texts.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QPrinter>
+
+namespace quillon::preview {
+
+using xml::DOMDocument40;
+using xml::Node;
+using xml::NodeType;
+namespace texts = resources::texts;
+
+namespace {
+
+/// A document with more nodes than this takes more than about half a second to render, and is not
+/// rendered without being asked for.
+constexpr quint32 LargeDocument = 100'000;
+
+/// What the transformation adds for a file in UTF-16, which the preview file is not.
+const QString MetaTag =
+    QStringLiteral("<META http-equiv=\"Content-Type\" content=\"text/html; charset=UTF-16\">");
+
+/// Tells the browser that the file is in UTF-8, whatever the page says.
+constexpr char Utf8Mark[] = "\xEF\xBB\xBF";
+
+DOMDocument40 newDocument() {
+    DOMDocument40 document = DOMDocument40::create();
+    document.setAsync(false);
+    document.setValidateOnParse(false);
+    document.setResolveExternals(false);
+    return document;
+}
+
+/// For a place inside an attribute or text of a stylesheet, and inside a quoted name of CSS.
+QString escapedFontName(QString name) {
+    return name.remove(QLatin1Char('\'')).remove(QLatin1Char('\\')).toHtmlEscaped();
+}
+
+void requireParsed(const DOMDocument40 &document) {
+    const xml::ParseError &error = document.parseError();
+    if (error.errorCode != 0)
+        throw runtime::Error(
+            error.errorCode,
+            texts::StylesheetFault.toString().arg(error.line).arg(error.linepos).arg(error.reason));
+}
+
+} // namespace
+
+Preview::Preview(const document::DocumentState &state, tree::TreeBuilder &builder,
+                 tree::Selection &selection, controls::TreeView &tvw, controls::Browser &ie,
+                 const system::WorkingFolder &workingFolder, std::function<PreviewFont()> font)
+    : state_(state), builder_(builder), selection_(selection), tvw_(tvw), ie_(ie),
+      workingFolder_(workingFolder), font_(std::move(font)) {
+    ie_.setFolder(workingFolder_.path());
+    later_.setSingleShot(true);
+    connect(&later_, &QTimer::timeout, this, [this] {
+        controls::guarded([this] {
+            const Node node = std::exchange(requested_, Node());
+            if (node.nodeType() == NodeType::Document &&
+                node.ownerDocument().maxNodeCount() > LargeDocument)
+                showNotice();
+            else
+                ShowPreview(node);
+        });
+    });
+    connect(&ie_, &controls::Browser::clicked, this,
+            [this](const QString &id) { controls::guarded([&] { m_doc_onclick(id); }); });
+}
+
+void Preview::requestPreview(const Node &node) {
+    requested_ = node;
+    later_.start(0);
+}
+
+void Preview::clear() {
+    later_.stop();
+    requested_ = Node();
+    ie_.Navigate(QStringLiteral("about:blank"));
+}
+
+void Preview::SyncPreview() {
+    if (previewSync_ && m_strXslPath.isEmpty() && m_bPreviewWhole)
+        requestPreview(state_.m_DOM.node());
+}
+
+void Preview::ShowPreview(const Node &node) {
+    if (!node)
+        return;
+    try {
+        render(node);
+    } catch (const runtime::Error &error) {
+        controls::showMessage(resources::messageText(13) + QStringLiteral("\r\n") +
+                                  error.description(),
+                              controls::message_style::Exclamation);
+    }
+}
+
+void Preview::render(const Node &node) {
+    // A copy, never the document itself.
+    DOMDocument40 copy = newDocument();
+    copy.loadXML(node.xml());
+    m_bPreviewWhole = node.nodeType() == NodeType::Document;
+    const QString path = m_bPreviewWhole ? m_strXslPath : QString();
+    const bool chosen = QFileInfo(path).isFile();
+    const DOMDocument40 sheet = chosen ? stylesheet(path) : builtInStylesheet();
+    QString extension = !chosen || prevHtml_ ? QStringLiteral("htm") : QStringLiteral("xml");
+    xml::TransformOptions options;
+    options.folders = {chosen ? stylesheetFolder_ : workingFolder_.path(), workingFolder_.path()};
+    QString result = xml::transformNode(copy.node(), sheet, options);
+    result.remove(MetaTag);
+    if (result.contains(QLatin1String("<html"), Qt::CaseInsensitive))
+        extension = QStringLiteral("htm");
+    show(result, extension);
+}
+
+DOMDocument40 Preview::stylesheet(const QString &path) const {
+    DOMDocument40 sheet = newDocument();
+    sheet.load(path);
+    requireParsed(sheet);
+    return sheet;
+}
+
+DOMDocument40 Preview::builtInStylesheet() const {
+    QFile file(QStringLiteral(":/preview.xsl"));
+    file.open(QIODevice::ReadOnly);
+    QString text = QString::fromUtf8(file.readAll());
+    const PreviewFont font = font_();
+    text.replace(QLatin1String("%FONT_NAME%"), escapedFontName(font.name));
+    text.replace(QLatin1String("%FONT_SIZE%"), QString::number(font.size) + QStringLiteral("pt"));
+    DOMDocument40 sheet = newDocument();
+    sheet.loadXML(text);
+    requireParsed(sheet);
+    return sheet;
+}
+
+void Preview::show(const QString &page, const QString &extension) {
+    const QString path = workingFolder_.filePath(QStringLiteral("preview.") + extension);
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(Utf8Mark) < 0 ||
+        file.write(page.toUtf8()) < 0 || !file.flush())
+        throw runtime::Error(runtime::error_number::DeviceIo,
+                             texts::CannotWritePreview.toString().arg(path, file.errorString()));
+    file.close();
+    ie_.Navigate(path);
+}
+
+void Preview::showNotice() {
+    m_bPreviewWhole = true;
+    show(texts::LargePreview.toString().arg(state_.m_DOM.maxNodeCount()), QStringLiteral("htm"));
+}
+
+void Preview::mnuToolPreview_Click() {
+    if (state_.m_DOM.isNull())
+        return;
+    Q_EMIT statusText(texts::Rendering.toString());
+    ShowPreview(state_.m_DOM.node());
+    Q_EMIT statusText(QString());
+}
+
+void Preview::mnuToolPreviewSel_Click() {
+    Node node = selection_.GetSelectedDOMNode();
+    if (node.nodeType() != NodeType::Element && node.nodeType() != NodeType::Document)
+        node = selection_.GetDOMNode(tvw_.SelectedItem().Parent());
+    ShowPreview(node);
+}
+
+void Preview::mnuToolSelXSL_Click() {
+    const controls::FileDialogResult chosen = controls::dialogs().showOpen(
+        {texts::SelectStylesheetTitle.toString(), texts::StylesheetFilter.toString(),
+         controls::file_dialog_flag::HideReadOnly, QString()});
+    if (chosen.path.isEmpty())
+        return;
+    m_strXslPath = workingFolder_.filePath(QFileInfo(chosen.path).fileName());
+    stylesheetFolder_ = QFileInfo(chosen.path).absolutePath();
+    system::copyFile(chosen.path, m_strXslPath);
+    system::makeWritable(m_strXslPath);
+    ShowPreview(state_.m_DOM.node());
+}
+
+void Preview::mnuToolPrevHTML_Click(bool checked) {
+    prevHtml_ = checked;
+    ShowPreview(state_.m_DOM.node());
+}
+
+void Preview::mnuFilePrint_Click() {
+    if (state_.m_DOM.isNull())
+        return;
+    ShowPreview(state_.m_DOM.node());
+    auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    if (controls::dialogs().choosePrinter(*printer))
+        ie_.print(std::move(printer));
+}
+
+void Preview::m_doc_onclick(const QString &id) {
+    if (id.isEmpty() || !m_bPreviewWhole || !previewSync_)
+        return;
+    const QStringList parts = id.split(QLatin1Char('.'));
+    Node node = state_.m_DOM.documentElement();
+    // The first two parts stand for the document and the root element.
+    for (qsizetype k = 2; k < parts.size() && node; ++k)
+        node = node.childNodes().item(parts[k].toInt() - 1);
+    if (!node)
+        return;
+    controls::TreeItem found;
+    builder_.registry().forEach([&](quint32 sequence, quint32 number) {
+        if (number == node.number() && !found)
+            found = tvw_.nodes().bySequence(sequence);
+    });
+    selection_.ShowNode(found, true);
+}
+
+} // namespace quillon::preview
