@@ -8,6 +8,7 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
@@ -33,7 +34,7 @@ frmMain::frmMain(bool startedAlone, Surroundings surroundings)
       picPath(new QWidget(tbr)), cboPath(new controls::PathBox(picPath)),
       vsp(new QSplitter(Qt::Horizontal, this)), hsp(new QSplitter(Qt::Vertical)),
       tvw(new controls::TreeView), txtEdit(new controls::TextBox), ie(new controls::Browser),
-      sbr(new QLabel) {
+      sbr(new QLabel), validationButton_(new QPushButton) {
     setAttribute(Qt::WA_DeleteOnClose);
     menus_ = std::make_unique<controls::ActionMenus>(actions_, *menuBar());
     editor_ = std::make_unique<Editor>(std::move(surroundings), *tvw, *txtEdit, *cboPath, *ie);
@@ -68,6 +69,9 @@ void frmMain::layOut() {
     setCentralWidget(vsp);
 
     statusBar()->addWidget(sbr, 1);
+    statusBar()->addPermanentWidget(validationButton_);
+    validationButton_->setFlat(true);
+    validationButton_->hide();
     // A long text must not widen the window.
     sbr->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     sbr->setTextFormat(Qt::PlainText);
@@ -115,6 +119,7 @@ void frmMain::nameForAccessibility() {
     name(txtEdit, "txtEdit", texts::PaneName);
     name(ie, "ie", texts::PreviewName);
     sbr->setObjectName(QStringLiteral("sbr"));
+    validationButton_->setObjectName(QStringLiteral("validationButton"));
     tbr->setWindowTitle(texts::ToolBarName.toString());
 }
 

@@ -2,6 +2,7 @@
 
 #include "app/editor.h"
 #include "app/tree_keys.h"
+#include "app/validation_list.h"
 #include "platform/controls/action_menus.h"
 #include "platform/controls/action_set.h"
 #include "platform/controls/browser.h"
@@ -15,6 +16,7 @@
 #include <memory>
 
 class QLabel;
+class QPushButton;
 class QSplitter;
 class QToolBar;
 
@@ -68,6 +70,7 @@ private:
     void applyFont();
     void showExternalEditors();
     void showRecentFiles();
+    void showValidationErrors();
 
     void showStatus(const QString &text);
     void enableDocumentButtons(bool enabled);
@@ -91,10 +94,12 @@ private:
     controls::TextBox *txtEdit;
     controls::Browser *ie;
     QLabel *sbr;
+    QPushButton *validationButton_;
 
     std::unique_ptr<controls::ActionMenus> menus_;
     std::unique_ptr<Editor> editor_;
     std::unique_ptr<TreeKeys> treeKeys_;
+    ValidationList *validationList_ = nullptr;
     system::CompanionLink companion_;
 };
 

@@ -4,6 +4,7 @@
 
 #include <QAction>
 #include <QMenu>
+#include <QPushButton>
 
 namespace quillon::app {
 
@@ -146,6 +147,21 @@ void frmMain::connectPreview() {
         u"mnuToolVerify", [&validation] { validation.mnuToolVerify_Click(); }, hasDocument);
     actions_.connectAction(
         u"mnuToolVerifyNew", [&validation] { validation.mnuToolVerifyNew_Click(); }, hasDocument);
+    validationList_ = new ValidationList(this, [this](const xml::Node &node) {
+        // The document may have been undone or edited since.
+        const xml::Node now = editor_->state.m_DOM.nodeByNumber(node.number());
+        editor_->selection.ShowNode(editor_->builder.itemOf(now), true);
+    });
+    connect(&validation, &preview::Validation::errorsChanged, this, &frmMain::showValidationErrors);
+    connect(validationButton_, &QPushButton::clicked, validationList_, &QWidget::show);
+}
+
+void frmMain::showValidationErrors() {
+    const std::vector<preview::ValidationError> &errors = editor_->validation.errors();
+    validationList_->setErrors(errors);
+    validationButton_->setText(
+        resources::texts::ValidationListButton.toString().arg(errors.size()));
+    validationButton_->setVisible(!errors.empty());
 }
 
 void frmMain::connectNodeCommands() {

@@ -39,9 +39,9 @@ void measureDom(const std::string &path, bool limited) {
     const double expat = bestOf(Runs, [&] { parseWithExpat(bytes); });
     const double libxml = bestOf(Runs, [&] { parseWithLibxml(bytes); });
     xml::DOMDocument40 document;
-    const double ours =
-        bestOf(Runs, [&] { document.load(QString::fromStdString(path)); },
-               [&] { document = xml::DOMDocument40::create(); });
+    const double ours = bestOf(
+        Runs, [&] { document.load(QString::fromStdString(path)); },
+        [&] { document = xml::DOMDocument40::create(); });
     row("parse with expat, empty handlers", expat, "ms", 0);
     row("parse into libxml2's tree", libxml, "ms", 0);
     row("read the file and parse it into our DOM", ours, "ms", 0);

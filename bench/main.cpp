@@ -30,9 +30,10 @@ std::string write(const QTemporaryDir &folder, const char *name, const std::stri
 } // namespace
 
 int main(int argc, char **argv) {
-    if (argc == 3 && std::strcmp(argv[1], "--open") == 0) {
+    if (argc == 3) {
         int programOnly = 1;
-        return quillon::bench::openAndPrint(programOnly, argv, argv[2]);
+        return quillon::bench::openAndPrint(programOnly, argv, argv[2],
+                                            std::strcmp(argv[1], "--edit") == 0);
     }
     if (argc != 1) {
         std::puts("quillon_bench: measures on files it makes itself and prints a table. Figures\n"
@@ -59,6 +60,8 @@ int main(int argc, char **argv) {
         row("peak memory with the file open", figures.peakMegabytes, "MB", input.megabytes);
         if (isOrders)
             row("one keystroke in a text node's pane", figures.keystrokeMilliseconds, "ms", 16);
+        if (isOrders)
+            quillon::bench::measureEditingIn(argv[0], path);
     }
     return 0;
 }

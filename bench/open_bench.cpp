@@ -2,6 +2,7 @@
 
 #include "app/start_up.h"
 #include "app/window.h"
+#include "bench/edit_bench.h"
 #include "bench/report.h"
 #include "platform/controls/error_boundary.h"
 
@@ -49,11 +50,12 @@ double keystroke(app::frmMain &form) {
 
 } // namespace
 
-int openAndPrint(int argc, char **argv, const char *path) {
+int openAndPrint(int argc, char **argv, const char *path, bool editing) {
     app::prepareProcess();
     QTemporaryDir folder;
     qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
     const auto start = std::chrono::steady_clock::now();
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     controls::Application application(argc, argv);
     auto *form = new app::frmMain(true, {folder.path(), {}, {}});
     form->ClearStatus();
@@ -61,14 +63,21 @@ int openAndPrint(int argc, char **argv, const char *path) {
     form->UpdateStatus(QString::fromLocal8Bit(path));
     form->show();
     QCoreApplication::processEvents();
-    const std::chrono::duration<double, std::milli> took =
-        std::chrono::steady_clock::now() - start;
+    const std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - start;
     rusage usage{};
     ::getrusage(RUSAGE_SELF, &usage);
-    std::printf("%f %f %f\n", took.count(), double(usage.ru_maxrss) / 1024, keystroke(*form));
+    if (editing)
+        measureEditing(*form);
+    else
+        std::printf("%f %f %f\n", took.count(), double(usage.ru_maxrss) / 1024, keystroke(*form));
     std::fflush(stdout);
     // Taking everything down again is not part of any figure.
     std::_Exit(0);
+}
+
+void measureEditingIn(const std::string &program, const std::string &path) {
+    if (std::system(("'" + program + "' --edit '" + path + "'").c_str()) != 0)
+        std::fprintf(stderr, "editing %s failed\n", path.c_str());
 }
 
 OpenFigures measureOpening(const std::string &program, const std::string &path) {

@@ -14,10 +14,13 @@ struct OpenFigures {
     double keystrokeMilliseconds = 0;
 };
 
-/// Runs in the process of its own: opens the file and prints the figures. Returns the exit code.
-int openAndPrint(int argc, char **argv, const char *path);
+/// Runs in the process of its own: opens the file and prints these figures, or those of editing.
+/// Returns the exit code.
+int openAndPrint(int argc, char **argv, const char *path, bool editing);
 
 /// Starts that process and reads its figures.
 OpenFigures measureOpening(const std::string &program, const std::string &path);
+/// Starts it for the figures of editing, which it prints itself.
+void measureEditingIn(const std::string &program, const std::string &path);
 
 } // namespace quillon::bench

@@ -15,8 +15,8 @@ std::string orderRecords(std::size_t bytes) {
                "営業所</customer>\n";
         for (unsigned item = 0, count = 1 + random() % 4; item < count; ++item)
             out += "    <item n=\"" + std::to_string(item) + "\"><code>A-" +
-                   std::to_string(10000 + random() % 89999) + "</code><qty>" + std::to_string(item + 1) +
-                   "</qty></item>\n";
+                   std::to_string(10000 + random() % 89999) + "</code><qty>" +
+                   std::to_string(item + 1) + "</qty></item>\n";
         out += "  </order>\n";
     }
     return out + "</orders>\n";

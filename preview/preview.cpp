@@ -208,14 +208,7 @@ void Preview::m_doc_onclick(const QString &id) {
     // The first two parts stand for the document and the root element.
     for (qsizetype k = 2; k < parts.size() && node; ++k)
         node = node.childNodes().item(parts[k].toInt() - 1);
-    if (!node)
-        return;
-    controls::TreeItem found;
-    builder_.registry().forEach([&](quint32 sequence, quint32 number) {
-        if (number == node.number() && !found)
-            found = tvw_.nodes().bySequence(sequence);
-    });
-    selection_.ShowNode(found, true);
+    selection_.ShowNode(builder_.itemOf(node), true);
 }
 
 } // namespace quillon::preview

@@ -73,6 +73,11 @@ inline constexpr QStringView LargePreview =
     u"<p>このドキュメントは大きいため (約 %1 ノード)、プレビューを自動では更新しません。</p>"
     u"<p><b>F5</b> キーを押すと表示します。</p></body></html>";
 
+// Validation. %1 is the number of errors, or the line, %2 the reason.
+inline constexpr QStringView ValidationListTitle = u"検証エラーの一覧";
+inline constexpr QStringView ValidationListButton = u"エラー一覧 (%1)";
+inline constexpr QStringView ErrorAtLine = u"%1 行目: %2";
+
 // Sending. %1 is the address, %2 the reason.
 inline constexpr QStringView CannotSend = u"%1 に送信できません。\n%2";
 inline constexpr QStringView BadAddress = u"アドレスが正しくありません。";

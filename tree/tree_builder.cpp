@@ -198,6 +198,17 @@ TreeItem TreeBuilder::AddAttributeToTree(const TreeItem &elemItem, Node &attr, b
     return AddNodeToTree(relItem, attr, treeOnly, relationship);
 }
 
+TreeItem TreeBuilder::itemOf(const Node &node) const {
+    TreeItem found;
+    if (!node || !(node.ownerDocument() == m_dicNode.document()))
+        return found;
+    m_dicNode.forEach([&](quint32 sequence, quint32 number) {
+        if (number == node.number() && !found)
+            found = tvw_.nodes().bySequence(sequence);
+    });
+    return found;
+}
+
 bool TreeBuilder::HasRootElement() const {
     for (TreeItem child = tvw_.nodes().Item(1).Child(); child; child = child.Next()) {
         if (m_dicNode.Item(child).nodeType() == NodeType::Element)

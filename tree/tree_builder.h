@@ -49,6 +49,9 @@ public:
     /// meant so.
     TreeItem AddAttributeToTree(const TreeItem &elemItem, xml::Node &attr, bool treeOnly);
 
+    /// The item that shows a node; Nothing when none does.
+    TreeItem itemOf(const xml::Node &node) const;
+
     /// Whether a child item of the document item shows an element.
     bool HasRootElement() const;
 

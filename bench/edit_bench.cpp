@@ -1,0 +1,49 @@
+#include "bench/edit_bench.h"
+
+#include "app/frm_main.h"
+#include "bench/report.h"
+#include "platform/xml/xpath.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+
+namespace quillon::bench {
+
+void measureEditing(app::frmMain &form) {
+    app::Editor &editor = form.editor();
+    auto &tvw = *form.findChild<controls::TreeView *>(QStringLiteral("tvw"));
+    const auto selectRecord = [&] {
+        const xml::Node record = editor.state.m_DOM.documentElement().childNodes().item(100);
+        editor.selection.ShowNode(editor.builder.itemOf(record), true);
+        QCoreApplication::processEvents();
+    };
+    const auto row1 = [&](const char *work, double limit, auto &&command) {
+        row(work,
+            bestOf(
+                5,
+                [&] {
+                    command();
+                    QCoreApplication::processEvents();
+                },
+                selectRecord),
+            "ms", limit);
+    };
+    row1("move one record down", 20, [&] { editor.nodeCommands.mnuNodeMoveDown_Click(); });
+    row1("delete one record", 20, [&] { editor.nodeCommands.mnuEditCut_Click(); });
+    row1("paste one record", 20, [&] { editor.nodeCommands.mnuEditPaste_Click(); });
+    row("undo", bestOf(3, [&] { editor.history.UndoCommand(); }), "ms", 1500);
+    row("redo", bestOf(3, [&] { editor.history.RedoCommand(); }), "ms", 1500);
+    const QString query = QStringLiteral("(//qty)[position() <= 100000]");
+    const auto hits = [&] { xml::selectNodes(editor.state.m_DOM.node(), query); };
+    row("query with up to 100,000 hits, first", bestOf(1, hits), "ms", 4000);
+    row("query with up to 100,000 hits, again", bestOf(3, hits), "ms", 1500);
+    row("expand everything",
+        bestOf(1,
+               [&] {
+                   editor.builder.ExpandSubtree(tvw.nodes().Item(1));
+                   QCoreApplication::processEvents();
+               }),
+        "ms", 0);
+}
+
+} // namespace quillon::bench

@@ -1,0 +1,149 @@
+#include "tests/support/editor_window.h"
+
+#include <QListWidget>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+#include <QWebEnginePage>
+#include <QWebEngineView>
+
+namespace quillon::test {
+
+namespace {
+
+constexpr int Patience = 20'000;
+
+class PreviewTest : public EditorWindow {
+protected:
+    preview::Preview &preview() { return editor().preview; }
+    controls::Browser &ie() { return *form->findChild<controls::Browser *>("ie"); }
+    /// Waits until the page asked for last is shown.
+    void waitForPage() {
+        QSignalSpy shown(&ie(), &controls::Browser::NavigateComplete);
+        ASSERT_TRUE(shown.count() > 0 || shown.wait(Patience));
+    }
+    QVariant script(const QString &code) {
+        QVariant result;
+        bool done = false;
+        ie().view()->page()->runJavaScript(code, [&](const QVariant &value) {
+            result = value;
+            done = true;
+        });
+        EXPECT_TRUE(QTest::qWaitFor([&] { return done; }, Patience));
+        return result;
+    }
+    QString previewFile(const QString &extension) {
+        return QString::fromUtf8(read("Temp/preview." + extension));
+    }
+};
+
+constexpr auto Sample =
+    "<?xml version='1.0'?><!--c--><doc>text<![CDATA[cd]]><a><b 名='値'/></a></doc>";
+
+TEST_F(PreviewTest, AClickOnANameSelectsItsNode) {
+    form->show();
+    open(Sample);
+    waitForPage();
+    EXPECT_TRUE(preview().previewsWhole());
+    EXPECT_TRUE(script("document.body.innerText").toString().contains("値"));
+    // The third part counts the root's children of all kinds: text, CDATA, then the element.
+    EXPECT_EQ(script("document.getElementById('1.3.3.1').innerText").toString(), "b");
+    script("document.getElementById('1.3.3.1').click()");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return tvw().SelectedItem() == item("b"); }, Patience));
+    EXPECT_EQ(txtEdit().Text(), "<b 名='値'/>");
+    preview().m_doc_onclick("1.3.3");
+    EXPECT_EQ(tvw().SelectedItem().Text(), "a");
+    // Ids that fit nothing, and a switched off synchronisation, select nothing.
+    for (const char *id : {"", "1.3.9", "1.3.3.1.1", "x.y.z"}) {
+        preview().m_doc_onclick(id);
+        EXPECT_EQ(tvw().SelectedItem().Text(), "a") << id;
+    }
+    preview().mnuToolPreviewSync_Click(false);
+    preview().m_doc_onclick("1.3.3.1");
+    EXPECT_EQ(tvw().SelectedItem().Text(), "a");
+}
+
+TEST_F(PreviewTest, AnAttributePreviewsItsElement) {
+    open(Sample);
+    select("名=\"値\"");
+    preview().mnuToolPreviewSel_Click();
+    EXPECT_FALSE(preview().previewsWhole());
+    EXPECT_TRUE(previewFile("htm").contains("名"));
+    EXPECT_FALSE(previewFile("htm").contains(">doc<"));
+    const controls::TreeItem before = tvw().SelectedItem();
+    preview().m_doc_onclick("1.1");
+    EXPECT_EQ(tvw().SelectedItem(), before) << "clicks in the preview of a node do nothing";
+}
+
+TEST_F(PreviewTest, AChosenStylesheetStaysInForce) {
+    open(Sample);
+    const QByteArray head = "<xsl:stylesheet version='1.0' "
+                            "xmlns:xsl='http://www.w3.org/1999/XSL/Transform'>";
+    dialogs.answerFile({write("own.xsl", head + "<xsl:template match='/'><out><xsl:value-of "
+                                                "select='//a/b/@*'/></out></xsl:template>"
+                                                "</xsl:stylesheet>"),
+                        0});
+    preview().mnuToolSelXSL_Click();
+    EXPECT_EQ(dialogs.openRequests.back().title, "プレビュー用XSLファイルの選択");
+    EXPECT_EQ(dialogs.openRequests.back().flags, 4);
+    EXPECT_TRUE(QFile::exists(path("Temp/own.xsl")));
+    EXPECT_TRUE(previewFile("xml").contains("<out>値</out>"));
+    preview().mnuToolPrevHTML_Click(true);
+    EXPECT_TRUE(previewFile("htm").contains("<out>値</out>"));
+    // A single node is always shown by the built-in one.
+    select("a");
+    preview().mnuToolPreviewSel_Click();
+    EXPECT_TRUE(previewFile("htm").contains("<html", Qt::CaseInsensitive));
+    // One that cannot be carried out is told and leaves the preview.
+    const QString kept = previewFile("htm");
+    write("Temp/own.xsl", head + "<xsl:template match='/'><xsl:nonsense/></xsl:template>");
+    dialogs.answerMessage(1);
+    preview().mnuToolPreview_Click();
+    EXPECT_TRUE(dialogs.messages.back().text.startsWith("プレビューを表示できません。\r\n"));
+    EXPECT_EQ(dialogs.messages.back().style, 48);
+    EXPECT_EQ(previewFile("htm"), kept);
+    QFile::remove(path("Temp/own.xsl"));
+    preview().mnuToolPreview_Click();
+    EXPECT_TRUE(previewFile("htm").contains("1.3.3.1")) << "falls back to the built-in one";
+}
+
+TEST_F(PreviewTest, AnEmptyDocumentHasAnEmptyPreview) {
+    editor().commands.mnuFileNew_Click();
+    QCoreApplication::processEvents();
+    preview().mnuToolPreview_Click();
+    EXPECT_TRUE(previewFile("htm").contains("<html", Qt::CaseInsensitive));
+}
+
+TEST_F(PreviewTest, ALargeDocumentWaitsForTheKey) {
+    QByteArray many = "<r>";
+    for (int i = 0; i < 60'000; ++i)
+        many += "<e/>";
+    open(many + "</r>");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(path("Temp/preview.htm")); }, Patience));
+    EXPECT_TRUE(previewFile("htm").contains("F5"));
+}
+
+TEST_F(PreviewTest, EveryValidationErrorLeadsToItsNode) {
+    form->show();
+    open("<doc><a/><wrong/></doc>");
+    dialogs.answerFile({write("s.dtd", "<!ELEMENT doc (a*)><!ELEMENT a EMPTY>"), 0});
+    dialogs.answerMessage(1);
+    editor().validation.mnuToolVerifyNew_Click();
+    auto *list = form->findChild<app::ValidationList *>();
+    ASSERT_TRUE(list);
+    EXPECT_FALSE(editor().validation.errors().empty());
+    auto *button = form->findChild<QPushButton *>("validationButton");
+    ASSERT_TRUE(button);
+    EXPECT_TRUE(button->isVisible());
+    button->click();
+    EXPECT_TRUE(list->isVisible());
+    auto *entries = list->findChild<QListWidget *>();
+    for (int row = 0; row < entries->count(); ++row) {
+        entries->setCurrentRow(row);
+        EXPECT_TRUE(QStringList({"doc", "wrong"}).contains(tvw().SelectedItem().Text()));
+    }
+}
+
+} // namespace
+
+} // namespace quillon::test
