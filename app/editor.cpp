@@ -33,9 +33,11 @@ Editor::Editor(Surroundings given, controls::TreeView &tvw, controls::TextBox &t
       view(state, options, builder, selection, tvw), treePrinting(tvw),
       loader(state, builder, selection, history, tvw, workingFolder, recentFiles,
              surroundings.clock),
-      commands(state, loader, builder, history, tvw, pane, surroundings.applicationFolder) {
+      commands(state, loader, builder, history, tvw, pane, surroundings.applicationFolder),
+      recovery(state, commands, workingFolder, surroundings.clock) {
     wireStatusTexts();
     wireModifications();
+    wireHistory();
     wireTree(tvw);
     wirePane(txtEdit);
     wirePreview();
@@ -62,6 +64,11 @@ void Editor::wireModifications() {
     connect(&creation, &edit::NodeCreation::documentModified, &commands, modified);
     connect(&nodeCommands, &edit::NodeCommands::documentModified, &commands, modified);
     connect(&tools, &tools::ToolCommands::documentModified, &commands, modified);
+}
+
+void Editor::wireHistory() {
+    connect(&history, &edit::UndoHistory::undoButtonChanged, &recovery,
+            &document::CrashRecovery::documentChanged);
 }
 
 void Editor::wireTree(controls::TreeView &tvw) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/commands/crash_recovery.h"
 #include "document/commands/document_commands.h"
 #include "document/commands/document_loader.h"
 #include "document/commands/settings.h"
@@ -82,6 +83,7 @@ public:
 
     document::DocumentLoader loader;
     document::DocumentCommands commands;
+    document::CrashRecovery recovery;
 
 Q_SIGNALS:
     /// A text for the status bar, whoever has one.
@@ -90,6 +92,7 @@ Q_SIGNALS:
 private:
     void wireStatusTexts();
     void wireModifications();
+    void wireHistory();
     void wireTree(controls::TreeView &tvw);
     void wirePreview();
     void wirePane(controls::TextBox &txtEdit);

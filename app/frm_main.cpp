@@ -8,6 +8,8 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QMenuBar>
+#include <QOpenGLContext>
+#include <QOpenGLWidget>
 #include <QPushButton>
 #include <QScreen>
 #include <QSplitter>
@@ -39,6 +41,7 @@ frmMain::frmMain(bool startedAlone, Surroundings surroundings)
     menus_ = std::make_unique<controls::ActionMenus>(actions_, *menuBar());
     editor_ = std::make_unique<Editor>(std::move(surroundings), *tvw, *txtEdit, *cboPath, *ie);
     treeKeys_ = std::make_unique<TreeKeys>(*tvw, *editor_, actions_);
+    keepHandle();
     layOut();
     nameForAccessibility();
     connectFileCommands();
@@ -80,6 +83,16 @@ void frmMain::layOut() {
         move(screen->availableGeometry().center() - rect().center());
     firstSplitLeft_ = DesignSize.width() * 2 / 5;
     firstSplitTop_ = DesignSize.height() / 2;
+}
+
+void frmMain::keepHandle() {
+    // The browser draws through OpenGL, and a window that takes such a child in gets another
+    // handle unless it has had one from the start. Without OpenGL the browser does without, too.
+    QOpenGLContext context;
+    if (!context.create())
+        return;
+    auto *openGl = new QOpenGLWidget(this);
+    openGl->hide();
 }
 
 void frmMain::fillToolBar() {

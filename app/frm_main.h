@@ -52,6 +52,8 @@ private:
     void Form_Load();
     void Form_Unload();
 
+    /// The window's handle is known outside, so it must not change.
+    void keepHandle();
     void layOut();
     void fillToolBar();
     void nameForAccessibility();
@@ -68,6 +70,8 @@ private:
     document::Placement placement() const;
     void place(const document::Placement &placement);
     void applyFont();
+    void takeFont(const QString &name, qint16 size);
+    void mnuToolOption_Click();
     void showExternalEditors();
     void showRecentFiles();
     void showValidationErrors();

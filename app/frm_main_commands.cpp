@@ -3,6 +3,7 @@
 #include "resources/texts.h"
 
 #include <QAction>
+#include <QFileInfo>
 #include <QMenu>
 #include <QPushButton>
 
@@ -26,7 +27,8 @@ void frmMain::connectFileCommands() {
         u"mnuFileReload", [&commands] { commands.mnuFileReload_Click(); },
         [this] {
             const QString &name = editor_->state.m_FileName;
-            return !name.isEmpty() && name != resources::texts::NewDocument;
+            // A recovered document has a name but no file to be read again.
+            return QFileInfo(name).isAbsolute();
         });
     actions_.connectAction(
         u"mnuFileSave", [&commands] { commands.mnuFileSave_Click(); }, hasDocument);
@@ -90,16 +92,7 @@ void frmMain::connectViewCommands() {
     actions_.connectAction(u"mnuViewFont", [this, &view] {
         view.mnuViewFont_Click(editor_->settings.fontName, editor_->settings.fontSize);
     });
-    connect(&view, &tools::ViewCommands::fontChosen, this,
-            [this](const QString &name, qint16 size) {
-                editor_->settings.fontName = name;
-                editor_->settings.fontSize = size;
-                applyFont();
-                // The path box keeps its size; that is meant so.
-                QFont pathFont = cboPath->font();
-                pathFont.setFamily(name);
-                cboPath->setFont(pathFont);
-            });
+    connect(&view, &tools::ViewCommands::fontChosen, this, &frmMain::takeFont);
 }
 
 void frmMain::connectToolCommands() {
@@ -113,6 +106,7 @@ void frmMain::connectToolCommands() {
     actions_.connectAction(u"mnuWindowTileH", [this] {
         controls::ignoringErrors([this] { companion_.execute(QStringLiteral("TILE_VERTICAL")); });
     });
+    actions_.connectAction(u"mnuToolOption", [this] { mnuToolOption_Click(); });
     actions_.connectAction(u"mnuHelpReadme", [&tools] { tools.mnuHelpReadme_Click(); });
     actions_.connectAction(u"mnuHelpAbout", [&tools] { tools.mnuHelpAbout_Click(); });
     actions_.connectAction(

@@ -1,6 +1,8 @@
 #include "app/frm_main.h"
 #include "platform/controls/error_boundary.h"
 #include "platform/controls/message_box.h"
+#include "platform/runtime/numbers.h"
+#include "tools/options_dialog.h"
 
 #include <QAction>
 #include <QGuiApplication>
@@ -54,8 +56,9 @@ void frmMain::Form_Initialize() {
 void frmMain::Form_Unload() {
     editor_->settings.maximized = isMaximized();
     editor_->settings.save(placement(), !isMinimized() && !isMaximized());
+    editor_->recovery.discard();
     if (startedAlone_)
-        ignoringErrors([this] { editor_->workingFolder.remove(); });
+        ignoringErrors([this] { document::clearWorkingFolder(editor_->workingFolder); });
     ignoringErrors([this] { companion_.execute(QStringLiteral("REMOVE ") + handle()); });
 }
 
@@ -109,6 +112,38 @@ void frmMain::showExternalEditors() {
         [this](int, const QString &program) { editor_->tools.mnuToolOpen_Click(program); }, 0);
     actions_.action(u"mnuToolLine3")->setVisible(!elements.empty());
     actions_.action(u"mnuToolOpenEditor")->setVisible(!elements.empty());
+}
+
+void frmMain::mnuToolOption_Click() {
+    document::Settings &settings = editor_->settings;
+    tools::Options present;
+    for (const document::ExternalEditor &editor : settings.editors)
+        present.editors.push_back({editor.name, editor.path});
+    present.fontName = settings.fontName;
+    present.fontSize = settings.fontSize;
+    tools::OptionsDialog dialog(present, editor_->recentFiles.read().size(), this);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const tools::Options chosen = dialog.options();
+    settings.editors.clear();
+    for (const tools::ExternalProgram &program : chosen.editors)
+        settings.editors.push_back({program.name, program.path});
+    settings.removeEditorsFrom(settings.editors.size());
+    takeFont(chosen.fontName, runtime::toInteger(qint64(chosen.fontSize)));
+    showExternalEditors();
+    // The places behind a shorter list have to be emptied, too, or old entries come back.
+    if (chosen.clearRecentFiles)
+        editor_->recentFiles.write(QStringList(document::RecentFiles::MaxWritten));
+}
+
+void frmMain::takeFont(const QString &name, qint16 size) {
+    editor_->settings.fontName = name;
+    editor_->settings.fontSize = size;
+    applyFont();
+    // The path box keeps its size; that is meant so.
+    QFont pathFont = cboPath->font();
+    pathFont.setFamily(name);
+    cboPath->setFont(pathFont);
 }
 
 void frmMain::showRecentFiles() {

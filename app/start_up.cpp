@@ -1,17 +1,25 @@
 #include "app/start_up.h"
 
+#include "app/automation/automation_server.h"
 #include "app/splash.h"
 #include "app/window.h"
 #include "platform/controls/dialogs.h"
 #include "platform/controls/error_boundary.h"
+#include "platform/runtime/paths.h"
 #include "platform/system/companion_link.h"
 #include "platform/system/instance_lock.h"
+#include "platform/system/working_folder.h"
 #include "resources/texts.h"
 
+#include <QDBusServiceWatcher>
+#include <QEventLoop>
 #include <QFileInfo>
 #include <QIcon>
+#include <QTimer>
 
 #include <algorithm>
+#include <cstdlib>
+#include <memory>
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -21,6 +29,64 @@ namespace {
 
 /// Enough for several hundred thousand nested levels.
 constexpr rlim_t StackBytes = 256ul << 20;
+/// How long the companion may take to be there for the first window.
+constexpr int CompanionMs = 1000;
+
+/// The companion is there, once it has been started, before the first window registers with it.
+void startCompanion() {
+    const QString folder = QCoreApplication::applicationDirPath();
+    QDBusConnection bus = system::sessionBus();
+    if (!bus.isConnected() || !QFileInfo(folder + QStringLiteral("/QuillonDDE")).isExecutable())
+        return;
+    QDBusServiceWatcher watcher(QStringLiteral("org.quillon.QuillonEditDDE"), bus,
+                                QDBusServiceWatcher::WatchForRegistration);
+    QEventLoop untilRegistered;
+    QObject::connect(&watcher, &QDBusServiceWatcher::serviceRegistered, &untilRegistered,
+                     &QEventLoop::quit);
+    QTimer::singleShot(CompanionMs, &untilRegistered, &QEventLoop::quit);
+    system::startCompanion(folder);
+    if (!system::CompanionLink(bus).open())
+        untilRegistered.exec();
+}
+
+/// Windows that clients ask for leave the working folder alone: another one may be using it.
+std::unique_ptr<Window> makeClientsWindow() {
+    return std::make_unique<Window>(false);
+}
+
+int runStandAlone(bool startedAlone, const QString &path) {
+    frmSplash splash;
+    splash.show();
+    QCoreApplication::processEvents();
+
+    Window window(startedAlone);
+    if (!path.isEmpty() && QFileInfo(path).isFile())
+        controls::guarded([&] { window.OpenFile(path); });
+    window.setVisible(true);
+    splash.close();
+    if (frmMain *const form = window.form())
+        controls::guarded([form] { form->editor().recovery.offer(); });
+
+    AutomationServer server(system::sessionBus(), makeClientsWindow);
+    server.start();
+    return QApplication::exec();
+}
+
+/// The program as the bus starts it: it shows nothing of its own.
+int serveClients(bool startedAlone) {
+    AutomationServer server(system::sessionBus(), makeClientsWindow);
+    if (!server.start())
+        return EXIT_FAILURE;
+    server.waitForFirstClient();
+    const int result = QApplication::exec();
+    if (startedAlone) {
+        controls::ignoringErrors([] {
+            document::clearWorkingFolder(
+                system::WorkingFolder(runtime::workingFolder(runtime::applicationFolder())));
+        });
+    }
+    return result;
+}
 
 } // namespace
 
@@ -56,22 +122,17 @@ int Main(int argc, char **argv) {
     application.setWindowIcon(QIcon(QStringLiteral(":/icons/quillon.svg")));
     controls::installDialogTexts();
 
+    const bool startedByBus = qEnvironmentVariableIsSet(AutomationServer::StartedByBusVariable);
+    // What the user starts from the program is started by the user.
+    qunsetenv(AutomationServer::StartedByBusVariable);
+
     const system::InstanceLock instance;
     if (instance.startedAlone()) {
-        system::startCompanion(QCoreApplication::applicationDirPath());
+        startCompanion();
         QCoreApplication::processEvents();
     }
-    frmSplash splash;
-    splash.show();
-    QCoreApplication::processEvents();
-
-    Window window(instance.startedAlone());
-    const QString path = commandLinePath(arguments);
-    if (!path.isEmpty() && QFileInfo(path).isFile())
-        controls::guarded([&] { window.OpenFile(path); });
-    window.setVisible(true);
-    splash.close();
-    return QApplication::exec();
+    return startedByBus ? serveClients(instance.startedAlone())
+                        : runStandAlone(instance.startedAlone(), commandLinePath(arguments));
 }
 
 } // namespace quillon::app

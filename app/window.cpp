@@ -2,11 +2,12 @@
 
 namespace quillon::app {
 
-Window::Window(bool startedAlone) {
-    auto *form = new frmMain(startedAlone);
+Window::Window(bool startedAlone, Surroundings surroundings) {
+    auto *form = new frmMain(startedAlone, std::move(surroundings));
     hWnd_ = static_cast<qint32>(form->winId());
     form->ClearStatus();
     m_frmMain = form;
+    connect(form, &QObject::destroyed, this, &Window::m_frmMain_Unload);
 }
 
 QVariant Window::OpenFile(const QString &path) {
@@ -25,6 +26,11 @@ bool Window::Visible() const {
 void Window::setVisible(bool visible) {
     if (frmMain *const form = m_frmMain)
         form->setVisible(visible);
+}
+
+void Window::m_frmMain_Unload() {
+    CloseWindow();
+    Q_EMIT unloaded();
 }
 
 } // namespace quillon::app

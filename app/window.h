@@ -16,7 +16,7 @@ class Window : public QObject {
 public:
     /// Makes the window, empty and not shown. `startedAlone`: no other instance of the program
     /// was running when this one started.
-    explicit Window(bool startedAlone);
+    explicit Window(bool startedAlone, Surroundings surroundings = Surroundings::ofProgram());
 
     /// The handle of the window, as it was when the window was made.
     qint32 hWnd() const { return hWnd_; }
@@ -34,7 +34,13 @@ public:
     /// The window; null once it has been closed or given up.
     frmMain *form() const { return m_frmMain; }
 
+Q_SIGNALS:
+    /// The window has been closed and is gone.
+    void unloaded();
+
 private:
+    void m_frmMain_Unload();
+
     /// The form lives until it is closed, whether or not it is still referred to from here.
     QPointer<frmMain> m_frmMain;
     qint32 hWnd_ = 0;

@@ -100,6 +100,46 @@ inline constexpr QStringView TreeName = u"ドキュメント ツリー";
 inline constexpr QStringView PaneName = u"編集ペイン";
 inline constexpr QStringView PreviewName = u"プレビュー";
 
+// The options dialog. What ends in Name is what assistive technology calls the control.
+inline constexpr QStringView OptionsTitle = u"オプション";
+inline constexpr QStringView EditorsGroup = u"外部エディタ";
+inline constexpr QStringView EditorListLabel = u"「他のエディタで開く」のメニュー(&E):";
+inline constexpr QStringView EditorListName = u"外部エディタの一覧";
+inline constexpr QStringView UnnamedEditor = u"(名前なし)";
+inline constexpr QStringView AddEditor = u"追加(&A)";
+inline constexpr QStringView AddEditorName = u"外部エディタを追加";
+inline constexpr QStringView RemoveEditor = u"削除(&D)";
+inline constexpr QStringView RemoveEditorName = u"外部エディタを削除";
+inline constexpr QStringView MoveEditorUp = u"上へ(&U)";
+inline constexpr QStringView MoveEditorUpName = u"外部エディタを上へ移動";
+inline constexpr QStringView MoveEditorDown = u"下へ(&W)";
+inline constexpr QStringView MoveEditorDownName = u"外部エディタを下へ移動";
+inline constexpr QStringView EditorNameLabel = u"名前(&N):";
+inline constexpr QStringView EditorNameName = u"外部エディタの名前";
+inline constexpr QStringView EditorNameMissing = u"名前を入力してください。";
+inline constexpr QStringView EditorNameTaken =
+    u"同じ名前の外部エディタがあります。別の名前を入力してください。";
+inline constexpr QStringView EditorProgramLabel = u"プログラム(&P):";
+inline constexpr QStringView EditorProgramName = u"外部エディタのプログラム";
+inline constexpr QStringView EditorProgramMissing = u"プログラムを指定してください。";
+inline constexpr QStringView BrowseProgram = u"参照(&B)...";
+inline constexpr QStringView BrowseProgramName = u"プログラムを参照";
+inline constexpr QStringView BrowseProgramTitle = u"プログラムの選択";
+inline constexpr QStringView FontGroup = u"フォント";
+inline constexpr QStringView FontNameLabel = u"フォント名(&F):";
+inline constexpr QStringView FontNameName = u"フォント名";
+inline constexpr QStringView FontNameMissing = u"フォント名を入力してください。";
+inline constexpr QStringView FontSizeLabel = u"サイズ(&S):";
+inline constexpr QStringView FontSizeName = u"フォントのサイズ";
+inline constexpr QStringView FontSizeUnit = u" ポイント";
+inline constexpr QStringView FontSample = u"<要素 属性=\"Abc 123\">あア亜</要素>";
+inline constexpr QStringView FontSampleName = u"フォントの見本";
+inline constexpr QStringView RecentFilesGroup = u"最近使ったファイル";
+inline constexpr QStringView RecentFilesCount = u"%1 件を記憶しています。";
+inline constexpr QStringView RecentFilesToBeCleared = u"OK を押すと一覧を消去します。";
+inline constexpr QStringView ClearRecentFiles = u"一覧を消去(&C)";
+inline constexpr QStringView ClearRecentFilesName = u"最近使ったファイルの一覧を消去";
+
 // The font of the edit pane and the tree until another is chosen.
 inline constexpr QStringView DefaultFontName = u"MS UI Gothic";
 inline constexpr int DefaultFontSize = 10;

@@ -121,6 +121,16 @@ void DocumentCommands::mnuFileMRUFiles_Click(const QString &path) {
         UpdateStatus(path);
 }
 
+bool DocumentCommands::openRecovered(const QString &path, const QString &name) {
+    if (!ConfirmSave())
+        return false;
+    loader_.openRecovered(path);
+    state_.m_ReadOnly = state_.m_Opened = false;
+    state_.m_Modified = true;
+    UpdateStatus(name);
+    return true;
+}
+
 QString DocumentCommands::initialPath() const {
     return QFileInfo(state_.m_FileName).isAbsolute() ? state_.m_FileName : QString();
 }
@@ -172,6 +182,7 @@ void DocumentCommands::DocumentModified() {
         Q_EMIT captionChanged(caption(name, u" *"));
     }
     history_.TakeSnapshot();
+    Q_EMIT documentModified();
 }
 
 bool DocumentCommands::canUndoAll() const {

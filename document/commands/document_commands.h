@@ -23,6 +23,10 @@ public:
     void mnuFileSaveAs_Click();
     /// Opens a file of the list of recent ones.
     void mnuFileMRUFiles_Click(const QString &path);
+    /// Opens a file that was kept for a document whose program died, as a modified document that
+    /// has no file of its own, under a name. False when the user cancelled saving the document
+    /// before. Raises when the file cannot be opened; everything is then as it was.
+    bool openRecovered(const QString &path, const QString &name);
     /// Goes back to the file as it was opened. Cannot be undone.
     void mnuEditUndoAll_Click();
     bool canUndoAll() const;
@@ -49,6 +53,8 @@ Q_SIGNALS:
     /// The commands on documents apply (a new document), or there is none to apply them to.
     void documentCreated();
     void cleared();
+    /// The document has been changed, not for the first time perhaps.
+    void documentModified();
     void previewRequested(const quillon::xml::Node &node);
 
 private:

@@ -56,10 +56,7 @@ bool DocumentLoader::OpenFile(const QString &fileName) {
     }
     builder_.BuildTree(state_.m_DOM, true);
     copyStylesheets(fileName);
-    controls::ignoringErrors([&] {
-        expandTopLevel();
-        selection_.ShowNode(tvw_.nodes().Item(1), true);
-    });
+    showFromTop();
     state_.m_Modified = false;
     state_.m_Opened = true;
     fileOnDisk_ = file;
@@ -96,6 +93,28 @@ void DocumentLoader::copyStylesheet(const QString &documentFolder, const QString
         const QString copy = workingFolder_.filePath(href);
         system::copyFile(documentFolder + QLatin1Char('/') + href, copy);
         system::makeWritable(copy);
+    });
+}
+
+void DocumentLoader::openRecovered(const QString &path) {
+    xml::DOMDocument40 document = xml::DOMDocument40::create();
+    if (!document.load(path))
+        throw runtime::Error(
+            runtime::error_number::Fail,
+            resources::texts::CannotRecover.toString().arg(path, document.parseError().reason));
+    state_.m_DOM = document;
+    state_.m_BackupPath.clear();
+    fileOnDisk_ = {};
+    builder_.BuildTree(state_.m_DOM, true);
+    showFromTop();
+    Q_EMIT documentOpened();
+    history_.ResetUndoHistory();
+}
+
+void DocumentLoader::showFromTop() {
+    controls::ignoringErrors([this] {
+        expandTopLevel();
+        selection_.ShowNode(tvw_.nodes().Item(1), true);
     });
 }
 

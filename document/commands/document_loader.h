@@ -28,6 +28,11 @@ public:
     /// gives False and changes nothing. Raises when the file cannot be read or copied.
     bool OpenFile(const QString &fileName);
 
+    /// Loads a file that was kept for a document whose program died, and shows it. It is no file
+    /// of the user's: not copied, not remembered. Raises Fail with the reason when it cannot be
+    /// read or parsed; the document is then the one before.
+    void openRecovered(const QString &path);
+
     /// Loads a text. One that does not parse is shown, without a message, as an empty document;
     /// that is meant so.
     void LoadXML(const QString &xmlText);
@@ -48,6 +53,7 @@ private:
     void backUp(const QString &fileName);
     void copyStylesheets(const QString &fileName);
     void copyStylesheet(const QString &documentFolder, const QString &data);
+    void showFromTop();
     void expandTopLevel();
 
     DocumentState &state_;

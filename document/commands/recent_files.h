@@ -9,6 +9,9 @@ namespace quillon::document {
 /// The list of recently opened files, most recent first. It is read and written on demand.
 class RecentFiles {
 public:
+    /// Ten that are read, and the one that has pushed the last of them out.
+    static constexpr int MaxWritten = 11;
+
     explicit RecentFiles(const system::SettingsStore &store) : store_(store) {}
 
     /// At most ten paths. Files that no longer exist drop out; a path stands once, whatever the

@@ -76,6 +76,13 @@ void Settings::readEditors() {
     }
 }
 
+void Settings::removeEditorsFrom(std::size_t first) const {
+    for (int i = static_cast<int>(first); i <= LastEditor; ++i) {
+        store_.SaveSetting(EditorSection, numbered("Name", i), QString());
+        store_.SaveSetting(EditorSection, numbered("Path", i), QString());
+    }
+}
+
 void Settings::write(const QString &section, const QString &key, int value) const {
     constexpr int Least = std::numeric_limits<qint16>::min();
     constexpr int Most = std::numeric_limits<qint16>::max();

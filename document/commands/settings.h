@@ -39,6 +39,10 @@ public:
     /// store and come back; that is meant so.
     void save(const Placement &placement, bool isNormal) const;
 
+    /// Empties the places in the store from a 0-based one on, for editors that the user has removed
+    /// in so many words.
+    void removeEditorsFrom(std::size_t first) const;
+
     /// Font of the edit pane, the tree and, by its name, the path box. Size in points.
     QString fontName;
     qint16 fontSize;

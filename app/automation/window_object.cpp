@@ -1,0 +1,137 @@
+#include "app/automation/window_object.h"
+
+#include "platform/controls/error_boundary.h"
+
+#include <QApplication>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QEventLoopLocker>
+
+namespace quillon::app {
+
+namespace {
+
+constexpr int RetryMs = 100;
+
+/// The bus has no empty variant.
+QDBusVariant emptyVariant() {
+    return QDBusVariant(QString());
+}
+
+/// Keeps the program running while the form lives, shown or not. The connection owns the locker
+/// and goes with the form.
+void keepRunningFor(const frmMain &form) {
+    QObject::connect(&form, &QObject::destroyed,
+                     [locker = std::make_shared<QEventLoopLocker>()] {});
+}
+
+} // namespace
+
+WindowObject::WindowObject(std::unique_ptr<Window> window, int graceMs)
+    : window_(std::move(window)) {
+    grace_.setSingleShot(true);
+    grace_.setInterval(graceMs);
+    connect(&grace_, &QTimer::timeout, this, [this] {
+        release();
+        runInTurn([this] { Q_EMIT abandoned(); });
+    });
+    retry_.setSingleShot(true);
+    retry_.setInterval(RetryMs);
+    connect(&retry_, &QTimer::timeout, this, &WindowObject::runJobs);
+    connect(window_.get(), &Window::unloaded, this, &WindowObject::reconsider);
+    keepRunningFor(*window_->form());
+}
+
+void WindowObject::setVisible(bool visible) {
+    controls::guarded([&] { window_->setVisible(visible); });
+    reconsider();
+}
+
+void WindowObject::addClient(const QString &busName) {
+    clients_.insert(busName);
+    reconsider();
+}
+
+void WindowObject::removeClient(const QString &busName) {
+    if (clients_.remove(busName))
+        reconsider();
+}
+
+QDBusVariant WindowObject::OpenFile(const QString &path) {
+    noteCaller();
+    if (calledFromDBus()) {
+        setDelayedReply(true);
+        connection().send(message().createReply(QVariant::fromValue(emptyVariant())));
+    }
+    runInTurn([this, path] { window_->OpenFile(path); });
+    return emptyVariant();
+}
+
+QDBusVariant WindowObject::Save() {
+    noteCaller();
+    window_->Save();
+    return emptyVariant();
+}
+
+QDBusVariant WindowObject::SaveAs(const QDBusVariant &argument) {
+    noteCaller();
+    window_->SaveAs(argument.variant());
+    return emptyVariant();
+}
+
+QDBusVariant WindowObject::Quit() {
+    noteCaller();
+    window_->Quit();
+    return emptyVariant();
+}
+
+void WindowObject::CloseWindow() {
+    noteCaller();
+    release();
+}
+
+void WindowObject::noteCaller() {
+    if (calledFromDBus())
+        Q_EMIT called(message().service());
+}
+
+void WindowObject::release() {
+    frmMain *const released = window_->form();
+    window_->CloseWindow();
+    if (!released || released->isVisible())
+        return;
+    runInTurn([form = QPointer<frmMain>(released)] {
+        // Whoever does not let it go, because of changes that are not saved, gets to see it.
+        if (form && !form->close())
+            form->show();
+    });
+}
+
+void WindowObject::reconsider() {
+    if (!clients_.isEmpty() || window_->Visible())
+        grace_.stop();
+    else if (!grace_.isActive())
+        grace_.start();
+}
+
+void WindowObject::runInTurn(std::function<void()> job) {
+    jobs_.push_back(std::move(job));
+    runJobs();
+}
+
+void WindowObject::runJobs() {
+    if (running_)
+        return;
+    running_ = true;
+    while (!jobs_.empty() && !QApplication::activeModalWidget()) {
+        const std::function<void()> job = std::move(jobs_.front());
+        jobs_.pop_front();
+        controls::guarded(job);
+    }
+    running_ = false;
+    if (!jobs_.empty())
+        retry_.start();
+    reconsider();
+}
+
+} // namespace quillon::app

@@ -1,0 +1,263 @@
+#include "document/commands/crash_recovery.h"
+
+#include "platform/controls/message_box.h"
+#include "platform/runtime/error.h"
+#include "platform/xml/atomic_file.h"
+#include "resources/texts.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSet>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
+#include <string_view>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace quillon::document {
+
+namespace texts = resources::texts;
+namespace style = controls::message_style;
+
+namespace {
+
+/// A writer that takes longer hangs.
+constexpr unsigned MostSeconds = 120;
+
+const QString FolderName = QStringLiteral("recovery");
+const QString ContentSuffix = QStringLiteral(".xml");
+const QString NameSuffix = QStringLiteral(".name");
+const QString LockSuffix = QStringLiteral(".lock");
+
+/// Locks a base for this process, without an age limit: what counts is whether the process that
+/// holds it still runs. Null when it is held.
+std::unique_ptr<QLockFile> lockFor(const QString &path) {
+    auto lock = std::make_unique<QLockFile>(path);
+    lock->setStaleLockTime(0);
+    return lock->tryLock(0) ? std::move(lock) : nullptr;
+}
+
+/// In the document's own encoding; where that cannot hold its text, as UTF-8, which the byte order
+/// mark tells whatever the declaration says.
+QByteArray contentOf(const xml::DOMDocument40 &document) {
+    try {
+        return document.serialize();
+    } catch (const runtime::Error &) {
+        return "\xEF\xBB\xBF" + document.xml();
+    }
+}
+
+void writeFile(const QString &path, const QByteArray &bytes) {
+    xml::writeFileAtomically(path, std::string_view(bytes.constData(), std::size_t(bytes.size())),
+                             xml::ReadOnlyFile::Keep);
+}
+
+/// The name a recovered document is shown under. One that is recovered again keeps it.
+QString recoveredName(const QString &path) {
+    const QString name = runtime::fileName(path);
+    return name.endsWith(texts::RecoveredMark) ? name : name + texts::RecoveredMark.toString();
+}
+
+} // namespace
+
+CrashRecovery::CrashRecovery(DocumentState &state, DocumentCommands &commands,
+                             const system::WorkingFolder &workingFolder, runtime::Clock clock,
+                             RecoveryPace pace)
+    : state_(state), commands_(commands), workingFolder_(workingFolder), clock_(std::move(clock)),
+      pace_(pace) {
+    timer_.setSingleShot(true);
+    connect(&timer_, &QTimer::timeout, this, &CrashRecovery::write);
+    connect(&commands_, &DocumentCommands::documentModified, this, &CrashRecovery::documentChanged);
+    connect(&commands_, &DocumentCommands::captionChanged, this, &CrashRecovery::documentChanged);
+}
+
+CrashRecovery::~CrashRecovery() {
+    discard();
+}
+
+QString CrashRecovery::filePath(const QString &name) const {
+    return workingFolder_.filePath(FolderName + QLatin1Char('/') + name);
+}
+
+void CrashRecovery::documentChanged() {
+    if (!state_.m_Modified) {
+        discard();
+        return;
+    }
+    if (!unwritten_.isValid())
+        unwritten_.start();
+    const auto left = pace_.longest - std::chrono::milliseconds(unwritten_.elapsed());
+    // A writing that is due must not be put off by the next change.
+    if (left > std::chrono::milliseconds(0) || !timer_.isActive())
+        timer_.start(std::clamp(left, std::chrono::milliseconds(0), pace_.quiet));
+}
+
+bool CrashRecovery::holdBase() {
+    if (lock_)
+        return true;
+    const QString stem = QStringLiteral("%1-%2")
+                             .arg(runtime::timeStamp(clock_.now()))
+                             .arg(QCoreApplication::applicationPid());
+    if (!QDir().mkpath(filePath(QString())))
+        return false;
+    // Only another window of this process could hold the first name.
+    constexpr int MostWindows = 100;
+    for (int number = 1; !lock_ && number <= MostWindows; ++number) {
+        base_ = number == 1 ? stem : QStringLiteral("%1-%2").arg(stem).arg(number);
+        lock_ = lockFor(filePath(base_ + LockSuffix));
+    }
+    return bool(lock_);
+}
+
+void CrashRecovery::write() {
+    // Without a root element nothing could be opened again; the copy before it was removed stays.
+    if (!state_.m_Modified || !state_.m_DOM.documentElement())
+        return;
+    std::array<int, 2> ends;
+    if (child_ != 0 || !holdBase() || ::pipe2(ends.data(), O_CLOEXEC) != 0) {
+        timer_.start(pace_.longest);
+        return;
+    }
+    child_ = ::fork();
+    if (child_ == 0) {
+        // When the program dies now, this process still finishes; but it must not hang.
+        ::alarm(MostSeconds);
+        try {
+            writeFile(filePath(base_ + NameSuffix), state_.m_FileName.toUtf8());
+            writeFile(filePath(base_ + ContentSuffix), contentOf(state_.m_DOM));
+        } catch (...) {
+            ::_exit(EXIT_FAILURE);
+        }
+        // Nothing of the parent's may be flushed, released or run at the end of its copy.
+        ::_exit(EXIT_SUCCESS);
+    }
+    ::close(ends[1]);
+    if (child_ < 0) {
+        ::close(ends[0]);
+        child_ = 0;
+        timer_.start(pace_.longest);
+        return;
+    }
+    unwritten_.invalidate();
+    childEnd_ = std::make_unique<QSocketNotifier>(ends[0], QSocketNotifier::Read);
+    connect(childEnd_.get(), &QSocketNotifier::activated, this, &CrashRecovery::childEnded);
+}
+
+int CrashRecovery::reapChild() {
+    int status = 0;
+    while (::waitpid(child_, &status, 0) < 0 && errno == EINTR) {
+    }
+    child_ = 0;
+    const int pipe = int(childEnd_->socket());
+    childEnd_->setEnabled(false);
+    // It may be the one whose signal has led here.
+    childEnd_.release()->deleteLater();
+    ::close(pipe);
+    return status;
+}
+
+void CrashRecovery::childEnded() {
+    const int status = reapChild();
+    if (WIFEXITED(status) && WEXITSTATUS(status) == EXIT_SUCCESS)
+        Q_EMIT written();
+    else if (!timer_.isActive())
+        timer_.start(pace_.longest);
+}
+
+void CrashRecovery::discard() {
+    timer_.stop();
+    unwritten_.invalidate();
+    if (child_ != 0) {
+        ::kill(child_, SIGKILL);
+        reapChild();
+    }
+    if (!lock_)
+        return;
+    removeFiles(base_);
+    lock_.reset();
+    // Stays while there are files of others in it.
+    QDir().rmdir(filePath(QString()));
+}
+
+void CrashRecovery::removeFiles(const QString &base) const {
+    const QDir folder(filePath(QString()));
+    // A file that was being written has a dot ahead of its name.
+    const QStringList names = folder.entryList(
+        {base + ContentSuffix, base + NameSuffix, QStringLiteral(".%1.*").arg(base)},
+        QDir::Files | QDir::Hidden);
+    for (const QString &name : names)
+        QFile::remove(folder.filePath(name));
+}
+
+std::vector<Recoverable> CrashRecovery::find() const {
+    const QDir folder(filePath(QString()));
+    QSet<QString> bases;
+    for (const QString &name : folder.entryList(QDir::Files | QDir::Hidden))
+        bases.insert(name.section(QLatin1Char('.'), 0, 0, QString::SectionSkipEmpty));
+    std::vector<Recoverable> found;
+    for (const QString &base : bases) {
+        auto lock = lockFor(folder.filePath(base + LockSuffix));
+        if (!lock)
+            continue;
+        if (!folder.exists(base + ContentSuffix)) {
+            removeFiles(base);
+            continue;
+        }
+        QFile name(folder.filePath(base + NameSuffix));
+        const bool isNamed = name.open(QIODevice::ReadOnly);
+        found.push_back(
+            {isNamed ? QString::fromUtf8(name.readAll()) : base, base, std::move(lock)});
+    }
+    // A base starts with the time.
+    std::ranges::sort(found, std::greater<>(), &Recoverable::base);
+    return found;
+}
+
+void CrashRecovery::offer() {
+    for (Recoverable &found : find()) {
+        const int reply = controls::showMessage(texts::OfferRecovery.toString().arg(found.name),
+                                                style::YesNo + style::Question);
+        if (reply != controls::message_answer::Yes) {
+            removeFiles(found.base);
+            continue;
+        }
+        const QString content = filePath(found.base + ContentSuffix);
+        if (commands_.openRecovered(content, recoveredName(found.name))) {
+            // What was recovered becomes the copy of this document's unsaved changes.
+            discard();
+            base_ = found.base;
+            lock_ = std::move(found.lock);
+            documentChanged();
+        }
+        return;
+    }
+}
+
+void clearWorkingFolder(const system::WorkingFolder &workingFolder) {
+    const QString spared = workingFolder.filePath(FolderName);
+    QDir().rmdir(spared);
+    if (!QFileInfo::exists(spared)) {
+        workingFolder.remove();
+        return;
+    }
+    const auto entries =
+        QDir(workingFolder.path())
+            .entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    for (const QFileInfo &entry : entries) {
+        if (entry.fileName() == FolderName)
+            continue;
+        if (entry.isDir() && !entry.isSymLink())
+            QDir(entry.filePath()).removeRecursively();
+        else
+            QFile::remove(entry.filePath());
+    }
+}
+
+} // namespace quillon::document

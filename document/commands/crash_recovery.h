@@ -1,0 +1,97 @@
+#pragma once
+
+#include "document/commands/document_commands.h"
+#include "document/state/document_state.h"
+#include "platform/runtime/paths.h"
+#include "platform/system/working_folder.h"
+
+#include <QElapsedTimer>
+#include <QLockFile>
+#include <QObject>
+#include <QSocketNotifier>
+#include <QTimer>
+
+#include <chrono>
+#include <memory>
+#include <vector>
+
+namespace quillon::document {
+
+/// When unsaved changes are written.
+struct RecoveryPace {
+    /// So long after the latest change,
+    std::chrono::milliseconds quiet = std::chrono::seconds(2);
+    /// and at most so long after the first one that has not been written.
+    std::chrono::milliseconds longest = std::chrono::seconds(10);
+};
+
+/// A document that a program which died has left behind. No other process offers it, nor is it
+/// deleted, while the lock is held.
+struct Recoverable {
+    /// The document's path as the caption last showed it.
+    QString name;
+    /// The name that its files have in common.
+    QString base;
+    std::unique_ptr<QLockFile> lock;
+};
+
+/// Keeps a copy of the document's unsaved changes in a folder of its own in the working folder, so
+/// that they survive the death of the program. The copy is gone once the document is saved, closed
+/// or given up, and when this object ends. It is written by a child process, which is a snapshot
+/// of the document by nature; what typing has to wait for is the making of that process.
+class CrashRecovery : public QObject {
+    Q_OBJECT
+
+public:
+    CrashRecovery(DocumentState &state, DocumentCommands &commands,
+                  const system::WorkingFolder &workingFolder, runtime::Clock clock,
+                  RecoveryPace pace = {});
+    ~CrashRecovery() override;
+
+    /// The document, its modified state or its name has changed. Follows DocumentCommands by
+    /// itself; undoing and redoing are to be connected.
+    void documentChanged();
+
+    /// What dead programs have left, the latest first. Clears away what is of no use to anybody.
+    std::vector<Recoverable> find() const;
+    /// Asks for each of them whether it is to be opened, until one is: that one becomes the
+    /// current document. What is declined is deleted. Raises when the document cannot be opened;
+    /// its files then stay.
+    void offer();
+
+    /// Removes the copy: the changes are saved or given up.
+    void discard();
+
+Q_SIGNALS:
+    /// The changes made up to when the writing began are on the disk.
+    void written();
+
+private:
+    QString filePath(const QString &name) const;
+    bool holdBase();
+    void removeFiles(const QString &base) const;
+    void write();
+    void childEnded();
+    int reapChild();
+
+    DocumentState &state_;
+    DocumentCommands &commands_;
+    const system::WorkingFolder &workingFolder_;
+    runtime::Clock clock_;
+    RecoveryPace pace_;
+    QTimer timer_;
+    /// Since the first change that has not been written; not running when there is none.
+    QElapsedTimer unwritten_;
+    /// Empty until the first writing.
+    QString base_;
+    std::unique_ptr<QLockFile> lock_;
+    /// The process that is writing, 0 for none, and the end of the pipe that closes with it.
+    int child_ = 0;
+    std::unique_ptr<QSocketNotifier> childEnd_;
+};
+
+/// Removes the working folder, all but what a CrashRecovery of any program, living or dead, has
+/// in it. To be called when the program ends, after it has discarded its own.
+void clearWorkingFolder(const system::WorkingFolder &workingFolder);
+
+} // namespace quillon::document

@@ -1,0 +1,228 @@
+#include "document/commands/crash_recovery.h"
+#include "platform/runtime/error.h"
+#include "tests/support/editor_window.h"
+
+#include <QFileInfo>
+#include <QProcess>
+#include <QSignalSpy>
+#include <QTimer>
+
+namespace quillon::test {
+
+namespace {
+
+using document::CrashRecovery;
+using document::Recoverable;
+
+/// A window with a recovery of its own, which works in another folder than the program's.
+class CrashRecoveryTest : public EditorWindow {
+protected:
+    CrashRecoveryTest() { QDir().mkpath(kept.path()); }
+
+    std::unique_ptr<CrashRecovery> start(const system::WorkingFolder &at,
+                                         document::RecoveryPace pace = {}) {
+        return std::make_unique<CrashRecovery>(state(), editor().commands, at,
+                                               runtime::Clock{[this] { return time; }}, pace);
+    }
+    /// A change, and what it leads to on the disk.
+    void change(const QString &caption, const QString &text) {
+        QSignalSpy written(recovery.get(), &CrashRecovery::written);
+        select(caption);
+        type(text);
+        ASSERT_TRUE(written.wait());
+    }
+    static QStringList files(const system::WorkingFolder &at) {
+        return QDir(at.filePath("recovery")).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+    }
+    /// What a crash would leave: the files, with locks of a process that has ended.
+    void crash() {
+        QProcess ended;
+        ended.start("true", QStringList());
+        const QByteArray deadProcess = QByteArray::number(ended.processId());
+        ASSERT_TRUE(ended.waitForFinished());
+        QDir().mkpath(left.filePath("recovery"));
+        for (const QString &name : files(kept)) {
+            QFile from(kept.filePath("recovery/" + name));
+            QFile to(left.filePath("recovery/" + name));
+            ASSERT_TRUE(from.open(QIODevice::ReadOnly) && to.open(QIODevice::WriteOnly));
+            QByteArray bytes = from.readAll();
+            if (name.endsWith(".lock"))
+                bytes.replace(0, bytes.indexOf('\n'), deadProcess);
+            to.write(bytes);
+        }
+    }
+    /// The program starts again where it died.
+    void restart() {
+        recovery.reset();
+        form = std::make_unique<app::frmMain>(
+            true,
+            app::Surroundings{folder.path(), system::SettingsStore(path("settings.ini")), {}});
+        recovery = start(left, {});
+    }
+
+    const document::RecoveryPace soon{std::chrono::milliseconds(1), std::chrono::milliseconds(1)};
+    const system::WorkingFolder kept{path("kept")};
+    const system::WorkingFolder left{path("left")};
+    std::unique_ptr<CrashRecovery> recovery = start(kept, soon);
+};
+
+TEST_F(CrashRecoveryTest, WhatWasNotSavedComesBackAsADocumentWithoutAFile) {
+    open("\xEF\xBB\xBF<r>\r\n <a>old</a></r>");
+    EXPECT_EQ(files(kept), QStringList()) << "nothing has been changed";
+    change("old", "new");
+    change("new", "newer");
+    crash();
+    restart();
+    dialogs.answerMessage(6);
+    recovery->offer();
+    EXPECT_EQ(dialogs.messages.back().text,
+              "前回保存されなかった変更があります。復元しますか？\n\n" + path("doc.xml"));
+    EXPECT_EQ(dialogs.messages.back().style, 36);
+    EXPECT_EQ(form->windowTitle(), "doc.xml (復元) * - Quillon XML Editor");
+    EXPECT_EQ(state().m_DOM.serialize(), "\xEF\xBB\xBF<r>\r\n <a>newer</a></r>");
+    EXPECT_TRUE(item("newer"));
+    EXPECT_TRUE(button(u"save"));
+    EXPECT_FALSE(editor().history.CanUndo());
+    EXPECT_FALSE(editor().commands.canUndoAll());
+    EXPECT_EQ(editor().recentFiles.read(), QStringList(path("doc.xml")));
+
+    EXPECT_EQ(files(left).size(), 3) << "it stays until the document is saved";
+    dialogs.answerFile({path("saved.xml"), 0});
+    editor().commands.mnuFileSave_Click();
+    EXPECT_EQ(read("saved.xml"), "\xEF\xBB\xBF<r>\r\n <a>newer</a></r>");
+    EXPECT_EQ(read("doc.xml"), "\xEF\xBB\xBF<r>\r\n <a>old</a></r>");
+    EXPECT_FALSE(QFileInfo::exists(left.filePath("recovery")));
+}
+
+TEST_F(CrashRecoveryTest, ADocumentThatDiesAgainIsRecoveredUnderTheSameName) {
+    editor().commands.mnuFileNew_Click();
+    editor().loader.LoadXML("<r>text</r>");
+    state().m_FileName = "doc.xml (復元)";
+    change("text", "changed");
+    crash();
+    restart();
+    dialogs.answerMessage(6);
+    recovery->offer();
+    EXPECT_EQ(form->windowTitle(), "doc.xml (復元) * - Quillon XML Editor");
+    EXPECT_EQ(xml(), "<r>changed</r>");
+}
+
+TEST_F(CrashRecoveryTest, WhatItsEncodingCannotHoldIsKeptAllTheSame) {
+    open("<?xml version='1.0' encoding='Shift_JIS'?><!--old--><r/>");
+    change("old", "😀");
+    crash();
+    restart();
+    dialogs.answerMessage(6);
+    recovery->offer();
+    EXPECT_TRUE(item("😀"));
+}
+
+TEST_F(CrashRecoveryTest, SavingClosingAndEndingLeaveNothing) {
+    const auto leavesNothing = [this](const std::function<void()> &action) {
+        open("<r>old</r>");
+        change("old", "new");
+        EXPECT_EQ(files(kept).size(), 3);
+        // A change that is still to be written, or is being written, leaves nothing, either.
+        type("newer");
+        action();
+        EXPECT_FALSE(QFileInfo::exists(kept.filePath("recovery")));
+    };
+    leavesNothing([this] { editor().commands.mnuFileSave_Click(); });
+    leavesNothing([this] {
+        dialogs.answerMessage(7);
+        editor().commands.mnuFileClose_Click();
+    });
+    leavesNothing([this] {
+        dialogs.answerMessage(6);
+        editor().commands.mnuFileReload_Click();
+    });
+    leavesNothing([this] { recovery.reset(); });
+}
+
+TEST_F(CrashRecoveryTest, TheLastStateThatCanBeOpenedIsKept) {
+    open("<r>old</r>");
+    change("old", "new");
+    const QStringList before = files(kept);
+    select("r");
+    dialogs.answerMessage(6);
+    editor().nodeCommands.mnuEditDelete_Click();
+    ASSERT_FALSE(state().m_DOM.documentElement());
+    QSignalSpy written(recovery.get(), &CrashRecovery::written);
+    editor().history.UndoCommand();
+    recovery->documentChanged();
+    ASSERT_TRUE(written.wait());
+    EXPECT_EQ(files(kept), before);
+    EXPECT_EQ(read("kept/recovery/" + before.filter(".xml").value(0)), "<r>new</r>");
+}
+
+TEST_F(CrashRecoveryTest, ChangesWithoutAPauseAreWrittenAtIntervals) {
+    using namespace std::chrono_literals;
+    recovery.reset();
+    recovery = start(kept, {1h, 20ms});
+    open("<r>old</r>");
+    QSignalSpy written(recovery.get(), &CrashRecovery::written);
+    select("old");
+    QTimer typing;
+    QObject::connect(&typing, &QTimer::timeout, [this] { type(txtEdit().Text() + "x"); });
+    typing.start(0);
+    EXPECT_TRUE(written.wait());
+}
+
+TEST_F(CrashRecoveryTest, DeclinedOnesAreDeletedAndTheOthersWait) {
+    open("<r>old</r>", "one.xml");
+    change("old", "one");
+    crash();
+    recovery->discard();
+    for (const char *name : {"two.xml", "three.xml"}) {
+        time = time.addSecs(1);
+        open("<r>old</r>", name);
+        change("old", name);
+        crash();
+        recovery->discard();
+    }
+    restart();
+    dialogs.answerMessage(7);
+    dialogs.answerMessage(6);
+    recovery->offer();
+    EXPECT_TRUE(dialogs.messages[0].text.endsWith("three.xml")) << "the latest first";
+    EXPECT_EQ(xml(), "<r>two.xml</r>");
+    EXPECT_EQ(files(left).filter("20020101000001"), QStringList());
+    const std::vector<Recoverable> waiting = recovery->find();
+    ASSERT_EQ(waiting.size(), 1u);
+    EXPECT_EQ(waiting[0].name, path("one.xml"));
+    EXPECT_TRUE(recovery->find().empty()) << "another program is offering it";
+}
+
+TEST_F(CrashRecoveryTest, WhatIsInUseOrNotOfferedOutlivesTheEndOfAnotherProgram) {
+    open("<r>old</r>");
+    change("old", "new");
+    write("kept/20011231235959.bak", "copy");
+    QDir().mkpath(path("kept/styles"));
+    EXPECT_TRUE(start(kept, soon)->find().empty());
+    document::clearWorkingFolder(kept);
+    EXPECT_EQ(files(kept).size(), 3);
+    EXPECT_EQ(QDir(path("kept")).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+              QStringList("recovery"));
+    recovery->discard();
+    write("kept/20011231235959.bak", "copy");
+    document::clearWorkingFolder(kept);
+    EXPECT_FALSE(QFileInfo::exists(kept.path()));
+}
+
+TEST_F(CrashRecoveryTest, WhatCannotBeOpenedStaysAndWhatIsOfNoUseGoes) {
+    QDir().mkpath(path("left/recovery"));
+    write("left/recovery/1-1.xml", "<broken>");
+    write("left/recovery/2-2.name", "never written");
+    write("left/recovery/.2-2.xml.Ab12Cd", "<half");
+    open("<r/>");
+    recovery = start(left);
+    dialogs.answerMessage(6);
+    EXPECT_THROW(recovery->offer(), runtime::Error);
+    EXPECT_EQ(xml(), "<r/>");
+    EXPECT_EQ(form->windowTitle(), "doc.xml - Quillon XML Editor");
+    EXPECT_EQ(files(left), QStringList("1-1.xml"));
+}
+
+} // namespace
+
+} // namespace quillon::test

@@ -1,0 +1,114 @@
+#!/usr/bin/env bash
+# automation.sh EDITOR SERVICE_FILE: on a session bus of its own, has the bus start the real
+# program for a client, opens files through it, and sees it end with its last window.
+set -euo pipefail
+
+if [ -z "${AUTOMATION_FOLDER:-}" ]; then
+    folder="$(mktemp -d)"
+    trap 'rm -rf "$folder"' EXIT
+    mkdir -m 700 "$folder/run"
+    mkdir -p "$folder/data/dbus-1/services"
+    # The packaged service file, for the program under test. It keeps its files beside itself.
+    cp "$1" "$folder/quillon"
+    sed "s|/opt/quillon/|$folder/|" "$2" >"$folder/data/dbus-1/services/$(basename "$2")"
+    export AUTOMATION_FOLDER="$folder" HOME="$folder" XDG_CONFIG_HOME="$folder/config"
+    export XDG_RUNTIME_DIR="$folder/run" XDG_DATA_HOME="$folder/data"
+    export LC_ALL=C.UTF-8 QT_QPA_PLATFORM=xcb
+    xvfb-run -a -s "-screen 0 1280x800x24" dbus-run-session -- "$0" "$@"
+    exit
+fi
+
+folder="$AUTOMATION_FOLDER"
+bus_name=org.quillon.XmlEditor
+factory=/org/quillon/XmlEditor
+title="Quillon XML Editor"
+printf '<doc/>' >"$folder/good.xml"
+printf '<doc>' >"$folder/bad.xml"
+
+fail() {
+    echo "FAILED: $1" >&2
+    echo "windows: $(titles)" >&2
+    exit 1
+}
+titles() {
+    local id
+    for id in $(xdotool search --onlyvisible --class '^quillon$' 2>/dev/null); do
+        xdotool getwindowname "$id" 2>/dev/null || true
+    done
+}
+until_true() {
+    local what="$1" tries=0
+    shift
+    until "$@" >/dev/null 2>&1; do
+        tries=$((tries + 1))
+        [ "$tries" -lt 200 ] || fail "$what"
+        sleep 0.05
+    done
+}
+titled() { titles | grep -qxF -- "$1"; }
+nothing_shown() { [ -z "$(titles)" ]; }
+call() {
+    local object="$1" method="$2"
+    shift 2
+    gdbus call --session --dest "$bus_name" --object-path "$object" --method "$method" "$@"
+}
+on_window() {
+    local object="$1" method="$2"
+    shift 2
+    call "$object" "$bus_name.Window.$method" "$@"
+}
+create() { call "$factory" "$bus_name.Factory.CreateWindow" | sed "s/.*'\(.*\)'.*/\1/"; }
+get() { call "$1" org.freedesktop.DBus.Properties.Get "$bus_name.Window" "$2"; }
+show() { call "$1" org.freedesktop.DBus.Properties.Set "$bus_name.Window" Visible "<$2>"; }
+owned() {
+    gdbus call --session --dest org.freedesktop.DBus --object-path /org/freedesktop/DBus \
+        --method org.freedesktop.DBus.NameHasOwner "$bus_name" | grep -q true
+}
+not_owned() { ! owned; }
+is() { [ "$2" = "$3" ] || fail "$1: $2 instead of $3"; }
+
+not_owned || fail "nobody has the name yet"
+first="$(create)"
+is "the path of the first window" "$first" "$factory/Window/1"
+nothing_shown || fail "the program the bus starts shows nothing of its own"
+is "what OpenFile returns" "$(on_window "$first" OpenFile "$folder/good.xml")" "(<''>,)"
+is "hidden" "$(get "$first" Visible)" "(<false>,)"
+is "read-only" "$(get "$first" ReadOnly)" "(<false>,)"
+show "$first" true
+until_true "the window is shown" titled "good.xml - $title"
+handle="$(get "$first" hWnd | tr -dc '0-9')"
+is "the handle" "$(xdotool getwindowname "$handle")" "good.xml - $title"
+
+# A box that tells of a failure keeps nobody from being answered.
+second="$(create)"
+on_window "$second" OpenFile "$folder/bad.xml"
+until_true "a box tells of the failure" titled "$title"
+is "the answer meanwhile" "$(get "$second" Visible)" "(<false>,)"
+xdotool search --onlyvisible --name "^$title\$" windowfocus
+xdotool key Escape
+show "$second" true
+until_true "the caption has the path" titled "bad.xml - $title"
+
+show "$second" false
+on_window "$second" CloseWindow
+on_window "$first" CloseWindow
+titled "good.xml - $title" || fail "a window that is shown lives on"
+owned || fail "the program runs on with it"
+
+# The window belongs to the user now.
+xdotool windowfocus "$handle" key --window "$handle" alt+f x
+until_true "the program ends with its last window" not_owned
+until_true "the working folder is cleared away" test ! -e "$folder/Temp"
+
+# Started by the user, the program serves as well, and ends only with the client's window.
+"$folder/quillon" "$folder/good.xml" &
+editor=$!
+until_true "the user's window" titled "good.xml - $title"
+until_true "the name is taken" owned
+third="$(create)"
+xdotool search --onlyvisible --name "^good.xml - $title\$" windowfocus key alt+f x
+until_true "the user's window is closed" nothing_shown
+is "the client's window" "$(get "$third" Visible)" "(<false>,)"
+on_window "$third" CloseWindow
+wait "$editor" || fail "the program ends well"
+echo "automation works"
