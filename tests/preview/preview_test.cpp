@@ -63,6 +63,22 @@ TEST_F(PreviewTest, AClickOnANameSelectsItsNode) {
     EXPECT_EQ(tvw().SelectedItem().Text(), "a");
 }
 
+TEST_F(PreviewTest, ABlockIsFoldedAndUnfoldedByItsMark) {
+    form->show();
+    open(Sample);
+    waitForPage();
+    const QString mark = "document.querySelector('.b[role=button]')";
+    const auto height = [&] { return script("document.body.scrollHeight").toInt(); };
+    const int unfolded = height();
+    EXPECT_EQ(script(mark + ".getAttribute('aria-expanded')").toString(), "true");
+    script(mark + ".click()");
+    EXPECT_EQ(script(mark + ".getAttribute('aria-expanded')").toString(), "false");
+    EXPECT_LT(height(), unfolded);
+    script(mark + ".dispatchEvent(new KeyboardEvent('keydown', {key: 'Enter', bubbles: true}))");
+    EXPECT_EQ(script(mark + ".getAttribute('aria-expanded')").toString(), "true");
+    EXPECT_EQ(height(), unfolded);
+}
+
 TEST_F(PreviewTest, AnAttributePreviewsItsElement) {
     open(Sample);
     select("名=\"値\"");
