@@ -35,6 +35,10 @@ public:
     /// behalf.
     bool m_bFilling = false;
 
+    /// The number of the item whose content the pane holds. While a drag passes over the tree
+    /// another one is selected, and what is typed must not go there.
+    quint32 shownSequence = 0;
+
 private:
     controls::TextBox &txtEdit_;
 };

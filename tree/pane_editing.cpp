@@ -15,7 +15,7 @@ using xml::NodeType;
 
 PaneEditing::PaneEditing(document::DocumentState &state, const ViewOptions &options,
                          TreeBuilder &builder, NodeRemoval &removal, LabelEditing &labels,
-                         const Selection &selection, controls::TreeView &tvw, EditPane &pane)
+                         Selection &selection, controls::TreeView &tvw, EditPane &pane)
     : state_(state), options_(options), builder_(builder), removal_(removal), labels_(labels),
       selection_(selection), tvw_(tvw), pane_(pane) {}
 
@@ -23,6 +23,10 @@ void PaneEditing::txtEdit_Change() {
     const TreeItem item = tvw_.SelectedItem();
     if (pane_.m_bFilling || !item)
         return;
+    if (pane_.shownSequence != item.sequence()) {
+        selection_.RefillPane(item);
+        return;
+    }
     const Node node = selection_.GetSelectedDOMNode();
     switch (node.nodeType()) {
     case NodeType::Text:
@@ -90,6 +94,7 @@ void PaneEditing::replaceDocument(bool wasExpanded) {
     builder_.BuildTree(state_.m_DOM, true);
     TreeItem first = tvw_.nodes().Item(1);
     tvw_.setSelectedItem(first);
+    pane_.shownSequence = first.sequence();
     first.setExpanded(wasExpanded);
     Q_EMIT documentModified();
     Q_EMIT statusText(QString());
@@ -114,6 +119,7 @@ void PaneEditing::replaceElement(TreeItem item, const Node &node, bool wasExpand
         removeOld(item);
     }
     tvw_.setSelectedItem(newItem);
+    pane_.shownSequence = newItem.sequence();
     newItem.setExpanded(wasExpanded);
     tvw_.setTreeVisible(true);
     Q_EMIT documentModified();

@@ -12,7 +12,7 @@ class PaneEditing : public QObject {
 
 public:
     PaneEditing(document::DocumentState &state, const ViewOptions &options, TreeBuilder &builder,
-                NodeRemoval &removal, LabelEditing &labels, const Selection &selection,
+                NodeRemoval &removal, LabelEditing &labels, Selection &selection,
                 controls::TreeView &tvw, EditPane &pane);
 
     /// Applies the pane's text to the selected node. Text that does not parse changes nothing and
@@ -38,7 +38,7 @@ private:
     TreeBuilder &builder_;
     NodeRemoval &removal_;
     LabelEditing &labels_;
-    const Selection &selection_;
+    Selection &selection_;
     controls::TreeView &tvw_;
     EditPane &pane_;
 };

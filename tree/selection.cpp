@@ -50,6 +50,7 @@ void Selection::RefillPane(const TreeItem &item) {
 }
 
 void Selection::fillPane(const TreeItem &item, const Node &node) {
+    pane_.shownSequence = item.sequence();
     controls::TextBox &txtEdit = pane_.textBox();
     switch (node.nodeType()) {
     case NodeType::Element:

@@ -177,6 +177,18 @@ TEST_F(EditingTest, TypingInTheDocumentReplacesItWhole) {
     EXPECT_EQ(read("doc.xml"), "\xEF\xBB\xBF<!--new--><doc>\r\n<y/></doc>\r\n");
 }
 
+TEST_F(EditingTest, TypingNeverGoesToAnItemThatThePaneDoesNotShow) {
+    open("<doc><a>text</a><b/></doc>");
+    select("text");
+    // As a drag does that hovers over the tree.
+    tvw().setSelectedItem(item("b"));
+    type("textx");
+    EXPECT_EQ(xml(), "<doc><a>text</a><b/></doc>");
+    EXPECT_EQ(txtEdit().Text(), "<b/>");
+    type("<b>1</b>");
+    EXPECT_EQ(xml(), "<doc><a>text</a><b>1</b></doc>");
+}
+
 TEST_F(EditingTest, KindsThatCannotBeEditedSaySo) {
     dialogs.answerMessage(1);
     open("<!DOCTYPE r [<!ENTITY e 'x'>]><r>&e;</r>");
