@@ -132,11 +132,14 @@ void NodeCommands::mnuEditRename_Click() {
 }
 
 void NodeCommands::moveSelected(TreeItem relItem, Relationship relationship) {
+    const TreeItem old = tvw_.SelectedItem();
     Node copy = selection_.GetSelectedDOMNode();
     const TreeItem newItem = builder_.AddNodeToTree(relItem, copy, false, relationship);
     if (!newItem)
         return;
-    removal_.DeleteNode(tvw_.SelectedItem());
+    // Selected first, the node that has moved is what undoing and redoing come back to.
+    tvw_.setSelectedItem(newItem);
+    removal_.DeleteNode(old);
     selection_.ShowNode(newItem, true);
 }
 

@@ -25,6 +25,9 @@ namespace {
 /// rendered without being asked for.
 constexpr quint32 LargeDocument = 100'000;
 
+/// Milliseconds without a change of the tree before the preview follows it.
+constexpr int QuietBeforeRefresh = 300;
+
 /// What the transformation adds for a file in UTF-16, which the preview file is not.
 const QString MetaTag =
     QStringLiteral("<META http-equiv=\"Content-Type\" content=\"text/html; charset=UTF-16\">");
@@ -88,8 +91,11 @@ void Preview::clear() {
 }
 
 void Preview::SyncPreview() {
-    if (previewSync_ && m_strXslPath.isEmpty() && m_bPreviewWhole)
-        requestPreview(state_.m_DOM.node());
+    if (!previewSync_ || !m_strXslPath.isEmpty() || !m_bPreviewWhole)
+        return;
+    requestPreview(state_.m_DOM.node());
+    // One change after the other must not wait for a rendering each.
+    later_.start(QuietBeforeRefresh);
 }
 
 void Preview::ShowPreview(const Node &node) {
