@@ -134,12 +134,14 @@ void NodeCommands::mnuEditRename_Click() {
 void NodeCommands::moveSelected(TreeItem relItem, Relationship relationship) {
     const TreeItem old = tvw_.SelectedItem();
     Node copy = selection_.GetSelectedDOMNode();
-    const TreeItem newItem = builder_.AddNodeToTree(relItem, copy, false, relationship);
+    TreeItem newItem = builder_.AddNodeToTree(relItem, copy, false, relationship);
     if (!newItem)
         return;
-    // Selected first, the node that has moved is what undoing and redoing come back to.
-    tvw_.setSelectedItem(newItem);
+    // Selected first, the node that has moved is what undoing and redoing come back to. The tree
+    // scrolls there once, when it has its new shape.
+    tvw_.selectInPlace(newItem);
     removal_.DeleteNode(old);
+    newItem.EnsureVisible();
     selection_.ShowNode(newItem, true);
 }
 
