@@ -76,6 +76,16 @@ void Editor::wireTree(controls::TreeView &tvw) {
         loader.OpenFile(path);
         commands.UpdateStatus(path);
     });
+    // A drag leaves the item it was dropped on selected. The pane must show that one, and show it
+    // anew when the end of the drag has taken the node out of its old place.
+    const auto refill = [this, &tvw] {
+        guarded([&] { selection.RefillPane(tvw.SelectedItem()); });
+    };
+    connect(&dragAndDrop, &tree::DragAndDrop::documentModified, this, refill);
+    connect(&removal, &tree::NodeRemoval::documentModified, this, [this, &tvw, refill] {
+        if (pane.shownSequence == tvw.SelectedItem().sequence())
+            refill();
+    });
     connect(&dragAndDrop, &tree::DragAndDrop::loadXmlRequested, &loader,
             &document::DocumentLoader::LoadXML);
     connect(&tvw, &controls::TreeView::NodeClick, this,

@@ -23,19 +23,7 @@ printf '<doc/>' >"$folder/two.xml"
 processes=()
 trap 'kill "${processes[@]}" 2>/dev/null || true; wait 2>/dev/null || true' EXIT
 
-fail() {
-    echo "FAILED: $1" >&2
-    exit 1
-}
-until_true() {
-    local what="$1" tries=0
-    shift
-    until "$@" >/dev/null 2>&1; do
-        tries=$((tries + 1))
-        [ "$tries" -lt 200 ] || fail "$what"
-        sleep 0.05
-    done
-}
+. "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 # The search fails when a window goes meanwhile, as the splash does.
 found=""
 finds() { found="$(xdotool search --onlyvisible --name "^$1 - $title\$")"; }

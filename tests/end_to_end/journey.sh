@@ -19,28 +19,7 @@ printf '<doc>\r\n  <a>old</a>\r\n</doc>\r\n' >"$folder/my file.xml"
 editor=0
 trap 'kill "$editor" 2>/dev/null || true; wait 2>/dev/null || true; rm -rf "$folder"' EXIT
 
-fail() {
-    echo "FAILED: $1" >&2
-    echo "windows: $(titles)" >&2
-    exit 1
-}
-titles() {
-    local id
-    for id in $(xdotool search --onlyvisible --class '^quillon$' 2>/dev/null); do
-        xdotool getwindowname "$id" 2>/dev/null || true
-    done
-}
-# until_true WHAT COMMAND...: polls until the command succeeds.
-until_true() {
-    local what="$1" tries=0
-    shift
-    until "$@" >/dev/null 2>&1; do
-        tries=$((tries + 1))
-        [ "$tries" -lt 200 ] || fail "$what"
-        sleep 0.05
-    done
-}
-titled() { titles | grep -qxF -- "$1"; }
+. "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 holds() { grep -qF -- "$2" "$1"; }
 ended() { ! kill -0 "$editor" 2>/dev/null; }
 has_box() { [ "$(titles | wc -l)" -ge 2 ]; }
