@@ -12,7 +12,7 @@ Surroundings Surroundings::ofProgram() {
 }
 
 Editor::Editor(Surroundings given, controls::TreeView &tvw, controls::TextBox &txtEdit,
-               controls::PathBox &cboPath, controls::Browser &ie)
+               controls::PathBox &cboPath, controls::Browser &ie, controls::LongWork &longWork)
     : surroundings(std::move(given)),
       workingFolder(runtime::workingFolder(surroundings.applicationFolder)),
       recentFiles(surroundings.settings), settings(surroundings.settings), pane(txtEdit),
@@ -23,16 +23,17 @@ Editor::Editor(Surroundings given, controls::TreeView &tvw, controls::TextBox &t
       paneEditing(state, options, builder, removal, labels, selection, tvw, pane),
       history(state, builder, selection, tvw), creation(state, builder, selection, tvw),
       nodeCommands(state, builder, removal, nodeText, selection, tvw),
-      captionSearch(tvw, selection), pathQuery(tvw, cboPath, selection, builder.registry()),
-      preview(state, builder, selection, tvw, ie, workingFolder,
+      captionSearch(tvw, selection),
+      pathQuery(tvw, cboPath, selection, builder.registry(), longWork),
+      preview(state, builder, selection, tvw, ie, workingFolder, longWork,
               [this] {
                   return preview::PreviewFont{settings.fontName, settings.fontSize};
               }),
-      validation(state, workingFolder),
+      validation(state, workingFolder, longWork),
       tools(state, builder, *surroundings.shell, surroundings.applicationFolder),
-      view(state, options, builder, selection, tvw), treePrinting(tvw),
+      view(state, options, builder, selection, tvw), treePrinting(tvw, longWork),
       loader(state, builder, selection, history, tvw, workingFolder, recentFiles,
-             surroundings.clock),
+             surroundings.clock, longWork),
       commands(state, loader, builder, history, tvw, pane, surroundings.applicationFolder),
       recovery(state, commands, workingFolder, surroundings.clock) {
     wireStatusTexts();

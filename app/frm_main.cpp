@@ -39,7 +39,8 @@ frmMain::frmMain(bool startedAlone, Surroundings surroundings)
       sbr(new QLabel), validationButton_(new QPushButton) {
     setAttribute(Qt::WA_DeleteOnClose);
     menus_ = std::make_unique<controls::ActionMenus>(actions_, *menuBar());
-    editor_ = std::make_unique<Editor>(std::move(surroundings), *tvw, *txtEdit, *cboPath, *ie);
+    editor_ =
+        std::make_unique<Editor>(std::move(surroundings), *tvw, *txtEdit, *cboPath, *ie, longWork_);
     treeKeys_ = std::make_unique<TreeKeys>(*tvw, *editor_, actions_);
     keepHandle();
     layOut();

@@ -6,6 +6,7 @@
 #include "platform/controls/action_menus.h"
 #include "platform/controls/action_set.h"
 #include "platform/controls/browser.h"
+#include "platform/controls/long_work.h"
 #include "platform/controls/path_box.h"
 #include "platform/controls/text_box.h"
 #include "platform/controls/tree_view.h"
@@ -100,6 +101,7 @@ private:
     QLabel *sbr;
     QPushButton *validationButton_;
 
+    controls::LongWork longWork_{*this};
     std::unique_ptr<controls::ActionMenus> menus_;
     std::unique_ptr<Editor> editor_;
     std::unique_ptr<TreeKeys> treeKeys_;

@@ -2,6 +2,7 @@
 
 #include "platform/controls/error_boundary.h"
 #include "resources/texts.h"
+#include "resources/validation_texts.h"
 
 #include <QListWidget>
 #include <QVBoxLayout>
@@ -16,7 +17,8 @@ constexpr QSize Size(640, 320);
 
 QString textOf(const preview::ValidationError &error) {
     const QString reason = QString(error.reason).replace(QLatin1Char('\n'), QLatin1Char(' '));
-    return error.line == 0 ? reason : texts::ErrorAtLine.toString().arg(error.line).arg(reason);
+    return error.line == 0 ? reason
+                           : resources::validation_text::AtLine.arg(error.line).arg(reason);
 }
 
 } // namespace

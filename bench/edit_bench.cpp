@@ -9,7 +9,7 @@
 
 namespace quillon::bench {
 
-void measureEditing(app::frmMain &form) {
+void measureEditing(app::frmMain &form, const QString &path) {
     app::Editor &editor = form.editor();
     auto &tvw = *form.findChild<controls::TreeView *>(QStringLiteral("tvw"));
     const auto selectRecord = [&] {
@@ -37,6 +37,8 @@ void measureEditing(app::frmMain &form) {
     const auto hits = [&] { xml::selectNodes(editor.state.m_DOM.node(), query); };
     row("query with up to 100,000 hits, first", bestOf(1, hits), "ms", 4000);
     row("query with up to 100,000 hits, again", bestOf(3, hits), "ms", 1500);
+    const QString copy = path + QStringLiteral(".copy");
+    row("save", bestOf(3, [&] { editor.state.m_DOM.save(copy); }), "ms", 0);
     row("expand everything",
         bestOf(1,
                [&] {

@@ -1,12 +1,15 @@
 #pragma once
 
+#include <QString>
+
 namespace quillon::app {
 class frmMain;
 }
 
 namespace quillon::bench {
 
-/// Measures the commands on a document that is open in a window, and prints a line for each.
-void measureEditing(app::frmMain &form);
+/// Measures the commands on a document that is open in a window, and prints a line for each. What
+/// is saved goes beside its file, `path`.
+void measureEditing(app::frmMain &form, const QString &path);
 
 } // namespace quillon::bench

@@ -32,8 +32,7 @@ std::string write(const QTemporaryDir &folder, const char *name, const std::stri
 int main(int argc, char **argv) {
     if (argc == 3) {
         int programOnly = 1;
-        return quillon::bench::openAndPrint(programOnly, argv, argv[2],
-                                            std::strcmp(argv[1], "--edit") == 0);
+        return quillon::bench::openAndPrint(programOnly, argv, argv[1], argv[2]);
     }
     if (argc != 1) {
         std::puts("quillon_bench: measures on files it makes itself and prints a table. Figures\n"
@@ -43,6 +42,7 @@ int main(int argc, char **argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QTemporaryDir folder;
     const Input inputs[] = {
+        {"0.1 MB of order records", quillon::bench::orderRecords(100'000), 1000, 0},
         {"0.6 MB of order records", quillon::bench::orderRecords(600'000), 1000, 0},
         {"7.7 MB of order records", quillon::bench::orderRecords(7'700'000), 0, 0},
         {"77 MB of order records", quillon::bench::orderRecords(77'000'000), 3000, 1024},
@@ -61,7 +61,9 @@ int main(int argc, char **argv) {
         if (isOrders)
             row("one keystroke in a text node's pane", figures.keystrokeMilliseconds, "ms", 16);
         if (isOrders)
-            quillon::bench::measureEditingIn(argv[0], path);
+            quillon::bench::measureIn(argv[0], "--edit", path);
+        if (isOrders)
+            quillon::bench::measureIn(argv[0], "--check", path);
     }
     return 0;
 }

@@ -2,6 +2,7 @@
 
 #include "app/start_up.h"
 #include "app/window.h"
+#include "bench/check_bench.h"
 #include "bench/edit_bench.h"
 #include "bench/report.h"
 #include "platform/controls/error_boundary.h"
@@ -10,6 +11,7 @@
 
 #include <array>
 #include <cstdlib>
+#include <cstring>
 #include <sys/resource.h>
 
 namespace quillon::bench {
@@ -50,7 +52,7 @@ double keystroke(app::frmMain &form) {
 
 } // namespace
 
-int openAndPrint(int argc, char **argv, const char *path, bool editing) {
+int openAndPrint(int argc, char **argv, const char *task, const char *path) {
     app::prepareProcess();
     QTemporaryDir folder;
     qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
@@ -66,8 +68,10 @@ int openAndPrint(int argc, char **argv, const char *path, bool editing) {
     const std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - start;
     rusage usage{};
     ::getrusage(RUSAGE_SELF, &usage);
-    if (editing)
-        measureEditing(*form);
+    if (std::strcmp(task, "--edit") == 0)
+        measureEditing(*form, QString::fromLocal8Bit(path));
+    else if (std::strcmp(task, "--check") == 0)
+        measureChecking(*form, QString::fromLocal8Bit(path));
     else
         std::printf("%f %f %f\n", took.count(), double(usage.ru_maxrss) / 1024, keystroke(*form));
     std::fflush(stdout);
@@ -75,9 +79,9 @@ int openAndPrint(int argc, char **argv, const char *path, bool editing) {
     std::_Exit(0);
 }
 
-void measureEditingIn(const std::string &program, const std::string &path) {
-    if (std::system(("'" + program + "' --edit '" + path + "'").c_str()) != 0)
-        std::fprintf(stderr, "editing %s failed\n", path.c_str());
+void measureIn(const std::string &program, const std::string &task, const std::string &path) {
+    if (std::system(("'" + program + "' " + task + " '" + path + "'").c_str()) != 0)
+        std::fprintf(stderr, "%s %s failed\n", task.c_str(), path.c_str());
 }
 
 OpenFigures measureOpening(const std::string &program, const std::string &path) {

@@ -14,13 +14,14 @@ struct OpenFigures {
     double keystrokeMilliseconds = 0;
 };
 
-/// Runs in the process of its own: opens the file and prints these figures, or those of editing.
-/// Returns the exit code.
-int openAndPrint(int argc, char **argv, const char *path, bool editing);
+/// Runs in the process of its own: opens the file and prints what the task asks for: "--open" the
+/// three figures above, "--edit" a line for each command, "--check" one for the preview and for
+/// each validation. Returns the exit code.
+int openAndPrint(int argc, char **argv, const char *task, const char *path);
 
 /// Starts that process and reads its figures.
 OpenFigures measureOpening(const std::string &program, const std::string &path);
-/// Starts it for the figures of editing, which it prints itself.
-void measureEditingIn(const std::string &program, const std::string &path);
+/// Starts it for a task whose figures it prints itself.
+void measureIn(const std::string &program, const std::string &task, const std::string &path);
 
 } // namespace quillon::bench

@@ -60,9 +60,10 @@ void requireParsed(const DOMDocument40 &document) {
 
 Preview::Preview(const document::DocumentState &state, tree::TreeBuilder &builder,
                  tree::Selection &selection, controls::TreeView &tvw, controls::Browser &ie,
-                 const system::WorkingFolder &workingFolder, std::function<PreviewFont()> font)
+                 const system::WorkingFolder &workingFolder, controls::LongWork &longWork,
+                 std::function<PreviewFont()> font)
     : state_(state), builder_(builder), selection_(selection), tvw_(tvw), ie_(ie),
-      workingFolder_(workingFolder), font_(std::move(font)) {
+      workingFolder_(workingFolder), longWork_(longWork), font_(std::move(font)) {
     ie_.setFolder(workingFolder_.path());
     later_.setSingleShot(true);
     connect(&later_, &QTimer::timeout, this, [this] {
@@ -104,6 +105,8 @@ void Preview::ShowPreview(const Node &node) {
     try {
         render(node);
     } catch (const runtime::Error &error) {
+        if (error.number() == runtime::error_number::Cancelled)
+            return Q_EMIT statusText(error.description());
         controls::showMessage(resources::messageText(13) + QStringLiteral("\r\n") +
                                   error.description(),
                               controls::message_style::Exclamation);
@@ -121,7 +124,12 @@ void Preview::render(const Node &node) {
     QString extension = !chosen || prevHtml_ ? QStringLiteral("htm") : QStringLiteral("xml");
     xml::TransformOptions options;
     options.folders = {chosen ? stylesheetFolder_ : workingFolder_.path(), workingFolder_.path()};
-    QString result = xml::transformNode(copy.node(), sheet, options);
+    QString result;
+    longWork_.run(texts::Rendering.toString(), controls::LongWork::Stop::Offered,
+                  [&](const runtime::Progress &progress) {
+                      options.progress = progress;
+                      result = xml::transformNode(copy.node(), sheet, options);
+                  });
     result.remove(MetaTag);
     if (result.contains(QLatin1String("<html"), Qt::CaseInsensitive))
         extension = QStringLiteral("htm");
@@ -165,11 +173,8 @@ void Preview::showNotice() {
 }
 
 void Preview::mnuToolPreview_Click() {
-    if (state_.m_DOM.isNull())
-        return;
-    Q_EMIT statusText(texts::Rendering.toString());
-    ShowPreview(state_.m_DOM.node());
-    Q_EMIT statusText(QString());
+    if (!state_.m_DOM.isNull())
+        ShowPreview(state_.m_DOM.node());
 }
 
 void Preview::mnuToolPreviewSel_Click() {

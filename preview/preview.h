@@ -2,6 +2,7 @@
 
 #include "document/state/document_state.h"
 #include "platform/controls/browser.h"
+#include "platform/controls/long_work.h"
 #include "platform/system/working_folder.h"
 #include "tree/selection.h"
 #include "tree/tree_builder.h"
@@ -27,10 +28,11 @@ class Preview : public QObject {
 public:
     Preview(const document::DocumentState &state, tree::TreeBuilder &builder,
             tree::Selection &selection, controls::TreeView &tvw, controls::Browser &ie,
-            const system::WorkingFolder &workingFolder, std::function<PreviewFont()> font);
+            const system::WorkingFolder &workingFolder, controls::LongWork &longWork,
+            std::function<PreviewFont()> font);
 
     /// Renders a document or an element at once; nothing for no node. A failure is shown in a
-    /// message box and leaves the pane as it was.
+    /// message box and leaves the pane as it was; so does the user who has it stopped.
     void ShowPreview(const xml::Node &node);
     /// The same after the event that asked for it, once for all who ask. A large document is not
     /// rendered then: the pane tells how to have it shown.
@@ -70,6 +72,7 @@ private:
     controls::TreeView &tvw_;
     controls::Browser &ie_;
     const system::WorkingFolder &workingFolder_;
+    controls::LongWork &longWork_;
     std::function<PreviewFont()> font_;
 
     /// The chosen stylesheet's copy in the working folder; empty for the built-in one.

@@ -4,10 +4,14 @@
 #include "platform/controls/message_box.h"
 #include "platform/runtime/error.h"
 #include "platform/runtime/paths.h"
+#include "platform/xml/child_process.h"
 #include "platform/xml/schema_validator.h"
 #include "preview/xdr/xdr_validator.h"
 #include "resources/messages.h"
 #include "resources/validation_texts.h"
+
+#include <QDataStream>
+#include <QIODevice>
 
 #include <algorithm>
 
@@ -65,27 +69,56 @@ QString Validation::workingCopyPath() const {
     return workingFolder_.filePath(m_strSchemaFile == name ? u'_' + name : name);
 }
 
-void Validation::VerifyDocument() {
+Validation::Validate Validation::validationByKind() const {
     const QString kind = m_strSchemaFile.right(4).toLower();
-    std::vector<xml::SchemaError> (Validation::*validate)(xml::DOMDocument40 &) const = nullptr;
     if (kind == QLatin1String(".dtd"))
-        validate = &Validation::validateDtd;
-    else if (kind == QLatin1String(".xsd"))
-        validate = &Validation::validateXsd;
-    else if (kind == QLatin1String(".xml"))
-        validate = &Validation::validateXdr;
+        return &Validation::validateDtd;
+    if (kind == QLatin1String(".xsd"))
+        return &Validation::validateXsd;
+    if (kind == QLatin1String(".xml"))
+        return &Validation::validateXdr;
+    return nullptr;
+}
+
+void Validation::VerifyDocument() {
+    const Validate validate = validationByKind();
     if (!validate || !state_.m_DOM)
         return;
     errors_.clear();
     Q_EMIT errorsChanged();
     if (!state_.m_DOM.documentElement())
         throw runtime::Error(runtime::error_number::Fail, text::NoRoot);
-    xml::DOMDocument40 copy = xml::DOMDocument40::create();
-    take((this->*validate)(copy), copy);
+    Q_EMIT statusText(text::Validating);
+    try {
+        longWork_.run(text::Validating, controls::LongWork::Stop::Offered,
+                      [&](const runtime::Progress &progress) {
+                          // A child process can be stopped, and a schema cannot harm the editor.
+                          take(xml::runInChild([&] { return findings(validate); }, {}, progress));
+                      });
+    } catch (const runtime::Error &error) {
+        Q_EMIT statusText(error.description());
+        if (error.number() != runtime::error_number::Cancelled)
+            throw;
+        return;
+    }
     if (errors_.empty())
         Q_EMIT statusText(resources::messageText(resources::message::ValidationSucceeded));
     else
         showFirst();
+}
+
+QByteArray Validation::findings(Validate validate) const {
+    xml::DOMDocument40 copy = xml::DOMDocument40::create();
+    const std::vector<xml::SchemaError> found = (this->*validate)(copy);
+    std::vector<xml::Node> nodes;
+    for (const xml::SchemaError &error : found)
+        nodes.push_back(error.node);
+    const std::vector<qint64> positions = xml::positionsOf(copy, nodes);
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    for (std::size_t i = 0; i < found.size(); ++i)
+        stream << found[i].reason << found[i].line << positions[i];
+    return bytes;
 }
 
 std::vector<xml::SchemaError> Validation::validateDtd(xml::DOMDocument40 &copy) const {
@@ -130,21 +163,25 @@ void Validation::loadWorkingCopy(xml::DOMDocument40 &copy) const {
         throw runtime::Error(copy.parseError().errorCode, copy.parseError().reason);
 }
 
-void Validation::take(const std::vector<xml::SchemaError> &found, const xml::DOMDocument40 &copy) {
-    std::vector<xml::Node> copied;
-    for (const xml::SchemaError &error : found)
-        copied.push_back(error.node);
+void Validation::take(const QByteArray &findings) {
+    std::vector<qint64> positions;
+    QDataStream stream(findings);
+    while (!stream.atEnd()) {
+        ValidationError error;
+        stream >> error.reason >> error.line >> positions.emplace_back();
+        errors_.push_back(error);
+    }
+    if (errors_.empty())
+        return;
     // Both documents have the same elements in the same order.
-    const std::vector<qint64> positions = xml::positionsOf(copy, copied);
     std::vector<qint64> ascending = positions;
     std::ranges::sort(ascending);
     const std::vector<xml::Node> nodes = xml::elementsAt(state_.m_DOM, ascending);
-    for (std::size_t i = 0; i < found.size(); ++i) {
+    for (std::size_t i = 0; i < errors_.size(); ++i) {
         const auto at = std::ranges::lower_bound(ascending, positions[i]) - ascending.begin();
-        errors_.push_back({found[i].reason, found[i].line, nodes[static_cast<std::size_t>(at)]});
+        errors_[i].node = nodes[static_cast<std::size_t>(at)];
     }
-    if (!errors_.empty())
-        Q_EMIT errorsChanged();
+    Q_EMIT errorsChanged();
 }
 
 void Validation::showFirst() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/state/document_state.h"
+#include "platform/controls/long_work.h"
 #include "platform/system/working_folder.h"
 #include "platform/xml/schema_error.h"
 
@@ -28,16 +29,17 @@ class Validation : public QObject {
     Q_OBJECT
 
 public:
-    Validation(document::DocumentState &state, const system::WorkingFolder &workingFolder)
-        : state_(state), workingFolder_(workingFolder) {}
+    Validation(document::DocumentState &state, const system::WorkingFolder &workingFolder,
+               controls::LongWork &longWork)
+        : state_(state), workingFolder_(workingFolder), longWork_(longWork) {}
 
     /// Has the user choose a schema and validates by it. Raises what the next one raises, and what
     /// system::copyFile() raises.
     void mnuToolVerifyNew_Click();
     /// Validates by the schema chosen last; asks for one when none has been chosen. Says in the
     /// status bar that the document is valid, or there and in a message box what the first error
-    /// is. Raises when there is no validating: the working copy cannot be written, or the schema
-    /// has faults.
+    /// is, or that the user has had it stopped. Raises when there is no validating: the working
+    /// copy cannot be written, or the schema has faults.
     void mnuToolVerify_Click();
 
     /// What the latest validation has found, at most xml::MaxSchemaErrors; empty after a success,
@@ -51,17 +53,23 @@ Q_SIGNALS:
     void errorsChanged();
 
 private:
+    using Validate = std::vector<xml::SchemaError> (Validation::*)(xml::DOMDocument40 &) const;
+
     void VerifyDocument();
+    Validate validationByKind() const;
     QString workingCopyPath() const;
+    /// The errors found, as take() reads them.
+    QByteArray findings(Validate validate) const;
     std::vector<xml::SchemaError> validateDtd(xml::DOMDocument40 &copy) const;
     std::vector<xml::SchemaError> validateXsd(xml::DOMDocument40 &copy) const;
     std::vector<xml::SchemaError> validateXdr(xml::DOMDocument40 &copy) const;
     void loadWorkingCopy(xml::DOMDocument40 &copy) const;
-    void take(const std::vector<xml::SchemaError> &found, const xml::DOMDocument40 &copy);
+    void take(const QByteArray &findings);
     void showFirst();
 
     document::DocumentState &state_;
     const system::WorkingFolder &workingFolder_;
+    controls::LongWork &longWork_;
     /// The schema's file name without its folder; empty until one has been chosen.
     QString m_strSchemaFile;
     std::vector<ValidationError> errors_;

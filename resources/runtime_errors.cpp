@@ -27,6 +27,7 @@ constexpr std::array table{
     Entry{76, u"パスが見つかりません。"},
     Entry{91, u"オブジェクトが設定されていません。"},
     Entry{93, u"パターン文字列が不正です。"},
+    Entry{32755, u"中止しました。"},
 };
 
 } // namespace

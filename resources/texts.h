@@ -13,6 +13,7 @@ inline constexpr QStringView ButtonOk = u"OK";
 inline constexpr QStringView ButtonCancel = u"キャンセル";
 inline constexpr QStringView ButtonYes = u"はい(&Y)";
 inline constexpr QStringView ButtonNo = u"いいえ(&N)";
+inline constexpr QStringView ButtonStop = u"中止";
 
 // File dialogs. %1 is the path as the user chose it.
 inline constexpr QStringView OpenDialogTitle = u"開く";
@@ -49,6 +50,7 @@ inline constexpr QStringView SyntaxError = u"構文エラー";
 inline constexpr QStringView Loading = u"読み込んでいます...";
 inline constexpr QStringView FileChangedOnDisk =
     u"このファイルは他のプログラムによって変更されました。「再読込」で新しい内容を読み込めます。";
+inline constexpr QStringView Querying = u"検索しています...";
 inline constexpr QStringView SearchedToEnd = u"終わりまで検索しました。";
 inline constexpr QStringView SearchedToTop = u"先頭まで検索しました。";
 inline constexpr QStringView NothingFound = u"見つかりませんでした";
@@ -73,10 +75,12 @@ inline constexpr QStringView LargePreview =
     u"<p>このドキュメントは大きいため (約 %1 ノード)、プレビューを自動では更新しません。</p>"
     u"<p><b>F5</b> キーを押すと表示します。</p></body></html>";
 
-// Validation. %1 is the number of errors, or the line, %2 the reason.
+// Tree printing.
+inline constexpr QStringView Printing = u"ツリーを印刷しています...";
+
+// The list of validation errors. %1 is their number.
 inline constexpr QStringView ValidationListTitle = u"検証エラーの一覧";
 inline constexpr QStringView ValidationListButton = u"エラー一覧 (%1)";
-inline constexpr QStringView ErrorAtLine = u"%1 行目: %2";
 
 // Sending. %1 is the address, %2 the reason.
 inline constexpr QStringView CannotSend = u"%1 に送信できません。\n%2";

@@ -9,6 +9,7 @@ namespace quillon::resources::validation_text {
 inline const QString DialogTitle = QStringLiteral("検証用ファイルの選択");
 inline const QString DialogFilter = QStringLiteral("DTD(*.dtd)|*.dtd|XML-Schema(XSD)(*.xsd)|*.xsd|"
                                                    "XML-Data Reduced(XDR)(*.xml)|*.xml");
+inline const QString Validating = QStringLiteral("検証しています...");
 inline const QString AtLine = QStringLiteral("%1 行目: %2");
 inline const QString NoRoot =
     QStringLiteral("ドキュメントにルート要素が 1 つだけ含まれていないため、検証できませんでした。");

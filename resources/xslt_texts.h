@@ -15,14 +15,8 @@ inline constexpr QStringView NoMessage = u"プロセッサーは原因を示し�
 
 inline constexpr QStringView TooDeep =
     u"テンプレートの呼び出しが深すぎるか、終わりのない再帰になっているため、処理を中止しました。";
-inline constexpr QStringView TimeLimit =
-    u"時間がかかりすぎるため、スタイルシートの処理を中止しました。";
-inline constexpr QStringView MemoryLimit =
-    u"使用するメモリが大きすぎるため、スタイルシートの処理を中止しました。";
 inline constexpr QStringView OutputLimit =
     u"結果が大きすぎるため、スタイルシートの処理を中止しました。";
-inline constexpr QStringView ProcessorDied =
-    u"スタイルシートの処理が異常終了しました。再帰が深すぎる可能性があります。";
 inline constexpr QStringView ScriptNotSupported =
     u"msxsl:script によるスクリプトはサポートされていません。";
 inline constexpr QStringView FileOutOfReach =

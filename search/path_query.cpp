@@ -43,8 +43,10 @@ private:
 } // namespace
 
 PathQuery::PathQuery(controls::TreeView &tvw, controls::PathBox &cboPath,
-                     tree::Selection &selection, const tree::NodeRegistry &registry)
-    : tvw_(tvw), cboPath_(cboPath), selection_(selection), registry_(registry) {}
+                     tree::Selection &selection, const tree::NodeRegistry &registry,
+                     controls::LongWork &longWork)
+    : tvw_(tvw), cboPath_(cboPath), selection_(selection), registry_(registry),
+      longWork_(longWork) {}
 
 void PathQuery::SelectByPath() {
     const Node context = contextNode();
@@ -52,7 +54,10 @@ void PathQuery::SelectByPath() {
         return;
     std::vector<Node> matches;
     try {
-        matches = xml::selectNodes(context, cboPath_.Text());
+        longWork_.run(texts::Querying.toString(), controls::LongWork::Stop::Offered,
+                      [&](const runtime::Progress &progress) {
+                          matches = xml::selectNodes(context, cboPath_.Text(), progress);
+                      });
     } catch (const runtime::Error &error) {
         Q_EMIT statusText(error.description());
         return;

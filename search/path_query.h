@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/controls/long_work.h"
 #include "platform/controls/path_box.h"
 #include "platform/controls/tree_view.h"
 #include "tree/node_registry.h"
@@ -17,13 +18,13 @@ class PathQuery : public QObject {
 
 public:
     PathQuery(controls::TreeView &tvw, controls::PathBox &cboPath, tree::Selection &selection,
-              const tree::NodeRegistry &registry);
+              const tree::NodeRegistry &registry, controls::LongWork &longWork);
 
     /// Queries from the selected element or document, or from the parent of what else is selected.
     /// Shows all items found in bold and expands what is above them, selects the first one, tells
     /// the number of nodes in the status bar and adds the query to the list of the path box. An
-    /// error in the query, and that nothing was found, is told in the status bar and changes
-    /// nothing. Nothing happens when nothing is selected.
+    /// error in the query, that nothing was found and that the user has had it stopped is told in
+    /// the status bar and changes nothing. Nothing happens when nothing is selected.
     void SelectByPath();
 
 Q_SIGNALS:
@@ -40,6 +41,7 @@ private:
     controls::PathBox &cboPath_;
     tree::Selection &selection_;
     const tree::NodeRegistry &registry_;
+    controls::LongWork &longWork_;
 };
 
 } // namespace quillon::search

@@ -2,6 +2,7 @@
 
 #include "platform/controls/dialogs.h"
 #include "platform/runtime/numbers.h"
+#include "resources/texts.h"
 
 #include <QFontMetricsF>
 #include <QPainter>
@@ -78,11 +79,24 @@ void TreePrinting::print(QPrinter &printer) {
     const TreeItem first = tvw_.nodes().Item(1);
     if (!first)
         return;
+    longWork_.run(resources::texts::Printing.toString(), controls::LongWork::Stop::Offered,
+                  [&](const runtime::Progress &progress) {
+                      if (!printItems(printer, first, progress))
+                          printer.abort();
+                  });
+}
+
+bool TreePrinting::printItems(QPrinter &printer, const TreeItem &first,
+                              const runtime::Progress &progress) {
     PrintSurface surface(printer, tvw_.font());
     levelFlags_.clear();
     qint16 depth = 0;
+    const double count = tvw_.nodes().Count();
+    double printed = 0;
     // Down to the children, along to the next item, up when there is none.
     for (TreeItem item = first; item;) {
+        if (progress && !progress(printed++ / count))
+            return false;
         PrintTreeNode(surface, item, depth);
         if (TreeItem child = item.Child()) {
             depth = runtime::checkedAdd16(depth, 1);
@@ -95,6 +109,7 @@ void TreePrinting::print(QPrinter &printer) {
         }
         item = item.Next();
     }
+    return true;
 }
 
 void TreePrinting::PrintTreeNode(PrintSurface &surface, const TreeItem &item, qint16 depth) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/controls/long_work.h"
 #include "platform/controls/tree_view.h"
 
 #include <QFont>
@@ -39,12 +40,14 @@ private:
 /// its caption and the branches that lead to it.
 class TreePrinting {
 public:
-    explicit TreePrinting(controls::TreeView &tvw) : tvw_(tvw) {}
+    TreePrinting(controls::TreeView &tvw, controls::LongWork &longWork)
+        : tvw_(tvw), longWork_(longWork) {}
 
     /// Asks for a printer and prints. Nothing happens when the user cancels and for an empty tree.
     /// Raises Overflow for a tree of more than 32767 levels.
     void mnuFilePrintTree_Click();
-    /// Prints onto a printer that has been chosen.
+    /// Prints onto a printer that has been chosen. The user can have it stopped; nothing comes out
+    /// then, as far as the printer allows.
     void print(QPrinter &printer);
 
     /// What stands ahead of the icon of an item at a depth, whose ancestors' flags are known: for
@@ -52,9 +55,13 @@ public:
     static QString connector(const std::vector<bool> &siblingFollows, qint16 depth);
 
 private:
+    /// False when it was stopped.
+    bool printItems(QPrinter &printer, const controls::TreeItem &first,
+                    const runtime::Progress &progress);
     void PrintTreeNode(PrintSurface &surface, const controls::TreeItem &item, qint16 depth);
 
     controls::TreeView &tvw_;
+    controls::LongWork &longWork_;
     std::vector<bool> levelFlags_;
 };
 

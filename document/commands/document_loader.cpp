@@ -31,20 +31,25 @@ bool isReadOnlyFile(const QString &path) {
 DocumentLoader::DocumentLoader(DocumentState &state, tree::TreeBuilder &builder,
                                tree::Selection &selection, edit::UndoHistory &history,
                                controls::TreeView &tvw, const system::WorkingFolder &workingFolder,
-                               const RecentFiles &recentFiles, runtime::Clock clock)
+                               const RecentFiles &recentFiles, runtime::Clock clock,
+                               controls::LongWork &longWork)
     : state_(state), builder_(builder), selection_(selection), history_(history), tvw_(tvw),
-      workingFolder_(workingFolder), recentFiles_(recentFiles), clock_(std::move(clock)) {}
+      workingFolder_(workingFolder), recentFiles_(recentFiles), clock_(std::move(clock)),
+      longWork_(longWork) {}
 
 bool DocumentLoader::OpenFile(const QString &fileName) {
     if (fileName.isEmpty())
         return false;
     Q_EMIT statusText(resources::texts::Loading.toString());
     const FileOnDisk file = FileOnDisk::of(fileName);
-    state_.m_DOM = xml::DOMDocument40::create();
-    state_.m_DOM.setAsync(false);
-    state_.m_DOM.setValidateOnParse(false);
-    state_.m_DOM.setResolveExternals(false);
-    state_.m_DOM.load(fileName);
+    xml::DOMDocument40 document = xml::DOMDocument40::create();
+    document.setAsync(false);
+    document.setValidateOnParse(false);
+    document.setResolveExternals(false);
+    // Half a document would be none, so there is no stopping it.
+    longWork_.run(resources::texts::Loading.toString(), controls::LongWork::Stop::NotOffered,
+                  [&](const runtime::Progress &progress) { document.load(fileName, progress); });
+    state_.m_DOM = document;
     if (!state_.m_ReadOnly)
         state_.m_ReadOnly = isReadOnlyFile(fileName);
     // A file that does not parse is copied, too.

@@ -4,6 +4,7 @@
 #include "document/commands/recent_files.h"
 #include "document/state/document_state.h"
 #include "edit/undo_history.h"
+#include "platform/controls/long_work.h"
 #include "platform/runtime/paths.h"
 #include "platform/system/working_folder.h"
 #include "tree/selection.h"
@@ -21,7 +22,7 @@ public:
     DocumentLoader(DocumentState &state, tree::TreeBuilder &builder, tree::Selection &selection,
                    edit::UndoHistory &history, controls::TreeView &tvw,
                    const system::WorkingFolder &workingFolder, const RecentFiles &recentFiles,
-                   runtime::Clock clock);
+                   runtime::Clock clock, controls::LongWork &longWork);
 
     /// Loads a file and keeps a copy of it in the working folder. False when it has no document
     /// element, after a message; the tree then still shows the document before. An empty name
@@ -64,6 +65,7 @@ private:
     const system::WorkingFolder &workingFolder_;
     const RecentFiles &recentFiles_;
     runtime::Clock clock_;
+    controls::LongWork &longWork_;
     FileOnDisk fileOnDisk_;
 };
 

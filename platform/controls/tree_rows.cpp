@@ -4,6 +4,13 @@
 
 namespace quillon::controls {
 
+namespace {
+
+/// More changes than these at a stretch are left for the list to be made anew.
+constexpr int MaxFollowed = 16;
+
+} // namespace
+
 const std::vector<TreeRows::Slot> &TreeRows::rows() const {
     if (isValid_)
         return rows_;
@@ -18,7 +25,28 @@ const std::vector<TreeRows::Slot> &TreeRows::rows() const {
     return rows_;
 }
 
+bool TreeRows::follows() {
+    // Following takes a pass over the list, as making it does, only a shorter one.
+    if (isValid_ && ++followed_ > MaxFollowed)
+        invalidate();
+    return isValid_;
+}
+
+void TreeRows::inserted(Slot slot) {
+    if (!isShown(slot) || !follows())
+        return;
+    const Slot below = store_.nextOutside(slot, TreeStore::Root);
+    const auto at = below != 0 ? rows_.begin() + rowOf(below) : rows_.end();
+    rows_.insert(at, slot);
+}
+
+void TreeRows::removed() {
+    if (follows())
+        std::erase_if(rows_, [this](Slot slot) { return !store_.isLive(slot); });
+}
+
 TreeRows::Slot TreeRows::at(int row) const {
+    followed_ = 0;
     return row >= 0 && row < count() ? rows()[static_cast<size_t>(row)] : 0;
 }
 

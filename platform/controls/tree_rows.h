@@ -9,15 +9,19 @@ namespace quillon::controls {
 /// The items of a tree that a view shows, from top to bottom: those whose ancestors are all
 /// expanded. Rows are 0-based.
 ///
-/// The list is made anew at the first question after invalidate(). One pass over what is shown
-/// takes a few milliseconds for a million rows, and any number of changes in between cost nothing.
+/// Single items that come or go are put into the list and taken out of it. After invalidate(), or
+/// many of them, the list is made anew at the next question.
 class TreeRows {
 public:
     using Slot = TreeStore::Slot;
 
     explicit TreeRows(const TreeStore &store) : store_(store) {}
 
-    /// To be called whenever an item has come, gone, expanded or collapsed.
+    /// To be called when a collapsed item has come.
+    void inserted(Slot slot);
+    /// To be called when items have gone.
+    void removed();
+    /// To be called after any other change, of what is expanded above all.
     void invalidate() { isValid_ = false; }
 
     int count() const { return static_cast<int>(rows().size()); }
@@ -29,10 +33,14 @@ public:
 
 private:
     const std::vector<Slot> &rows() const;
+    /// Whether the list can follow one more change.
+    bool follows();
 
     const TreeStore &store_;
     mutable std::vector<Slot> rows_;
     mutable bool isValid_ = false;
+    /// Changes that the list has followed since it was last asked for a row.
+    mutable int followed_ = 0;
     mutable size_t latest_ = 0;
 };
 

@@ -31,7 +31,7 @@ TreeView::TreeView(QWidget *parent)
         this));
 
     // Ahead of the base's connections: nothing that runs on removal must see the removed rows.
-    connect(nodes_, &Nodes::rowsRemoved, this, [this] { rows_.invalidate(); });
+    connect(nodes_, &Nodes::rowsRemoved, this, [this] { rows_.removed(); });
     connect(nodes_, &Nodes::expansionChanged, this, &TreeView::onExpansionChanged);
     connect(nodes_, &Nodes::appearanceChanged, this, [this] { scheduleDelayedItemsLayout(); });
     connect(nodes_, &Nodes::revealRequested, this,
@@ -100,7 +100,8 @@ void TreeView::reset() {
 }
 
 void TreeView::rowsInserted(const QModelIndex &parent, int first, int last) {
-    rows_.invalidate();
+    for (int row = first; row <= last; ++row)
+        rows_.inserted(Nodes::slotAt(nodes_->index(row, 0, parent)));
     scheduleDelayedItemsLayout();
     QAbstractItemView::rowsInserted(parent, first, last);
 }

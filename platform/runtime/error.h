@@ -36,6 +36,8 @@ constexpr qint32 DiskFull = 61;
 constexpr qint32 PermissionDenied = 70;
 constexpr qint32 PathNotFound = 76;
 constexpr qint32 InvalidPattern = 93;
+/// The user has had long work stopped.
+constexpr qint32 Cancelled = 32755;
 /// Unspecified failure reported by the XML parser service.
 constexpr qint32 Fail = static_cast<qint32>(0x80004005);
 /// An argument that the XML parser service cannot take.

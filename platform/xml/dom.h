@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/runtime/progress.h"
 #include "platform/xml/ref.h"
 
 #include <QByteArray>
@@ -218,8 +219,9 @@ public:
 
     /// Replaces the content by that of a file. False when it cannot be read or parsed: the
     /// document is then empty and parseError() says why. Handles of the old content are dead.
-    /// Opens no other file and no address, whatever the content asks for.
-    bool load(const QString &path);
+    /// Opens no other file and no address, whatever the content asks for. When the progress
+    /// function has the load stopped, the reason is that of a Cancelled error.
+    bool load(const QString &path, const runtime::Progress &progress = {});
     /// The same from text: UTF-8, with an encoding declaration taken as a wish for save().
     bool loadXML(const QByteArray &utf8);
     bool loadXML(const QString &text) { return loadXML(text.toUtf8()); }

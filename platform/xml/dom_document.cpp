@@ -22,7 +22,8 @@ namespace {
 constexpr qint32 CannotLocate = static_cast<qint32>(0x800C0006);
 constexpr qint32 BadEncoding = static_cast<qint32>(0xC00CE56E);
 
-bool loadFrom(Arena &arena, Decoded decoded, bool fromFile) {
+bool loadFrom(Arena &arena, Decoded decoded, bool fromFile,
+              const runtime::Progress &progress = {}) {
     arena.clear();
     if (!decoded.error.isNull()) {
         arena.parseError.errorCode = BadEncoding;
@@ -40,7 +41,7 @@ bool loadFrom(Arena &arena, Decoded decoded, bool fromFile) {
     source->hasCarriageReturn = source->utf8.find('\r') != std::string::npos;
     source->originals = std::move(decoded.originals);
     arena.format = decoded.format;
-    const ParseError error = parse(arena, source);
+    const ParseError error = parse(arena, source, progress);
     if (error.errorCode == 0)
         return true;
     arena.clear();
@@ -80,7 +81,7 @@ DOMDocument40 DOMDocument40::create() {
     return DOMDocument40(Ref<ArenaBase>(new Arena));
 }
 
-bool DOMDocument40::load(const QString &path) {
+bool DOMDocument40::load(const QString &path, const runtime::Progress &progress) {
     Arena &arena = HandleAccess::arena(*this);
     std::string bytes;
     QString error;
@@ -91,7 +92,7 @@ bool DOMDocument40::load(const QString &path) {
         arena.parseError.url = path;
         return false;
     }
-    const bool ok = loadFrom(arena, decodeFile(std::move(bytes)), true);
+    const bool ok = loadFrom(arena, decodeFile(std::move(bytes)), true, progress);
     arena.parseError.url = ok ? QString() : path;
     return ok;
 }

@@ -1,6 +1,8 @@
 #include "platform/xml/parser.h"
 
+#include "platform/runtime/error.h"
 #include "platform/xml/values.h"
+#include "resources/runtime_errors.h"
 #include "resources/xml_texts.h"
 
 #include <algorithm>
@@ -16,6 +18,9 @@ namespace {
 
 /// Entities may refer to one another this deep. The parser follows such chains recursively.
 constexpr int MaxEntityDepth = 100;
+
+/// A few milliseconds' work.
+constexpr unsigned ElementsPerReport = 16'384;
 
 /// Numbers of errors that are ours and not the parser's.
 constexpr qint32 ErrorBase = static_cast<qint32>(0xC00CE500);
@@ -45,9 +50,9 @@ const Reason Reasons[] = {
 
 class Parser {
 public:
-    Parser(Arena &arena, const Ref<SourceText> &source)
-        : arena_(arena), source_(source), bytes_(source->utf8), current_(arena.documentNumber()),
-          preserve_(arena.properties.preserveWhiteSpace),
+    Parser(Arena &arena, const Ref<SourceText> &source, const runtime::Progress &progress)
+        : arena_(arena), source_(source), progress_(progress), bytes_(source->utf8),
+          current_(arena.documentNumber()), preserve_(arena.properties.preserveWhiteSpace),
           entities_(std::make_shared<EntityTable>()) {}
 
     ParseError run();
@@ -87,11 +92,13 @@ private:
     void addDefaultedAttributes(Number element, const XML_Char **attributes);
     void addEntityReference();
     bool entitiesNestTooDeep() const;
+    void reportProgress();
     void stop(const QString &reason);
     ParseError failure() const;
 
     Arena &arena_;
     const Ref<SourceText> &source_;
+    const runtime::Progress &progress_;
     const std::string &bytes_;
     XML_Parser parser_ = nullptr;
     Number current_;
@@ -102,6 +109,7 @@ private:
     std::string documentTypeName_;
     std::shared_ptr<EntityTable> entities_;
     QString stopReason_;
+    unsigned elements_ = 0;
 };
 
 Parser::Position Parser::flushText(Position position) {
@@ -177,6 +185,8 @@ void Parser::onStart(void *data, const XML_Char *name, const XML_Char **attribut
         p.arena_.writeRecord(n).flags |= record_flag::PreserveSpace;
     p.current_ = n;
     p.lastEnd_ = end;
+    if (++p.elements_ % ElementsPerReport == 0)
+        p.reportProgress();
 }
 
 void Parser::onEnd(void *data, const XML_Char *) {
@@ -302,6 +312,11 @@ bool Parser::entitiesNestTooDeep() const {
     return !open.empty();
 }
 
+void Parser::reportProgress() {
+    if (progress_ && !progress_(double(lastEnd_) / double(bytes_.size())))
+        stop(resources::runtimeErrorText(runtime::error_number::Cancelled));
+}
+
 void Parser::stop(const QString &reason) {
     stopReason_ = reason;
     XML_StopParser(parser_, XML_FALSE);
@@ -371,8 +386,8 @@ ParseError Parser::run() {
 
 } // namespace
 
-ParseError parse(Arena &arena, const Ref<SourceText> &source) {
-    return Parser(arena, source).run();
+ParseError parse(Arena &arena, const Ref<SourceText> &source, const runtime::Progress &progress) {
+    return Parser(arena, source, progress).run();
 }
 
 } // namespace quillon::xml

@@ -1,12 +1,14 @@
 #include "platform/xml/xpath.h"
 
 #include "platform/runtime/error.h"
+#include "platform/xml/child_process.h"
 #include "platform/xml/libxml_tree.h"
 #include "platform/xml/xpath_error.h"
 #include "resources/xml_texts.h"
 #include "resources/xpath_texts.h"
 
 #include <algorithm>
+#include <cstring>
 #include <iterator>
 #include <libxml/xpath.h>
 #include <libxml/xpathInternals.h>
@@ -219,7 +221,8 @@ LibxmlTree &treeOf(Arena &arena) {
 
 } // namespace
 
-std::vector<Node> selectNodes(const Node &context, const QString &expression) {
+std::vector<Node> selectNodes(const Node &context, const QString &expression,
+                              const runtime::Progress &progress) {
     using namespace runtime;
     if (context.isNull())
         throw Error(error_number::InvalidArgument, resources::xml_text::NoNode);
@@ -228,11 +231,26 @@ std::vector<Node> selectNodes(const Node &context, const QString &expression) {
     if (!start)
         throw Error(error_number::InvalidArgument, resources::xpath_text::BadContext.toString());
     const XPathExpression parsed(expression.toStdString());
-    const Hits hits = Query(tree, start, parsed).run();
+    // The limit on operations does not see what comparing sets of nodes costs; a child can be
+    // stopped at any time.
+    const QByteArray found = runInChild(
+        [&] {
+            const Hits hits = Query(tree, start, parsed).run();
+            std::vector<LibxmlTree::Ordinal> ordinals;
+            ordinals.reserve(hits.size());
+            for (const Hit &hit : hits)
+                ordinals.push_back(hit.ordinal);
+            return QByteArray(reinterpret_cast<const char *>(ordinals.data()),
+                              qsizetype(ordinals.size() * sizeof(LibxmlTree::Ordinal)));
+        },
+        {}, progress);
+    std::vector<LibxmlTree::Ordinal> ordinals(std::size_t(found.size()) /
+                                              sizeof(LibxmlTree::Ordinal));
+    std::memcpy(ordinals.data(), found.constData(), std::size_t(found.size()));
     std::vector<Node> nodes;
-    nodes.reserve(hits.size());
-    for (const Hit &hit : hits)
-        nodes.push_back(HandleAccess::node(context, tree.numberAt(hit.ordinal)));
+    nodes.reserve(ordinals.size());
+    for (const LibxmlTree::Ordinal ordinal : ordinals)
+        nodes.push_back(HandleAccess::node(context, tree.numberAt(ordinal)));
     return nodes;
 }
 

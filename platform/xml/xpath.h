@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/runtime/progress.h"
 #include "platform/xml/dom.h"
 
 #include <vector>
@@ -15,13 +16,15 @@ namespace quillon::xml {
 /// prefixes declared in scope of the context node can be used; those of the root element if that
 /// node is the document. A name without a prefix means no namespace.
 ///
-/// The first query copies the document, which later ones use until the document is changed.
+/// The first query copies the document, which later ones use until the document is changed. The
+/// expression is evaluated in a child process, whose progress is unknown.
 ///
 /// Raises InvalidArgument for a context that XPath cannot see or that does not stand in the
 /// document. Raises Fail, with what is wrong between "-->" and "<--", for an expression that is no
 /// XPath, uses an undeclared prefix or an unknown function, does not select nodes, or takes too
-/// many steps.
-std::vector<Node> selectNodes(const Node &context, const QString &expression);
+/// many steps or too much time; Cancelled when the progress function says so.
+std::vector<Node> selectNodes(const Node &context, const QString &expression,
+                              const runtime::Progress &progress = {});
 
 /// Frees the copy of the document that queries have left. The next change does so, too.
 void dropXPathCache(const DOMDocument40 &document);

@@ -1,8 +1,8 @@
 #include "platform/xml/xslt.h"
 
 #include "platform/runtime/error.h"
+#include "platform/xml/child_process.h"
 #include "platform/xml/xslt_engine.h"
-#include "platform/xml/xslt_process.h"
 #include "resources/xml_texts.h"
 
 namespace quillon::xml {
@@ -13,7 +13,8 @@ QString transformNode(const Node &source, const DOMDocument40 &stylesheet,
         throw runtime::Error(runtime::error_number::Fail,
                              resources::xml_text::WrongKind.arg(TypeName(source)));
     const auto transform = [&] { return runStylesheet(source, stylesheet, options); };
-    return QString::fromUtf8(runInChild(transform, {options.timeLimit, options.memoryLimit}));
+    return QString::fromUtf8(
+        runInChild(transform, {options.timeLimit, options.memoryLimit}, options.progress));
 }
 
 } // namespace quillon::xml

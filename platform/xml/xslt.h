@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/runtime/progress.h"
 #include "platform/xml/dom.h"
 
 #include <QStringList>
@@ -19,6 +20,8 @@ struct TransformOptions {
     qint64 outputLimit = qint64(256) << 20;
     /// The most memory that source, stylesheet and result may take together, in bytes.
     qint64 memoryLimit = qint64(4) << 30;
+    /// Told while the transformation runs; its extent is unknown.
+    runtime::Progress progress = {};
 };
 
 /// The namespace of the functions by which a stylesheet asks about nodes of the editor's DOM.
@@ -50,7 +53,8 @@ inline constexpr char DomFunctionsNamespace[] = "urn:quillon-xml-editor:dom";
 /// Works in a child process: what a stylesheet does to the processor cannot harm the caller, which
 /// waits. Raises Fail, with the processor's message and the line of the stylesheet in it, when the
 /// stylesheet is not correct, cannot be carried out, ends itself by xsl:message, exceeds a limit or
-/// nests too deeply, and for a source that is neither a document nor an element.
+/// nests too deeply, and for a source that is neither a document nor an element. Raises Cancelled
+/// when the progress function says so.
 QString transformNode(const Node &source, const DOMDocument40 &stylesheet,
                       const TransformOptions &options = {});
 

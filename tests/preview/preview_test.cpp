@@ -17,10 +17,12 @@ class PreviewTest : public EditorWindow {
 protected:
     preview::Preview &preview() { return editor().preview; }
     controls::Browser &ie() { return *form->findChild<controls::Browser *>("ie"); }
-    /// Waits until the page asked for last is shown.
+    /// Waits until the page asked for last is shown, in its place in the window.
     void waitForPage() {
         QSignalSpy shown(&ie(), &controls::Browser::NavigateComplete);
         ASSERT_TRUE(shown.count() > 0 || shown.wait(Patience));
+        ASSERT_TRUE(QTest::qWaitFor(
+            [this] { return script("innerWidth").toInt() == ie().view()->width(); }, Patience));
     }
     QVariant script(const QString &code) {
         QVariant result;

@@ -31,7 +31,8 @@ protected:
         EXPECT_EQ(status, QString(shown.text).replace('\n', ' '));
     }
 
-    Validation validation{state(), editor().workingFolder};
+    controls::LongWork longWork{*form};
+    Validation validation{state(), editor().workingFolder, longWork};
     QString status;
 };
 

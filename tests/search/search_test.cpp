@@ -38,7 +38,9 @@ protected:
 
     QStringList texts;
     search::CaptionSearch captionSearch{tvw(), editor().selection};
-    search::PathQuery pathQuery{tvw(), cboPath(), editor().selection, editor().builder.registry()};
+    controls::LongWork longWork{*form};
+    search::PathQuery pathQuery{tvw(), cboPath(), editor().selection, editor().builder.registry(),
+                                longWork};
 };
 
 constexpr auto Items = "<items><item n='1'/><b><item>text</item></b><c>item</c></items>";

@@ -1,3 +1,4 @@
+#include "resources/child_process_texts.h"
 #include "resources/xslt_texts.h"
 #include "tests/platform/xml/xslt_test_support.h"
 
@@ -10,6 +11,7 @@ namespace quillon::xml::test {
 namespace {
 
 namespace text = resources::xslt_text;
+namespace child_text = resources::child_process_text;
 using testing::HasSubstr;
 
 std::string sentence(QStringView text) {
@@ -197,7 +199,7 @@ TEST(Xslt, EndlessRecursionIsStopped) {
     for (const std::string &body : {call, nested}) {
         const std::string reason = failure(
             "<d/>", stylesheet("<xsl:template match='/' name='t'>" + body + "</xsl:template>"));
-        EXPECT_THAT(reason, testing::AnyOf(sentence(text::TooDeep), sentence(text::ProcessorDied)));
+        EXPECT_THAT(reason, testing::AnyOf(sentence(text::TooDeep), sentence(child_text::Died)));
     }
     EXPECT_EQ(
         failure("<d/>", stylesheet("<xsl:template match='/' name='t'>" + call + "</xsl:template>")),
@@ -223,16 +225,39 @@ TEST(Xslt, LimitsOnOutputMemoryAndTime) {
     EXPECT_EQ(transformed(source, loops(2, "x"), options).size(), 40000u);
 
     options.memoryLimit = 32 << 20;
-    EXPECT_EQ(failure(source, loops(6, "<y/>"), options), sentence(text::MemoryLimit));
+    EXPECT_EQ(failure(source, loops(6, "<y/>"), options), sentence(child_text::MemoryLimit));
 
     options.timeLimit = std::chrono::milliseconds(200);
-    EXPECT_EQ(failure(source, loops(6, ""), options), sentence(text::TimeLimit));
+    EXPECT_EQ(failure(source, loops(6, ""), options), sentence(child_text::TimeLimit));
     // One XPath expression without a single instruction in it.
     EXPECT_EQ(failure(source,
                       textOf("count(//e[count(//e[count(//e[count(//e) &gt; 1]) &gt; 1]) "
                              "&gt; 1])"),
                       options),
-              sentence(text::TimeLimit));
+              sentence(child_text::TimeLimit));
+}
+
+TEST(Xslt, ATransformationCanBeCancelled) {
+    int told = 0;
+    TransformOptions options;
+    options.progress = [&](double done) {
+        EXPECT_EQ(done, runtime::UnknownProgress);
+        return ++told < 3;
+    };
+    const std::string endless =
+        stylesheet("<xsl:template match='/'><xsl:value-of select=\""
+                   "count(//e[count(//e[count(//e[count(//e) &gt; 1]) &gt; 1]) &gt; 1])"
+                   "\"/></xsl:template>");
+    std::string source = "<d>";
+    for (int i = 0; i < 200; ++i)
+        source += "<e/>";
+    try {
+        transformed(source + "</d>", endless, options);
+        FAIL() << "not cancelled";
+    } catch (const runtime::Error &error) {
+        EXPECT_EQ(error.number(), runtime::error_number::Cancelled);
+    }
+    EXPECT_EQ(told, 3);
 }
 
 TEST(Xslt, EntitiesThatGrowOutOfProportionAreNotExpanded) {

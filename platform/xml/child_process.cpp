@@ -1,10 +1,11 @@
-#include "platform/xml/xslt_process.h"
+#include "platform/xml/child_process.h"
 
 #include "platform/runtime/error.h"
-#include "resources/xslt_texts.h"
+#include "resources/child_process_texts.h"
 
 #include <QDeadlineTimer>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -22,7 +23,7 @@
 
 namespace quillon::xml {
 
-namespace text = resources::xslt_text;
+namespace text = resources::child_process_text;
 using runtime::error_number::Fail;
 
 namespace {
@@ -30,6 +31,9 @@ namespace {
 /// The end of the pipe into which the child writes its report: the number of an error, 0 for none,
 /// then its description or the result in UTF-8.
 int reportPipe = -1;
+
+/// How often, at least, somebody is told that the child is still at work.
+constexpr qint64 ProgressMs = 50;
 
 void writeAll(const char *bytes, qsizetype size) {
     while (size > 0) {
@@ -122,20 +126,27 @@ char *duplicate(const char *string) {
     }
 }
 
-/// Everything the child writes until it closes the pipe. False when that takes too long.
-bool readReport(int pipe, std::chrono::milliseconds time, QByteArray &content) {
+enum class Outcome { Finished, TimedOut, Cancelled };
+
+/// Everything the child writes until it closes the pipe.
+Outcome readReport(int pipe, std::chrono::milliseconds time, const runtime::Progress &progress,
+                   QByteArray &content) {
     const QDeadlineTimer deadline(time);
     std::array<char, 65536> block;
     while (true) {
+        if (progress && !progress(runtime::UnknownProgress))
+            return Outcome::Cancelled;
+        if (deadline.hasExpired())
+            return Outcome::TimedOut;
         pollfd wait{pipe, POLLIN, 0};
-        const int ready = ::poll(&wait, 1, int(deadline.remainingTime()));
+        const int ready = ::poll(&wait, 1, int(std::min(deadline.remainingTime(), ProgressMs)));
         if (ready == 0)
-            return false;
+            continue;
         const ssize_t count = ready < 0 ? -1 : ::read(pipe, block.data(), block.size());
         if (count < 0 && errno == EINTR)
             continue;
         if (count <= 0)
-            return true;
+            return Outcome::Finished;
         content.append(block.data(), count);
     }
 }
@@ -149,7 +160,8 @@ int waitFor(pid_t child) {
 
 } // namespace
 
-QByteArray runInChild(const std::function<QByteArray()> &work, const ChildLimits &limits) {
+QByteArray runInChild(const std::function<QByteArray()> &work, const ChildLimits &limits,
+                      const runtime::Progress &progress) {
     std::array<int, 2> ends;
     if (::pipe2(ends.data(), O_CLOEXEC) != 0)
         runtime::raise(runtime::error_number::OutOfMemory);
@@ -160,20 +172,24 @@ QByteArray runInChild(const std::function<QByteArray()> &work, const ChildLimits
         runAsChild(work, limits);
     }
     ::close(ends[1]);
-    QByteArray content;
-    const bool inTime = child > 0 && readReport(ends[0], limits.time, content);
-    ::close(ends[0]);
-    if (child < 0)
+    if (child < 0) {
+        ::close(ends[0]);
         runtime::raise(runtime::error_number::OutOfMemory);
-    if (!inTime)
+    }
+    QByteArray content;
+    const Outcome outcome = readReport(ends[0], limits.time, progress, content);
+    ::close(ends[0]);
+    if (outcome != Outcome::Finished)
         ::kill(child, SIGKILL);
     const int status = waitFor(child);
-    if (!inTime)
+    if (outcome == Outcome::Cancelled)
+        runtime::raise(runtime::error_number::Cancelled);
+    if (outcome == Outcome::TimedOut)
         throw runtime::Error(Fail, text::TimeLimit.toString());
     qint32 number = 0;
     if (!WIFEXITED(status) || WEXITSTATUS(status) != EXIT_SUCCESS ||
         content.size() < qsizetype(sizeof number))
-        throw runtime::Error(Fail, text::ProcessorDied.toString());
+        throw runtime::Error(Fail, text::Died.toString());
     std::memcpy(&number, content.constData(), sizeof number);
     content.remove(0, sizeof number);
     if (number != 0)

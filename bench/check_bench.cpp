@@ -1,0 +1,133 @@
+#include "bench/check_bench.h"
+
+#include "app/frm_main.h"
+#include "bench/report.h"
+#include "platform/controls/dialogs.h"
+
+#include <QEventLoop>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <libxml/parser.h>
+#include <libxml/xmlschemas.h>
+
+namespace quillon::bench {
+
+namespace {
+
+constexpr char Xsd[] = R"(<xs:schema xmlns:xs="http://www.w3.org/2001/XMLSchema">
+<xs:element name="orders"><xs:complexType><xs:sequence>
+ <xs:element name="order" maxOccurs="unbounded"><xs:complexType><xs:sequence>
+  <xs:element name="customer" type="xs:string"/>
+  <xs:element name="item" maxOccurs="unbounded"><xs:complexType><xs:sequence>
+   <xs:element name="code" type="xs:string"/><xs:element name="qty" type="xs:int"/>
+  </xs:sequence><xs:attribute name="n" type="xs:int"/></xs:complexType></xs:element>
+ </xs:sequence><xs:attribute name="id" type="xs:int" use="required"/>
+ <xs:attribute name="date" type="xs:date"/></xs:complexType></xs:element>
+</xs:sequence></xs:complexType></xs:element></xs:schema>)";
+
+constexpr char Xdr[] = R"(<Schema xmlns="urn:schemas-microsoft-com:xml-data"
+ xmlns:dt="urn:schemas-microsoft-com:datatypes">
+<ElementType name="customer" dt:type="string"/><ElementType name="code" dt:type="string"/>
+<ElementType name="qty" dt:type="i4"/>
+<ElementType name="item" content="eltOnly" order="seq"><AttributeType name="n" dt:type="i4"/>
+ <attribute type="n"/><element type="code"/><element type="qty"/></ElementType>
+<ElementType name="order" content="eltOnly" order="seq">
+ <AttributeType name="id" dt:type="i4" required="yes"/><AttributeType name="date" dt:type="date"/>
+ <attribute type="id"/><attribute type="date"/>
+ <element type="customer"/><element type="item" maxOccurs="*"/></ElementType>
+<ElementType name="orders" content="eltOnly"><element type="order" maxOccurs="*"/></ElementType>
+</Schema>)";
+
+constexpr char Dtd[] = R"(<!ELEMENT orders (order*)><!ELEMENT order (customer, item+)>
+<!ATTLIST order id CDATA #REQUIRED date CDATA #IMPLIED><!ELEMENT customer (#PCDATA)>
+<!ELEMENT item (code, qty)><!ATTLIST item n CDATA #IMPLIED>
+<!ELEMENT code (#PCDATA)><!ELEMENT qty (#PCDATA)>)";
+
+/// From this size on validations have a limit.
+constexpr qint64 LimitedBytes = 5'000'000;
+/// Larger documents are not previewed unasked.
+constexpr qint64 PreviewBytes = 200'000;
+
+/// A user who chooses one file after the other, and whose documents are valid.
+class ChoosingUser final : public controls::DesktopDialogs {
+public:
+    ChoosingUser() : before_(controls::setDialogs(this)) {}
+    ~ChoosingUser() override { controls::setDialogs(before_); }
+
+    QString choice;
+
+    controls::FileDialogResult showOpen(const controls::FileDialogRequest &request) override {
+        return {choice, request.flags};
+    }
+    int showMessage(const QString &text, int, const QString &) override {
+        std::fprintf(stderr, "unexpected message: %s\n", qPrintable(text));
+        return 0;
+    }
+
+private:
+    controls::Dialogs *before_;
+};
+
+/// Reading, parsing and validating a file with libxml2 and nothing else.
+void validateWithLibxml(const QByteArray &document, const QByteArray &schema) {
+    xmlSchemaParserCtxt *const parser = xmlSchemaNewParserCtxt(schema.constData());
+    xmlSchema *const compiled = xmlSchemaParse(parser);
+    xmlDoc *const doc = xmlReadFile(document.constData(), nullptr, XML_PARSE_HUGE);
+    xmlSchemaValidCtxt *const validator = xmlSchemaNewValidCtxt(compiled);
+    if (xmlSchemaValidateDoc(validator, doc) != 0)
+        std::fprintf(stderr, "%s is not valid\n", document.constData());
+    xmlSchemaFreeValidCtxt(validator);
+    xmlFreeDoc(doc);
+    xmlSchemaFree(compiled);
+    xmlSchemaFreeParserCtxt(parser);
+}
+
+void measureValidation(app::frmMain &form, const QString &path) {
+    const QTemporaryDir folder;
+    ChoosingUser user;
+    const auto ours = [&](const char *name, const char *schema) {
+        user.choice = folder.filePath(QLatin1String(name));
+        QFile file(user.choice);
+        if (!file.open(QIODevice::WriteOnly) || file.write(schema) < 0)
+            std::fprintf(stderr, "cannot write %s\n", qPrintable(user.choice));
+        file.close();
+        return bestOf(3, [&] { form.editor().validation.mnuToolVerifyNew_Click(); });
+    };
+    const double byXsd = ours("orders.xsd", Xsd);
+    const double alone =
+        bestOf(3, [&] { validateWithLibxml(path.toUtf8(), user.choice.toUtf8()); });
+    const double byXdr = ours("orders.xml", Xdr);
+    // Small documents take no time, whatever validates them.
+    const double limit = QFileInfo(path).size() > LimitedBytes ? 3 : 0;
+    row("validate by XSD with libxml2 alone", alone, "ms", 0);
+    row("validate by XSD", byXsd, "ms", 0);
+    row("  / libxml2 alone", byXsd / alone, "x", limit);
+    row("validate by XDR", byXdr, "ms", 0);
+    row("  / XSD with libxml2 alone", byXdr / alone, "x", limit);
+    row("validate by DTD", ours("orders.dtd", Dtd), "ms", 0);
+}
+
+void measurePreview(app::frmMain &form) {
+    auto &ie = *form.findChild<controls::Browser *>(QStringLiteral("ie"));
+    const auto show = [&] {
+        QEventLoop untilShown;
+        QObject::connect(&ie, &controls::Browser::NavigateComplete, &untilShown, &QEventLoop::quit);
+        form.editor().preview.mnuToolPreview_Click();
+        untilShown.exec();
+    };
+    // The browser starts with the first page.
+    show();
+    row("transform and show", bestOf(10, show), "ms", 150);
+}
+
+} // namespace
+
+void measureChecking(app::frmMain &form, const QString &path) {
+    if (QFileInfo(path).size() <= PreviewBytes)
+        measurePreview(form);
+    measureValidation(form, path);
+}
+
+} // namespace quillon::bench
