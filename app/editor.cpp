@@ -29,8 +29,7 @@ Editor::Editor(Surroundings given, controls::TreeView &tvw, controls::TextBox &t
               [this] {
                   return preview::PreviewFont{settings.fontName, settings.fontSize};
               }),
-      validation(state, workingFolder, longWork),
-      tools(state, builder, *surroundings.shell, surroundings.applicationFolder),
+      validation(state, workingFolder, longWork), tools(state, builder, *surroundings.shell),
       view(state, options, builder, selection, tvw), treePrinting(tvw, longWork),
       loader(state, builder, selection, history, tvw, workingFolder, recentFiles,
              surroundings.clock, longWork),

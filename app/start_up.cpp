@@ -34,7 +34,7 @@ constexpr int CompanionMs = 1000;
 
 /// The companion is there, once it has been started, before the first window registers with it.
 void startCompanion() {
-    const QString folder = QCoreApplication::applicationDirPath();
+    const QString folder = runtime::programFolder();
     QDBusConnection bus = system::sessionBus();
     if (!bus.isConnected() || !QFileInfo(folder + QStringLiteral("/QuillonDDE")).isExecutable())
         return;

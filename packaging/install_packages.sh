@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Installs those packages of packages.txt that are not there. Quick and silent when all are.
+# install_packages.sh [PACKAGE...]: installs those packages of packages.txt, and of those given, that
+# are not there. Quick and silent when all are.
 set -euo pipefail
 
 fail() {
@@ -9,6 +10,7 @@ fail() {
 
 mapfile -t wanted < <(sed -e 's/#.*//' -e 's/[[:space:]]//g' -e '/^$/d' \
     "$(dirname "${BASH_SOURCE[0]}")/packages.txt")
+wanted+=("$@")
 
 command -v dpkg-query >/dev/null ||
     fail "Not a Debian system. Install what corresponds to these packages: ${wanted[*]}"

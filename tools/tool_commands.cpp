@@ -3,6 +3,7 @@
 #include "platform/controls/dialogs.h"
 #include "platform/controls/message_box.h"
 #include "platform/runtime/error.h"
+#include "platform/runtime/paths.h"
 #include "platform/system/http_post.h"
 #include "resources/messages.h"
 #include "resources/texts.h"
@@ -21,9 +22,8 @@ const QString DesktopViewer = QStringLiteral("xdg-open");
 } // namespace
 
 ToolCommands::ToolCommands(const document::DocumentState &state, tree::TreeBuilder &builder,
-                           system::Shell &shell, QString applicationFolder)
-    : state_(state), builder_(builder), shell_(shell),
-      applicationFolder_(std::move(applicationFolder)) {}
+                           system::Shell &shell)
+    : state_(state), builder_(builder), shell_(shell) {}
 
 void ToolCommands::mnuToolRemoveText_Click() {
     if (state_.m_ReadOnly || state_.m_DOM.isNull())
@@ -55,7 +55,7 @@ void ToolCommands::mnuToolSend_Click() {
 }
 
 void ToolCommands::mnuHelpReadme_Click() {
-    shell_.start(DesktopViewer, {applicationFolder_ + QStringLiteral("/readme.txt")});
+    shell_.start(DesktopViewer, {runtime::programFolder() + QStringLiteral("/readme.txt")});
 }
 
 void ToolCommands::mnuHelpAbout_Click() {

@@ -14,7 +14,7 @@ class ToolCommands : public QObject {
 
 public:
     ToolCommands(const document::DocumentState &state, tree::TreeBuilder &builder,
-                 system::Shell &shell, QString applicationFolder);
+                 system::Shell &shell);
 
     /// Removes all text and empties all attribute values, after a question.
     void mnuToolRemoveText_Click();
@@ -36,7 +36,6 @@ private:
     const document::DocumentState &state_;
     tree::TreeBuilder &builder_;
     system::Shell &shell_;
-    QString applicationFolder_;
 };
 
 } // namespace quillon::tools

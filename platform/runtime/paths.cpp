@@ -8,8 +8,12 @@
 
 namespace quillon::runtime {
 
+QString programFolder() {
+    return QCoreApplication::applicationDirPath();
+}
+
 QString applicationFolder() {
-    return applicationFolder(QCoreApplication::applicationDirPath(),
+    return applicationFolder(programFolder(),
                              QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
 }
 

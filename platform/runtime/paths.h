@@ -12,9 +12,12 @@ struct Clock {
     std::function<QDateTime()> now = [] { return QDateTime::currentDateTime(); };
 };
 
-/// The folder the program keeps its files in: the executable's folder where the user may write
-/// there, else the user's data folder, which is created. Needs a QCoreApplication. No "/" at the
-/// end.
+/// The folder of the executable, links to it followed; what is installed with the program stands
+/// there, too. Needs a QCoreApplication. No "/" at the end.
+QString programFolder();
+
+/// The folder the program keeps its files in: its own folder where the user may write there, else
+/// the user's data folder, which is created. Needs a QCoreApplication. No "/" at the end.
 QString applicationFolder();
 /// The same rule for any two folders.
 QString applicationFolder(const QString &executableFolder, const QString &dataFolder);

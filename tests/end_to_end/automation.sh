@@ -1,24 +1,23 @@
 #!/usr/bin/env bash
-# automation.sh EDITOR SERVICE_FILE: on a session bus of its own, has the bus start the real
-# program for a client, opens files through it, and sees it end with its last window.
+# automation.sh BUILD_FOLDER: installs the program, has a session bus of its own start it for a
+# client, opens files through it, and sees it end with its last window.
 set -euo pipefail
 
 if [ -z "${AUTOMATION_FOLDER:-}" ]; then
     folder="$(mktemp -d)"
     trap 'rm -rf "$folder"' EXIT
     mkdir -m 700 "$folder/run"
-    mkdir -p "$folder/data/dbus-1/services"
-    # The packaged service file, for the program under test. It keeps its files beside itself.
-    cp "$1" "$folder/quillon"
-    sed "s|/opt/quillon/|$folder/|" "$2" >"$folder/data/dbus-1/services/$(basename "$2")"
+    cmake --install "$1" --prefix "$folder" >"$folder/install.log"
     export AUTOMATION_FOLDER="$folder" HOME="$folder" XDG_CONFIG_HOME="$folder/config"
-    export XDG_RUNTIME_DIR="$folder/run" XDG_DATA_HOME="$folder/data"
+    export XDG_RUNTIME_DIR="$folder/run" XDG_DATA_HOME="$folder/share"
     export LC_ALL=C.UTF-8 QT_QPA_PLATFORM=xcb
     xvfb-run -a -s "-screen 0 1280x800x24" dbus-run-session -- "$0" "$@"
     exit
 fi
 
 folder="$AUTOMATION_FOLDER"
+# It can be written here, so the program keeps its files there.
+program_folder="$folder/lib/quillon"
 bus_name=org.quillon.XmlEditor
 factory=/org/quillon/XmlEditor
 title="Quillon XML Editor"
@@ -52,6 +51,7 @@ first="$(create)"
 is "the path of the first window" "$first" "$factory/Window/1"
 nothing_shown || fail "the program the bus starts shows nothing of its own"
 is "what OpenFile returns" "$(on_window "$first" OpenFile "$folder/good.xml")" "(<''>,)"
+test -d "$program_folder/Temp" || fail "the working folder is beside the program"
 is "hidden" "$(get "$first" Visible)" "(<false>,)"
 is "read-only" "$(get "$first" ReadOnly)" "(<false>,)"
 show "$first" true
@@ -78,10 +78,10 @@ owned || fail "the program runs on with it"
 # The window belongs to the user now. It may go before the key is let go of.
 xdotool windowfocus "$handle" key --window "$handle" alt+f x || true
 until_true "the program ends with its last window" not_owned
-until_true "the working folder is cleared away" test ! -e "$folder/Temp"
+until_true "the working folder is cleared away" test ! -e "$program_folder/Temp"
 
 # Started by the user, the program serves as well, and ends only with the client's window.
-"$folder/quillon" "$folder/good.xml" &
+"$folder/bin/quillon" "$folder/good.xml" &
 editor=$!
 until_true "the user's window" titled "good.xml - $title"
 until_true "the name is taken" owned

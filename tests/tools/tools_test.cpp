@@ -1,4 +1,5 @@
 #include "platform/runtime/error.h"
+#include "platform/runtime/paths.h"
 #include "tests/support/editor_window.h"
 
 #include <QTcpServer>
@@ -52,8 +53,9 @@ TEST_F(ToolsTest, OtherProgramsAreStartedWithTheFile) {
     open("<r/>", "my file.xml");
     editor().tools.mnuToolOpen_Click("/usr/bin/an editor");
     editor().tools.mnuHelpReadme_Click();
-    EXPECT_EQ(shell->started, QStringList({"/usr/bin/an editor|" + path("my file.xml"),
-                                           "xdg-open|" + path("readme.txt")}));
+    EXPECT_EQ(shell->started,
+              QStringList({"/usr/bin/an editor|" + path("my file.xml"),
+                           "xdg-open|" + runtime::programFolder() + "/readme.txt"}));
     dialogs.answerMessage(1);
     editor().tools.mnuToolOpen_Click("/missing/program");
     EXPECT_EQ(dialogs.messages.back().text, "ファイルが見つかりません。");
