@@ -29,7 +29,8 @@ Editor::Editor(Surroundings given, controls::TreeView &tvw, controls::TextBox &t
               [this] {
                   return preview::PreviewFont{settings.fontName, settings.fontSize};
               }),
-      validation(state, workingFolder, longWork), tools(state, builder, *surroundings.shell),
+      validation(state, workingFolder, longWork),
+      tools(state, builder, *surroundings.shell, longWork),
       view(state, options, builder, selection, tvw), treePrinting(tvw, longWork),
       loader(state, builder, selection, history, tvw, workingFolder, recentFiles,
              surroundings.clock, longWork),
@@ -113,6 +114,10 @@ void Editor::wirePreview() {
     connect(&tools, &tools::ToolCommands::previewRequested, &preview, request);
     connect(&commands, &document::DocumentCommands::previewRequested, &preview, request);
     connect(&commands, &document::DocumentCommands::cleared, &preview, &preview::Preview::clear);
+    const auto forgetErrors = &preview::Validation::clear;
+    connect(&commands, &document::DocumentCommands::cleared, &validation, forgetErrors);
+    connect(&loader, &document::DocumentLoader::documentOpened, &validation, forgetErrors);
+    connect(&loader, &document::DocumentLoader::statusUpdateRequested, &validation, forgetErrors);
 }
 
 void Editor::wirePane(controls::TextBox &txtEdit) {

@@ -41,6 +41,8 @@ frmMain::frmMain(bool startedAlone, Surroundings surroundings)
     menus_ = std::make_unique<controls::ActionMenus>(actions_, *menuBar());
     editor_ =
         std::make_unique<Editor>(std::move(surroundings), *tvw, *txtEdit, *cboPath, *ie, longWork_);
+    // What is being typed into a caption belongs to the document that the command is about.
+    actions_.beforeCommand = [this] { tvw->EndLabelEdit(); };
     treeKeys_ = std::make_unique<TreeKeys>(*tvw, *editor_, actions_);
     keepHandle();
     layOut();
@@ -150,6 +152,7 @@ QString frmMain::handle() const {
 
 void frmMain::closeEvent(QCloseEvent *event) {
     bool unload = false;
+    guarded([this] { tvw->EndLabelEdit(); });
     guarded([&] { unload = editor_->commands.ConfirmSave(); });
     event->setAccepted(unload);
     if (unload)

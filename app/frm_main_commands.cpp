@@ -156,6 +156,8 @@ void frmMain::showValidationErrors() {
     validationButton_->setText(
         resources::texts::ValidationListButton.toString().arg(errors.size()));
     validationButton_->setVisible(!errors.empty());
+    if (errors.empty())
+        validationList_->hide();
 }
 
 void frmMain::connectNodeCommands() {

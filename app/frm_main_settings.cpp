@@ -17,6 +17,8 @@ namespace {
 
 /// So much of a window's upper edge must be on a screen for it to be found and moved.
 constexpr QSize Grip(80, 20);
+/// Smaller than this, a window shows nothing of use.
+constexpr QSize LeastSize(320, 240);
 
 bool isOnAScreen(const QRect &window) {
     const QList<QScreen *> screens = QGuiApplication::screens();
@@ -78,8 +80,12 @@ void frmMain::place(const document::Placement &placed) {
     const auto pixels = [](int twips) { return twips / TwipsPerPixel; };
     const QRect window(pixels(placed.left), pixels(placed.top), pixels(placed.width),
                        pixels(placed.height));
-    resize(window.size());
-    if (isOnAScreen(window))
+    const bool isSeen = isOnAScreen(window);
+    const QScreen *screen =
+        isSeen ? QGuiApplication::screenAt(window.center()) : QGuiApplication::primaryScreen();
+    const QSize most = screen ? screen->availableGeometry().size() : window.size();
+    resize(window.size().boundedTo(most).expandedTo(LeastSize));
+    if (isSeen)
         move(window.topLeft());
     firstSplitLeft_ = pixels(placed.splitLeft);
     firstSplitTop_ = pixels(placed.splitTop);
@@ -91,7 +97,7 @@ void frmMain::showEvent(QShowEvent *event) {
         return;
     // Only now the splitters have a size to divide.
     const auto split = [](QSplitter &splitter, int first, int whole) {
-        splitter.setSizes({first, std::max(1, whole - first)});
+        splitter.setSizes({first, std::max(1, whole - first - splitter.handleWidth())});
     };
     split(*vsp, firstSplitLeft_, centralWidget()->width());
     split(*hsp, firstSplitTop_, centralWidget()->height());

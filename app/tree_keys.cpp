@@ -27,7 +27,8 @@ TreeKeys::TreeKeys(controls::TreeView &tvw, Editor &editor, controls::ActionSet 
 }
 
 bool TreeKeys::eventFilter(QObject *watched, QEvent *event) {
-    if (watched == &tvw_ && event->type() == QEvent::KeyPress &&
+    // What the editor of a caption does not take comes here, too.
+    if (watched == &tvw_ && event->type() == QEvent::KeyPress && !tvw_.isEditingLabel() &&
         tvw_KeyDown(*static_cast<QKeyEvent *>(event)))
         return true;
     return QObject::eventFilter(watched, event);
@@ -39,6 +40,11 @@ bool TreeKeys::tvw_KeyDown(const QKeyEvent &event) {
         return true;
     }
     const QKeySequence key = keyOf(event);
+    // What a keyboard without a menu key has for it.
+    if (key == QKeySequence(Qt::SHIFT | Qt::Key_F10)) {
+        Q_EMIT tvw_.customContextMenuRequested(tvw_.visualRect(tvw_.currentIndex()).center());
+        return true;
+    }
     if (key == QKeySequence(Qt::SHIFT | Qt::Key_F3)) {
         search::CaptionSearch &search = editor_.captionSearch;
         controls::guarded([&] {

@@ -1,5 +1,7 @@
 #include "app/window.h"
 
+#include <QFileInfo>
+
 namespace quillon::app {
 
 Window::Window(bool startedAlone, Surroundings surroundings) {
@@ -12,8 +14,10 @@ Window::Window(bool startedAlone, Surroundings surroundings) {
 
 QVariant Window::OpenFile(const QString &path) {
     if (frmMain *const form = m_frmMain) {
-        form->OpenFile(path);
-        form->UpdateStatus(path);
+        // What is remembered must lead to the same file from any folder.
+        const QString file = path.isEmpty() ? path : QFileInfo(path).absoluteFilePath();
+        form->OpenFile(file);
+        form->UpdateStatus(file);
     }
     return {};
 }

@@ -123,7 +123,7 @@ void NodeCommands::mnuEditDelete_Click() {
 }
 
 void NodeCommands::mnuEditPaste_Click() {
-    if (!state_.m_ReadOnly)
+    if (!state_.m_ReadOnly && tvw_.SelectedItem())
         PasteNode(tvw_.SelectedItem());
 }
 
@@ -147,8 +147,12 @@ void NodeCommands::moveSelected(TreeItem relItem, Relationship relationship) {
 
 void NodeCommands::mnuNodeMoveUp_Click() {
     const Node node = selection_.GetSelectedDOMNode();
-    if (isMovable(node) && node.previousSibling())
-        moveSelected(tvw_.SelectedItem().Previous(), Relationship::Previous);
+    if (!isMovable(node) || !node.previousSibling())
+        return;
+    // Below a renamed element the items stand in another order than their nodes.
+    const TreeItem previous = tvw_.SelectedItem().Previous();
+    if (previous && selection_.GetDOMNode(previous).nodeType() != NodeType::Attribute)
+        moveSelected(previous, Relationship::Previous);
 }
 
 void NodeCommands::mnuNodeMoveDown_Click() {

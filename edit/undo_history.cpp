@@ -83,6 +83,7 @@ void UndoHistory::restore(const clsUndoInfo &info, quint32 changed) {
     }
     tvw_.setTreeVisible(true);
     tvw_.setFocus();
+    builder_.SyncPreview();
 }
 
 std::vector<quint32> UndoHistory::selectedPath() const {

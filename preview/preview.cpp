@@ -4,6 +4,7 @@
 #include "platform/controls/error_boundary.h"
 #include "platform/controls/message_box.h"
 #include "platform/runtime/error.h"
+#include "platform/runtime/paths.h"
 #include "platform/xml/xslt.h"
 #include "resources/messages.h"
 #include "resources/texts.h"
@@ -114,9 +115,6 @@ void Preview::ShowPreview(const Node &node) {
 }
 
 void Preview::render(const Node &node) {
-    // A copy, never the document itself.
-    DOMDocument40 copy = newDocument();
-    copy.loadXML(node.xml());
     m_bPreviewWhole = node.nodeType() == NodeType::Document;
     const QString path = m_bPreviewWhole ? m_strXslPath : QString();
     const bool chosen = QFileInfo(path).isFile();
@@ -128,7 +126,8 @@ void Preview::render(const Node &node) {
     longWork_.run(texts::Rendering.toString(), controls::LongWork::Stop::Offered,
                   [&](const runtime::Progress &progress) {
                       options.progress = progress;
-                      result = xml::transformNode(copy.node(), sheet, options);
+                      // In a process of its own it works on a copy, never on the document.
+                      result = xml::transformNode(node, sheet, options);
                   });
     result.remove(MetaTag);
     if (result.contains(QLatin1String("<html"), Qt::CaseInsensitive))
@@ -157,7 +156,7 @@ DOMDocument40 Preview::builtInStylesheet() const {
 }
 
 void Preview::show(const QString &page, const QString &extension) {
-    const QString path = workingFolder_.filePath(QStringLiteral("preview.") + extension);
+    const QString path = workingFolder_.fileToWrite(QStringLiteral("preview.") + extension);
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(Utf8Mark) < 0 ||
         file.write(page.toUtf8()) < 0 || !file.flush())
@@ -190,7 +189,7 @@ void Preview::mnuToolSelXSL_Click() {
          controls::file_dialog_flag::HideReadOnly, QString()});
     if (chosen.path.isEmpty())
         return;
-    m_strXslPath = workingFolder_.filePath(QFileInfo(chosen.path).fileName());
+    m_strXslPath = workingFolder_.fileToWrite(QFileInfo(chosen.path).fileName());
     stylesheetFolder_ = QFileInfo(chosen.path).absolutePath();
     system::copyFile(chosen.path, m_strXslPath);
     system::makeWritable(m_strXslPath);
@@ -207,6 +206,7 @@ void Preview::mnuFilePrint_Click() {
         return;
     ShowPreview(state_.m_DOM.node());
     auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    printer->setDocName(runtime::fileName(state_.m_FileName));
     if (controls::dialogs().choosePrinter(*printer))
         ie_.print(std::move(printer));
 }

@@ -11,6 +11,7 @@
 #include "resources/validation_texts.h"
 
 #include <QDataStream>
+#include <QFileInfo>
 #include <QIODevice>
 
 #include <algorithm>
@@ -23,6 +24,10 @@ namespace {
 
 /// Lines ahead of the root element in the working copy for a DTD.
 constexpr int HeaderLines = 2;
+
+QString onOneLine(QString text) {
+    return text.replace(u'\n', u' ');
+}
 
 /// The number of lines ahead of the root element in a document as it would be saved.
 int linesAheadOfRoot(const xml::DOMDocument40 &document) {
@@ -50,7 +55,8 @@ void Validation::mnuToolVerifyNew_Click() {
     if (chosen.isEmpty())
         return;
     m_strSchemaFile = runtime::fileName(chosen);
-    const QString copy = workingFolder_.filePath(m_strSchemaFile);
+    schemaFolder_ = QFileInfo(chosen).absolutePath();
+    const QString copy = workingFolder_.fileToWrite(m_strSchemaFile);
     system::copyFile(chosen, copy);
     system::makeWritable(copy);
     mnuToolVerify_Click();
@@ -66,7 +72,7 @@ void Validation::mnuToolVerify_Click() {
 QString Validation::workingCopyPath() const {
     const QString name = QStringLiteral("document.xml");
     // A schema of that name must not be overwritten by the copy of the document.
-    return workingFolder_.filePath(m_strSchemaFile == name ? u'_' + name : name);
+    return workingFolder_.fileToWrite(m_strSchemaFile == name ? u'_' + name : name);
 }
 
 Validation::Validate Validation::validationByKind() const {
@@ -84,8 +90,7 @@ void Validation::VerifyDocument() {
     const Validate validate = validationByKind();
     if (!validate || !state_.m_DOM)
         return;
-    errors_.clear();
-    Q_EMIT errorsChanged();
+    clear();
     if (!state_.m_DOM.documentElement())
         throw runtime::Error(runtime::error_number::Fail, text::NoRoot);
     Q_EMIT statusText(text::Validating);
@@ -96,15 +101,18 @@ void Validation::VerifyDocument() {
                           take(xml::runInChild([&] { return findings(validate); }, {}, progress));
                       });
     } catch (const runtime::Error &error) {
-        Q_EMIT statusText(error.description());
-        if (error.number() != runtime::error_number::Cancelled)
-            throw;
-        return;
+        Q_EMIT statusText(onOneLine(error.description()));
+        throw;
     }
     if (errors_.empty())
         Q_EMIT statusText(resources::messageText(resources::message::ValidationSucceeded));
     else
         showFirst();
+}
+
+void Validation::clear() {
+    errors_.clear();
+    Q_EMIT errorsChanged();
 }
 
 QByteArray Validation::findings(Validate validate) const {
@@ -121,17 +129,26 @@ QByteArray Validation::findings(Validate validate) const {
     return bytes;
 }
 
-std::vector<xml::SchemaError> Validation::validateDtd(xml::DOMDocument40 &copy) const {
-    const xml::Node root = state_.m_DOM.documentElement();
+void Validation::writeForDtd(const xml::Node &root, const QByteArray &encoding) const {
     xml::DOMDocument40 written = xml::DOMDocument40::create();
     // Only the root element: what stands outside it, a document type too, is left out on purpose.
-    if (!written.loadXML("<?xml version=\"1.0\" encoding=\"x-sjis\"?>\r\n<!DOCTYPE " +
+    if (!written.loadXML("<?xml version=\"1.0\" encoding=\"" + encoding + "\"?>\r\n<!DOCTYPE " +
                          root.nodeName().toUtf8() + " SYSTEM \"" + m_strSchemaFile.toUtf8() +
                          "\">\r\n" + root.xml()))
         throw runtime::Error(written.parseError().errorCode, written.parseError().reason);
     written.save(workingCopyPath(), xml::ReadOnlyFile::Replace);
+}
+
+std::vector<xml::SchemaError> Validation::validateDtd(xml::DOMDocument40 &copy) const {
+    const xml::Node root = state_.m_DOM.documentElement();
+    try {
+        writeForDtd(root, "x-sjis");
+    } catch (const runtime::Error &) {
+        // A name or a comment, which must not be replaced by a reference, need not be Japanese.
+        writeForDtd(root, "UTF-8");
+    }
     loadWorkingCopy(copy);
-    std::vector<xml::SchemaError> found = xml::validateByDtd(copy, workingFolder_.path());
+    std::vector<xml::SchemaError> found = xml::validateByDtd(copy, folders());
     const int shift = found.empty() ? 0 : linesAheadOfRoot(state_.m_DOM) - HeaderLines;
     for (xml::SchemaError &error : found) {
         if (error.line > 0)
@@ -143,7 +160,7 @@ std::vector<xml::SchemaError> Validation::validateDtd(xml::DOMDocument40 &copy) 
 std::vector<xml::SchemaError> Validation::validateXsd(xml::DOMDocument40 &copy) const {
     state_.m_DOM.save(workingCopyPath(), xml::ReadOnlyFile::Replace);
     loadWorkingCopy(copy);
-    return xml::validateByXsd(copy, workingFolder_.filePath(m_strSchemaFile));
+    return xml::validateByXsd(copy, workingFolder_.filePath(m_strSchemaFile), folders());
 }
 
 std::vector<xml::SchemaError> Validation::validateXdr(xml::DOMDocument40 &copy) const {
@@ -153,7 +170,7 @@ std::vector<xml::SchemaError> Validation::validateXdr(xml::DOMDocument40 &copy) 
     clone.documentElement().setAttribute(attribute, xdr::AddressPrefix + m_strSchemaFile);
     clone.save(workingCopyPath(), xml::ReadOnlyFile::Replace);
     loadWorkingCopy(copy);
-    return xdr::Validator(workingFolder_.path()).validate(copy);
+    return xdr::Validator(folders()).validate(copy);
 }
 
 void Validation::loadWorkingCopy(xml::DOMDocument40 &copy) const {
@@ -188,7 +205,7 @@ void Validation::showFirst() {
     const ValidationError &first = errors_.front();
     const QString reason =
         first.line > 0 ? text::AtLine.arg(QString::number(first.line), first.reason) : first.reason;
-    Q_EMIT statusText(QString(reason).replace(u'\n', u' '));
+    Q_EMIT statusText(onOneLine(reason));
     controls::showMessage(reason, controls::message_style::Exclamation);
 }
 

@@ -38,9 +38,12 @@ public:
     void mnuToolVerifyNew_Click();
     /// Validates by the schema chosen last; asks for one when none has been chosen. Says in the
     /// status bar that the document is valid, or there and in a message box what the first error
-    /// is, or that the user has had it stopped. Raises when there is no validating: the working
-    /// copy cannot be written, or the schema has faults.
+    /// is. Raises when there is no validating: the working copy cannot be written, the schema has
+    /// faults, or the user has it stopped.
     void mnuToolVerify_Click();
+
+    /// Forgets the errors: they were those of another document.
+    void clear();
 
     /// What the latest validation has found, at most xml::MaxSchemaErrors; empty after a success,
     /// and when it could not be carried out.
@@ -58,11 +61,14 @@ private:
     void VerifyDocument();
     Validate validationByKind() const;
     QString workingCopyPath() const;
+    QStringList folders() const { return {workingFolder_.path(), schemaFolder_}; }
     /// The errors found, as take() reads them.
     QByteArray findings(Validate validate) const;
     std::vector<xml::SchemaError> validateDtd(xml::DOMDocument40 &copy) const;
     std::vector<xml::SchemaError> validateXsd(xml::DOMDocument40 &copy) const;
     std::vector<xml::SchemaError> validateXdr(xml::DOMDocument40 &copy) const;
+    /// Writes the working copy for a DTD. Raises Fail when the encoding cannot hold it.
+    void writeForDtd(const xml::Node &root, const QByteArray &encoding) const;
     void loadWorkingCopy(xml::DOMDocument40 &copy) const;
     void take(const QByteArray &findings);
     void showFirst();
@@ -72,6 +78,8 @@ private:
     controls::LongWork &longWork_;
     /// The schema's file name without its folder; empty until one has been chosen.
     QString m_strSchemaFile;
+    /// Where it was chosen: what belongs to it stands there.
+    QString schemaFolder_;
     std::vector<ValidationError> errors_;
 };
 

@@ -13,7 +13,9 @@
 <head>
 <title>プレビュー</title>
 <style>
-BODY { font: %FONT_SIZE% '%FONT_NAME%', sans-serif; margin-right: 1.5em; overflow-wrap: anywhere }
+/* The height of a line leaves room for accents, which a block that is clipped would lose. */
+BODY { font: %FONT_SIZE% '%FONT_NAME%', sans-serif; line-height: 1.35;
+       margin-right: 1.5em; overflow-wrap: anywhere }
 .c { cursor: pointer }
 .b { color: red; font-family: '%FONT_NAME%', sans-serif; font-weight: bold; text-decoration: none;
      display: inline-block; width: 1em; text-indent: 0; user-select: none }
@@ -33,7 +35,7 @@ BODY { font: %FONT_SIZE% '%FONT_NAME%', sans-serif; margin-right: 1.5em; overflo
 .db, .cb { display: block; margin-left: 1em; padding-left: .3em; text-indent: 0;
            border-left: 1px solid #CCCCCC }
 .cb { color: #888888; font-size: small }
-.di, .ci { font: %FONT_SIZE% '%FONT_NAME%', sans-serif }
+.di, .ci { font: %FONT_SIZE% '%FONT_NAME%', sans-serif; line-height: 1.35 }
 .ci { color: #888888 }
 .d, .pi { color: blue }
 PRE { margin: 0; display: inline; font: inherit; white-space: pre-wrap }

@@ -38,9 +38,16 @@ inline constexpr QStringView OverwriteChangedFile =
     u"このファイルは、開いた後に他のプログラムによって変更されています。\n"
     u"上書きしてもよろしいですか？";
 
-// Recovery after a crash. %1 is the document; in CannotRecover the copy of it, %2 the reason.
+inline constexpr QStringView NothingToSave =
+    u"ファイルを読み込めなかったため、保存する内容がありません。\n"
+    u"ツリーに表示されているのは、読み込む前のドキュメントです。「元に戻す」で戻すか、"
+    u"ファイルを開き直してください。";
+
+// Recovery after a crash. %1 is the document, %2 when its changes were written; in CannotRecover
+// the copy of it, %2 the reason.
 inline constexpr QStringView OfferRecovery =
-    u"前回保存されなかった変更があります。復元しますか？\n\n%1";
+    u"前回保存されなかった変更があります。復元しますか？\n\n%1\n(%2 の内容)\n\n"
+    u"「いいえ」を選択すると、この変更は削除されます。";
 inline constexpr QStringView RecoveredMark = u" (復元)";
 inline constexpr QStringView CannotRecover =
     u"復元できませんでした。変更の控えは次のファイルに残っています。\n%1\n\n%2";
@@ -75,6 +82,13 @@ inline constexpr QStringView LargePreview =
     u"<p>このドキュメントは大きいため (約 %1 ノード)、プレビューを自動では更新しません。</p>"
     u"<p><b>F5</b> キーを押すと表示します。</p></body></html>";
 
+// The context menu of the preview.
+inline constexpr QStringView BrowserReload = u"再読み込み(&R)";
+inline constexpr QStringView BrowserCopy = u"コピー(&C)";
+inline constexpr QStringView BrowserSelectAll = u"すべて選択(&A)";
+inline constexpr QStringView BrowserCopyLink = u"リンクのアドレスをコピー(&L)";
+inline constexpr QStringView BrowserCopyImage = u"画像をコピー(&I)";
+
 // Tree printing.
 inline constexpr QStringView Printing = u"ツリーを印刷しています...";
 
@@ -82,6 +96,7 @@ inline constexpr QStringView Printing = u"ツリーを印刷しています...";
 inline constexpr QStringView ValidationListTitle = u"検証エラーの一覧";
 inline constexpr QStringView ValidationListButton = u"エラー一覧 (%1)";
 
+inline constexpr QStringView Sending = u"送信しています...";
 // Sending. %1 is the address, %2 the reason.
 inline constexpr QStringView CannotSend = u"%1 に送信できません。\n%2";
 inline constexpr QStringView BadAddress = u"アドレスが正しくありません。";

@@ -82,7 +82,7 @@ inline const QString DtdViolation =
 // Schemas that cannot be used.
 inline const QString CannotLoadSchema = QStringLiteral("スキーマ '%1' を読み込めません。\n%2");
 inline const QString SchemaLine = QStringLiteral("%1 行目: ");
-inline const QString SchemaNotFound = QStringLiteral("ファイルが作業フォルダーに見つかりません。");
+inline const QString SchemaNotFound = QStringLiteral("ファイルが、スキーマのフォルダーにも作業フォルダーにも見つかりません。");
 inline const QString NotAnXsd = QStringLiteral("XML スキーマ (XSD) ではありません。");
 inline const QString TargetNamespace = QStringLiteral(
     "スキーマに対象の名前空間 '%1' があるため、名前空間なしの検証には使用できません。");

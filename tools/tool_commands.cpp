@@ -22,8 +22,8 @@ const QString DesktopViewer = QStringLiteral("xdg-open");
 } // namespace
 
 ToolCommands::ToolCommands(const document::DocumentState &state, tree::TreeBuilder &builder,
-                           system::Shell &shell)
-    : state_(state), builder_(builder), shell_(shell) {}
+                           system::Shell &shell, controls::LongWork &longWork)
+    : state_(state), builder_(builder), shell_(shell), longWork_(longWork) {}
 
 void ToolCommands::mnuToolRemoveText_Click() {
     if (state_.m_ReadOnly || state_.m_DOM.isNull())
@@ -33,7 +33,7 @@ void ToolCommands::mnuToolRemoveText_Click() {
         controls::message_answer::Ok)
         return;
     ClearValues(state_.m_DOM);
-    builder_.BuildTree(state_.m_DOM, true);
+    builder_.RebuildTree();
     Q_EMIT documentModified();
     Q_EMIT previewRequested(state_.m_DOM.node());
 }
@@ -50,8 +50,12 @@ void ToolCommands::mnuToolSend_Click() {
     const QString address = controls::dialogs().inputText(QStringLiteral("URL?"));
     if (address.isEmpty())
         return;
-    system::httpPost(address, state_.m_DOM.serialize(),
-                     QStringLiteral("text/xml; charset=") + state_.m_DOM.encoding());
+    longWork_.run(resources::texts::Sending.toString(), controls::LongWork::Stop::Offered,
+                  [&](const runtime::Progress &progress) {
+                      system::httpPost(
+                          address, state_.m_DOM.serialize(),
+                          QStringLiteral("text/xml; charset=") + state_.m_DOM.encoding(), progress);
+                  });
 }
 
 void ToolCommands::mnuHelpReadme_Click() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/state/document_state.h"
+#include "platform/controls/long_work.h"
 #include "platform/system/shell.h"
 #include "tree/tree_builder.h"
 
@@ -14,7 +15,7 @@ class ToolCommands : public QObject {
 
 public:
     ToolCommands(const document::DocumentState &state, tree::TreeBuilder &builder,
-                 system::Shell &shell);
+                 system::Shell &shell, controls::LongWork &longWork);
 
     /// Removes all text and empties all attribute values, after a question.
     void mnuToolRemoveText_Click();
@@ -22,7 +23,8 @@ public:
     /// start is told in a message box.
     void mnuToolOpen_Click(const QString &program);
     /// Asks for an address and posts the document there, in its own encoding. What comes back is
-    /// read and not shown. Raises when the address is bad or nobody answers.
+    /// read and not shown. Raises when the address is bad, nobody answers or the user has it
+    /// stopped.
     void mnuToolSend_Click();
     /// Raises when nothing can show the file.
     void mnuHelpReadme_Click();
@@ -36,6 +38,7 @@ private:
     const document::DocumentState &state_;
     tree::TreeBuilder &builder_;
     system::Shell &shell_;
+    controls::LongWork &longWork_;
 };
 
 } // namespace quillon::tools

@@ -7,6 +7,8 @@
 #include <QFontMetricsF>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace quillon::tools {
 
 using controls::TreeItem;
@@ -54,10 +56,13 @@ void PrintSurface::printLine(const QString &text) {
     print(text);
     CurrentX = 0;
     CurrentY += TextHeight();
-    if (CurrentY + TextHeight() > pageHeight_) {
-        printer_.newPage();
-        CurrentY = 0;
-    }
+}
+
+void PrintSurface::needRoom(double height) {
+    if (CurrentY == 0 || CurrentY + height <= pageHeight_)
+        return;
+    printer_.newPage();
+    CurrentY = 0;
 }
 
 QString TreePrinting::connector(const std::vector<bool> &siblingFollows, qint16 depth) {
@@ -117,6 +122,7 @@ void TreePrinting::PrintTreeNode(PrintSurface &surface, const TreeItem &item, qi
         levelFlags_.resize(std::size_t(depth) + 1);
     levelFlags_[std::size_t(depth)] = bool(item.Next());
     const double height = surface.TextHeight();
+    surface.needRoom(std::max(height, IconTwips));
     double iconTop = surface.CurrentY;
     if (height < IconTwips)
         surface.CurrentY += (IconTwips - height) / 2;

@@ -25,7 +25,9 @@ public:
     void PaintPicture(const QIcon &icon, double x, double y, double size);
     /// Prints text at the current position and moves to its right.
     void print(const QString &text);
-    /// The same, then goes to the start of the next line, on a new page where this one is full.
+    /// Goes on to a new page when what is to come, so high, has no room on this one.
+    void needRoom(double height);
+    /// The same as print(), then goes to the start of the next line.
     void printLine(const QString &text);
 
 private:

@@ -21,7 +21,8 @@ void ViewCommands::mnuViewFont_Click(const QString &name, qint16 size) {
 
 void ViewCommands::mnuViewText_Click(bool checked) {
     options_.viewText = checked;
-    builder_.BuildTree(state_.m_DOM, true);
+    builder_.RebuildTree();
+    selection_.ShowNode(tvw_.SelectedItem(), true);
 }
 
 bool ViewCommands::mnuView_Click() const {

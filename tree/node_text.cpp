@@ -3,6 +3,7 @@
 #include "platform/controls/message_box.h"
 #include "platform/runtime/like.h"
 #include "platform/runtime/strings.h"
+#include "tree/fragment.h"
 
 namespace quillon::tree {
 
@@ -13,12 +14,7 @@ using xml::Node;
 using xml::NodeType;
 
 Node NodeText::nodeFromText(const QString &text) const {
-    xml::DOMDocument40 parsed = xml::DOMDocument40::create();
-    parsed.setAsync(false);
-    parsed.setValidateOnParse(false);
-    parsed.setResolveExternals(false);
-    parsed.loadXML(text);
-    if (const Node root = parsed.documentElement())
+    if (const Node root = parsedFragment(state_.m_DOM, text.toUtf8()).documentElement())
         return root;
     const xml::DOMDocument40 &document = state_.m_DOM;
     if (like(text, u"<!--*-->"))

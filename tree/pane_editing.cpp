@@ -4,6 +4,7 @@
 #include "platform/runtime/error.h"
 #include "platform/runtime/strings.h"
 #include "resources/texts.h"
+#include "tree/fragment.h"
 
 #include <QSignalBlocker>
 
@@ -68,6 +69,9 @@ void PaneEditing::changeAttribute(const TreeItem &item, const Node &node) {
     const Node element = builder_.registry().Item(item.Parent());
     try {
         element.setAttribute(node.nodeName(), text);
+        // An attribute that was added is shown by a copy of its own, which has to keep up.
+        if (node != element.getAttributeNode(node.nodeName()))
+            Node(node).setNodeValue(text);
     } catch (const runtime::Error &) {
         return;
     }
@@ -76,19 +80,15 @@ void PaneEditing::changeAttribute(const TreeItem &item, const Node &node) {
     Q_EMIT documentModified();
 }
 
-xml::DOMDocument40 PaneEditing::parsedPane() {
-    xml::DOMDocument40 parsed = xml::DOMDocument40::create();
-    parsed.setAsync(false);
-    if (parsed.loadXML(pane_.textBox().utf8()))
-        return parsed;
+void PaneEditing::reportSyntaxError() {
     Q_EMIT statusText(resources::texts::SyntaxError.toString());
-    return {};
 }
 
 void PaneEditing::replaceDocument(bool wasExpanded) {
-    xml::DOMDocument40 parsed = parsedPane();
-    if (!parsed)
-        return;
+    xml::DOMDocument40 parsed = xml::DOMDocument40::create();
+    parsed.setAsync(false);
+    if (!parsed.loadXML(pane_.textBox().utf8()))
+        return reportSyntaxError();
     parsed.takeFileFormat(state_.m_DOM);
     state_.m_DOM = parsed;
     builder_.BuildTree(state_.m_DOM, true);
@@ -101,9 +101,9 @@ void PaneEditing::replaceDocument(bool wasExpanded) {
 }
 
 void PaneEditing::replaceElement(TreeItem item, const Node &node, bool wasExpanded) {
-    const xml::DOMDocument40 parsed = parsedPane();
-    if (!parsed)
-        return;
+    const xml::DOMDocument40 parsed = parsedFragment(state_.m_DOM, pane_.textBox().utf8());
+    if (!parsed.documentElement())
+        return reportSyntaxError();
     builder_.m_bNoSync = true;
     tvw_.setTreeVisible(false);
     TreeItem newItem;

@@ -30,8 +30,7 @@ private:
     void replaceElement(controls::TreeItem item, const xml::Node &node, bool wasExpanded);
     void removeOld(const controls::TreeItem &item);
     controls::TreeItem replaceRoot(const controls::TreeItem &item, const xml::Node &newRoot);
-    /// The pane's text as a document of its own; none, after telling so, when it does not parse.
-    xml::DOMDocument40 parsedPane();
+    void reportSyntaxError();
 
     document::DocumentState &state_;
     const ViewOptions &options_;

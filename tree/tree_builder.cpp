@@ -7,6 +7,9 @@
 
 #include <QIcon>
 
+#include <unordered_set>
+#include <vector>
+
 namespace quillon::tree {
 
 using controls::TreeItem;
@@ -96,6 +99,27 @@ void TreeBuilder::BuildTree(const xml::DOMDocument40 &document, bool visibleAfte
     m_dicNode.reset(document, static_cast<quint32>(g_lNodeSeq) + 1);
     mirror(TreeItem(), document.node(), Relationship::Child);
     tvw_.setTreeVisible(visibleAfter);
+}
+
+void TreeBuilder::RebuildTree() {
+    std::unordered_set<quint32> expanded;
+    tvw_.nodes().forEachExpanded(
+        [&](const TreeItem &item) { expanded.insert(m_dicNode.number(item.sequence())); });
+    const TreeItem before = tvw_.SelectedItem();
+    const quint32 selected = before ? m_dicNode.number(before.sequence()) : 0;
+    BuildTree(state_.m_DOM, false);
+    std::vector<TreeItem> items;
+    TreeItem selectedItem;
+    m_dicNode.forEach([&](quint32 sequence, quint32 number) {
+        if (expanded.contains(number))
+            items.push_back(tvw_.nodes().bySequence(sequence));
+        if (before && number == selected)
+            selectedItem = tvw_.nodes().bySequence(sequence);
+    });
+    for (TreeItem &item : items)
+        item.setExpanded(true);
+    tvw_.setSelectedItem(selectedItem);
+    tvw_.setTreeVisible(true);
 }
 
 TreeItem TreeBuilder::AddNodeToTree(TreeItem &relItem, Node &node, bool treeOnly,

@@ -33,6 +33,10 @@ public:
     /// no document. With visibleAfter false the tree stays hidden for the caller to show it.
     void BuildTree(const xml::DOMDocument40 &document, bool visibleAfter);
 
+    /// The same for the current document, after which the items of the nodes that were expanded are
+    /// so again, and the item of the node that was selected is selected.
+    void RebuildTree();
+
     /// Adds an item for `node`, as the last child of relItem or ahead of it. With treeOnly the
     /// DOM is left alone; else a deep copy of the node is put into the DOM at the same place and
     /// `node` becomes that copy. An attribute goes after the element's other attributes, for

@@ -222,13 +222,18 @@ std::vector<Recoverable> CrashRecovery::find() const {
 
 void CrashRecovery::offer() {
     for (Recoverable &found : find()) {
-        const int reply = controls::showMessage(texts::OfferRecovery.toString().arg(found.name),
-                                                style::YesNo + style::Question);
-        if (reply != controls::message_answer::Yes) {
+        const QString content = filePath(found.base + ContentSuffix);
+        const QString time =
+            QFileInfo(content).lastModified().toString(QStringLiteral("yyyy/MM/dd HH:mm"));
+        const int reply =
+            controls::showMessage(texts::OfferRecovery.toString().arg(found.name, time),
+                                  style::YesNoCancel + style::Question);
+        if (reply == controls::message_answer::Cancel)
+            return;
+        if (reply == controls::message_answer::No) {
             removeFiles(found.base);
             continue;
         }
-        const QString content = filePath(found.base + ContentSuffix);
         if (commands_.openRecovered(content, recoveredName(found.name))) {
             // What was recovered becomes the copy of this document's unsaved changes.
             discard();

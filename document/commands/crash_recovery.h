@@ -55,7 +55,8 @@ public:
     /// What dead programs have left, the latest first. Clears away what is of no use to anybody.
     std::vector<Recoverable> find() const;
     /// Asks for each of them whether it is to be opened, until one is: that one becomes the
-    /// current document. What is declined is deleted. Raises when the document cannot be opened;
+    /// current document. What is declined is deleted, and when the user cancels all that is left
+    /// stays for the next start. Raises when the document cannot be opened;
     /// its files then stay.
     void offer();
 

@@ -2,6 +2,7 @@
 
 #include "platform/controls/dialogs.h"
 #include "platform/controls/message_box.h"
+#include "platform/runtime/error.h"
 #include "resources/messages.h"
 #include "resources/texts.h"
 
@@ -97,6 +98,7 @@ void DocumentCommands::mnuFileClose_Click() {
 void DocumentCommands::mnuFileSave_Click() {
     if (state_.m_DOM.isNull())
         return;
+    requireSomethingToSave();
     if (state_.m_ReadOnly || !state_.m_Opened)
         mnuFileSaveAs_Click();
     else if (mayOverwrite())
@@ -106,6 +108,7 @@ void DocumentCommands::mnuFileSave_Click() {
 void DocumentCommands::mnuFileSaveAs_Click() {
     if (state_.m_DOM.isNull())
         return;
+    requireSomethingToSave();
     const controls::FileDialogResult chosen =
         controls::dialogs().showSave({dialogTitle_, texts::SaveFilter.toString(),
                                       controls::file_dialog_flag::OverwritePrompt, initialPath()});
@@ -129,6 +132,11 @@ bool DocumentCommands::openRecovered(const QString &path, const QString &name) {
     state_.m_Modified = true;
     UpdateStatus(name);
     return true;
+}
+
+void DocumentCommands::requireSomethingToSave() const {
+    if (state_.m_DOM == state_.failedLoad)
+        throw runtime::Error(runtime::error_number::Fail, texts::NothingToSave.toString());
 }
 
 QString DocumentCommands::initialPath() const {
@@ -173,6 +181,9 @@ void DocumentCommands::UpdateStatus(const QString &path) {
 }
 
 void DocumentCommands::DocumentModified() {
+    // Pasting into an empty tree, for one, has changed nothing that could be saved or undone.
+    if (state_.m_DOM.isNull())
+        return;
     if (!state_.m_Modified) {
         state_.m_Modified = true;
         // Without the read-only mark, which comes back with the next UpdateStatus; that is meant
@@ -193,9 +204,14 @@ void DocumentCommands::mnuEditUndoAll_Click() {
     if (!canUndoAll() ||
         controls::showMessage(texts::LoseAllChanges.toString(), AskLoss) != answer::Yes)
         return;
+    // Before the present document is given up.
+    if (!QFileInfo(state_.m_BackupPath).isFile())
+        runtime::raise(runtime::error_number::FileNotFound);
     // What is compared with the disk stays the user's file, not its copy.
     const FileOnDisk userFile = loader_.fileOnDisk();
-    loader_.OpenFile(state_.m_BackupPath);
+    // Loading makes another copy and gives the member its name.
+    const QString backup = state_.m_BackupPath;
+    loader_.OpenFile(backup);
     loader_.setFileOnDisk(userFile);
     state_.m_Modified = true;
     UpdateStatus(state_.m_FileName);

@@ -60,6 +60,8 @@ Q_SIGNALS:
 private:
     bool isChangedOnDisk() const;
     bool mayOverwrite() const;
+    /// Raises Fail when the document is what a failed load has left.
+    void requireSomethingToSave() const;
     QString initialPath() const;
 
     DocumentState &state_;

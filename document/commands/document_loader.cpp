@@ -9,6 +9,7 @@
 #include "resources/texts.h"
 
 #include <QFileInfo>
+#include <QScopeGuard>
 
 namespace quillon::document {
 
@@ -41,6 +42,8 @@ bool DocumentLoader::OpenFile(const QString &fileName) {
     if (fileName.isEmpty())
         return false;
     Q_EMIT statusText(resources::texts::Loading.toString());
+    // Also when an error leads out of here.
+    const auto clearStatus = qScopeGuard([this] { Q_EMIT statusText(QString()); });
     const FileOnDisk file = FileOnDisk::of(fileName);
     xml::DOMDocument40 document = xml::DOMDocument40::create();
     document.setAsync(false);
@@ -50,12 +53,12 @@ bool DocumentLoader::OpenFile(const QString &fileName) {
     longWork_.run(resources::texts::Loading.toString(), controls::LongWork::Stop::NotOffered,
                   [&](const runtime::Progress &progress) { document.load(fileName, progress); });
     state_.m_DOM = document;
+    state_.failedLoad = document;
     if (!state_.m_ReadOnly)
         state_.m_ReadOnly = isReadOnlyFile(fileName);
     // A file that does not parse is copied, too.
     backUp(fileName);
     if (!state_.m_DOM.documentElement()) {
-        Q_EMIT statusText(QString());
         controls::showMessage(resources::messageText(8), controls::message_style::Exclamation);
         return false;
     }
@@ -66,6 +69,7 @@ bool DocumentLoader::OpenFile(const QString &fileName) {
     state_.m_Opened = true;
     fileOnDisk_ = file;
     Q_EMIT documentOpened();
+    state_.failedLoad = {};
     history_.ResetUndoHistory();
     recentFiles_.add(fileName);
     return true;
@@ -73,7 +77,7 @@ bool DocumentLoader::OpenFile(const QString &fileName) {
 
 void DocumentLoader::backUp(const QString &fileName) {
     state_.m_BackupPath =
-        workingFolder_.filePath(runtime::timeStamp(clock_.now()) + QStringLiteral(".bak"));
+        workingFolder_.fileToWrite(runtime::timeStamp(clock_.now()) + QStringLiteral(".bak"));
     system::copyFile(fileName, state_.m_BackupPath);
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/runtime/error.h"
 #include "platform/runtime/numbers.h"
+#include "resources/runtime_errors.h"
 #include "resources/texts.h"
 
 #include <algorithm>
@@ -38,7 +39,10 @@ Settings::Settings(const system::SettingsStore &store)
 
 template <typename Number>
 void Settings::read(const QString &section, const QString &key, Number &value) const {
-    const QString text = store_.GetSetting(section, key, QString::number(value));
+    const QString text = store_.GetSetting(section, key);
+    // The default, a place on a wide desktop for one, need not fit what can be stored.
+    if (text.isEmpty())
+        return;
     try {
         value = runtime::toInteger(text);
     } catch (const runtime::Error &error) {
@@ -50,6 +54,13 @@ void Settings::read(const QString &section, const QString &key, Number &value) c
 void Settings::load(Placement &placement) {
     fontName = store_.GetSetting(FontSection, QStringLiteral("Name"), fontName);
     read(FontSection, QStringLiteral("Size"), fontSize);
+    if (fontSize < 1) {
+        if (report)
+            report(texts::BrokenSetting.toString().arg(
+                FontSection, QStringLiteral("Size"), QString::number(fontSize),
+                resources::runtimeErrorText(runtime::error_number::InvalidProcedureCall)));
+        fontSize = texts::DefaultFontSize;
+    }
     for (const auto &[key, member] : PlacementKeys)
         read(WindowSection, QLatin1String(key), placement.*member);
     qint16 isMaximized = 0;

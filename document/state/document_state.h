@@ -11,6 +11,9 @@ namespace quillon::document {
 struct DocumentState {
     /// The document; empty when none is open. Replaced whole by every load, undo and redo.
     xml::DOMDocument40 m_DOM;
+    /// The document that a load which failed has left, while the tree goes on showing the one
+    /// before. It must not be written over anybody's file.
+    xml::DOMDocument40 failedLoad;
     /// The document has changes that are not saved.
     bool m_Modified = false;
     /// The document was loaded from a file or has been saved to one. A new document was not, and

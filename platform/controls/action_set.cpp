@@ -66,8 +66,10 @@ void ActionSet::addCommand(const ActionEntry &entry) {
     if (!entry.icon.isEmpty())
         action.setIcon(QIcon(entry.icon.toString()));
     setKey(action, entry);
-    connect(&action, &QAction::triggered, this, [&command] {
+    connect(&action, &QAction::triggered, this, [this, &command] {
         guarded([&] {
+            if (beforeCommand)
+                beforeCommand();
             if (command.run && (!command.enabled || command.enabled()))
                 command.run();
         });
@@ -81,9 +83,13 @@ void ActionSet::addButton(const ToolBarItem &item) {
     button.action->setObjectName(item.key.toString());
     button.action->setToolTip(item.toolTip.toString());
     button.action->setEnabled(item.enabled);
-    connect(button.action, &QAction::triggered, this, [&button] {
-        if (button.run)
-            guarded(button.run);
+    connect(button.action, &QAction::triggered, this, [this, &button] {
+        guarded([&] {
+            if (beforeCommand)
+                beforeCommand();
+            if (button.run)
+                button.run();
+        });
     });
     if (!item.action.isEmpty()) {
         Command &command = commands_.at(item.action);
@@ -120,14 +126,20 @@ void ActionSet::showStates(QStringView menu) {
         bool enabled = false;
         guarded([&] { enabled = command.enabled(); });
         command.action->setEnabled(enabled);
+        // Its access key goes to the entry that shares it.
+        if (!enabled)
+            command.action->setText(entry.caption.toString().remove(u'&'));
     }
 }
 
 void ActionSet::acceptKeys(QStringView menu) {
     for (const ActionEntry &entry : resources::actionTable()) {
         const Command &command = commands_.at(entry.name);
-        if (entry.menu == menu && entry.kind != ActionKind::Menu)
-            command.action->setEnabled(command.run != nullptr);
+        if (entry.menu != menu || entry.kind == ActionKind::Menu)
+            continue;
+        command.action->setEnabled(command.run != nullptr);
+        if (entry.kind == ActionKind::Command)
+            command.action->setText(entry.caption.toString());
     }
 }
 

@@ -46,6 +46,9 @@ public:
     /// shown to the user. Raises std::out_of_range as action() does.
     void run(QStringView name);
 
+    /// Called ahead of every command that an action or a button runs.
+    Run beforeCommand;
+
     /// Gives the entries of a menu that is opening their states.
     void showStates(QStringView menu);
     /// Enables all commands of a menu, so that their keys reach them.

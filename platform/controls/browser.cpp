@@ -1,8 +1,12 @@
 #include "platform/controls/browser.h"
 
+#include "resources/texts.h"
+
+#include <QAction>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>
+#include <QMenu>
 #include <QPrinter>
 #include <QUuid>
 #include <QVBoxLayout>
@@ -14,7 +18,13 @@
 #include <QWebEngineUrlRequestInterceptor>
 #include <QWebEngineView>
 
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
 namespace quillon::controls {
+
+namespace texts = resources::texts;
 
 namespace {
 
@@ -27,6 +37,14 @@ QString clickReporter(const QString &word) {
                           "}, true);")
         .arg(word);
 }
+
+constexpr std::pair<QWebEnginePage::WebAction, QStringView> ContextMenu[] = {
+    {QWebEnginePage::Reload, texts::BrowserReload},
+    {QWebEnginePage::Copy, texts::BrowserCopy},
+    {QWebEnginePage::SelectAll, texts::BrowserSelectAll},
+    {QWebEnginePage::CopyLinkToClipboard, texts::BrowserCopyLink},
+    {QWebEnginePage::CopyImageToClipboard, texts::BrowserCopyImage},
+};
 
 /// Lets through what stands in one folder and nothing else.
 class FolderOnly final : public QWebEngineUrlRequestInterceptor {
@@ -114,7 +132,29 @@ void Browser::makeView() {
     });
     connect(view_, &QWebEngineView::printFinished, this, [this] { printer_.reset(); });
     view_->setAccessibleName(accessibleName());
+    view_->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(view_, &QWidget::customContextMenuRequested, this, &Browser::showContextMenu);
     layout()->addWidget(view_);
+}
+
+void Browser::showContextMenu(const QPoint &position) {
+    QMenu *const menu = view_->createStandardContextMenu();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    // Those that make sense for a page of the program, with texts that Qt has in English only.
+    const QList<QAction *> offered = menu->actions();
+    for (QAction *action : offered) {
+        const auto kept = std::ranges::find_if(ContextMenu, [&](const auto &entry) {
+            return action == view_->page()->action(entry.first);
+        });
+        if (kept == std::end(ContextMenu))
+            menu->removeAction(action);
+        else
+            action->setText(kept->second.toString());
+    }
+    if (menu->isEmpty())
+        menu->close();
+    else
+        menu->popup(view_->mapToGlobal(position));
 }
 
 void Browser::Navigate(const QString &path) {
@@ -134,8 +174,15 @@ void Browser::print(std::unique_ptr<QPrinter> printer) {
 }
 
 void Browser::printNow() {
-    if (printer_ && view_)
+    if (!printer_ || !view_)
+        return;
+    if (printer_->outputFormat() == QPrinter::PdfFormat) {
+        // With text, where printing would paint a picture of the page.
+        view_->page()->printToPdf(printer_->outputFileName(), printer_->pageLayout());
+        printer_.reset();
+    } else {
         view_->print(printer_.get());
+    }
 }
 
 } // namespace quillon::controls

@@ -42,6 +42,7 @@ Q_SIGNALS:
 private:
     void makeView();
     void printNow();
+    void showContextMenu(const QPoint &position);
 
     QString folder_;
     QWebEngineView *view_ = nullptr;

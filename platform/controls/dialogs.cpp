@@ -36,6 +36,8 @@ QString DesktopDialogs::inputText(const QString &prompt) {
     box.setLabelText(prompt);
     box.setOkButtonText(resources::texts::ButtonOk.toString());
     box.setCancelButtonText(resources::texts::ButtonCancel.toString());
+    // Room for an address or a longer expression.
+    box.resize(box.fontMetrics().averageCharWidth() * 70, box.sizeHint().height());
     return box.exec() == QDialog::Accepted ? box.textValue() : QString();
 }
 
@@ -58,6 +60,8 @@ bool DesktopDialogs::choosePrinter(QPrinter &printer) {
 }
 
 bool installDialogTexts() {
+    // Dates and numbers in them, too.
+    QLocale::setDefault(QLocale(QLocale::Japanese, QLocale::Japan));
     auto *translator = new QTranslator(qApp);
     return translator->load(QLocale(QLocale::Japanese), QStringLiteral("qtbase"),
                             QStringLiteral("_"),

@@ -13,11 +13,12 @@ namespace quillon::controls {
 
 namespace {
 
+/// Null for what the user has stopped, who need not be told.
 QString currentDescription() {
     try {
         throw;
     } catch (const runtime::Error &error) {
-        return error.description();
+        return error.number() == runtime::error_number::Cancelled ? QString() : error.description();
     } catch (const std::bad_alloc &) {
         return resources::runtimeErrorText(runtime::error_number::OutOfMemory);
     } catch (const std::exception &error) {
@@ -33,6 +34,8 @@ void reportCurrentException() noexcept {
     static bool reporting = false;
     try {
         const QString description = currentDescription();
+        if (description.isNull())
+            return;
         if (reporting) {
             qWarning("%s", qUtf8Printable(description));
             return;

@@ -7,7 +7,8 @@
 
 namespace quillon::controls {
 
-/// Shows the exception that is being handled in a message box (exclamation, its description).
+/// Shows the exception that is being handled in a message box (exclamation, its description);
+/// nothing for a Cancelled error.
 /// While such a box is open a further one goes to the log instead: a window that fails to paint
 /// itself must not open a box each time the box uncovers it. Call from a catch block only.
 void reportCurrentException() noexcept;

@@ -4,6 +4,7 @@
 #include "platform/runtime/error.h"
 
 #include <QApplication>
+#include <QGridLayout>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -61,6 +62,9 @@ QMessageBox::Icon iconOf(int style) {
     }
 }
 
+/// Pixels for the frame and the buttons of a window's title bar.
+constexpr int SpaceBesideTitle = 140;
+
 /// What a box can show with its buttons still on the screen.
 QString shortened(const QString &text) {
     constexpr qsizetype longest = 1024;
@@ -93,6 +97,11 @@ int DesktopDialogs::showMessage(const QString &text, int style, const QString &t
     const size_t defaultButton = std::min(defaultButtonOf(style), buttons.size() - 1);
     box.setDefaultButton(buttons[defaultButton].button);
     box.setEscapeButton(buttons.back().button);
+    if (auto *grid = qobject_cast<QGridLayout *>(box.layout())) {
+        // A box takes no minimum width. This one is to have room for its title.
+        const int width = box.fontMetrics().horizontalAdvance(title) + SpaceBesideTitle;
+        grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+    }
     const int clicked = box.exec();
     const auto found = std::ranges::find(buttons, clicked, &Button::button);
     return found == buttons.end() ? buttons.back().answer : found->answer;

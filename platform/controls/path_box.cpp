@@ -13,7 +13,7 @@ PathBox::PathBox(QWidget *parent) : QComboBox(parent) {
     setDuplicatesEnabled(true);
     // As wide as the toolbar has room, whatever is in the list.
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    setMinimumContentsLength(30);
+    setMinimumContentsLength(6);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     view()->setTextElideMode(Qt::ElideMiddle);
     // By this the box would take text typed like an entry for a choice from the list.

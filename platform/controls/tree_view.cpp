@@ -169,6 +169,14 @@ void TreeView::StartLabelEdit() {
     edit(index, AllEditTriggers, nullptr);
 }
 
+void TreeView::EndLabelEdit() {
+    QWidget *editor = isEditingLabel() ? indexWidget(currentIndex()) : nullptr;
+    if (!editor)
+        return;
+    commitData(editor);
+    closeEditor(editor, QAbstractItemDelegate::NoHint);
+}
+
 bool TreeView::edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) {
     // A slow second click comes here twice; it is the second time, with all triggers, that opens
     // the editor.
@@ -220,6 +228,8 @@ void TreeView::mousePressEvent(QMouseEvent *event) {
     const TreeItem pressed = HitTest(position);
     const Slot branch = event->button() == Qt::LeftButton ? branchAt(position) : 0;
     isPressSpent_ = branch != 0;
+    isPressOnSelected_ =
+        event->button() == Qt::LeftButton && !isPressSpent_ && pressed && pressed == SelectedItem();
     if (isPressSpent_)
         setExpandedAsUser(nodes_->item(branch), !nodes_->item(branch).Expanded());
     else
@@ -239,8 +249,12 @@ void TreeView::mouseMoveEvent(QMouseEvent *event) {
 
 void TreeView::mouseReleaseEvent(QMouseEvent *event) {
     // The base would take the release for a click on the item.
-    if (!std::exchange(isPressSpent_, false))
-        asUserGesture([&] { QTreeView::mouseReleaseEvent(event); });
+    if (std::exchange(isPressSpent_, false))
+        return;
+    asUserGesture([&] { QTreeView::mouseReleaseEvent(event); });
+    const TreeItem released = HitTest(event->position().toPoint());
+    if (std::exchange(isPressOnSelected_, false) && released && released == SelectedItem())
+        Q_EMIT NodeClick(released);
 }
 
 void TreeView::mouseDoubleClickEvent(QMouseEvent *event) {

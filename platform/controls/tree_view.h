@@ -64,6 +64,9 @@ public:
     TreeItem HitTest(const QPoint &position) const;
     /// Lets the user edit the caption of the selected item, unless beforeLabelEdit refuses.
     void StartLabelEdit();
+    /// Ends the editing of a caption as the Enter key does; nothing happens when there is none.
+    void EndLabelEdit();
+    bool isEditingLabel() const { return state() == EditingState; }
 
     /// False while the program rebuilds the tree: the widget keeps its place and its picture.
     bool treeVisible() const { return !testAttribute(Qt::WA_ForceUpdatesDisabled); }
@@ -107,7 +110,7 @@ public:
     void setExpanded(const QModelIndex &, bool) = delete;
 
 Q_SIGNALS:
-    /// The user has selected another item, by mouse or keyboard.
+    /// The user has selected another item, by mouse or keyboard, or clicked the selected one.
     void NodeClick(const quillon::controls::TreeItem &item);
     /// A mouse button went down at a point of the viewport, on an item or on Nothing. Sent after
     /// the press has done its work.
@@ -193,6 +196,8 @@ private:
     int contentWidth_ = 0;
     /// The button that is down has done its work, on a branch or by a drag.
     bool isPressSpent_ = false;
+    /// The item that is pressed was selected before.
+    bool isPressOnSelected_ = false;
     QString searchText_;
     QElapsedTimer searchTimer_;
     /// What was entered in the editor that is closing.

@@ -52,7 +52,10 @@ void TreeView::startDrag(Qt::DropActions) {
         return;
     auto *drag = new QDrag(this);
     drag->setMimeData(offered.release());
-    const Qt::DropAction done = drag->exec(Qt::CopyAction | Qt::MoveAction, Qt::MoveAction);
+    Qt::DropAction done = drag->exec(Qt::CopyAction | Qt::MoveAction, Qt::MoveAction);
+    // A text box of this program that took the text has taken in no node.
+    if (drag->target() && !qobject_cast<TreeView *>(drag->target()->parent()))
+        done = Qt::CopyAction;
     guarded([&] { drag_.complete(done); });
 }
 

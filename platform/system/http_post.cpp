@@ -7,6 +7,7 @@
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QNetworkRequest>
+#include <QTimer>
 #include <QUrl>
 
 namespace quillon::system {
@@ -14,6 +15,7 @@ namespace quillon::system {
 namespace {
 
 constexpr int TimeoutMilliseconds = 60'000;
+constexpr int ProgressMilliseconds = 50;
 
 [[noreturn]] void fail(const QString &address, const QString &reason) {
     throw runtime::Error(runtime::error_number::DeviceIo,
@@ -22,8 +24,9 @@ constexpr int TimeoutMilliseconds = 60'000;
 
 } // namespace
 
-HttpResponse httpPost(const QString &address, const QByteArray &body, const QString &contentType) {
-    const QUrl url(address, QUrl::StrictMode);
+HttpResponse httpPost(const QString &address, const QByteArray &body, const QString &contentType,
+                      const runtime::Progress &progress) {
+    const QUrl url(address.trimmed(), QUrl::StrictMode);
     if (!url.isValid() || url.host().isEmpty() ||
         (url.scheme() != QLatin1String("http") && url.scheme() != QLatin1String("https")))
         fail(address, resources::texts::BadAddress.toString());
@@ -34,8 +37,19 @@ HttpResponse httpPost(const QString &address, const QByteArray &body, const QStr
     QNetworkReply *const reply = manager.post(request, body);
     QEventLoop loop;
     QObject::connect(reply, &QNetworkReply::finished, &loop, &QEventLoop::quit);
+    bool cancelled = false;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&] {
+        if (cancelled || !progress || progress(runtime::UnknownProgress))
+            return;
+        cancelled = true;
+        reply->abort();
+    });
+    timer.start(ProgressMilliseconds);
     if (!reply->isFinished())
         loop.exec(QEventLoop::ExcludeUserInputEvents);
+    if (cancelled)
+        runtime::raise(runtime::error_number::Cancelled);
     const QVariant status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute);
     if (!status.isValid())
         fail(address, reply->errorString());

@@ -13,6 +13,13 @@ public:
     /// The path of a file in it; empty when a relative name would leave the folder.
     QString filePath(const QString &relativeName) const;
 
+    /// The same for a file that is to be written: makes the folder where it has gone, as another
+    /// instance of the program clears it away when it ends.
+    QString fileToWrite(const QString &relativeName) const {
+        create();
+        return filePath(relativeName);
+    }
+
     /// Makes the folder. One that is there already is no error.
     void create() const;
     /// Removes the folder with everything in it, as far as that is possible.

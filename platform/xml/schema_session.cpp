@@ -53,9 +53,10 @@ void addSaturated(quint64 &sum, quint64 value) {
 
 } // namespace
 
-SchemaSession::SchemaSession(const QString &folder)
-    : folder_(QFileInfo(folder).canonicalFilePath()), loaderBefore_(xmlGetExternalEntityLoader()),
-      reportBefore_(xmlStructuredError), reportContextBefore_(xmlStructuredErrorContext) {
+SchemaSession::SchemaSession(const QStringList &folders)
+    : folder_(QFileInfo(folders.value(0)).canonicalFilePath()), folders_(folders),
+      loaderBefore_(xmlGetExternalEntityLoader()), reportBefore_(xmlStructuredError),
+      reportContextBefore_(xmlStructuredErrorContext) {
     current = this;
     xmlSetExternalEntityLoader(openEntity);
     xmlSetStructuredErrorFunc(this, [](void *session, xmlError *error) {
@@ -77,9 +78,7 @@ QByteArray SchemaSession::addressOf(const QString &fileName) const {
 
 QString SchemaSession::pathOf(const QString &url) const {
     const QUrl address(url);
-    const QString local = address.isLocalFile() ? address.toLocalFile() : folder_ + u'/' + url;
-    const QString path = QFileInfo(local).canonicalFilePath();
-    return path.startsWith(folder_ + u'/') && QFileInfo(path).isFile() ? path : QString();
+    return folders_.find(address.isLocalFile() ? address.toLocalFile() : folder_ + u'/' + url);
 }
 
 xmlParserInput *SchemaSession::open(const QString &path, const QByteArray &url,
@@ -100,7 +99,11 @@ xmlParserInput *SchemaSession::open(const QString &path, const QByteArray &url,
 }
 
 xmlParserInput *SchemaSession::openEntity(const char *url, const char *, xmlParserCtxt *context) {
-    return current->open(current->pathOf(QString::fromUtf8(url)), url, context);
+    const QString name = QString::fromUtf8(url);
+    xmlParserInput *input = current->open(current->pathOf(name), url, context);
+    if (!input && current->missing_.isNull())
+        current->missing_ = QFileInfo(QUrl(name).path()).fileName();
+    return input;
 }
 
 xmlParserInput *SchemaSession::resolveEntity(void *context, const xmlChar *publicId,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/xml/allowed_folders.h"
 #include "platform/xml/dom.h"
 
 #include <QHash>
@@ -17,13 +18,14 @@ struct FreeXmlDoc {
 using XmlDoc = std::unique_ptr<xmlDoc, FreeXmlDoc>;
 
 /// libxml2 set up for one validation: while the object lives, all that libxml2 reports goes to one
-/// function, and all that it wants to read comes from one folder or not at all. Only one such
+/// function, and all that it wants to read comes from some folders or not at all. Only one such
 /// object at a time.
 class SchemaSession {
 public:
     using Report = std::function<void(const xmlError &)>;
 
-    explicit SchemaSession(const QString &folder);
+    /// The first folder is the base of relative names.
+    explicit SchemaSession(const QStringList &folders);
     ~SchemaSession();
     SchemaSession(const SchemaSession &) = delete;
     SchemaSession &operator=(const SchemaSession &) = delete;
@@ -31,7 +33,10 @@ public:
     /// Where reports go from now on.
     Report report;
 
-    /// A file of the folder as the address by which libxml2 knows it.
+    /// The name of the first file that was wanted and not there; null for none.
+    const QString &missing() const { return missing_; }
+
+    /// A file of the first folder as the address by which libxml2 knows it.
     QByteArray addressOf(const QString &fileName) const;
 
     /// What happens to the entities of a document.
@@ -62,6 +67,8 @@ private:
     void expand(quint64 size, void *context);
 
     QString folder_;
+    AllowedFolders folders_;
+    QString missing_;
     xmlExternalEntityLoader loaderBefore_;
     xmlStructuredErrorFunc reportBefore_;
     void *reportContextBefore_;

@@ -156,8 +156,8 @@ XmlDoc parseDocument(SchemaSession &session, const DOMDocument40 &document, bool
 
 } // namespace
 
-std::vector<SchemaError> validateByDtd(const DOMDocument40 &document, const QString &folder) {
-    SchemaSession session(folder);
+std::vector<SchemaError> validateByDtd(const DOMDocument40 &document, const QStringList &folders) {
+    SchemaSession session(folders);
     Collector collector(session, dtdMessage);
     FirstFault fault;
     const XmlDoc doc = parseDocument(session, document, true, collector, fault);
@@ -165,6 +165,9 @@ std::vector<SchemaError> validateByDtd(const DOMDocument40 &document, const QStr
         fault.raise(doc && doc->intSubset ? QString::fromUtf8(reinterpret_cast<const char *>(
                                                 doc->intSubset->SystemID))
                                           : QString());
+    // What a missing part declares would be an error wherever it is used.
+    if (!session.missing().isNull())
+        raiseSchemaError(session.missing(), 0, text::SchemaNotFound);
     session.report = [&](const xmlError &error) { collector.add(error); };
     const Owned<xmlValidCtxt> context(xmlNewValidCtxt());
     if (!context)
@@ -174,10 +177,11 @@ std::vector<SchemaError> validateByDtd(const DOMDocument40 &document, const QStr
     return collector.errorsIn(document);
 }
 
-std::vector<SchemaError> validateByXsd(const DOMDocument40 &document, const QString &schemaPath) {
+std::vector<SchemaError> validateByXsd(const DOMDocument40 &document, const QString &schemaPath,
+                                       const QStringList &otherFolders) {
     const QString name = QFileInfo(schemaPath).fileName();
     checkXsd(schemaPath, name);
-    SchemaSession session(QFileInfo(schemaPath).absolutePath());
+    SchemaSession session(QStringList(QFileInfo(schemaPath).absolutePath()) + otherFolders);
     const Owned<xmlSchema> schema = compileXsd(session, name);
     Collector collector(session, xsdMessage);
     FirstFault fault;

@@ -244,13 +244,13 @@ std::vector<Node> selectNodes(const Node &context, const QString &expression,
                               qsizetype(ordinals.size() * sizeof(LibxmlTree::Ordinal)));
         },
         {}, progress);
-    std::vector<LibxmlTree::Ordinal> ordinals(std::size_t(found.size()) /
-                                              sizeof(LibxmlTree::Ordinal));
-    std::memcpy(ordinals.data(), found.constData(), std::size_t(found.size()));
     std::vector<Node> nodes;
-    nodes.reserve(ordinals.size());
-    for (const LibxmlTree::Ordinal ordinal : ordinals)
+    LibxmlTree::Ordinal ordinal;
+    nodes.reserve(std::size_t(found.size()) / sizeof ordinal);
+    for (qsizetype at = 0; at < found.size(); at += qsizetype(sizeof ordinal)) {
+        std::memcpy(&ordinal, found.constData() + at, sizeof ordinal);
         nodes.push_back(HandleAccess::node(context, tree.numberAt(ordinal)));
+    }
     return nodes;
 }
 

@@ -1,5 +1,6 @@
 #include "platform/xml/xslt_loader.h"
 
+#include "platform/xml/allowed_folders.h"
 #include "platform/xml/xslt_log.h"
 #include "resources/xslt_texts.h"
 
@@ -25,42 +26,8 @@ constexpr char ScriptNamespace[] = "urn:schemas-microsoft-com:xslt";
 constexpr int ParseOptions = XML_PARSE_NOENT | XML_PARSE_NOCDATA | XML_PARSE_NONET;
 
 // The loader that libxslt calls has no user data of its own.
-QStringList allowedFolders;
+AllowedFolders allowedFolders;
 XsltLog *loaderLog = nullptr;
-
-QString canonicalFolder(const QString &folder) {
-    const QString path = QFileInfo(folder).canonicalFilePath();
-    return path.isEmpty() || path.endsWith(QLatin1Char('/')) ? path : path + QLatin1Char('/');
-}
-
-/// The file's path without links when it is a file in one of the folders; else empty.
-QString allowedFile(const QString &path) {
-    const QString canonical = QFileInfo(path).canonicalFilePath();
-    if (canonical.isEmpty() || !QFileInfo(canonical).isFile())
-        return {};
-    for (const QString &folder : allowedFolders) {
-        if (const QString root = canonicalFolder(folder);
-            !root.isEmpty() && canonical.startsWith(root))
-            return canonical;
-    }
-    return {};
-}
-
-QString findFile(const QString &path) {
-    if (QString found = allowedFile(path); !found.isEmpty())
-        return found;
-    for (const QString &folder : allowedFolders) {
-        const QString root = QDir::cleanPath(folder) + QLatin1Char('/');
-        if (!path.startsWith(root))
-            continue;
-        for (const QString &other : allowedFolders) {
-            if (QString found = allowedFile(QDir(other).filePath(path.mid(root.size())));
-                !found.isEmpty())
-                return found;
-        }
-    }
-    return {};
-}
 
 /// URL syntax for a name that may hold any characters; what is a URL already stays as it is.
 QByteArray escapedReference(const xmlChar *reference) {
@@ -122,8 +89,7 @@ xmlDocPtr loadDocument(const xmlChar *uri, xmlDictPtr dictionary, int /*options*
     if (loaderLog->mainUrl() == bytes(uri))
         return nullptr;
     const QUrl asked = QUrl::fromEncoded(bytes(uri));
-    const QString path =
-        asked.isLocalFile() ? findFile(QDir::cleanPath(asked.toLocalFile())) : QString();
+    const QString path = asked.isLocalFile() ? allowedFolders.find(asked.toLocalFile()) : QString();
     QFile file(path);
     if (path.isEmpty() || !file.open(QIODevice::ReadOnly)) {
         loaderLog->addFailure(text::FileOutOfReach.toString().arg(asked.toString()));
@@ -155,9 +121,7 @@ QByteArray folderUrl(const QString &folder) {
 }
 
 void restrictToFolders(const QStringList &folders, XsltLog &log) {
-    allowedFolders.clear();
-    for (const QString &folder : folders)
-        allowedFolders.append(QFileInfo(folder).absoluteFilePath());
+    allowedFolders = AllowedFolders(folders);
     loaderLog = &log;
     xmlSetExternalEntityLoader(refuseEntity);
     xsltSetLoaderFunc(loadDocument);

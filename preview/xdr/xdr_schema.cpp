@@ -4,23 +4,11 @@
 #include "preview/xdr/xdr_schema_reader.h"
 #include "resources/validation_texts.h"
 
-#include <QFileInfo>
 #include <QUrl>
 
 namespace quillon::xdr {
 
 namespace text = resources::validation_text;
-
-namespace {
-
-/// The path of a file that must be in the folder; empty when it is not.
-QString pathInFolder(const QString &folder, const QString &name) {
-    const QString root = QFileInfo(folder).canonicalFilePath() + u'/';
-    const QString path = QFileInfo(root + name).canonicalFilePath();
-    return path.startsWith(root) && QFileInfo(path).isFile() ? path : QString();
-}
-
-} // namespace
 
 void SchemaSet::add(const QString &namespaceName, const QString &displayName,
                     const xml::Node &schemaElement) {
@@ -46,9 +34,9 @@ const Schema *SchemaSet::find(const QString &namespaceName) {
 
 const Schema *SchemaSet::load(const QString &namespaceName) {
     const QString name = namespaceName.mid(AddressPrefix.size());
-    QString path = pathInFolder(folder_, name);
+    QString path = folders_.find(name);
     if (path.isEmpty())
-        path = pathInFolder(folder_, QUrl::fromPercentEncoding(name.toUtf8()));
+        path = folders_.find(QUrl::fromPercentEncoding(name.toUtf8()));
     if (path.isEmpty())
         xml::raiseSchemaError(name, 0, text::SchemaNotFound);
     xml::DOMDocument40 document = xml::DOMDocument40::create();

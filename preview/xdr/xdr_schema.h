@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/xml/allowed_folders.h"
 #include "platform/xml/dom.h"
 #include "preview/xdr/xdr_content_model.h"
 #include "preview/xdr/xdr_datatype.h"
@@ -82,8 +83,8 @@ public:
 /// The schemas known by the names of their namespaces.
 class SchemaSet {
 public:
-    /// `folder` is the only place where schemas are looked up.
-    explicit SchemaSet(QString folder) : folder_(std::move(folder)) {}
+    /// Schemas are looked up in these folders only.
+    explicit SchemaSet(const QStringList &folders) : folders_(folders) {}
 
     /// Adds a schema, given as its Schema element. Raises Fail, with the line, for one that is no
     /// schema or has faults; the set is then as it was.
@@ -96,7 +97,7 @@ public:
 private:
     const Schema *load(const QString &namespaceName);
 
-    QString folder_;
+    xml::AllowedFolders folders_;
     QHash<QString, std::shared_ptr<Schema>> schemas_;
 };
 

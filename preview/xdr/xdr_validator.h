@@ -14,8 +14,8 @@ namespace quillon::xdr {
 /// earlier in the document), or they are added here under any namespace.
 class Validator {
 public:
-    /// Schema files are looked up in that folder only.
-    explicit Validator(const QString &folder) : schemas_(folder) {}
+    /// Schema files are looked up in these folders only.
+    explicit Validator(const QStringList &folders) : schemas_(folders) {}
 
     /// Makes a schema the one of a namespace; "" is the one of elements without a namespace. Raises
     /// Fail, with the line, when it is no XDR schema or has faults.

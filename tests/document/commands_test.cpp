@@ -1,6 +1,9 @@
 #include "platform/runtime/error.h"
 #include "tests/support/editor_window.h"
 
+#include <QLineEdit>
+#include <QTest>
+
 namespace quillon::test {
 
 namespace {
@@ -121,6 +124,49 @@ TEST_F(CommandsTest, ReloadDropsChangesWhenTold) {
     EXPECT_TRUE(state().m_ReadOnly);
     QFile::remove(path("doc.xml"));
     EXPECT_THROW(commands().mnuFileReload_Click(), runtime::Error);
+}
+
+TEST_F(CommandsTest, WhatAFailedLoadHasLeftIsNotSaved) {
+    open("<r>old</r>");
+    select("old");
+    type("new");
+    EXPECT_TRUE(state().m_Modified);
+    write("doc.xml", "<broken>");
+    dialogs.answerMessage(6);
+    dialogs.answerMessage(1);
+    editor().commands.mnuFileReload_Click();
+    EXPECT_TRUE(item("new")) << "the tree goes on showing what was there";
+    EXPECT_THROW(editor().commands.mnuFileSave_Click(), runtime::Error);
+    EXPECT_THROW(editor().commands.mnuFileSaveAs_Click(), runtime::Error);
+    EXPECT_EQ(read("doc.xml"), "<broken>");
+    editor().history.UndoCommand();
+    dialogs.answerFile({path("other.xml"), 0});
+    editor().commands.mnuFileSaveAs_Click();
+    EXPECT_EQ(read("other.xml"), "<r>old</r>");
+
+    QFile::remove(path("other.xml"));
+    EXPECT_THROW(editor().commands.mnuFileReload_Click(), runtime::Error);
+    EXPECT_EQ(status(), "");
+    EXPECT_THROW(editor().commands.mnuFileSave_Click(), runtime::Error);
+    EXPECT_FALSE(QFile::exists(path("other.xml")));
+}
+
+TEST_F(CommandsTest, ACaptionBeingTypedBelongsToTheDocumentThatIsSaved) {
+    form->show();
+    open("<r><old/></r>");
+    select("old");
+    tvw().StartLabelEdit();
+    QTest::keyClicks(tvw().viewport()->findChild<QLineEdit *>(), "new");
+    form->actions().action(u"mnuFileSave")->trigger();
+    EXPECT_EQ(read("doc.xml"), "<r><new/></r>");
+    // The first editor goes.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    tvw().StartLabelEdit();
+    QTest::keyClicks(tvw().viewport()->findChild<QLineEdit *>(), "newer");
+    dialogs.answerMessage(2);
+    form->close();
+    EXPECT_EQ(dialogs.messages.back().text, "保存しますか？");
+    EXPECT_EQ(xml(), "<r><newer/></r>");
 }
 
 TEST_F(CommandsTest, AFailedSaveKeepsEverything) {

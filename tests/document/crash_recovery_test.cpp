@@ -73,11 +73,14 @@ TEST_F(CrashRecoveryTest, WhatWasNotSavedComesBackAsADocumentWithoutAFile) {
     change("new", "newer");
     crash();
     restart();
+    dialogs.answerMessage(2);
+    recovery->offer();
+    EXPECT_EQ(xml(), "") << "cancelled, it waits for another time";
     dialogs.answerMessage(6);
     recovery->offer();
-    EXPECT_EQ(dialogs.messages.back().text,
-              "前回保存されなかった変更があります。復元しますか？\n\n" + path("doc.xml"));
-    EXPECT_EQ(dialogs.messages.back().style, 36);
+    EXPECT_TRUE(dialogs.messages.back().text.startsWith(
+        "前回保存されなかった変更があります。復元しますか？\n\n" + path("doc.xml")));
+    EXPECT_EQ(dialogs.messages.back().style, 35);
     EXPECT_EQ(form->windowTitle(), "doc.xml (復元) * - Quillon XML Editor");
     EXPECT_EQ(state().m_DOM.serialize(), "\xEF\xBB\xBF<r>\r\n <a>newer</a></r>");
     EXPECT_TRUE(item("newer"));
@@ -184,7 +187,7 @@ TEST_F(CrashRecoveryTest, DeclinedOnesAreDeletedAndTheOthersWait) {
     dialogs.answerMessage(7);
     dialogs.answerMessage(6);
     recovery->offer();
-    EXPECT_TRUE(dialogs.messages[0].text.endsWith("three.xml")) << "the latest first";
+    EXPECT_TRUE(dialogs.messages[0].text.contains("three.xml")) << "the latest first";
     EXPECT_EQ(xml(), "<r>two.xml</r>");
     EXPECT_EQ(files(left).filter("20020101000001"), QStringList());
     const std::vector<Recoverable> waiting = recovery->find();

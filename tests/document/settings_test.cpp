@@ -31,33 +31,38 @@ protected:
     }
 };
 
+/// A window is no larger than its screen.
+QSize designSize() {
+    return QSize(1000, 680).boundedTo(QGuiApplication::primaryScreen()->availableSize());
+}
+
 TEST_F(SettingsTest, WhatIsMissingHasItsDefault) {
     EXPECT_EQ(editor().settings.fontName, "MS UI Gothic");
     EXPECT_EQ(editor().settings.fontSize, 10);
     EXPECT_TRUE(editor().settings.editors.empty());
-    EXPECT_EQ(form->size(), QSize(1000, 680));
+    EXPECT_EQ(form->size(), designSize());
 }
 
 TEST_F(SettingsTest, EverythingComesBackAfterARestart) {
     form->show();
     form->move(40, 60);
-    form->resize(900, 500);
+    form->resize(700, 500);
     editor().settings.fontName = "Sans Serif";
     editor().settings.fontSize = 12;
     editor().settings.editors = {{"一つ目", "/usr/bin/one"}, {"two", "/usr/bin/two"}};
     QSplitter &vsp = *form->findChild<QSplitter *>("vsp");
-    vsp.setSizes({300, 590});
+    vsp.setSizes({300, 390});
     const int split = vsp.sizes().value(0);
     restart();
-    EXPECT_EQ(stored("Application/Width"), QString::number(900 * 15));
+    EXPECT_EQ(stored("Application/Width"), QString::number(700 * 15));
     EXPECT_EQ(form->pos(), QPoint(40, 60));
-    EXPECT_EQ(form->size(), QSize(900, 500));
+    EXPECT_EQ(form->size(), QSize(700, 500));
     EXPECT_EQ(editor().settings.fontName, "Sans Serif");
     EXPECT_EQ(tvw().font().pointSize(), 12);
     ASSERT_EQ(editor().settings.editors.size(), 2u);
     EXPECT_EQ(editor().settings.editors[0].name, "一つ目");
     form->show();
-    EXPECT_NEAR(form->findChild<QSplitter *>("vsp")->sizes().value(0), split, 2);
+    EXPECT_EQ(form->findChild<QSplitter *>("vsp")->sizes().value(0), split);
     EXPECT_TRUE(form->actions().action(u"mnuToolOpenEditor")->isVisible());
     // An editor taken off the end comes back; that is meant so.
     editor().settings.editors.pop_back();
@@ -67,11 +72,11 @@ TEST_F(SettingsTest, EverythingComesBackAfterARestart) {
 
 TEST_F(SettingsTest, AMaximizedWindowKeepsItsNormalPlace) {
     form->show();
-    form->resize(900, 500);
+    form->resize(700, 500);
     restart();
     form->showMaximized();
     restart();
-    EXPECT_EQ(stored("Application/Width"), QString::number(900 * 15));
+    EXPECT_EQ(stored("Application/Width"), QString::number(700 * 15));
     EXPECT_TRUE(editor().settings.maximized);
     EXPECT_TRUE(form->isMaximized());
 }
@@ -84,6 +89,12 @@ TEST_F(SettingsTest, WhatIsTooLargeIsStoredAtTheLimit) {
 }
 
 TEST_F(SettingsTest, BrokenValuesAreToldAndDoNotKeepTheUserOut) {
+    store("Font/Size", "0");
+    dialogs.answerMessage(1);
+    form.reset();
+    restart();
+    EXPECT_EQ(editor().settings.fontSize, 10) << "nobody could read that";
+    dialogs.messages.clear();
     store("Font/Size", "large");
     store("Application/Width", "99999");
     store("Programs/Name0", "a");
@@ -98,7 +109,7 @@ TEST_F(SettingsTest, BrokenValuesAreToldAndDoNotKeepTheUserOut) {
     EXPECT_TRUE(dialogs.messages[0].text.contains("型が一致しません。"));
     EXPECT_TRUE(dialogs.messages[1].text.contains("オーバーフロー"));
     EXPECT_EQ(editor().settings.fontSize, 10);
-    EXPECT_EQ(form->width(), 1000);
+    EXPECT_EQ(form->width(), designSize().width());
     EXPECT_EQ(editor().settings.editors.size(), 1u) << "a gap ends the list";
     store("Programs/Name1", "a");
     store("Programs/Path1", "/b");

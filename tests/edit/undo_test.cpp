@@ -1,3 +1,4 @@
+#include "platform/runtime/error.h"
 #include "tests/support/editor_window.h"
 
 namespace quillon::test {
@@ -120,6 +121,8 @@ TEST_F(UndoTest, UndoAllGoesBackToTheFileAsOpened) {
     EXPECT_EQ(dialogs.messages.back().text, "変更は全て失われます。よろしいですか？");
     EXPECT_EQ(dialogs.messages.back().style, 292);
     EXPECT_EQ(value(), "1");
+    // Later than the opening, whose copy has the time in its name.
+    time = time.addSecs(5);
     dialogs.answerMessage(6);
     editor().commands.mnuEditUndoAll_Click();
     EXPECT_EQ(xml(), "<r/>");
@@ -127,6 +130,12 @@ TEST_F(UndoTest, UndoAllGoesBackToTheFileAsOpened) {
     EXPECT_TRUE(state().m_Modified);
     EXPECT_FALSE(history().CanUndo());
     EXPECT_EQ(state().m_FileName, path("doc.xml"));
+
+    edit("2");
+    QFile::remove(state().m_BackupPath);
+    dialogs.answerMessage(6);
+    EXPECT_THROW(editor().commands.mnuEditUndoAll_Click(), runtime::Error);
+    EXPECT_EQ(value(), "2") << "without the copy the document stays";
 }
 
 TEST(UndoRedo, TheStacksAlone) {

@@ -90,6 +90,34 @@ TEST_F(ValidationTest, TheWorkingCopyForADtdIsTheRootAlone) {
     EXPECT_EQ(error.node, state().m_DOM.documentElement().lastChild());
 }
 
+TEST_F(ValidationTest, ADocumentThatIsNotJapaneseIsWrittenInAnotherEncoding) {
+    open("<r><!--é--><a/></r>");
+    choose("s.dtd", Dtd);
+    EXPECT_EQ(status, Succeeded);
+    EXPECT_EQ(read("Temp/document.xml").replace("\r\n", "\n"),
+              "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!DOCTYPE r SYSTEM \"s.dtd\">\n"
+              "<r><!--é--><a/></r>");
+}
+
+TEST_F(ValidationTest, WhatBelongsToASchemaStandsBesideTheOriginal) {
+    open("<r><a>1</a></r>");
+    write("schemas/a.xsd", Xsd);
+    choose("s.xsd", "<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema'>"
+                    "<xs:include schemaLocation='a.xsd'/></xs:schema>");
+    EXPECT_EQ(status, Succeeded);
+    write("schemas/a.ent", Dtd);
+    choose("s.dtd", "<!ENTITY % a SYSTEM 'a.ent'>%a;");
+    EXPECT_EQ(status, Succeeded);
+    QFile::remove(path("schemas/a.ent"));
+    try {
+        validation.mnuToolVerify_Click();
+        FAIL() << "the part is missing";
+    } catch (const runtime::Error &error) {
+        EXPECT_TRUE(error.description().contains("a.ent")) << error.what();
+        EXPECT_EQ(status, QString(error.description()).replace('\n', ' '));
+    }
+}
+
 TEST_F(ValidationTest, AnXdrSchemaBecomesTheRootsNamespaceInTheCopyOnly) {
     open("<r xmlns=\"urn:old\" k=\"1\"><a>1</a></r>");
     dialogs.answerMessage(controls::message_answer::Ok);

@@ -142,7 +142,7 @@ TEST_F(View, ClicksSelect) {
     click(QPoint(5, 195));
     EXPECT_EQ(selected(), "x") << "a click below the items changes nothing";
     select("b");
-    EXPECT_EQ(clicks_, (QStringList{"a2", "x"}));
+    EXPECT_EQ(clicks_, (QStringList{"a2", "x", "x"})) << "a click on the selected item is one, too";
 
     EXPECT_EQ(view_.HitTest(placeOf(named("a3"))), named("a3"));
     EXPECT_TRUE(view_.HitTest(QPoint(5, 195)).isNothing());
@@ -217,6 +217,11 @@ TEST_F(View, LabelEditsEndByKeyAndFocus) {
         QApplication::setDoubleClickInterval(1);
         click(selected());
         EXPECT_TRUE(QTest::qWaitFor([&] { return editor() != nullptr; }));
+        clicks_.clear();
+    };
+    const auto endByCode = [&] {
+        QTest::keyClicks(editor(), "code");
+        view_.EndLabelEdit();
     };
     for (const std::function<void()> &start :
          {std::function<void()>(startByF2), std::function<void()>(startByCode),
@@ -239,6 +244,10 @@ TEST_F(View, LabelEditsEndByKeyAndFocus) {
         QTest::keyClicks(editor(), "focus");
         view_.setFocus();
         EXPECT_EQ(selected(), "focus");
+        view_.StartLabelEdit();
+        endByCode();
+        EXPECT_FALSE(view_.isEditingLabel());
+        EXPECT_EQ(selected(), "code");
         view_.SelectedItem().setText("a2");
         settle();
     }

@@ -24,7 +24,7 @@ QString schema(const QString &declarations) {
 }
 
 std::vector<xml::SchemaError> errors(const QString &declarations, const QString &document) {
-    Validator validator{QString()};
+    Validator validator{QStringList()};
     validator.addSchema("", parsed(schema(declarations)));
     return validator.validate(parsed(document));
 }
@@ -325,7 +325,7 @@ TEST(Xdr, DocumentsNameTheirSchemas) {
           "<AttributeType name='g' dt:type='int'/><ElementType name='a'>"
           "<element type='o:r'/></ElementType></Schema>");
     const auto validate = [&](const QString &document) {
-        return codes(Validator(folder.path()).validate(parsed(document)));
+        return codes(Validator({folder.path()}).validate(parsed(document)));
     };
     const QString root = "<r xmlns='x-schema:one.xml' xmlns:t='x-schema:two.xml'";
     EXPECT_EQ(validate(root + "><t:a><r><t:a/></r></t:a></r>"), "");
