@@ -11,6 +11,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QLocale>
 #include <QPrinter>
 
 namespace quillon::preview {
@@ -168,7 +169,7 @@ void Preview::show(const QString &page, const QString &extension) {
 
 void Preview::showNotice() {
     m_bPreviewWhole = true;
-    show(texts::LargePreview.toString().arg(state_.m_DOM.maxNodeCount()), QStringLiteral("htm"));
+    show(texts::LargePreview.toString().arg(QLocale().toString(state_.m_DOM.maxNodeCount())), QStringLiteral("htm"));
 }
 
 void Preview::mnuToolPreview_Click() {

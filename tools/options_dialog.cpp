@@ -44,6 +44,7 @@ QLabel *faultLabel() {
     QPalette palette = label->palette();
     palette.setColor(QPalette::WindowText, FaultColor);
     label->setPalette(palette);
+    label->hide();
     return label;
 }
 
@@ -56,6 +57,7 @@ void nameControl(QWidget *control, const char *objectName, QStringView accessibl
 /// Tells a fault beside a field, and to who cannot see the place beside it.
 bool tellFault(QWidget *field, QLabel *label, const QString &fault) {
     label->setText(fault);
+    label->setVisible(!fault.isEmpty());
     field->setAccessibleDescription(fault);
     return !fault.isEmpty();
 }

@@ -86,8 +86,13 @@ TreeBuilder::TreeBuilder(document::DocumentState &state, const ViewOptions &opti
     : state_(state), tvw_(tvw), captions_(m_dicNode, options) {
     tvw_.nodes().setCaptionSource(&captions_);
     QList<QIcon> images;
-    for (const QString &key : imageKeys())
-        images.append(QIcon(QStringLiteral(":/icons/tree/") + key + QStringLiteral(".svg")));
+    for (const QString &key : imageKeys()) {
+        const QString file = QStringLiteral(":/icons/tree/") + key + QStringLiteral(".svg");
+        QIcon icon(file);
+        // As it is, and not tinted like the bar of the selected item, on which it would vanish.
+        icon.addFile(file, QSize(), QIcon::Selected);
+        images.append(icon);
+    }
     tvw_.nodes().setImageList(images);
 }
 
