@@ -42,7 +42,7 @@ bool TreeKeys::tvw_KeyDown(const QKeyEvent &event) {
     const QKeySequence key = keyOf(event);
     // What a keyboard without a menu key has for it.
     if (key == QKeySequence(Qt::SHIFT | Qt::Key_F10)) {
-        Q_EMIT tvw_.customContextMenuRequested(tvw_.visualRect(tvw_.currentIndex()).center());
+        Q_EMIT tvw_.customContextMenuRequested(tvw_.visualRect(tvw_.currentIndex()).bottomLeft());
         return true;
     }
     if (key == QKeySequence(Qt::SHIFT | Qt::Key_F3)) {

@@ -100,7 +100,8 @@ int DesktopDialogs::showMessage(const QString &text, int style, const QString &t
     if (auto *grid = qobject_cast<QGridLayout *>(box.layout())) {
         // A box takes no minimum width. This one is to have room for its title.
         const int width = box.fontMetrics().horizontalAdvance(title) + SpaceBesideTitle;
-        grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+        // The text stands in the last column.
+        grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), grid->columnCount() - 1);
     }
     const int clicked = box.exec();
     const auto found = std::ranges::find(buttons, clicked, &Button::button);

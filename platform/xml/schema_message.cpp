@@ -42,7 +42,8 @@ QString captured(const QString &sentence, const char *pattern) {
     return QRegularExpression(QLatin1String(pattern)).match(sentence).captured(1);
 }
 
-QString withExpected(const QString &reason, const QString &expected) {
+QString withExpected(const QString &reason, QString expected) {
+    expected.replace(QLatin1String(" ,"), QLatin1String(","));
     return expected.isEmpty() ? reason : reason + u'\n' + text::Expecting.arg(expected);
 }
 
