@@ -7,6 +7,30 @@ namespace quillon::edit {
 
 using controls::TreeItem;
 
+namespace {
+
+/// Where an item stands among its siblings, 0-based, and how many they are.
+struct SiblingPlace {
+    int index = 0;
+    int count = 0;
+};
+
+SiblingPlace placeOf(const TreeItem &item) {
+    SiblingPlace place{0, item.Parent().Children()};
+    for (TreeItem at = item.Previous(); at; at = at.Previous())
+        ++place.index;
+    return place;
+}
+
+TreeItem childAt(const TreeItem &parent, int index) {
+    TreeItem child = parent.Child();
+    while (index-- > 0)
+        child = child.Next();
+    return child;
+}
+
+} // namespace
+
 UndoHistory::UndoHistory(document::DocumentState &state, tree::TreeBuilder &builder,
                          tree::Selection &selection, controls::TreeView &tvw)
     : state_(state), builder_(builder), selection_(selection), tvw_(tvw) {}
@@ -52,6 +76,7 @@ void UndoHistory::TakeSnapshot() {
 
 void UndoHistory::restore(const clsUndoInfo &info, quint32 changed) {
     const std::vector<quint32> path = selectedPath();
+    const SiblingPlace place = placeOf(tvw_.SelectedItem());
     state_.m_DOM = info.xml().clone();
     builder_.BuildTree(state_.m_DOM, false);
     const std::unordered_set<quint32> expand(info.ExpandIndex().begin(), info.ExpandIndex().end());
@@ -77,6 +102,9 @@ void UndoHistory::restore(const clsUndoInfo &info, quint32 changed) {
     });
     for (TreeItem &item : expanded)
         item.setExpanded(true);
+    // A node that was renamed is another one, in the place of the one before.
+    if (lowestHeight == 1 && lowest.Children() == place.count)
+        lowest = childAt(lowest, place.index);
     if (const TreeItem item = shownAncestor(changedItem ? changedItem : lowest)) {
         tvw_.setSelectedItem(item);
         selection_.RefillPane(item);

@@ -96,6 +96,20 @@ TEST_F(UndoTest, TheSelectedPlaceStaysSelected) {
     EXPECT_EQ(expanded(), QStringList("#document"));
 }
 
+TEST_F(UndoTest, ARenamedElementStaysSelectedAndAnAddedOneGivesWayToItsParent) {
+    open("<r><a/><b/></r>");
+    select("b");
+    editor().commands.DocumentModified();
+    QString name = "renamed";
+    ASSERT_TRUE(editor().labels.tvw_AfterLabelEdit(tvw().SelectedItem(), name));
+    history().UndoCommand();
+    EXPECT_EQ(tvw().SelectedItem().Text(), "b");
+    select("r");
+    editor().creation.mnuNodeAddElement_Click();
+    history().UndoCommand();
+    EXPECT_EQ(tvw().SelectedItem().Text(), "r");
+}
+
 TEST_F(UndoTest, NeitherModifiedMarkNorCaptionGoBack) {
     open("<r/>");
     edit("1");
