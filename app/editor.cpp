@@ -54,6 +54,7 @@ void Editor::wireStatusTexts() {
     connect(&validation, &preview::Validation::statusText, this, &Editor::statusText);
     connect(&loader, &document::DocumentLoader::statusText, this, &Editor::statusText);
     connect(&commands, &document::DocumentCommands::statusText, this, &Editor::statusText);
+    connect(&recovery, &document::CrashRecovery::statusText, this, &Editor::statusText);
 }
 
 void Editor::wireModifications() {

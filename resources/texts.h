@@ -49,6 +49,8 @@ inline constexpr QStringView OfferRecovery =
     u"前回保存されなかった変更があります。復元しますか？\n\n%1\n(%2 の内容)\n\n"
     u"「いいえ」を選択すると、この変更は削除されます。";
 inline constexpr QStringView RecoveredMark = u" (復元)";
+inline constexpr QStringView CannotKeepChanges =
+    u"異常終了に備えた変更の控えを作業フォルダーに書き込めません。ドキュメントを保存してください。";
 inline constexpr QStringView CannotRecover =
     u"復元できませんでした。変更の控えは次のファイルに残っています。\n%1\n\n%2";
 

@@ -20,6 +20,7 @@
 #include <string_view>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <utility>
 
 namespace quillon::document {
 
@@ -120,11 +121,13 @@ void CrashRecovery::write() {
     // Without a root element nothing could be opened again; the copy before it was removed stays.
     if (!state_.m_Modified || !state_.m_DOM.documentElement())
         return;
-    std::array<int, 2> ends;
-    if (child_ != 0 || !holdBase() || ::pipe2(ends.data(), O_CLOEXEC) != 0) {
+    if (child_ != 0) {
         timer_.start(pace_.longest);
         return;
     }
+    std::array<int, 2> ends;
+    if (!holdBase() || ::pipe2(ends.data(), O_CLOEXEC) != 0)
+        return tryAgain();
     child_ = ::fork();
     if (child_ == 0) {
         // When the program dies now, this process still finishes; but it must not hang.
@@ -142,8 +145,7 @@ void CrashRecovery::write() {
     if (child_ < 0) {
         ::close(ends[0]);
         child_ = 0;
-        timer_.start(pace_.longest);
-        return;
+        return tryAgain();
     }
     unwritten_.invalidate();
     childEnd_ = std::make_unique<QSocketNotifier>(ends[0], QSocketNotifier::Read);
@@ -165,10 +167,17 @@ int CrashRecovery::reapChild() {
 
 void CrashRecovery::childEnded() {
     const int status = reapChild();
-    if (WIFEXITED(status) && WEXITSTATUS(status) == EXIT_SUCCESS)
-        Q_EMIT written();
-    else if (!timer_.isActive())
+    if (!WIFEXITED(status) || WEXITSTATUS(status) != EXIT_SUCCESS)
+        return tryAgain();
+    isFailing_ = false;
+    Q_EMIT written();
+}
+
+void CrashRecovery::tryAgain() {
+    if (!timer_.isActive())
         timer_.start(pace_.longest);
+    if (!std::exchange(isFailing_, true))
+        Q_EMIT statusText(texts::CannotKeepChanges.toString());
 }
 
 void CrashRecovery::discard() {

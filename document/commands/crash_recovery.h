@@ -66,6 +66,8 @@ public:
 Q_SIGNALS:
     /// The changes made up to when the writing began are on the disk.
     void written();
+    /// They cannot be put there, which is tried again and again.
+    void statusText(const QString &text);
 
 private:
     QString filePath(const QString &name) const;
@@ -73,6 +75,8 @@ private:
     void removeFiles(const QString &base) const;
     void write();
     void childEnded();
+    /// Says once that there is no writing, and goes on trying.
+    void tryAgain();
     int reapChild();
 
     DocumentState &state_;
@@ -83,6 +87,7 @@ private:
     QTimer timer_;
     /// Since the first change that has not been written; not running when there is none.
     QElapsedTimer unwritten_;
+    bool isFailing_ = false;
     /// Empty until the first writing.
     QString base_;
     std::unique_ptr<QLockFile> lock_;

@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QProcess>
 #include <QSignalSpy>
+#include <QTest>
 #include <QTimer>
 
 namespace quillon::test {
@@ -169,6 +170,23 @@ TEST_F(CrashRecoveryTest, ChangesWithoutAPauseAreWrittenAtIntervals) {
     QObject::connect(&typing, &QTimer::timeout, [this] { type(txtEdit().Text() + "x"); });
     typing.start(0);
     EXPECT_TRUE(written.wait());
+}
+
+TEST_F(CrashRecoveryTest, ThatNothingCanBeKeptIsToldOnce) {
+    QDir(path("kept")).removeRecursively();
+    write("kept", "a file where the folder should be");
+    QStringList told;
+    QObject::connect(recovery.get(), &CrashRecovery::statusText,
+                     [&](const QString &text) { told.append(text); });
+    open("<r>old</r>");
+    select("old");
+    type("new");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !told.isEmpty(); }));
+    // It goes on trying, and succeeds when there is a folder.
+    QFile::remove(path("kept"));
+    QSignalSpy written(recovery.get(), &CrashRecovery::written);
+    EXPECT_TRUE(written.wait());
+    EXPECT_EQ(told.size(), 1);
 }
 
 TEST_F(CrashRecoveryTest, DeclinedOnesAreDeletedAndTheOthersWait) {
