@@ -84,6 +84,7 @@ void Editor::wireTree(controls::TreeView &tvw) {
         guarded([&] { selection.RefillPane(tvw.SelectedItem()); });
     };
     connect(&dragAndDrop, &tree::DragAndDrop::documentModified, this, refill);
+    connect(&tools, &tools::ToolCommands::documentModified, this, refill);
     connect(&removal, &tree::NodeRemoval::documentModified, this, [this, &tvw, refill] {
         if (pane.shownSequence == tvw.SelectedItem().sequence())
             refill();

@@ -70,7 +70,6 @@ private:
 
     document::Placement placement() const;
     void place(const document::Placement &placement);
-    void applyFont();
     void takeFont(const QString &name, qint16 size);
     void mnuToolOption_Click();
     void showExternalEditors();

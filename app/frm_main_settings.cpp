@@ -45,12 +45,7 @@ void frmMain::Form_Initialize() {
     place(placed);
     if (settings.maximized)
         setWindowState(windowState() | Qt::WindowMaximized);
-    ignoringErrors([this] {
-        applyFont();
-        QFont pathFont = cboPath->font();
-        pathFont.setFamily(editor_->settings.fontName);
-        cboPath->setFont(pathFont);
-    });
+    ignoringErrors([&] { takeFont(settings.fontName, settings.fontSize); });
     showExternalEditors();
     ignoringErrors([this] { editor_->workingFolder.create(); });
 }
@@ -103,12 +98,6 @@ void frmMain::showEvent(QShowEvent *event) {
     split(*hsp, firstSplitTop_, centralWidget()->height());
 }
 
-void frmMain::applyFont() {
-    const document::Settings &settings = editor_->settings;
-    txtEdit->setTextFont(settings.fontName, settings.fontSize);
-    tvw->setFont(QFont(settings.fontName, settings.fontSize));
-}
-
 void frmMain::showExternalEditors() {
     std::vector<controls::ActionMenus::Element> elements;
     for (const document::ExternalEditor &editor : editor_->settings.editors)
@@ -123,17 +112,14 @@ void frmMain::showExternalEditors() {
 void frmMain::mnuToolOption_Click() {
     document::Settings &settings = editor_->settings;
     tools::Options present;
-    for (const document::ExternalEditor &editor : settings.editors)
-        present.editors.push_back({editor.name, editor.path});
+    present.editors = settings.editors;
     present.fontName = settings.fontName;
     present.fontSize = settings.fontSize;
     tools::OptionsDialog dialog(present, editor_->recentFiles.read().size(), this);
     if (dialog.exec() != QDialog::Accepted)
         return;
     const tools::Options chosen = dialog.options();
-    settings.editors.clear();
-    for (const tools::ExternalProgram &program : chosen.editors)
-        settings.editors.push_back({program.name, program.path});
+    settings.editors = chosen.editors;
     settings.removeEditorsFrom(settings.editors.size());
     takeFont(chosen.fontName, runtime::toInteger(qint64(chosen.fontSize)));
     showExternalEditors();
@@ -145,7 +131,8 @@ void frmMain::mnuToolOption_Click() {
 void frmMain::takeFont(const QString &name, qint16 size) {
     editor_->settings.fontName = name;
     editor_->settings.fontSize = size;
-    applyFont();
+    txtEdit->setTextFont(name, size);
+    tvw->setFont(QFont(name, size));
     // The path box keeps its size; that is meant so.
     QFont pathFont = cboPath->font();
     pathFont.setFamily(name);

@@ -36,9 +36,11 @@ constexpr int CompanionMs = 1000;
 void startCompanion() {
     const QString folder = runtime::programFolder();
     QDBusConnection bus = system::sessionBus();
-    if (!bus.isConnected() || !QFileInfo(folder + QStringLiteral("/QuillonDDE")).isExecutable())
+    if (!bus.isConnected() ||
+        !QFileInfo(folder + QLatin1Char('/') + QLatin1String(system::CompanionFileName))
+             .isExecutable())
         return;
-    QDBusServiceWatcher watcher(QStringLiteral("org.quillon.QuillonEditDDE"), bus,
+    QDBusServiceWatcher watcher(QLatin1String(system::CompanionBusName), bus,
                                 QDBusServiceWatcher::WatchForRegistration);
     QEventLoop untilRegistered;
     QObject::connect(&watcher, &QDBusServiceWatcher::serviceRegistered, &untilRegistered,

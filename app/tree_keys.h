@@ -21,7 +21,8 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    /// Each combination of Shift, Ctrl and Alt must match exactly. True when the key was one.
+    /// Each combination of Shift, Ctrl and Alt must match exactly, but for Delete, which is taken
+    /// with any. True when the key was one.
     bool tvw_KeyDown(const QKeyEvent &event);
 
     controls::TreeView &tvw_;

@@ -8,8 +8,8 @@
 
 namespace quillon::app {
 
-/// The published object that owns one main window. Several members do nothing yet: they are part
-/// of the interface that other programs know.
+/// The published object for one main window. Several members do nothing: they are part of the
+/// interface that other programs know. That is meant so.
 class Window : public QObject {
     Q_OBJECT
 

@@ -111,12 +111,14 @@ void NodeCommands::mnuEditDelete_Click() {
     if (state_.m_ReadOnly || !item)
         return;
     if (item == tvw_.nodes().Item(1)) {
-        controls::showMessage(resources::messageText(5), style::Exclamation);
+        controls::showMessage(resources::messageText(resources::message::RootCannotBeDeleted),
+                              style::Exclamation);
         return;
     }
     constexpr int Ask = style::YesNo + style::Question + style::DefaultButton2;
     if (g_bConfirmDelete &&
-        controls::showMessage(resources::messageText(6), Ask) != controls::message_answer::Yes)
+        controls::showMessage(resources::messageText(resources::message::ConfirmDelete), Ask) !=
+            controls::message_answer::Yes)
         return;
     removal_.DeleteNode(item);
     selection_.ShowNode(tvw_.SelectedItem(), true);

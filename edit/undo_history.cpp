@@ -1,5 +1,6 @@
 #include "edit/undo_history.h"
 
+#include <algorithm>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -9,22 +10,25 @@ using controls::TreeItem;
 
 namespace {
 
-/// Where an item stands among its siblings, 0-based, and how many they are.
-struct SiblingPlace {
-    int index = 0;
-    int count = 0;
-};
-
-SiblingPlace placeOf(const TreeItem &item) {
-    SiblingPlace place{0, item.Parent().Children()};
-    for (TreeItem at = item.Previous(); at; at = at.Previous())
-        ++place.index;
-    return place;
+/// The numbers of the nodes that the items below an item show.
+std::vector<quint32> childNumbers(const TreeItem &parent, const tree::NodeRegistry &registry) {
+    std::vector<quint32> numbers;
+    for (TreeItem child = parent.Child(); child; child = child.Next())
+        numbers.push_back(registry.number(child.sequence()));
+    return numbers;
 }
 
-TreeItem childAt(const TreeItem &parent, int index) {
+/// The child item in the place of the one node that has been replaced; Nothing when there is more
+/// that differs.
+TreeItem replacedChild(const TreeItem &parent, const std::vector<quint32> &before, quint32 node,
+                       const tree::NodeRegistry &registry) {
+    const std::vector<quint32> now = childNumbers(parent, registry);
+    const auto [old, other] = std::ranges::mismatch(before, now);
+    if (before.size() != now.size() || old == before.end() || *old != node ||
+        !std::equal(old + 1, before.end(), other + 1))
+        return {};
     TreeItem child = parent.Child();
-    while (index-- > 0)
+    for (auto at = now.begin(); at != other; ++at)
         child = child.Next();
     return child;
 }
@@ -76,7 +80,8 @@ void UndoHistory::TakeSnapshot() {
 
 void UndoHistory::restore(const clsUndoInfo &info, quint32 changed) {
     const std::vector<quint32> path = selectedPath();
-    const SiblingPlace place = placeOf(tvw_.SelectedItem());
+    const std::vector<quint32> siblings =
+        childNumbers(tvw_.SelectedItem().Parent(), builder_.registry());
     state_.m_DOM = info.xml().clone();
     builder_.BuildTree(state_.m_DOM, false);
     const std::unordered_set<quint32> expand(info.ExpandIndex().begin(), info.ExpandIndex().end());
@@ -103,8 +108,11 @@ void UndoHistory::restore(const clsUndoInfo &info, quint32 changed) {
     for (TreeItem &item : expanded)
         item.setExpanded(true);
     // A node that was renamed is another one, in the place of the one before.
-    if (lowestHeight == 1 && lowest.Children() == place.count)
-        lowest = childAt(lowest, place.index);
+    if (lowestHeight == 1) {
+        const TreeItem replaced =
+            replacedChild(lowest, siblings, path.front(), builder_.registry());
+        lowest = replaced ? replaced : lowest;
+    }
     if (const TreeItem item = shownAncestor(changedItem ? changedItem : lowest)) {
         tvw_.setSelectedItem(item);
         selection_.RefillPane(item);
@@ -141,10 +149,7 @@ void UndoHistory::UndoCommand() {
 void UndoHistory::RedoCommand() {
     if (const auto info = history().Redo())
         restore(*info, info->selectedNode());
-    // Unlike undoing, this leaves the selection's buttons alone and sets the entries of the menu;
-    // that is meant so.
-    Q_EMIT redoEntryChanged(CanRedo());
-    Q_EMIT undoEntryChanged(true);
+    // Unlike undoing, this leaves the selection's buttons alone; that is meant so.
     Q_EMIT redoButtonChanged(CanRedo());
     Q_EMIT undoButtonChanged(true);
 }

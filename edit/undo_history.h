@@ -30,11 +30,9 @@ public:
     bool CanRedo() const { return m_Undo && m_Undo->CanRedo(); }
 
 Q_SIGNALS:
-    /// The enabled states of the toolbar's buttons and of the menu's entries.
+    /// The enabled states of the toolbar's buttons.
     void undoButtonChanged(bool enabled);
     void redoButtonChanged(bool enabled);
-    void undoEntryChanged(bool enabled);
-    void redoEntryChanged(bool enabled);
     /// The buttons that depend on the selection are to be set anew.
     void buttonsChanged(const tree::ClipboardButtons &buttons);
 

@@ -41,7 +41,7 @@ windows_before=""
 pixels_before=""
 same=0
 while [ "$same" -lt 25 ]; do
-    kill -0 "$editor" 2>/dev/null || fail "エディターが終了しました (the editor ended before its window was shown)."
+    kill -0 "$editor" 2>/dev/null || fail "エディタが終了しました (the editor ended before its window was shown)."
     [ "$SECONDS" -lt "$patience_seconds" ] ||
         fail "${patience_seconds} 秒以内に表示されませんでした (no window within $patience_seconds seconds)."
     sleep "$poll_seconds"

@@ -37,14 +37,6 @@ const QString MetaTag =
 /// Tells the browser that the file is in UTF-8, whatever the page says.
 constexpr char Utf8Mark[] = "\xEF\xBB\xBF";
 
-DOMDocument40 newDocument() {
-    DOMDocument40 document = DOMDocument40::create();
-    document.setAsync(false);
-    document.setValidateOnParse(false);
-    document.setResolveExternals(false);
-    return document;
-}
-
 /// For a place inside an attribute or text of a stylesheet, and inside a quoted name of CSS.
 QString escapedFontName(QString name) {
     return name.remove(QLatin1Char('\'')).remove(QLatin1Char('\\')).toHtmlEscaped();
@@ -75,7 +67,7 @@ Preview::Preview(const document::DocumentState &state, tree::TreeBuilder &builde
                 node.ownerDocument().maxNodeCount() > LargeDocument)
                 showNotice();
             else
-                ShowPreview(node);
+                tryToRender(node, Asked::No);
         });
     });
     connect(&ie_, &controls::Browser::clicked, this,
@@ -101,21 +93,30 @@ void Preview::SyncPreview() {
     later_.start(QuietBeforeRefresh);
 }
 
-void Preview::ShowPreview(const Node &node) {
-    if (!node)
-        return;
-    try {
-        render(node);
-    } catch (const runtime::Error &error) {
-        if (error.number() == runtime::error_number::Cancelled)
-            return Q_EMIT statusText(error.description());
-        controls::showMessage(resources::messageText(13) + QStringLiteral("\r\n") +
-                                  error.description(),
-                              controls::message_style::Exclamation);
-    }
+bool Preview::ShowPreview(const Node &node) {
+    return tryToRender(node, Asked::Yes);
 }
 
-void Preview::render(const Node &node) {
+bool Preview::tryToRender(const Node &node, Asked asked) {
+    if (!node)
+        return true;
+    const bool wholeBefore = m_bPreviewWhole;
+    try {
+        render(node, asked);
+    } catch (const runtime::Error &error) {
+        if (error.number() == runtime::error_number::Cancelled) {
+            m_bPreviewWhole = wholeBefore;
+            Q_EMIT statusText(error.description());
+            return false;
+        }
+        controls::showMessage(resources::messageText(resources::message::CannotPreview) +
+                                  QStringLiteral("\r\n") + error.description(),
+                              controls::message_style::Exclamation);
+    }
+    return true;
+}
+
+void Preview::render(const Node &node, Asked asked) {
     m_bPreviewWhole = node.nodeType() == NodeType::Document;
     const QString path = m_bPreviewWhole ? m_strXslPath : QString();
     const bool chosen = QFileInfo(path).isFile();
@@ -124,12 +125,15 @@ void Preview::render(const Node &node) {
     xml::TransformOptions options;
     options.folders = {chosen ? stylesheetFolder_ : workingFolder_.path(), workingFolder_.path()};
     QString result;
-    longWork_.run(texts::Rendering.toString(), controls::LongWork::Stop::Offered,
-                  [&](const runtime::Progress &progress) {
-                      options.progress = progress;
-                      // In a process of its own it works on a copy, never on the document.
-                      result = xml::transformNode(node, sheet, options);
-                  });
+    const auto transform = [&](const runtime::Progress &progress) {
+        options.progress = progress;
+        // In a process of its own it works on a copy, never on the document.
+        result = xml::transformNode(node, sheet, options);
+    };
+    if (asked == Asked::Yes)
+        longWork_.run(texts::Rendering.toString(), controls::LongWork::Stop::Offered, transform);
+    else
+        transform({});
     result.remove(MetaTag);
     if (result.contains(QLatin1String("<html"), Qt::CaseInsensitive))
         extension = QStringLiteral("htm");
@@ -137,7 +141,7 @@ void Preview::render(const Node &node) {
 }
 
 DOMDocument40 Preview::stylesheet(const QString &path) const {
-    DOMDocument40 sheet = newDocument();
+    DOMDocument40 sheet = DOMDocument40::create();
     sheet.load(path);
     requireParsed(sheet);
     return sheet;
@@ -150,7 +154,7 @@ DOMDocument40 Preview::builtInStylesheet() const {
     const PreviewFont font = font_();
     text.replace(QLatin1String("%FONT_NAME%"), escapedFontName(font.name));
     text.replace(QLatin1String("%FONT_SIZE%"), QString::number(font.size) + QStringLiteral("pt"));
-    DOMDocument40 sheet = newDocument();
+    DOMDocument40 sheet = DOMDocument40::create();
     sheet.loadXML(text);
     requireParsed(sheet);
     return sheet;
@@ -169,7 +173,8 @@ void Preview::show(const QString &page, const QString &extension) {
 
 void Preview::showNotice() {
     m_bPreviewWhole = true;
-    show(texts::LargePreview.toString().arg(QLocale().toString(state_.m_DOM.maxNodeCount())), QStringLiteral("htm"));
+    show(texts::LargePreview.toString().arg(QLocale().toString(state_.m_DOM.maxNodeCount())),
+         QStringLiteral("htm"));
 }
 
 void Preview::mnuToolPreview_Click() {
@@ -205,7 +210,8 @@ void Preview::mnuToolPrevHTML_Click(bool checked) {
 void Preview::mnuFilePrint_Click() {
     if (state_.m_DOM.isNull())
         return;
-    ShowPreview(state_.m_DOM.node());
+    if (!ShowPreview(state_.m_DOM.node()))
+        return;
     auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
     printer->setDocName(runtime::fileName(state_.m_FileName));
     if (controls::dialogs().choosePrinter(*printer))

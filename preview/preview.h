@@ -32,8 +32,9 @@ public:
             std::function<PreviewFont()> font);
 
     /// Renders a document or an element at once; nothing for no node. A failure is shown in a
-    /// message box and leaves the pane as it was; so does the user who has it stopped.
-    void ShowPreview(const xml::Node &node);
+    /// message box and leaves the pane as it was; so does the user who has it stopped, for which
+    /// the result is false.
+    bool ShowPreview(const xml::Node &node);
     /// The same after the event that asked for it, once for all who ask. A large document is not
     /// rendered then: the pane tells how to have it shown.
     void requestPreview(const xml::Node &node);
@@ -60,7 +61,11 @@ Q_SIGNALS:
     void statusText(const QString &text);
 
 private:
-    void render(const xml::Node &node);
+    /// Rendering that nobody has asked for must not take the keys away from who is typing.
+    enum class Asked { Yes, No };
+
+    bool tryToRender(const xml::Node &node, Asked asked);
+    void render(const xml::Node &node, Asked asked);
     void show(const QString &page, const QString &extension);
     xml::DOMDocument40 stylesheet(const QString &path) const;
     xml::DOMDocument40 builtInStylesheet() const;

@@ -13,6 +13,7 @@
 #include <QDataStream>
 #include <QFileInfo>
 #include <QIODevice>
+#include <QScopeGuard>
 
 #include <algorithm>
 
@@ -94,6 +95,7 @@ void Validation::VerifyDocument() {
     if (!state_.m_DOM.documentElement())
         throw runtime::Error(runtime::error_number::Fail, text::NoRoot);
     Q_EMIT statusText(text::Validating);
+    auto clearStatus = qScopeGuard([this] { Q_EMIT statusText(QString()); });
     try {
         longWork_.run(text::Validating, controls::LongWork::Stop::Offered,
                       [&](const runtime::Progress &progress) {
@@ -101,9 +103,11 @@ void Validation::VerifyDocument() {
                           take(xml::runInChild([&] { return findings(validate); }, {}, progress));
                       });
     } catch (const runtime::Error &error) {
+        clearStatus.dismiss();
         Q_EMIT statusText(onOneLine(error.description()));
         throw;
     }
+    clearStatus.dismiss();
     if (errors_.empty())
         Q_EMIT statusText(resources::messageText(resources::message::ValidationSucceeded));
     else
@@ -148,7 +152,7 @@ std::vector<xml::SchemaError> Validation::validateDtd(xml::DOMDocument40 &copy) 
         writeForDtd(root, "UTF-8");
     }
     loadWorkingCopy(copy);
-    std::vector<xml::SchemaError> found = xml::validateByDtd(copy, folders());
+    std::vector<xml::SchemaError> found = xml::validateByDtd(copy, schemaCopyPath(), partFolders());
     const int shift = found.empty() ? 0 : linesAheadOfRoot(state_.m_DOM) - HeaderLines;
     for (xml::SchemaError &error : found) {
         if (error.line > 0)
@@ -160,7 +164,7 @@ std::vector<xml::SchemaError> Validation::validateDtd(xml::DOMDocument40 &copy) 
 std::vector<xml::SchemaError> Validation::validateXsd(xml::DOMDocument40 &copy) const {
     state_.m_DOM.save(workingCopyPath(), xml::ReadOnlyFile::Replace);
     loadWorkingCopy(copy);
-    return xml::validateByXsd(copy, workingFolder_.filePath(m_strSchemaFile), folders());
+    return xml::validateByXsd(copy, schemaCopyPath(), partFolders());
 }
 
 std::vector<xml::SchemaError> Validation::validateXdr(xml::DOMDocument40 &copy) const {
@@ -170,12 +174,16 @@ std::vector<xml::SchemaError> Validation::validateXdr(xml::DOMDocument40 &copy) 
     clone.documentElement().setAttribute(attribute, xdr::AddressPrefix + m_strSchemaFile);
     clone.save(workingCopyPath(), xml::ReadOnlyFile::Replace);
     loadWorkingCopy(copy);
-    return xdr::Validator(folders()).validate(copy);
+    xml::DOMDocument40 schema = xml::DOMDocument40::create();
+    if (!schema.load(schemaCopyPath()))
+        xml::raiseSchemaError(m_strSchemaFile, schema.parseError().line,
+                              schema.parseError().reason);
+    xdr::Validator validator(partFolders());
+    validator.addSchema(xdr::AddressPrefix + m_strSchemaFile, schema);
+    return validator.validate(copy);
 }
 
 void Validation::loadWorkingCopy(xml::DOMDocument40 &copy) const {
-    copy.setAsync(false);
-    copy.setValidateOnParse(false);
     if (!copy.load(workingCopyPath()))
         throw runtime::Error(copy.parseError().errorCode, copy.parseError().reason);
 }

@@ -61,7 +61,10 @@ private:
     void VerifyDocument();
     Validate validationByKind() const;
     QString workingCopyPath() const;
-    QStringList folders() const { return {workingFolder_.path(), schemaFolder_}; }
+    QString schemaCopyPath() const { return workingFolder_.filePath(m_strSchemaFile); }
+    /// Where the parts of a schema are looked up. The working folder has copies of schemas that
+    /// were chosen before, which may be called alike.
+    QStringList partFolders() const { return {schemaFolder_, workingFolder_.path()}; }
     /// The errors found, as take() reads them.
     QByteArray findings(Validate validate) const;
     std::vector<xml::SchemaError> validateDtd(xml::DOMDocument40 &copy) const;

@@ -7,7 +7,7 @@
 namespace quillon::resources::child_process_text {
 
 inline constexpr QStringView TimeLimit = u"時間がかかりすぎるため、処理を中止しました。";
-inline constexpr QStringView MemoryLimit = u"使用するメモリが大きすぎるため、処理を中止しました。";
+inline constexpr QStringView MemoryLimit = u"メモリの使用量が多すぎるため、処理を中止しました。";
 inline constexpr QStringView Died =
     u"処理が異常終了しました。入れ子や再帰が深すぎる可能性があります。";
 

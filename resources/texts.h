@@ -40,7 +40,6 @@ inline constexpr QStringView OverwriteChangedFile =
 
 inline constexpr QStringView NothingToSave =
     u"ファイルを読み込めなかったため、保存する内容がありません。\n"
-    u"ツリーに表示されているのは、読み込む前のドキュメントです。「元に戻す」で戻すか、"
     u"ファイルを開き直してください。";
 
 // Recovery after a crash. %1 is the document, %2 when its changes were written; in CannotRecover
@@ -74,18 +73,19 @@ inline constexpr QStringView DuplicateEditor =
 // Preview. %1 and %2 are line and column, or path, %3 what is wrong.
 inline constexpr QStringView SelectStylesheetTitle = u"プレビュー用XSLファイルの選択";
 inline constexpr QStringView StylesheetFilter = u"XSLファイル(*.xsl)|*.xsl";
-inline constexpr QStringView StylesheetFault = u"スタイルシートの %1 行 %2 列: %3";
+inline constexpr QStringView StylesheetFault = u"スタイルシートの %1 行目、%2 列目: %3";
 inline constexpr QStringView CannotWritePreview = u"%1 に書き込めません。\n%2";
 inline constexpr QStringView Rendering = u"プレビューを作成しています...";
 /// The page that stands in for a large document; %1 is its number of nodes.
 inline constexpr QStringView LargePreview =
     u"<!DOCTYPE html><html lang=\"ja\"><head><meta charset=\"utf-8\"><title>プレビュー</title>"
     u"<style>body{font-family:sans-serif;color:#444;margin:2em}</style></head><body>"
-    u"<p>このドキュメントは大きいため (約 %1 ノード)、プレビューを自動では更新しません。</p>"
+    u"<p>このドキュメントは大きいため (目安として %1 "
+    u"ノード)、プレビューを自動では更新しません。</p>"
     u"<p><b>F5</b> キーを押すと表示します。</p></body></html>";
 
 // The context menu of the preview.
-inline constexpr QStringView BrowserReload = u"再読み込み(&R)";
+inline constexpr QStringView BrowserReload = u"再読込(&R)";
 inline constexpr QStringView BrowserCopy = u"コピー(&C)";
 inline constexpr QStringView BrowserSelectAll = u"すべて選択(&A)";
 inline constexpr QStringView BrowserCopyLink = u"リンクのアドレスをコピー(&L)";

@@ -27,7 +27,7 @@ inline const QString EmptyElement =
 inline const QString IncompleteContent =
     QStringLiteral("DTD/スキーマによると、要素 '%1' の内容が不完全です。");
 inline const QString WrongRoot =
-    QStringLiteral("最上位の要素 '%1' の名前は、DOCTYPE 宣言の名前と一致する必要があります。");
+    QStringLiteral("最上位の要素 '%1' の名前は、文書型宣言の名前と一致する必要があります。");
 inline const QString InvalidContent =
     QStringLiteral("DTD/スキーマによると、要素 '%1' の内容が正しくありません。");
 inline const QString UnexpectedElement =
@@ -82,7 +82,8 @@ inline const QString DtdViolation =
 // Schemas that cannot be used.
 inline const QString CannotLoadSchema = QStringLiteral("スキーマ '%1' を読み込めません。\n%2");
 inline const QString SchemaLine = QStringLiteral("%1 行目: ");
-inline const QString SchemaNotFound = QStringLiteral("ファイルが、スキーマのフォルダーにも作業フォルダーにも見つかりません。");
+inline const QString SchemaNotFound =
+    QStringLiteral("ファイルが、スキーマのフォルダーにも作業フォルダーにも見つかりません。");
 inline const QString NotAnXsd = QStringLiteral("XML スキーマ (XSD) ではありません。");
 inline const QString TargetNamespace = QStringLiteral(
     "スキーマに対象の名前空間 '%1' があるため、名前空間なしの検証には使用できません。");

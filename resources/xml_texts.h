@@ -14,8 +14,9 @@ inline const QString EmptyName = QStringLiteral("空の文字列 '' は名前と
 inline const QString BadNameCharacter = QStringLiteral("この名前に文字 '%1' は使用できません:\n%2");
 inline const QString BadNameStart =
     QStringLiteral("この名前を文字 '%1' で始めることはできません:\n%2");
-inline const QString ColonInName = QStringLiteral("名前に含めることができるコロンは、前後に文字のある "
-                                                  "1 つだけです: %1");
+inline const QString ColonInName =
+    QStringLiteral("名前に含めることができるコロンは、前後に文字のある "
+                   "1 つだけです: %1");
 inline const QString ForbiddenCharacter =
     QStringLiteral("XML で使用できない文字 (%1) が含まれています。");
 inline const QString ReservedTarget =
@@ -37,7 +38,8 @@ inline const QString BeforeDeclaration =
     QStringLiteral("XML 宣言はドキュメントの先頭にのみ置くことができます。");
 inline const QString UnderItself =
     QStringLiteral("ノードまたはその上位ノードを、そのノード自身の下に挿入することはできません。");
-inline const QString NotAChild = QStringLiteral("指定されたノードは、このノードの子ではありません。");
+inline const QString NotAChild =
+    QStringLiteral("指定されたノードは、このノードの子ではありません。");
 inline const QString AttributeInUse =
     QStringLiteral("属性を別のノードに追加する前に、元のノードから削除する必要があります。");
 
@@ -46,8 +48,7 @@ inline const QString CannotOpen = QStringLiteral("指定されたファイルを
 inline const QString NoElement = QStringLiteral("XML ドキュメントには最上位の要素が必要です。");
 inline const QString UnexpectedEnd = QStringLiteral("ファイルが途中で終わっています。");
 inline const QString InvalidToken = QStringLiteral("無効な文字または構文があります。");
-inline const QString MismatchedTag =
-    QStringLiteral("終了タグが開始タグと一致しません。");
+inline const QString MismatchedTag = QStringLiteral("終了タグが開始タグと一致しません。");
 inline const QString DuplicateAttribute = QStringLiteral("同じ名前の属性が重複しています。");
 inline const QString JunkAfterRoot =
     QStringLiteral("XML ドキュメントの最上位に置くことができる要素は 1 つだけです。");
@@ -61,14 +62,16 @@ inline const QString UnclosedToken = QStringLiteral("閉じていない構文が
 inline const QString DocumentTypeSyntax = QStringLiteral("文書型宣言の構文が正しくありません。");
 inline const QString UnknownEncoding =
     QStringLiteral("指定されたエンコード '%1' はサポートされていません。");
-inline const QString EncodingSwitch =
-    QStringLiteral("現在のエンコードから指定されたエンコードへの切り替えはサポートされていません。");
-inline const QString BadBytes = QStringLiteral("エンコード '%1' として正しくない文字コードがあります。");
+inline const QString EncodingSwitch = QStringLiteral(
+    "現在のエンコードから指定されたエンコードへの切り替えはサポートされていません。");
+inline const QString BadBytes =
+    QStringLiteral("エンコード '%1' として正しくない文字コードがあります。");
 inline const QString OtherSyntaxError = QStringLiteral("XML の構文が正しくありません。");
 
 // Saving
-inline const QString Unencodable = QStringLiteral(
-    "文字 '%1' (U+%2) は、ドキュメントのエンコード '%3' で表すことができないため、保存できません。");
+inline const QString Unencodable =
+    QStringLiteral("文字 '%1' (U+%2) は、ドキュメントのエンコード '%3' "
+                   "で表すことができないため、保存できません。");
 inline const QString CannotSave = QStringLiteral("ファイルを保存できません: %1\n%2");
 
 /// The system's reason for a failed file operation, by its errno.

@@ -27,16 +27,16 @@ inline constexpr QStringView UnknownVariable = u"この変数は定義されて�
 inline constexpr QStringView UnknownFunction = u"この名前の関数はありません";
 inline constexpr QStringView WrongArgumentCount = u"関数の引数の数が正しくありません";
 inline constexpr QStringView WrongType =
-    u"XPath 式の値の型が正しくありません。この式にはノードの集まりが必要な箇所があります";
+    u"XPath 式の値の型が正しくありません。この式にはノード セットが必要な箇所があります";
 inline constexpr QStringView UndeclaredPrefix =
-    u"この接頭辞は宣言されていません。名前空間の宣言がある接頭辞が必要です";
+    u"この接頭辞は宣言されていません。宣言済みの接頭辞を使用してください";
 inline constexpr QStringView NotNodes =
     u"XPath 式の結果がノードではありません。ノードを返す式が必要です";
 inline constexpr QStringView TooManySteps =
-    u"XPath 式の評価に必要な処理が多すぎるため中止しました。範囲を絞った式が必要です";
-inline constexpr QStringView TooDeep = u"XPath 式の入れ子が深すぎます。入れ子の浅い式が必要です";
+    u"XPath 式の評価に必要な処理が多すぎるため中止しました。式の範囲を絞ってください";
+inline constexpr QStringView TooDeep = u"XPath 式の入れ子が深すぎます。入れ子を浅くしてください";
 inline constexpr QStringView TooLarge =
-    u"XPath 式の結果が大きすぎるか、メモリーが不足しています。範囲を絞った式が必要です";
+    u"XPath 式の結果が大きすぎるか、メモリが不足しています。式の範囲を絞ってください";
 inline constexpr QStringView CannotEvaluate = u"XPath 式を評価できません";
 
 inline constexpr QStringView BadContext =

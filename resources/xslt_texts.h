@@ -8,8 +8,8 @@ namespace quillon::resources::xslt_text {
 inline constexpr QStringView BadStylesheet = u"スタイルシートに誤りがあります。\n%1";
 inline constexpr QStringView Failed = u"スタイルシートを適用できませんでした。\n%1";
 /// Follows the message of the processor.
-inline constexpr QStringView AtLine = u"%1 (行 %2)";
-inline constexpr QStringView AtLineOfFile = u"%1 (%2、行 %3)";
+inline constexpr QStringView AtLine = u"%1 (%2 行目)";
+inline constexpr QStringView AtLineOfFile = u"%1 (%2、%3 行目)";
 inline constexpr QStringView Terminated = u"スタイルシートが処理を中止しました。\n%1";
 inline constexpr QStringView NoMessage = u"プロセッサーは原因を示していません。";
 

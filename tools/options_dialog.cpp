@@ -21,6 +21,7 @@
 
 namespace quillon::tools {
 
+using document::ExternalEditor;
 namespace texts = resources::texts;
 
 namespace {
@@ -66,7 +67,7 @@ QString required(const QString &text, QStringView fault) {
     return text.trimmed().isEmpty() ? fault.toString() : QString();
 }
 
-QString listed(const ExternalProgram &editor) {
+QString listed(const ExternalEditor &editor) {
     return editor.name.trimmed().isEmpty() ? texts::UnnamedEditor.toString() : editor.name;
 }
 
@@ -216,7 +217,7 @@ QWidget *OptionsDialog::recentFilesGroup(qsizetype recentFiles) {
 
 Options OptionsDialog::options() const {
     Options chosen{editors_, font_->currentText().trimmed(), size_->value(), clearRecentFiles_};
-    for (ExternalProgram &editor : chosen.editors)
+    for (ExternalEditor &editor : chosen.editors)
         editor = {editor.name.trimmed(), editor.path.trimmed()};
     return chosen;
 }
@@ -241,7 +242,7 @@ void OptionsDialog::showEditors(int current) {
     {
         const QSignalBlocker blocker(list_);
         list_->clear();
-        for (const ExternalProgram &editor : editors_)
+        for (const ExternalEditor &editor : editors_)
             list_->addItem(listed(editor));
         list_->setCurrentRow(std::min(current, list_->count() - 1));
     }
@@ -250,7 +251,7 @@ void OptionsDialog::showEditors(int current) {
 
 void OptionsDialog::showCurrentEditor() {
     const int row = list_->currentRow();
-    const ExternalProgram shown = row < 0 ? ExternalProgram() : editors_[std::size_t(row)];
+    const ExternalEditor shown = row < 0 ? ExternalEditor() : editors_[std::size_t(row)];
     name_->setText(shown.name);
     program_->setText(shown.path);
     tellFault(name_, nameFault_, QString());
@@ -263,7 +264,7 @@ void OptionsDialog::enableButtons() {
     const int count = list_->count();
     for (QWidget *control : std::initializer_list<QWidget *>{remove_, name_, program_, browse_})
         control->setEnabled(row >= 0);
-    add_->setEnabled(count < MostEditors);
+    add_->setEnabled(count < document::MostExternalEditors);
     up_->setEnabled(row > 0);
     down_->setEnabled(row >= 0 && row < count - 1);
 }
@@ -304,7 +305,7 @@ void OptionsDialog::chooseProgram() {
 
 void OptionsDialog::takeFields() {
     const int row = list_->currentRow();
-    ExternalProgram &editor = editors_[std::size_t(row)];
+    ExternalEditor &editor = editors_[std::size_t(row)];
     editor = {name_->text(), program_->text()};
     list_->item(row)->setText(listed(editor));
     // What has been told is followed up; what is still being typed is not found fault with.
@@ -314,7 +315,7 @@ void OptionsDialog::takeFields() {
 
 QString OptionsDialog::nameFault(int row) const {
     const QString name = editors_[std::size_t(row)].name.trimmed();
-    const auto named = [&](const ExternalProgram &editor) { return editor.name.trimmed() == name; };
+    const auto named = [&](const ExternalEditor &editor) { return editor.name.trimmed() == name; };
     if (!name.isEmpty() && std::ranges::count_if(editors_, named) > 1)
         return texts::EditorNameTaken.toString();
     return required(name, texts::EditorNameMissing);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "document/state/external_editor.h"
+
 #include <QDialog>
 #include <QString>
 
@@ -15,17 +17,9 @@ class QWidget;
 
 namespace quillon::tools {
 
-/// A program that the document's file can be opened with.
-struct ExternalProgram {
-    QString name;
-    QString path;
-
-    bool operator==(const ExternalProgram &) const = default;
-};
-
 /// What the options dialog shows at first, and what the user has made of it.
 struct Options {
-    std::vector<ExternalProgram> editors;
+    std::vector<document::ExternalEditor> editors;
     /// Font of the edit pane and the tree; the size in points.
     QString fontName;
     int fontSize = 0;
@@ -41,7 +35,6 @@ class OptionsDialog : public QDialog {
 
 public:
     /// The settings keep so many external editors.
-    static constexpr int MostEditors = 11;
 
     /// `recentFiles`: how many there are to be cleared.
     OptionsDialog(const Options &present, qsizetype recentFiles, QWidget *parent);
@@ -71,7 +64,7 @@ private:
     /// Tells what is wrong with the editor of a row, or that nothing is, beside its fields.
     void showFaults(int row);
 
-    std::vector<ExternalProgram> editors_;
+    std::vector<document::ExternalEditor> editors_;
     bool clearRecentFiles_ = false;
 
     QListWidget *list_;

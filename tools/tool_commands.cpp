@@ -29,8 +29,8 @@ void ToolCommands::mnuToolRemoveText_Click() {
     if (state_.m_ReadOnly || state_.m_DOM.isNull())
         return;
     // The question is the one for deleting a node; that is meant so.
-    if (controls::showMessage(resources::messageText(6), style::OkCancel + style::Question) !=
-        controls::message_answer::Ok)
+    if (controls::showMessage(resources::messageText(resources::message::ConfirmDelete),
+                              style::OkCancel + style::Question) != controls::message_answer::Ok)
         return;
     ClearValues(state_.m_DOM);
     builder_.RebuildTree();

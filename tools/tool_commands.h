@@ -9,7 +9,7 @@
 
 namespace quillon::tools {
 
-/// The commands of the Tool, Window and Help menus that have no home of their own.
+/// The commands of the Tool and Help menus that have no home of their own.
 class ToolCommands : public QObject {
     Q_OBJECT
 
@@ -26,7 +26,7 @@ public:
     /// read and not shown. Raises when the address is bad, nobody answers or the user has it
     /// stopped.
     void mnuToolSend_Click();
-    /// Raises when nothing can show the file.
+    /// Has the desktop show the file. Raises when the program that does so cannot be started.
     void mnuHelpReadme_Click();
     void mnuHelpAbout_Click();
 

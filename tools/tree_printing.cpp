@@ -4,6 +4,7 @@
 #include "platform/runtime/numbers.h"
 #include "resources/texts.h"
 
+#include <QFile>
 #include <QFontMetricsF>
 #include <QPainter>
 
@@ -86,8 +87,9 @@ void TreePrinting::print(QPrinter &printer) {
         return;
     longWork_.run(resources::texts::Printing.toString(), controls::LongWork::Stop::Offered,
                   [&](const runtime::Progress &progress) {
-                      if (!printItems(printer, first, progress))
-                          printer.abort();
+                      const bool isDone = printItems(printer, first, progress);
+                      if (!isDone && !printer.outputFileName().isEmpty())
+                          QFile::remove(printer.outputFileName());
                   });
 }
 
@@ -100,8 +102,10 @@ bool TreePrinting::printItems(QPrinter &printer, const TreeItem &first,
     double printed = 0;
     // Down to the children, along to the next item, up when there is none.
     for (TreeItem item = first; item;) {
-        if (progress && !progress(printed++ / count))
+        if (progress && !progress(printed++ / count)) {
+            printer.abort();
             return false;
+        }
         PrintTreeNode(surface, item, depth);
         if (TreeItem child = item.Child()) {
             depth = runtime::checkedAdd16(depth, 1);

@@ -48,8 +48,8 @@ public:
     /// Asks for a printer and prints. Nothing happens when the user cancels and for an empty tree.
     /// Raises Overflow for a tree of more than 32767 levels.
     void mnuFilePrintTree_Click();
-    /// Prints onto a printer that has been chosen. The user can have it stopped; nothing comes out
-    /// then, as far as the printer allows.
+    /// Prints onto a printer that has been chosen. The user can have it stopped: a file is then
+    /// removed, while a printer may put out the pages so far.
     void print(QPrinter &printer);
 
     /// What stands ahead of the icon of an item at a depth, whose ancestors' flags are known: for

@@ -33,9 +33,6 @@ QString textOf(const QMimeData &data) {
 /// A file's document as text; empty when the file does not parse.
 QString contentOf(const QString &path) {
     xml::DOMDocument40 document = xml::DOMDocument40::create();
-    document.setAsync(false);
-    document.setValidateOnParse(false);
-    document.setResolveExternals(false);
     document.load(path);
     return QString::fromUtf8(document.xml());
 }

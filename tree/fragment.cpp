@@ -4,14 +4,6 @@ namespace quillon::tree {
 
 namespace {
 
-xml::DOMDocument40 newDocument() {
-    xml::DOMDocument40 document = xml::DOMDocument40::create();
-    document.setAsync(false);
-    document.setValidateOnParse(false);
-    document.setResolveExternals(false);
-    return document;
-}
-
 QByteArray documentTypeOf(const xml::DOMDocument40 &document) {
     if (!document)
         return {};
@@ -25,7 +17,7 @@ QByteArray documentTypeOf(const xml::DOMDocument40 &document) {
 } // namespace
 
 xml::DOMDocument40 parsedFragment(const xml::DOMDocument40 &document, const QByteArray &utf8) {
-    xml::DOMDocument40 parsed = newDocument();
+    xml::DOMDocument40 parsed = xml::DOMDocument40::create();
     if (parsed.loadXML(utf8) || !utf8.contains('&'))
         return parsed;
     const QByteArray documentType = documentTypeOf(document);

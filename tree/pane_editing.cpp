@@ -86,7 +86,6 @@ void PaneEditing::reportSyntaxError() {
 
 void PaneEditing::replaceDocument(bool wasExpanded) {
     xml::DOMDocument40 parsed = xml::DOMDocument40::create();
-    parsed.setAsync(false);
     if (!parsed.loadXML(pane_.textBox().utf8()))
         return reportSyntaxError();
     parsed.takeFileFormat(state_.m_DOM);

@@ -7,6 +7,7 @@
 
 #include <QIcon>
 
+#include <optional>
 #include <unordered_set>
 #include <vector>
 
@@ -110,15 +111,16 @@ void TreeBuilder::RebuildTree() {
     std::unordered_set<quint32> expanded;
     tvw_.nodes().forEachExpanded(
         [&](const TreeItem &item) { expanded.insert(m_dicNode.number(item.sequence())); });
-    const TreeItem before = tvw_.SelectedItem();
-    const quint32 selected = before ? m_dicNode.number(before.sequence()) : 0;
+    std::optional<quint32> selected;
+    if (const TreeItem item = tvw_.SelectedItem())
+        selected = m_dicNode.number(item.sequence());
     BuildTree(state_.m_DOM, false);
     std::vector<TreeItem> items;
     TreeItem selectedItem;
     m_dicNode.forEach([&](quint32 sequence, quint32 number) {
         if (expanded.contains(number))
             items.push_back(tvw_.nodes().bySequence(sequence));
-        if (before && number == selected)
+        if (number == selected)
             selectedItem = tvw_.nodes().bySequence(sequence);
     });
     for (TreeItem &item : items)
@@ -168,7 +170,7 @@ bool TreeBuilder::refuseUnderDocument(const Node &copy) {
     case NodeType::Element: {
         if (!HasRootElement())
             return false;
-        const QString text = resources::messageText(9);
+        const QString text = resources::messageText(resources::message::RootAlreadyExists);
         Q_EMIT statusText(text);
         controls::showMessage(text, controls::message_style::Exclamation);
         return true;

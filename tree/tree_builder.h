@@ -15,7 +15,10 @@ namespace quillon::tree {
 QString NewNodeKey();
 
 /// Builds the tree from the document and grows it. No other class adds tree items, so the tree
-/// and the DOM never differ in structure. Owns the registry of the nodes the items show.
+/// and the DOM have the same structure, with three exceptions that are meant so: an attribute that
+/// was added has an item for a copy of it, a node that cannot be deleted loses its item, and below
+/// a renamed element the items keep the order that the nodes had. Owns the registry of the nodes
+/// the items show.
 class TreeBuilder : public QObject {
     Q_OBJECT
 
@@ -67,6 +70,7 @@ public:
     void SyncPreview();
 
     /// Set while the edit pane replaces an element, so that the insertion asks for no preview.
+    /// After the root has been replaced it stays set; that is meant so.
     bool m_bNoSync = false;
 
 Q_SIGNALS:

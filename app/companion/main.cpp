@@ -1,5 +1,6 @@
 #include "app/companion/companion_service.h"
 #include "app/companion/x11_desktop.h"
+#include "platform/system/companion_link.h"
 #include "platform/system/session_bus.h"
 
 #include <QGuiApplication>
@@ -14,8 +15,6 @@ using namespace std::chrono_literals;
 
 constexpr auto CheckInterval = 3s;
 constexpr auto FirstWindowPatience = 60s;
-
-const QString BusName = QStringLiteral("org.quillon.QuillonEditDDE");
 
 /// Window handles mean something to an X server only; where there is none the companion runs all
 /// the same, and arranges nothing. Other windows are placed in the server's own pixels.
@@ -46,7 +45,7 @@ int main(int argc, char **argv) {
     if (!bus.isConnected() ||
         !bus.registerObject(QStringLiteral("/System"), &service,
                             QDBusConnection::ExportScriptableSlots) ||
-        !bus.registerService(BusName))
+        !bus.registerService(QLatin1String(quillon::system::CompanionBusName)))
         return EXIT_SUCCESS;
 
     QTimer patience;

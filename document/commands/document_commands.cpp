@@ -43,7 +43,8 @@ DocumentCommands::DocumentCommands(DocumentState &state, DocumentLoader &loader,
 bool DocumentCommands::ConfirmSave() {
     if (!state_.m_Modified)
         return true;
-    const int reply = controls::showMessage(resources::messageText(12), AskSave);
+    const int reply =
+        controls::showMessage(resources::messageText(resources::message::ConfirmSave), AskSave);
     if (reply == answer::Yes)
         mnuFileSave_Click();
     return reply != answer::Cancel;
@@ -84,7 +85,8 @@ void DocumentCommands::mnuFileOpen_Click() {
 
 void DocumentCommands::mnuFileReload_Click() {
     if (state_.m_Modified &&
-        controls::showMessage(resources::messageText(7), AskLoss) != answer::Yes)
+        controls::showMessage(resources::messageText(resources::message::ConfirmReload), AskLoss) !=
+            answer::Yes)
         return;
     loader_.OpenFile(state_.m_FileName);
     UpdateStatus(state_.m_FileName);

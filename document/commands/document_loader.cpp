@@ -46,9 +46,6 @@ bool DocumentLoader::OpenFile(const QString &fileName) {
     const auto clearStatus = qScopeGuard([this] { Q_EMIT statusText(QString()); });
     const FileOnDisk file = FileOnDisk::of(fileName);
     xml::DOMDocument40 document = xml::DOMDocument40::create();
-    document.setAsync(false);
-    document.setValidateOnParse(false);
-    document.setResolveExternals(false);
     // Half a document would be none, so there is no stopping it.
     longWork_.run(resources::texts::Loading.toString(), controls::LongWork::Stop::NotOffered,
                   [&](const runtime::Progress &progress) { document.load(fileName, progress); });
@@ -59,7 +56,8 @@ bool DocumentLoader::OpenFile(const QString &fileName) {
     // A file that does not parse is copied, too.
     backUp(fileName);
     if (!state_.m_DOM.documentElement()) {
-        controls::showMessage(resources::messageText(8), controls::message_style::Exclamation);
+        controls::showMessage(resources::messageText(resources::message::CannotParse),
+                              controls::message_style::Exclamation);
         return false;
     }
     builder_.BuildTree(state_.m_DOM, true);

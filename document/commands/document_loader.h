@@ -25,7 +25,7 @@ public:
                    runtime::Clock clock, controls::LongWork &longWork);
 
     /// Loads a file and keeps a copy of it in the working folder. False when it has no document
-    /// element, after a message; the tree then still shows the document before. An empty name
+    /// element, after a message; the tree still shows what it showed. An empty name
     /// gives False and changes nothing. Raises when the file cannot be read or copied.
     bool OpenFile(const QString &fileName);
 

@@ -14,8 +14,6 @@ namespace texts = resources::texts;
 
 namespace {
 
-constexpr int LastEditor = 10;
-
 const QString FontSection = QStringLiteral("Font");
 const QString WindowSection = QStringLiteral("Application");
 const QString EditorSection = QStringLiteral("Programs");
@@ -71,7 +69,7 @@ void Settings::load(Placement &placement) {
 
 void Settings::readEditors() {
     editors.clear();
-    for (int i = 0; i <= LastEditor; ++i) {
+    for (int i = 0; i < MostExternalEditors; ++i) {
         const ExternalEditor editor{store_.GetSetting(EditorSection, numbered("Name", i)),
                                     store_.GetSetting(EditorSection, numbered("Path", i))};
         if (editor.name.isEmpty() || editor.path.isEmpty())
@@ -88,7 +86,7 @@ void Settings::readEditors() {
 }
 
 void Settings::removeEditorsFrom(std::size_t first) const {
-    for (int i = static_cast<int>(first); i <= LastEditor; ++i) {
+    for (int i = static_cast<int>(first); i < MostExternalEditors; ++i) {
         store_.SaveSetting(EditorSection, numbered("Name", i), QString());
         store_.SaveSetting(EditorSection, numbered("Path", i), QString());
     }

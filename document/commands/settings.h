@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/state/external_editor.h"
 #include "platform/system/settings_store.h"
 
 #include <QString>
@@ -8,12 +9,6 @@
 #include <vector>
 
 namespace quillon::document {
-
-/// A program that the document's file can be opened with.
-struct ExternalEditor {
-    QString name;
-    QString path;
-};
 
 /// Where the window and its splitters stand, in twips. All are 16-bit numbers in the store, so no
 /// more than 32767 can be kept.

@@ -29,12 +29,14 @@ public:
         : QProgressDialog(
               text, stop == LongWork::Stop::Offered ? texts::ButtonStop.toString() : QString(), 0,
               0, &window),
-          canStop_(stop == LongWork::Stop::Offered) {}
-
-    void reject() override {
-        if (canStop_)
-            cancel();
+          canStop_(stop == LongWork::Stop::Offered) {
+        // The box stays until the work has really ended: nothing else may begin before.
+        disconnect(this, SIGNAL(canceled()), this, SLOT(cancel()));
+        connect(this, &QProgressDialog::canceled, this, &Box::reject);
     }
+
+    void reject() override { isStopWanted_ = canStop_; }
+    bool isStopWanted() const { return isStopWanted_; }
 
 protected:
     void closeEvent(QCloseEvent *event) override {
@@ -44,6 +46,7 @@ protected:
 
 private:
     const bool canStop_;
+    bool isStopWanted_ = false;
 };
 
 /// Shows the box of the work under way when it is time, and keeps it up to date.
@@ -64,7 +67,7 @@ public:
         dialog_->setValue(known ? int(done * (Steps - 1)) : 0);
         QCoreApplication::processEvents();
         sinceEvents_.start();
-        return !dialog_->wasCanceled();
+        return !dialog_->isStopWanted();
     }
 
 private:

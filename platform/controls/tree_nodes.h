@@ -37,7 +37,7 @@ class Nodes : public QAbstractItemModel {
 public:
     explicit Nodes(QObject *parent = nullptr);
 
-    /// Both must outlive the items; without a source, captions are empty unless set.
+    /// The source must outlive the items; without one, captions are empty unless set.
     void setCaptionSource(const CaptionSource *source) { source_ = source; }
     void setImageList(const QList<QIcon> &images) { images_ = images; }
 

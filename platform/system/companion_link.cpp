@@ -10,7 +10,7 @@ namespace {
 constexpr int patienceMs = 1000;
 
 QString companionName() {
-    return QStringLiteral("org.quillon.QuillonEditDDE");
+    return QString::fromLatin1(CompanionBusName);
 }
 
 } // namespace
@@ -40,7 +40,8 @@ void CompanionLink::execute(const QString &command) {
 }
 
 void startCompanion(const QString &folder) {
-    QProcess::startDetached(folder + QStringLiteral("/QuillonDDE"), {}, folder);
+    QProcess::startDetached(folder + QLatin1Char('/') + QLatin1String(CompanionFileName), {},
+                            folder);
 }
 
 } // namespace quillon::system

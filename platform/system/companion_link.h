@@ -6,8 +6,12 @@
 
 namespace quillon::system {
 
+/// The companion's name on the session bus, and the name of its file.
+inline constexpr char CompanionBusName[] = "org.quillon.QuillonEditDDE";
+inline constexpr char CompanionFileName[] = "QuillonDDE";
+
 /// The link to the companion program that keeps the register of open editor windows: on the
-/// session bus the name org.quillon.QuillonEditDDE, there the object /System, on that the method
+/// session bus the name CompanionBusName, there the object /System, on that the method
 /// Execute(string) of the interface that is called like the bus name.
 ///
 /// The companion is optional. Where there is no bus or no companion, nothing happens and nothing
@@ -28,8 +32,8 @@ private:
     bool open_ = false;
 };
 
-/// Starts the companion, the file QuillonDDE in that folder, as a process of its own. A companion
-/// that is missing or does not start is no error.
+/// Starts the companion, the file CompanionFileName in that folder, as a process of its own. A
+/// companion that is missing or does not start is no error.
 void startCompanion(const QString &folder);
 
 } // namespace quillon::system

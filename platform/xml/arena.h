@@ -130,9 +130,6 @@ struct RootPlace {
 };
 
 struct ParserProperties {
-    bool async = true;
-    bool validateOnParse = true;
-    bool resolveExternals = true;
     bool preserveWhiteSpace = false;
 };
 

@@ -219,8 +219,9 @@ public:
 
     /// Replaces the content by that of a file. False when it cannot be read or parsed: the
     /// document is then empty and parseError() says why. Handles of the old content are dead.
-    /// Opens no other file and no address, whatever the content asks for. When the progress
-    /// function has the load stopped, the reason is that of a Cancelled error.
+    /// Reads at once, validates nothing, and opens no other file and no address, whatever the
+    /// content asks for. When the progress function has the load stopped, the reason is that of a
+    /// Cancelled error.
     bool load(const QString &path, const runtime::Progress &progress = {});
     /// The same from text: UTF-8, with an encoding declaration taken as a wish for save().
     bool loadXML(const QByteArray &utf8);
@@ -271,14 +272,6 @@ public:
     /// A deep copy that shares all storage until one of the two is changed: cheap at any size.
     DOMDocument40 clone() const;
 
-    /// Properties of the parser. All loading here is synchronous and never validates or resolves
-    /// anything external; the first three are kept for their callers and read by validation.
-    bool async() const;
-    void setAsync(bool on);
-    bool validateOnParse() const;
-    void setValidateOnParse(bool on);
-    bool resolveExternals() const;
-    void setResolveExternals(bool on);
     /// True: white space between markup makes text nodes. Takes effect at the next load.
     bool preserveWhiteSpace() const;
     void setPreserveWhiteSpace(bool on);

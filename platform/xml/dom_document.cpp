@@ -229,27 +229,6 @@ DOMDocument40 DOMDocument40::clone() const {
     return DOMDocument40(Ref<ArenaBase>(new Arena(HandleAccess::arena(*this))));
 }
 
-bool DOMDocument40::async() const {
-    return HandleAccess::arena(*this).properties.async;
-}
-void DOMDocument40::setAsync(bool on) {
-    HandleAccess::arena(*this).properties.async = on;
-}
-
-bool DOMDocument40::validateOnParse() const {
-    return HandleAccess::arena(*this).properties.validateOnParse;
-}
-void DOMDocument40::setValidateOnParse(bool on) {
-    HandleAccess::arena(*this).properties.validateOnParse = on;
-}
-
-bool DOMDocument40::resolveExternals() const {
-    return HandleAccess::arena(*this).properties.resolveExternals;
-}
-void DOMDocument40::setResolveExternals(bool on) {
-    HandleAccess::arena(*this).properties.resolveExternals = on;
-}
-
 bool DOMDocument40::preserveWhiteSpace() const {
     return HandleAccess::arena(*this).properties.preserveWhiteSpace;
 }

@@ -4,6 +4,7 @@
 #include "platform/xml/encoding.h"
 #include "resources/validation_texts.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QUrl>
@@ -53,10 +54,11 @@ void addSaturated(quint64 &sum, quint64 value) {
 
 } // namespace
 
-SchemaSession::SchemaSession(const QStringList &folders)
-    : folder_(QFileInfo(folders.value(0)).canonicalFilePath()), folders_(folders),
-      loaderBefore_(xmlGetExternalEntityLoader()), reportBefore_(xmlStructuredError),
-      reportContextBefore_(xmlStructuredErrorContext) {
+SchemaSession::SchemaSession(const QString &schemaPath, const QStringList &partFolders)
+    : folder_(QFileInfo(QFileInfo(schemaPath).absolutePath()).canonicalFilePath()),
+      schemaName_(QFileInfo(schemaPath).fileName()), schemaFolder_({folder_}),
+      partFolders_(partFolders + QStringList(folder_)), loaderBefore_(xmlGetExternalEntityLoader()),
+      reportBefore_(xmlStructuredError), reportContextBefore_(xmlStructuredErrorContext) {
     current = this;
     xmlSetExternalEntityLoader(openEntity);
     xmlSetStructuredErrorFunc(this, [](void *session, xmlError *error) {
@@ -78,7 +80,9 @@ QByteArray SchemaSession::addressOf(const QString &fileName) const {
 
 QString SchemaSession::pathOf(const QString &url) const {
     const QUrl address(url);
-    return folders_.find(address.isLocalFile() ? address.toLocalFile() : folder_ + u'/' + url);
+    const QString path = address.isLocalFile() ? address.toLocalFile() : folder_ + u'/' + url;
+    const QString name = QDir(folder_).relativeFilePath(path);
+    return (name == schemaName_ ? schemaFolder_ : partFolders_).find(name);
 }
 
 xmlParserInput *SchemaSession::open(const QString &path, const QByteArray &url,

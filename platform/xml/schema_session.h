@@ -24,8 +24,9 @@ class SchemaSession {
 public:
     using Report = std::function<void(const xmlError &)>;
 
-    /// The first folder is the base of relative names.
-    explicit SchemaSession(const QStringList &folders);
+    /// `schemaPath` is the schema itself; its folder is the base of relative names. Everything else
+    /// is looked up in the other folders first.
+    SchemaSession(const QString &schemaPath, const QStringList &partFolders);
     ~SchemaSession();
     SchemaSession(const SchemaSession &) = delete;
     SchemaSession &operator=(const SchemaSession &) = delete;
@@ -36,7 +37,7 @@ public:
     /// The name of the first file that was wanted and not there; null for none.
     const QString &missing() const { return missing_; }
 
-    /// A file of the first folder as the address by which libxml2 knows it.
+    /// A file of the schema's folder as the address by which libxml2 knows it.
     QByteArray addressOf(const QString &fileName) const;
 
     /// What happens to the entities of a document.
@@ -67,7 +68,9 @@ private:
     void expand(quint64 size, void *context);
 
     QString folder_;
-    AllowedFolders folders_;
+    QString schemaName_;
+    AllowedFolders schemaFolder_;
+    AllowedFolders partFolders_;
     QString missing_;
     xmlExternalEntityLoader loaderBefore_;
     xmlStructuredErrorFunc reportBefore_;

@@ -156,8 +156,9 @@ XmlDoc parseDocument(SchemaSession &session, const DOMDocument40 &document, bool
 
 } // namespace
 
-std::vector<SchemaError> validateByDtd(const DOMDocument40 &document, const QStringList &folders) {
-    SchemaSession session(folders);
+std::vector<SchemaError> validateByDtd(const DOMDocument40 &document, const QString &schemaPath,
+                                       const QStringList &partFolders) {
+    SchemaSession session(schemaPath, partFolders);
     Collector collector(session, dtdMessage);
     FirstFault fault;
     const XmlDoc doc = parseDocument(session, document, true, collector, fault);
@@ -178,10 +179,10 @@ std::vector<SchemaError> validateByDtd(const DOMDocument40 &document, const QStr
 }
 
 std::vector<SchemaError> validateByXsd(const DOMDocument40 &document, const QString &schemaPath,
-                                       const QStringList &otherFolders) {
+                                       const QStringList &partFolders) {
     const QString name = QFileInfo(schemaPath).fileName();
     checkXsd(schemaPath, name);
-    SchemaSession session(QStringList(QFileInfo(schemaPath).absolutePath()) + otherFolders);
+    SchemaSession session(schemaPath, partFolders);
     const Owned<xmlSchema> schema = compileXsd(session, name);
     Collector collector(session, xsdMessage);
     FirstFault fault;

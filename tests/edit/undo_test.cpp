@@ -108,6 +108,11 @@ TEST_F(UndoTest, ARenamedElementStaysSelectedAndAnAddedOneGivesWayToItsParent) {
     editor().creation.mnuNodeAddElement_Click();
     history().UndoCommand();
     EXPECT_EQ(tvw().SelectedItem().Text(), "r");
+    select("b");
+    editor().nodeCommands.mnuNodeMoveUp_Click();
+    history().UndoCommand();
+    EXPECT_EQ(captions(item("r")), QStringList({"a", "b"}));
+    EXPECT_EQ(tvw().SelectedItem().Text(), "r") << "not what stands where it was moved to";
 }
 
 TEST_F(UndoTest, NeitherModifiedMarkNorCaptionGoBack) {

@@ -31,7 +31,9 @@ service="$share/dbus-1/services/org.quillon.XmlEditor.service"
 grep -q "<launchable type=\"desktop-id\">$(basename "$desktop")</launchable>" \
     "$share/metainfo/org.quillon.XmlEditor.metainfo.xml" ||
     fail "the metainfo leads to the desktop entry"
-for type in $(sed -n 's/.*<mime-type type="\(.*\)">.*/\1/p' "$share/mime/packages/quillon.xml"); do
+types="$(sed -n 's/.*<mime-type type="\(.*\)">.*/\1/p' "$share/mime/packages/quillon.xml")"
+[ -n "$types" ] || fail "the MIME file defines a type"
+for type in $types; do
     [[ ";$(value "$desktop" MimeType)" == *";$type;"* ]] || fail "the desktop entry has $type"
 done
 for language in "" ja/; do

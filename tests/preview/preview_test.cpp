@@ -160,6 +160,10 @@ TEST_F(PreviewTest, EveryValidationErrorLeadsToItsNode) {
         entries->setCurrentRow(row);
         EXPECT_TRUE(QStringList({"doc", "wrong"}).contains(tvw().SelectedItem().Text()));
     }
+    open("<other/>");
+    EXPECT_TRUE(editor().validation.errors().empty()) << "they were another document's";
+    EXPECT_FALSE(button->isVisible());
+    EXPECT_FALSE(list->isVisible());
 }
 
 } // namespace

@@ -108,6 +108,11 @@ TEST_F(ValidationTest, WhatBelongsToASchemaStandsBesideTheOriginal) {
     write("schemas/a.ent", Dtd);
     choose("s.dtd", "<!ENTITY % a SYSTEM 'a.ent'>%a;");
     EXPECT_EQ(status, Succeeded);
+    // One that was chosen before, and is in the working folder, is another one.
+    write("Temp/a.ent", "<!ELEMENT other EMPTY>");
+    validation.mnuToolVerify_Click();
+    EXPECT_EQ(status, Succeeded);
+    QFile::remove(path("Temp/a.ent"));
     QFile::remove(path("schemas/a.ent"));
     try {
         validation.mnuToolVerify_Click();

@@ -2,7 +2,6 @@
 #include "tests/support/scripted_dialogs.h"
 
 #include <gtest/gtest.h>
-
 #include <unistd.h>
 
 int main(int argc, char **argv) {

@@ -16,13 +16,13 @@ namespace quillon::test {
 
 namespace {
 
-using tools::ExternalProgram;
+using document::ExternalEditor;
 using tools::Options;
 using tools::OptionsDialog;
 
 class OptionsTest : public testing::Test {
 protected:
-    void show(const std::vector<ExternalProgram> &editors, qsizetype recentFiles = 3) {
+    void show(const std::vector<ExternalEditor> &editors, qsizetype recentFiles = 3) {
         dialog = std::make_unique<OptionsDialog>(Options{editors, "MS UI Gothic", 10}, recentFiles,
                                                  nullptr);
         dialog->show();
@@ -46,7 +46,7 @@ protected:
     }
     QStringList names() {
         QStringList out;
-        for (const ExternalProgram &editor : dialog->options().editors)
+        for (const ExternalEditor &editor : dialog->options().editors)
             out.append(editor.name);
         return out;
     }
@@ -60,7 +60,7 @@ TEST_F(OptionsTest, WhatIsNotChangedComesBackAsItWas) {
     EXPECT_EQ(find<QLineEdit>("name").text(), "一");
     EXPECT_TRUE(confirm());
     const Options chosen = dialog->options();
-    EXPECT_EQ(chosen.editors, (std::vector<ExternalProgram>{{"一", "/one"}, {"two", "/two"}}));
+    EXPECT_EQ(chosen.editors, (std::vector<ExternalEditor>{{"一", "/one"}, {"two", "/two"}}));
     EXPECT_EQ(chosen.fontName, "MS UI Gothic") << "though it is not installed";
     EXPECT_EQ(chosen.fontSize, 10);
     EXPECT_FALSE(chosen.clearRecentFiles);
@@ -88,7 +88,7 @@ TEST_F(OptionsTest, EditorsAreAddedChangedOrderedAndRemoved) {
     select(2);
     press("remove");
     EXPECT_EQ(dialog->options().editors,
-              (std::vector<ExternalProgram>{{"changed", "/a"}, {"c", "/usr/bin/c"}}));
+              (std::vector<ExternalEditor>{{"changed", "/a"}, {"c", "/usr/bin/c"}}));
     press("remove");
     press("remove");
     EXPECT_FALSE(find<QLineEdit>("name").isEnabled());
@@ -98,7 +98,7 @@ TEST_F(OptionsTest, EditorsAreAddedChangedOrderedAndRemoved) {
 }
 
 TEST_F(OptionsTest, ThereIsRoomForElevenEditors) {
-    std::vector<ExternalProgram> ten;
+    std::vector<ExternalEditor> ten;
     for (int i = 0; i < 10; ++i)
         ten.push_back({QString::number(i), "/p"});
     show(ten);

@@ -38,7 +38,12 @@ TEST_F(ToolsTest, ClearingTakesTextAndCommentsAndEmptiesAttributes) {
     EXPECT_EQ(dialogs.messages.back().style, 33);
     EXPECT_TRUE(item("t"));
     dialogs.answerMessage(1);
+    item("x").setExpanded(true);
+    select("x");
     editor().tools.mnuToolRemoveText_Click();
+    EXPECT_EQ(expanded(), QStringList({"#document", "xml", "r", "x"}));
+    EXPECT_EQ(tvw().SelectedItem().Text(), "x");
+    EXPECT_EQ(txtEdit().Text(), "<x k=''><![CDATA[kept]]></x>");
     EXPECT_EQ(xml(), "<?xml version='1.0'?><r a='' b=''><x k=''><![CDATA[kept]]></x><?p d?></r>");
     EXPECT_FALSE(item("t"));
     EXPECT_TRUE(state().m_Modified);
@@ -92,6 +97,17 @@ TEST_F(ToolsTest, TheDocumentIsPostedInItsOwnEncoding) {
     }
     dialogs.answerInput("");
     editor().tools.mnuToolSend_Click();
+}
+
+TEST_F(ToolsTest, ShowingTextKeepsWhatIsExpandedAndSelected) {
+    open("<r><x k='v'>t</x></r>");
+    item("x").setExpanded(true);
+    select("k=\"v\"");
+    editor().view.mnuViewText_Click(false);
+    EXPECT_EQ(expanded(), QStringList({"#document", "r", "x"}));
+    EXPECT_EQ(tvw().SelectedItem().Text(), "k");
+    type("new");
+    EXPECT_EQ(xml(), "<r><x k='new'>t</x></r>");
 }
 
 TEST_F(ToolsTest, TheFontGoesToTreeAndPane) {

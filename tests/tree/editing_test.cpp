@@ -382,6 +382,43 @@ TEST_F(EditingTest, TextBecomesNodes) {
     EXPECT_FALSE(editor().nodeText.InsertNodeFromText({}, "<x/>"));
 }
 
+TEST_F(EditingTest, AnElementMayReferToTheEntitiesOfTheDocument) {
+    open("<!DOCTYPE r [<!ENTITY e 'x'>]><r><a>1&#38;</a><b/></r>");
+    select("a");
+    dialogs.answerMessage(1);
+    type("<a>&e;2</a>");
+    EXPECT_EQ(dialogs.messages.back().text, "IXMLDOMEntityReference is added to tree");
+    EXPECT_EQ(xml(), "<!DOCTYPE r [<!ENTITY e 'x'>]><r><a>&e;2</a><b/></r>");
+    dialogs.answerMessage(1);
+    EXPECT_TRUE(paste("b", "<c>&e;</c>"));
+    EXPECT_EQ(xml(), "<!DOCTYPE r [<!ENTITY e 'x'>]><r><a>&e;2</a><b><c>&e;</c></b></r>");
+    select("b");
+    type("<b>&other;</b>");
+    EXPECT_EQ(status(), "構文エラー");
+}
+
+TEST_F(EditingTest, TheValueOfAnAddedAttributeIsKept) {
+    open("<r/>");
+    select("r");
+    editor().creation.mnuNodeAddAttribute_Click();
+    type("value");
+    select("r");
+    select("Attribute1=\"value\"");
+    EXPECT_EQ(txtEdit().Text(), "value");
+    EXPECT_TRUE(rename("name"));
+    EXPECT_EQ(xml(), "<r name=\"value\"/>");
+}
+
+TEST_F(EditingTest, ItemsInAnotherOrderThanTheirNodesDoNotMove) {
+    open("<r><a/><b/></r>");
+    select("r");
+    ASSERT_TRUE(rename("s"));
+    ASSERT_EQ(xml(), "<s><b/><a/></s>");
+    select("a");
+    editor().nodeCommands.mnuNodeMoveUp_Click();
+    EXPECT_EQ(xml(), "<s><b/><a/></s>") << "its item is the first";
+}
+
 } // namespace
 
 } // namespace quillon::test

@@ -36,6 +36,12 @@ TEST(ErrorBoundary, ShowsWhatReachesIt) {
     }
 }
 
+TEST(ErrorBoundary, WhatTheUserHasStoppedNeedsNoBox) {
+    test::ScriptedDialogs script;
+    guarded([] { runtime::raise(runtime::error_number::Cancelled); });
+    EXPECT_TRUE(script.messages.empty());
+}
+
 TEST(ErrorBoundary, OpensNoBoxOverItsOwn) {
     struct FailsWhileShown : test::ScriptedDialogs {
         int showMessage(const QString &text, int style, const QString &title) override {

@@ -260,9 +260,6 @@ TEST(Dom, NumbersAreNeverGivenTwice) {
 
 TEST(Dom, PropertiesHaveTheirDefaults) {
     const DOMDocument40 d = DOMDocument40::create();
-    EXPECT_TRUE(d.async());
-    EXPECT_TRUE(d.validateOnParse());
-    EXPECT_TRUE(d.resolveExternals());
     EXPECT_FALSE(d.preserveWhiteSpace());
     EXPECT_EQ(xml(d), "");
     EXPECT_FALSE(d.documentElement());

@@ -22,7 +22,7 @@ class Schema : public testing::Test {
 protected:
     std::vector<SchemaError> byDtd(const std::string &document) {
         return validateByDtd(test::parsed("<!DOCTYPE r SYSTEM 's.dtd'>" + document),
-                             {files.path(".")});
+                             files.path("s.dtd"));
     }
     std::vector<SchemaError> byXsd(const std::string &document) {
         return validateByXsd(test::parsed(document), files.path("s.xsd"));

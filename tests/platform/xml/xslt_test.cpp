@@ -103,15 +103,15 @@ TEST(Xslt, FaultsAreReportedWithMessageAndLine) {
         std::vector<std::string> parts;
     } cases[] = {
         {"<xsl:template match='/'>\n<xsl:value-of select='a[%2'/></xsl:template>",
-         {"スタイルシートに誤りがあります。", "a[%2", "(行 2)"}},
-        {"\n<xsl:template match='/'><xsl:nonsense/></xsl:template>", {"nonsense", "(行 2)"}},
+         {"スタイルシートに誤りがあります。", "a[%2", "(2 行目)"}},
+        {"\n<xsl:template match='/'><xsl:nonsense/></xsl:template>", {"nonsense", "(2 行目)"}},
         {"<xsl:template match='/'>\n\n<xsl:value-of select='$v'/></xsl:template>",
-         {"スタイルシートを適用できませんでした。", "Undefined variable", "(行 3)"}},
+         {"スタイルシートを適用できませんでした。", "Undefined variable", "(3 行目)"}},
         {"<xsl:template match='/'><xsl:message>first</xsl:message>\n<xsl:message "
          "terminate='yes'>だめ %d</xsl:message></xsl:template>",
          {"スタイルシートが処理を中止しました。", "だめ %d"}},
         {"\n<msxsl:script language='JScript' implements-prefix='u'>f</msxsl:script>",
-         {"msxsl:script", "(行 2)"}},
+         {"msxsl:script", "(2 行目)"}},
     };
     for (const auto &c : cases) {
         const std::string reason = failure("<d/>", stylesheet(c.content));
