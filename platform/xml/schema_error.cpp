@@ -97,26 +97,6 @@ std::vector<qint64> positionsOf(const DOMDocument40 &document, const std::vector
     return result;
 }
 
-QString prefixOf(const QString &qualifiedName) {
-    return qualifiedName.left(std::max<qsizetype>(qualifiedName.indexOf(u':'), 0));
-}
-
-QString localNameOf(const QString &qualifiedName) {
-    return qualifiedName.mid(qualifiedName.indexOf(u':') + 1);
-}
-
-QString namespaceAt(const Node &element, const QString &prefix) {
-    if (prefix == QLatin1String("xml"))
-        return QStringLiteral("http://www.w3.org/XML/1998/namespace");
-    const QString attribute =
-        prefix.isEmpty() ? QStringLiteral("xmlns") : QStringLiteral("xmlns:") + prefix;
-    for (Node at = element; at.nodeType() == NodeType::Element; at = at.parentNode()) {
-        if (const std::optional<QString> declared = at.getAttribute(attribute))
-            return declared->isEmpty() ? QString() : *declared;
-    }
-    return {};
-}
-
 void raiseSchemaError(const QString &schemaName, int line, const QString &reason) {
     const QString place = line > 0 ? text::SchemaLine.arg(line) : QString();
     throw runtime::Error(runtime::error_number::Fail,

@@ -52,14 +52,6 @@ std::vector<Node> elementsAt(const DOMDocument40 &document, const std::vector<qi
 /// The reverse: the positions of elements given in any order; -1 for what is no element there.
 std::vector<qint64> positionsOf(const DOMDocument40 &document, const std::vector<Node> &elements);
 
-/// The part of a qualified name before its colon, and the part after it.
-QString prefixOf(const QString &qualifiedName);
-QString localNameOf(const QString &qualifiedName);
-
-/// The namespace that a prefix (empty for the default one) stands for at an element; null when it
-/// is not declared.
-QString namespaceAt(const Node &element, const QString &prefix);
-
 /// Raises an Error that a schema cannot be used. `line` 0 when unknown.
 [[noreturn]] void raiseSchemaError(const QString &schemaName, int line, const QString &reason);
 

@@ -1,5 +1,6 @@
 #include "platform/xml/schema_message.h"
 
+#include "platform/xml/qualified_name.h"
 #include "platform/xml/schema_error.h"
 #include "resources/validation_texts.h"
 

@@ -189,9 +189,8 @@ quint64 SchemaSession::expandedSize(const xmlEntity *entity, int depth) {
     return size;
 }
 
-XmlDoc SchemaSession::parse(QByteArray utf8, bool loadDtd, Entities entities) {
-    const std::unique_ptr<xmlParserCtxt, decltype(&xmlFreeParserCtxt)> context(xmlNewParserCtxt(),
-                                                                               &xmlFreeParserCtxt);
+XmlDocument SchemaSession::parse(QByteArray utf8, bool loadDtd, Entities entities) {
+    const std::unique_ptr<xmlParserCtxt, Releaser<xmlFreeParserCtxt>> context(xmlNewParserCtxt());
     context_ = context.get();
     elementCount_ = 0;
     expanded_ = 0;
@@ -207,9 +206,9 @@ XmlDoc SchemaSession::parse(QByteArray utf8, bool loadDtd, Entities entities) {
     int options = XML_PARSE_NONET | XML_PARSE_HUGE | XML_PARSE_BIG_LINES;
     options |= loadDtd ? XML_PARSE_DTDLOAD : 0;
     options |= entities == Entities::Replace ? XML_PARSE_NOENT : 0;
-    XmlDoc doc(xmlCtxtReadMemory(context_, utf8.constData(), static_cast<int>(utf8.size()),
-                                 addressOf(QStringLiteral("document.xml")).constData(), "UTF-8",
-                                 options));
+    XmlDocument doc(xmlCtxtReadMemory(context_, utf8.constData(), static_cast<int>(utf8.size()),
+                                      addressOf(QStringLiteral("document.xml")).constData(),
+                                      "UTF-8", options));
     context_ = nullptr;
     if (expanded_ > expansionLimit_)
         throw runtime::Error(runtime::error_number::Fail,

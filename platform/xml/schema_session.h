@@ -2,20 +2,15 @@
 
 #include "platform/xml/allowed_folders.h"
 #include "platform/xml/dom.h"
+#include "platform/xml/libxml_handles.h"
 
 #include <QHash>
 
 #include <functional>
 #include <libxml/parser.h>
 #include <libxml/xmlerror.h>
-#include <memory>
 
 namespace quillon::xml {
-
-struct FreeXmlDoc {
-    void operator()(xmlDoc *doc) const { xmlFreeDoc(doc); }
-};
-using XmlDoc = std::unique_ptr<xmlDoc, FreeXmlDoc>;
 
 /// libxml2 set up for one validation: while the object lives, all that libxml2 reports goes to one
 /// function, and all that it wants to read comes from some folders or not at all. Only one such
@@ -45,7 +40,7 @@ public:
     /// Parses a document, with the DTD that it names when `loadDtd`. Null after a syntax error,
     /// which has been reported. Raises Fail when entities expand beyond bounds. Elements that stand
     /// in the document itself, not in an entity, are numbered for elementIndex().
-    XmlDoc parse(QByteArray utf8, bool loadDtd, Entities entities);
+    XmlDocument parse(QByteArray utf8, bool loadDtd, Entities entities);
 
     /// The 0-based position, among the elements of the document parsed last in document order, of
     /// the element that an error is about; -1 when unknown.

@@ -1,6 +1,7 @@
 #include "platform/xml/schema_validator.h"
 
 #include "platform/runtime/error.h"
+#include "platform/xml/qualified_name.h"
 #include "platform/xml/schema_message.h"
 #include "platform/xml/schema_session.h"
 #include "resources/validation_texts.h"
@@ -115,21 +116,16 @@ void checkXsd(const QString &path, const QString &name) {
         raiseSchemaError(name, lineOf(root), text::TargetNamespace.arg(target));
 }
 
-struct FreeSchema {
-    void operator()(xmlSchema *schema) const { xmlSchemaFree(schema); }
-    void operator()(xmlSchemaParserCtxt *context) const { xmlSchemaFreeParserCtxt(context); }
-    void operator()(xmlSchemaValidCtxt *context) const { xmlSchemaFreeValidCtxt(context); }
-    void operator()(xmlValidCtxt *context) const { xmlFreeValidCtxt(context); }
-};
-template <typename T>
-using Owned = std::unique_ptr<T, FreeSchema>;
+using Schema = std::unique_ptr<xmlSchema, Releaser<xmlSchemaFree>>;
+using SchemaParser = std::unique_ptr<xmlSchemaParserCtxt, Releaser<xmlSchemaFreeParserCtxt>>;
+using SchemaValidator = std::unique_ptr<xmlSchemaValidCtxt, Releaser<xmlSchemaFreeValidCtxt>>;
+using DtdValidator = std::unique_ptr<xmlValidCtxt, Releaser<xmlFreeValidCtxt>>;
 
-Owned<xmlSchema> compileXsd(SchemaSession &session, const QString &name) {
+Schema compileXsd(SchemaSession &session, const QString &name) {
     FirstFault fault;
     session.report = [&](const xmlError &error) { fault.note(error); };
-    const Owned<xmlSchemaParserCtxt> context(
-        xmlSchemaNewParserCtxt(session.addressOf(name).constData()));
-    Owned<xmlSchema> schema(context ? xmlSchemaParse(context.get()) : nullptr);
+    const SchemaParser context(xmlSchemaNewParserCtxt(session.addressOf(name).constData()));
+    Schema schema(context ? xmlSchemaParse(context.get()) : nullptr);
     session.report = {};
     if (!schema)
         fault.raise(name);
@@ -138,8 +134,8 @@ Owned<xmlSchema> compileXsd(SchemaSession &session, const QString &name) {
 
 /// Parses a document. A reference to an entity that is not defined is an error of the document,
 /// anything else one for `fault`.
-XmlDoc parseDocument(SchemaSession &session, const DOMDocument40 &document, bool byDtd,
-                     Collector &collector, FirstFault &fault) {
+XmlDocument parseDocument(SchemaSession &session, const DOMDocument40 &document, bool byDtd,
+                          Collector &collector, FirstFault &fault) {
     session.report = [&](const xmlError &error) {
         if (error.code == XML_WAR_UNDECLARED_ENTITY || error.code == XML_ERR_UNDECLARED_ENTITY)
             collector.add(error, {schema_error::UndefinedEntity,
@@ -147,7 +143,7 @@ XmlDoc parseDocument(SchemaSession &session, const DOMDocument40 &document, bool
         else
             fault.note(error);
     };
-    XmlDoc doc =
+    XmlDocument doc =
         session.parse(document.xml(), byDtd,
                       byDtd ? SchemaSession::Entities::Keep : SchemaSession::Entities::Replace);
     session.report = {};
@@ -161,7 +157,7 @@ std::vector<SchemaError> validateByDtd(const DOMDocument40 &document, const QStr
     SchemaSession session(schemaPath, partFolders);
     Collector collector(session, dtdMessage);
     FirstFault fault;
-    const XmlDoc doc = parseDocument(session, document, true, collector, fault);
+    const XmlDocument doc = parseDocument(session, document, true, collector, fault);
     if (!doc || !fault.reason.isNull() || !doc->extSubset)
         fault.raise(doc && doc->intSubset ? QString::fromUtf8(reinterpret_cast<const char *>(
                                                 doc->intSubset->SystemID))
@@ -170,7 +166,7 @@ std::vector<SchemaError> validateByDtd(const DOMDocument40 &document, const QStr
     if (!session.missing().isNull())
         raiseSchemaError(session.missing(), 0, text::SchemaNotFound);
     session.report = [&](const xmlError &error) { collector.add(error); };
-    const Owned<xmlValidCtxt> context(xmlNewValidCtxt());
+    const DtdValidator context(xmlNewValidCtxt());
     if (!context)
         raiseFailed();
     xmlValidateDocument(context.get(), doc.get());
@@ -183,16 +179,16 @@ std::vector<SchemaError> validateByXsd(const DOMDocument40 &document, const QStr
     const QString name = QFileInfo(schemaPath).fileName();
     checkXsd(schemaPath, name);
     SchemaSession session(schemaPath, partFolders);
-    const Owned<xmlSchema> schema = compileXsd(session, name);
+    const Schema schema = compileXsd(session, name);
     Collector collector(session, xsdMessage);
     FirstFault fault;
-    const XmlDoc doc = parseDocument(session, document, false, collector, fault);
+    const XmlDocument doc = parseDocument(session, document, false, collector, fault);
     // The validator cannot look past a reference that stands for nothing.
     if (!collector.isEmpty())
         return collector.errorsIn(document);
     if (!doc)
         throw runtime::Error(runtime::error_number::Fail, fault.reason);
-    const Owned<xmlSchemaValidCtxt> context(xmlSchemaNewValidCtxt(schema.get()));
+    const SchemaValidator context(xmlSchemaNewValidCtxt(schema.get()));
     session.report = [&](const xmlError &error) {
         // Not what is wrong with a schema that the document names itself.
         if (error.domain == XML_FROM_SCHEMASV)

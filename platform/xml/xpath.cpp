@@ -2,6 +2,7 @@
 
 #include "platform/runtime/error.h"
 #include "platform/xml/child_process.h"
+#include "platform/xml/libxml_handles.h"
 #include "platform/xml/libxml_tree.h"
 #include "platform/xml/xpath_error.h"
 #include "resources/xml_texts.h"
@@ -21,20 +22,9 @@ namespace {
 /// Upper bound of the operations of one query, most of them a look at one node: a few seconds.
 constexpr unsigned long MaxOperations = 100'000'000;
 
-template <auto Free>
-struct Freeing {
-    template <typename T>
-    void operator()(T *object) const {
-        Free(object);
-    }
-};
-using Context = std::unique_ptr<xmlXPathContext, Freeing<xmlXPathFreeContext>>;
-using Compiled = std::unique_ptr<xmlXPathCompExpr, Freeing<xmlXPathFreeCompExpr>>;
-using Result = std::unique_ptr<xmlXPathObject, Freeing<xmlXPathFreeObject>>;
-
-const xmlChar *toXml(const std::string &text) {
-    return reinterpret_cast<const xmlChar *>(text.c_str());
-}
+using Context = std::unique_ptr<xmlXPathContext, Releaser<xmlXPathFreeContext>>;
+using Compiled = std::unique_ptr<xmlXPathCompExpr, Releaser<xmlXPathFreeCompExpr>>;
+using Result = std::unique_ptr<xmlXPathObject, Releaser<xmlXPathFreeObject>>;
 
 std::string toStd(const xmlChar *text) {
     return text ? reinterpret_cast<const char *>(text) : std::string();
@@ -149,7 +139,7 @@ void Query::declarePrefixes() {
 }
 
 Compiled Query::compile(const std::string &text) {
-    Compiled compiled(xmlXPathCtxtCompile(context_.get(), toXml(text)));
+    Compiled compiled(xmlXPathCtxtCompile(context_.get(), utf8(text.c_str())));
     if (!compiled || failure_.code != 0)
         raiseXPathError(expression_, failure_);
     return compiled;

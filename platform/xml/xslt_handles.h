@@ -1,39 +1,16 @@
 #pragma once
 
-#include <QByteArray>
+#include "platform/xml/libxml_handles.h"
 
-#include <libxml/tree.h>
 #include <libxml/xpath.h>
 #include <libxslt/security.h>
 #include <libxslt/transform.h>
 #include <libxslt/xsltInternals.h>
-#include <memory>
 
 namespace quillon::xml {
 
-/// Calls a C library's function to release what it allocated.
-template <auto release>
-struct Releaser {
-    template <typename T>
-    void operator()(T *object) const {
-        release(object);
-    }
-};
-
-using XmlDocument = std::unique_ptr<xmlDoc, Releaser<xmlFreeDoc>>;
 using Stylesheet = std::unique_ptr<xsltStylesheet, Releaser<xsltFreeStylesheet>>;
 using TransformContext = std::unique_ptr<xsltTransformContext, Releaser<xsltFreeTransformContext>>;
 using SecurityPreferences = std::unique_ptr<xsltSecurityPrefs, Releaser<xsltFreeSecurityPrefs>>;
-
-/// The library's UTF-8 character type.
-inline const xmlChar *utf8(const char *text) {
-    return reinterpret_cast<const xmlChar *>(text);
-}
-inline const xmlChar *utf8(const QByteArray &text) {
-    return utf8(text.constData());
-}
-inline const char *bytes(const xmlChar *text) {
-    return reinterpret_cast<const char *>(text);
-}
 
 } // namespace quillon::xml

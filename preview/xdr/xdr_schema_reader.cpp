@@ -1,5 +1,6 @@
 #include "preview/xdr/xdr_schema_reader.h"
 
+#include "platform/xml/qualified_name.h"
 #include "platform/xml/schema_error.h"
 #include "resources/validation_texts.h"
 

@@ -1,5 +1,6 @@
 #include "preview/xdr/xdr_validation_walk.h"
 
+#include "platform/xml/qualified_name.h"
 #include "resources/validation_texts.h"
 
 #include <QRegularExpression>
