@@ -20,6 +20,8 @@ using namespace std::string_view_literals;
 constexpr std::string_view Utf8Mark = "\xEF\xBB\xBF"sv;
 constexpr std::string_view Utf16BeMark = "\xFE\xFF"sv;
 constexpr std::string_view Utf16LeMark = "\xFF\xFE"sv;
+constexpr std::string_view Utf32BeMark = "\0\0\xFE\xFF"sv;
+constexpr std::string_view Utf32LeMark = "\xFF\xFE\0\0"sv;
 
 // Names that stand for a wider set in practice than their converter of the same name knows, and
 // names that no converter knows.
@@ -171,19 +173,33 @@ LineEnd lineEndOf(std::string_view utf8) {
     return first + 1 < utf8.size() && utf8[first + 1] == '\n' ? LineEnd::CRLF : LineEnd::CR;
 }
 
+/// The codec of a text in a UTF-16 that starts, without a mark, with these four bytes: white space
+/// or the "<" of markup. Empty for any other start, that of UTF-32 too.
+std::string unmarkedUtf16(std::string_view start) {
+    const auto startsText = [](char c) { return " \t\r\n<"sv.find(c) != std::string_view::npos; };
+    if (start.size() < 4)
+        return {};
+    if (start[0] == '\0' && startsText(start[1]))
+        return "UTF-16BE";
+    if (startsText(start[0]) && start[1] == '\0' && start.substr(2) != "\0\0"sv)
+        return "UTF-16LE";
+    return {};
+}
+
 /// The codec that the first bytes tell, and the length of the byte order mark.
 std::pair<std::string, std::size_t> sniff(std::string_view bytes) {
+    // Not to be taken for UTF-16, whose mark begins alike.
+    for (const std::string_view mark : {Utf32LeMark, Utf32BeMark}) {
+        if (bytes.substr(0, 4) == mark)
+            return {"UTF-32", 4};
+    }
     if (bytes.substr(0, 3) == Utf8Mark)
         return {"UTF-8", 3};
     if (bytes.substr(0, 2) == Utf16BeMark)
         return {"UTF-16BE", 2};
     if (bytes.substr(0, 2) == Utf16LeMark)
         return {"UTF-16LE", 2};
-    if (bytes.substr(0, 4) == "\0<\0?"sv)
-        return {"UTF-16BE", 0};
-    if (bytes.substr(0, 4) == "<\0?\0"sv)
-        return {"UTF-16LE", 0};
-    return {"", 0};
+    return {unmarkedUtf16(bytes.substr(0, 4)), 0};
 }
 
 } // namespace
@@ -229,6 +245,10 @@ Decoded decodeFile(std::string bytes) {
     Decoded result;
     const auto [sniffed, markLength] = sniff(bytes);
     result.format.byteOrderMark = markLength != 0;
+    if (sniffed == "UTF-32") {
+        result.error = text::UnknownEncoding.arg(QString::fromStdString(sniffed));
+        return result;
+    }
     const std::string_view content = std::string_view(bytes).substr(markLength);
     std::string declared;
     std::string codec = sniffed;

@@ -48,6 +48,13 @@ const Reason Reasons[] = {
     {XML_ERROR_SYNTAX, 0x56, text::OtherSyntaxError},
 };
 
+/// Whether the parser would read a text as UTF-16, although told that it is UTF-8. No text in UTF-8
+/// starts so that may stand in XML.
+bool startsLikeUtf16(std::string_view text) {
+    const std::string_view start = text.substr(0, 2);
+    return start.find('\0') != start.npos || start == "\xFE\xFF" || start == "\xFF\xFE";
+}
+
 class Parser {
 public:
     Parser(Arena &arena, const Ref<SourceText> &source, const runtime::Progress &progress)
@@ -140,17 +147,19 @@ void Parser::addAttributes(Number element, Position nameEnd, Position end) {
     const auto isBlank = [](char c) { return c == ' ' || c == '\n' || c == '\t' || c == '\r'; };
     for (Position at = nameEnd;;) {
         const Position layoutStart = at;
-        while (isBlank(bytes[at]))
+        while (at < end && isBlank(bytes[at]))
             ++at;
         if (at >= end || bytes[at] == '>' || bytes[at] == '/')
             return;
         const Position start = at;
-        while (bytes[at] != '=' && !isBlank(bytes[at]))
+        while (at < end && bytes[at] != '=' && !isBlank(bytes[at]))
             ++at;
         const std::uint32_t name = arena_.names->intern({bytes + start, at - start});
-        while (bytes[at] != '"' && bytes[at] != '\'')
+        while (at < end && bytes[at] != '"' && bytes[at] != '\'')
             ++at;
         const std::size_t close = bytes_.find(bytes[at], at + 1);
+        if (close >= end)
+            return;
         at = static_cast<Position>(close) + 1;
         const Number n = arena_.appendRead(NodeType::Attribute, name, source_,
                                            {layoutStart, start, at}, element);
@@ -355,6 +364,8 @@ ParseError Parser::failure() const {
 ParseError Parser::run() {
     if (bytes_.size() > static_cast<std::size_t>(std::numeric_limits<int>::max()))
         return {ErrorBase, text::TooLarge, 0, 0, 0, {}, {}};
+    if (startsLikeUtf16(bytes_))
+        return {ErrorBase + 0x08, text::InvalidToken, 1, 1, 0, {}, {}};
     // The text has been decoded, whatever encoding it declares.
     parser_ = XML_ParserCreate("UTF-8");
     XML_SetUserData(parser_, this);

@@ -102,6 +102,57 @@ TEST(Hostile, DamagedInputNeverDoesMoreThanFail) {
     EXPECT_GT(survivors, 100);
 }
 
+/// The UTF-16 or UTF-32 of a text, with its low bytes first or last.
+std::string widened(const std::string &utf8, int width, bool lowFirst) {
+    std::string out;
+    const auto append = [&](char32_t unit) {
+        for (int i = 0; i < width; ++i)
+            out += static_cast<char>(unit >> 8 * (lowFirst ? i : width - 1 - i));
+    };
+    const QString text = q(utf8);
+    if (width == 2) {
+        for (const QChar c : text)
+            append(c.unicode());
+    } else {
+        for (const char32_t c : text.toStdU32String())
+            append(c);
+    }
+    return out;
+}
+
+TEST(Hostile, EveryStartOfATextIsReadOrRefused) {
+    const Files files;
+    const auto loads = [&](const std::string &bytes) {
+        DOMDocument40 document = DOMDocument40::create();
+        if (document.load(files.write("in.xml", bytes))) {
+            EXPECT_EQ(document.serialize().toStdString(), bytes);
+            return true;
+        }
+        EXPECT_FALSE(document.parseError().reason.isEmpty());
+        return false;
+    };
+    for (const char *text :
+         {"<root><a k='v'>あ</a></root>", "\r\n<a/>", "<!--c--><a/>", "<辞書/>"}) {
+        for (const bool lowFirst : {true, false}) {
+            for (const std::string mark : {"", "\uFEFF"}) {
+                EXPECT_TRUE(loads(widened(mark + text, 2, lowFirst))) << text << lowFirst << mark;
+                EXPECT_FALSE(loads(widened(mark + text, 4, lowFirst))) << text << lowFirst << mark;
+            }
+        }
+    }
+    // What the parser could take for a sign of another encoding.
+    const std::string Signs = "\0\t\n <?a\xEF\xBB\xBF\xFE\xFF"s;
+    for (const char first : Signs) {
+        for (const char second : Signs) {
+            for (const char third : Signs) {
+                const std::string start{first, second, third};
+                loads(start + "<a b='c'/>");
+                DOMDocument40::create().loadXML(QByteArray::fromStdString(start + "<a b='c'/>"));
+            }
+        }
+    }
+}
+
 TEST(Hostile, RandomEditsKeepTheDocumentReadable) {
     std::mt19937 random(7);
     DOMDocument40 document =
