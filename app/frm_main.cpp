@@ -26,6 +26,8 @@ namespace texts = resources::texts;
 namespace {
 
 constexpr QSize DesignSize(1000, 680);
+/// Roughly what a window manager puts around a window.
+constexpr QSize FrameSize(16, 40);
 /// The path box stands this far below the top of its place on the toolbar.
 constexpr int PathTopTwips = 30;
 
@@ -76,14 +78,14 @@ void frmMain::layOut() {
 
     statusBar()->addWidget(sbr, 1);
     statusBar()->addPermanentWidget(validationButton_);
-    validationButton_->setFlat(true);
     validationButton_->hide();
     // A long text must not widen the window.
     sbr->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     sbr->setTextFormat(Qt::PlainText);
-    resize(DesignSize);
-    if (const QScreen *screen = QGuiApplication::primaryScreen())
-        move(screen->availableGeometry().center() - rect().center());
+    const QRect available = QGuiApplication::primaryScreen()->availableGeometry();
+    resize(DesignSize.boundedTo(available.size() - FrameSize));
+    move(available.topLeft() +
+         QPoint(available.width() - width(), available.height() - height()) / 2);
     firstSplitLeft_ = DesignSize.width() * 2 / 5;
     firstSplitTop_ = DesignSize.height() / 2;
 }

@@ -38,6 +38,10 @@ public:
     void UpdateStatus(const QString &path) { editor_->commands.UpdateStatus(path); }
     void ClearStatus() { editor_->commands.ClearStatus(); }
 
+    /// What is to be done when the session ends and nobody can be asked any more: unsaved changes
+    /// are kept for the next start.
+    void endSession();
+
     Editor &editor() { return *editor_; }
     controls::ActionSet &actions() { return actions_; }
 
@@ -52,6 +56,8 @@ private:
     void Form_Initialize();
     void Form_Load();
     void Form_Unload();
+    /// What every end of the window has in common.
+    void leave();
 
     /// The window's handle is known outside, so it must not change.
     void keepHandle();

@@ -11,6 +11,7 @@
 
 namespace quillon::app {
 
+using controls::guarded;
 using controls::ignoringErrors;
 
 namespace {
@@ -51,9 +52,19 @@ void frmMain::Form_Initialize() {
 }
 
 void frmMain::Form_Unload() {
+    editor_->recovery.discard();
+    leave();
+}
+
+void frmMain::endSession() {
+    guarded([this] { tvw->EndLabelEdit(); });
+    ignoringErrors([this] { editor_->recovery.keep(); });
+    ignoringErrors([this] { leave(); });
+}
+
+void frmMain::leave() {
     editor_->settings.maximized = isMaximized();
     editor_->settings.save(placement(), !isMinimized() && !isMaximized());
-    editor_->recovery.discard();
     if (startedAlone_)
         ignoringErrors([this] { document::clearWorkingFolder(editor_->workingFolder); });
     ignoringErrors([this] { companion_.execute(QStringLiteral("REMOVE ") + handle()); });
@@ -78,10 +89,9 @@ void frmMain::place(const document::Placement &placed) {
     const bool isSeen = isOnAScreen(window);
     const QScreen *screen =
         isSeen ? QGuiApplication::screenAt(window.center()) : QGuiApplication::primaryScreen();
-    const QSize most = screen ? screen->availableGeometry().size() : window.size();
-    resize(window.size().boundedTo(most).expandedTo(LeastSize));
-    if (isSeen)
-        move(window.topLeft());
+    const QRect available = screen ? screen->availableGeometry() : window;
+    resize(window.size().boundedTo(available.size()).expandedTo(LeastSize));
+    move(isSeen ? window.topLeft() : available.topLeft());
     firstSplitLeft_ = pixels(placed.splitLeft);
     firstSplitTop_ = pixels(placed.splitTop);
 }
@@ -120,7 +130,7 @@ void frmMain::mnuToolOption_Click() {
         return;
     const tools::Options chosen = dialog.options();
     settings.editors = chosen.editors;
-    settings.removeEditorsFrom(settings.editors.size());
+    settings.saveEditors();
     takeFont(chosen.fontName, runtime::toInteger(qint64(chosen.fontSize)));
     showExternalEditors();
     // The places behind a shorter list have to be emptied, too, or old entries come back.

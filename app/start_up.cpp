@@ -8,6 +8,7 @@
 #include "platform/runtime/paths.h"
 #include "platform/system/companion_link.h"
 #include "platform/system/instance_lock.h"
+#include "platform/system/termination_signals.h"
 #include "platform/system/working_folder.h"
 #include "resources/texts.h"
 
@@ -31,6 +32,16 @@ namespace {
 constexpr rlim_t StackBytes = 256ul << 20;
 /// How long the companion may take to be there for the first window.
 constexpr int CompanionMs = 1000;
+
+/// The session ends, and nobody can be asked any more.
+void endSession() {
+    for (QWidget *widget : QApplication::topLevelWidgets()) {
+        if (auto *form = qobject_cast<frmMain *>(widget))
+            form->endSession();
+    }
+    // Destructors would take the copies of unsaved changes away.
+    std::_Exit(EXIT_SUCCESS);
+}
 
 /// The companion is there, once it has been started, before the first window registers with it.
 void startCompanion() {
@@ -128,6 +139,8 @@ int Main(int argc, char **argv) {
     // What the user starts from the program is started by the user.
     qunsetenv(AutomationServer::StartedByBusVariable);
 
+    const system::TerminationSignals signals;
+    QObject::connect(&signals, &system::TerminationSignals::received, &application, endSession);
     const system::InstanceLock instance;
     if (instance.startedAlone()) {
         startCompanion();

@@ -96,7 +96,7 @@ inline constexpr QStringView Printing = u"ツリーを印刷しています...";
 
 // The list of validation errors. %1 is their number.
 inline constexpr QStringView ValidationListTitle = u"検証エラーの一覧";
-inline constexpr QStringView ValidationListButton = u"エラー一覧 (%1)";
+inline constexpr QStringView ValidationListButton = u"エラー一覧: %1 件(&L)";
 
 inline constexpr QStringView Sending = u"送信しています...";
 // Sending. %1 is the address, %2 the reason.

@@ -72,6 +72,9 @@ inline const QString OtherSyntaxError = QStringLiteral("XML の構文が正し�
 inline const QString Unencodable =
     QStringLiteral("文字 '%1' (U+%2) は、ドキュメントのエンコード '%3' "
                    "で表すことができないため、保存できません。");
+inline const QString CannotReplaceInFolder = QStringLiteral(
+    "ファイルを保存できません: %1\nフォルダーに書き込む権限がないため、ファイルを安全に"
+    "置き換えることができません。別のフォルダーに保存してください。");
 inline const QString CannotSave = QStringLiteral("ファイルを保存できません: %1\n%2");
 
 /// The system's reason for a failed file operation, by its errno.

@@ -14,6 +14,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScreen>
 #include <QSpinBox>
 #include <QVBoxLayout>
 
@@ -28,6 +29,8 @@ namespace {
 
 /// The paths of most programs can be read whole.
 constexpr int UsualWidth = 520;
+/// For the frame of the dialog, and for what else is on a screen.
+constexpr QSize SpaceAround(16, 60);
 constexpr int LargestSize = 144;
 /// The sample shows sizes up to this one without being cut off.
 constexpr int SampleHeight = 56;
@@ -96,7 +99,8 @@ OptionsDialog::OptionsDialog(const Options &present, qsizetype recentFiles, QWid
         setTabOrder(before, control);
         before = control;
     }
-    resize(sizeHint().expandedTo(QSize(UsualWidth, 0)));
+    const QSize most = screen()->availableSize() - SpaceAround;
+    resize(sizeHint().expandedTo(QSize(UsualWidth, 0)).boundedTo(most));
     showEditors(0);
     list_->setFocus();
 }

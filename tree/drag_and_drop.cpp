@@ -155,7 +155,7 @@ Qt::DropAction DragAndDrop::tvw_OLEDragDrop(const DragPoint &point, const QMimeD
     if (state_.m_ReadOnly || isWithinDragged(target))
         return Qt::IgnoreAction;
     if (!state_.m_DOM)
-        return openDropped(point, data);
+        return openDropped(data);
     // A file manager offers text as well, but that is only the names of the files.
     const QString file = fileOf(data);
     const QString text = file.isEmpty() ? textOf(data) : contentOf(file);
@@ -169,17 +169,13 @@ Qt::DropAction DragAndDrop::tvw_OLEDragDrop(const DragPoint &point, const QMimeD
     return Qt::MoveAction;
 }
 
-Qt::DropAction DragAndDrop::openDropped(const DragPoint &point, const QMimeData &data) {
+Qt::DropAction DragAndDrop::openDropped(const QMimeData &data) {
     if (const QString file = fileOf(data); !file.isEmpty())
         Q_EMIT openFileRequested(file);
     else if (data.hasFormat(TextFormat))
         Q_EMIT loadXmlRequested(textOf(data));
-    // What could not be opened must not be lost at its source.
-    if (!state_.m_DOM)
-        return Qt::IgnoreAction;
-    if (point.proposed == Qt::MoveAction)
-        NodeMimeData::confirmMove(data);
-    return point.proposed;
+    // The document that this makes is not saved anywhere, so nothing is taken away for it.
+    return state_.m_DOM.documentElement() ? Qt::CopyAction : Qt::IgnoreAction;
 }
 
 } // namespace quillon::tree

@@ -48,7 +48,7 @@ Q_SIGNALS:
 private:
     void completeMove(const controls::TreeItem &item);
     bool isWithinDragged(const controls::TreeItem &target) const;
-    Qt::DropAction openDropped(const controls::DragPoint &point, const QMimeData &data);
+    Qt::DropAction openDropped(const QMimeData &data);
 
     const document::DocumentState &state_;
     TreeBuilder &builder_;

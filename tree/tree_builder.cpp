@@ -7,7 +7,7 @@
 
 #include <QIcon>
 
-#include <optional>
+#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
@@ -111,17 +111,21 @@ void TreeBuilder::RebuildTree() {
     std::unordered_set<quint32> expanded;
     tvw_.nodes().forEachExpanded(
         [&](const TreeItem &item) { expanded.insert(m_dicNode.number(item.sequence())); });
-    std::optional<quint32> selected;
-    if (const TreeItem item = tvw_.SelectedItem())
-        selected = m_dicNode.number(item.sequence());
+    std::unordered_map<quint32, int> heights;
+    for (TreeItem item = tvw_.SelectedItem(); item; item = item.Parent())
+        heights.emplace(m_dicNode.number(item.sequence()), int(heights.size()));
     BuildTree(state_.m_DOM, false);
     std::vector<TreeItem> items;
     TreeItem selectedItem;
+    int lowest = int(heights.size());
     m_dicNode.forEach([&](quint32 sequence, quint32 number) {
         if (expanded.contains(number))
             items.push_back(tvw_.nodes().bySequence(sequence));
-        if (number == selected)
+        if (const auto height = heights.find(number);
+            height != heights.end() && height->second < lowest) {
             selectedItem = tvw_.nodes().bySequence(sequence);
+            lowest = height->second;
+        }
     });
     for (TreeItem &item : items)
         item.setExpanded(true);

@@ -37,7 +37,8 @@ public:
     void BuildTree(const xml::DOMDocument40 &document, bool visibleAfter);
 
     /// The same for the current document, after which the items of the nodes that were expanded are
-    /// so again, and the item of the node that was selected is selected.
+    /// so again, and the item of the node that was selected, or the nearest one above it, is
+    /// selected.
     void RebuildTree();
 
     /// Adds an item for `node`, as the last child of relItem or ahead of it. With treeOnly the

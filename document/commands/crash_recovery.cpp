@@ -133,8 +133,7 @@ void CrashRecovery::write() {
         // When the program dies now, this process still finishes; but it must not hang.
         ::alarm(MostSeconds);
         try {
-            writeFile(filePath(base_ + NameSuffix), state_.m_FileName.toUtf8());
-            writeFile(filePath(base_ + ContentSuffix), contentOf(state_.m_DOM));
+            writeFiles();
         } catch (...) {
             ::_exit(EXIT_FAILURE);
         }
@@ -150,6 +149,22 @@ void CrashRecovery::write() {
     unwritten_.invalidate();
     childEnd_ = std::make_unique<QSocketNotifier>(ends[0], QSocketNotifier::Read);
     connect(childEnd_.get(), &QSocketNotifier::activated, this, &CrashRecovery::childEnded);
+}
+
+void CrashRecovery::writeFiles() const {
+    writeFile(filePath(base_ + NameSuffix), state_.m_FileName.toUtf8());
+    writeFile(filePath(base_ + ContentSuffix), contentOf(state_.m_DOM));
+}
+
+void CrashRecovery::keep() {
+    timer_.stop();
+    if (!state_.m_Modified || !state_.m_DOM.documentElement())
+        return;
+    if (child_ != 0)
+        reapChild();
+    if (!holdBase())
+        runtime::raise(runtime::error_number::PathNotFound);
+    writeFiles();
 }
 
 int CrashRecovery::reapChild() {
@@ -243,7 +258,7 @@ void CrashRecovery::offer() {
             removeFiles(found.base);
             continue;
         }
-        if (commands_.openRecovered(content, recoveredName(found.name))) {
+        if (commands_.openRecovered(content, recoveredName(found.name), found.name)) {
             // What was recovered becomes the copy of this document's unsaved changes.
             discard();
             base_ = found.base;

@@ -62,6 +62,9 @@ public:
 
     /// Removes the copy: the changes are saved or given up.
     void discard();
+    /// Writes the unsaved changes at once, for a program that ends without asking about them.
+    /// Raises when that fails.
+    void keep();
 
 Q_SIGNALS:
     /// The changes made up to when the writing began are on the disk.
@@ -74,6 +77,8 @@ private:
     bool holdBase();
     void removeFiles(const QString &base) const;
     void write();
+    /// The copy itself, in whatever process.
+    void writeFiles() const;
     void childEnded();
     /// Says once that there is no writing, and goes on trying.
     void tryAgain();

@@ -126,12 +126,14 @@ void DocumentCommands::mnuFileMRUFiles_Click(const QString &path) {
         UpdateStatus(path);
 }
 
-bool DocumentCommands::openRecovered(const QString &path, const QString &name) {
+bool DocumentCommands::openRecovered(const QString &path, const QString &name,
+                                     const QString &original) {
     if (!ConfirmSave())
         return false;
     loader_.openRecovered(path);
     state_.m_ReadOnly = state_.m_Opened = false;
     state_.m_Modified = true;
+    suggestedPath_ = QFileInfo(original).isAbsolute() ? original : QString();
     UpdateStatus(name);
     return true;
 }
@@ -142,7 +144,7 @@ void DocumentCommands::requireSomethingToSave() const {
 }
 
 QString DocumentCommands::initialPath() const {
-    return QFileInfo(state_.m_FileName).isAbsolute() ? state_.m_FileName : QString();
+    return QFileInfo(state_.m_FileName).isAbsolute() ? state_.m_FileName : suggestedPath_;
 }
 
 bool DocumentCommands::isChangedOnDisk() const {
@@ -220,6 +222,7 @@ void DocumentCommands::mnuEditUndoAll_Click() {
 }
 
 void DocumentCommands::ClearStatus() {
+    suggestedPath_.clear();
     state_.m_DOM = {};
     builder_.registry().reset({}, 1);
     state_.m_FileName.clear();

@@ -24,9 +24,10 @@ public:
     /// Opens a file of the list of recent ones.
     void mnuFileMRUFiles_Click(const QString &path);
     /// Opens a file that was kept for a document whose program died, as a modified document that
-    /// has no file of its own, under a name. False when the user cancelled saving the document
-    /// before. Raises when the file cannot be opened; everything is then as it was.
-    bool openRecovered(const QString &path, const QString &name);
+    /// has no file of its own, under a name; saving it suggests the path of the original. False
+    /// when the user cancelled saving the document before. Raises when the file cannot be opened;
+    /// everything is then as it was.
+    bool openRecovered(const QString &path, const QString &name, const QString &original);
     /// Goes back to the file as it was opened. Cannot be undone.
     void mnuEditUndoAll_Click();
     bool canUndoAll() const;
@@ -73,6 +74,8 @@ private:
     QString applicationFolder_;
     /// The save dialog has no title of its own: it keeps the one that the dialog last had.
     QString dialogTitle_;
+    /// Where a document without a file of its own is suggested to be saved; empty for no place.
+    QString suggestedPath_;
 };
 
 } // namespace quillon::document

@@ -85,8 +85,9 @@ void Settings::readEditors() {
     }
 }
 
-void Settings::removeEditorsFrom(std::size_t first) const {
-    for (int i = static_cast<int>(first); i < MostExternalEditors; ++i) {
+void Settings::saveEditors() const {
+    writeEditors();
+    for (int i = static_cast<int>(editors.size()); i < MostExternalEditors; ++i) {
         store_.SaveSetting(EditorSection, numbered("Name", i), QString());
         store_.SaveSetting(EditorSection, numbered("Path", i), QString());
     }
@@ -107,6 +108,10 @@ void Settings::save(const Placement &placement, bool isNormal) const {
     }
     // Truth is -1 where it is stored.
     write(WindowSection, QStringLiteral("Maximized"), maximized ? -1 : 0);
+    writeEditors();
+}
+
+void Settings::writeEditors() const {
     for (std::size_t i = 0; i < editors.size(); ++i) {
         const int number = static_cast<int>(i);
         store_.SaveSetting(EditorSection, numbered("Name", number), editors[i].name);

@@ -34,9 +34,9 @@ public:
     /// store and come back; that is meant so.
     void save(const Placement &placement, bool isNormal) const;
 
-    /// Empties the places in the store from a 0-based one on, for editors that the user has removed
-    /// in so many words.
-    void removeEditorsFrom(std::size_t first) const;
+    /// Writes the editors, and empties the places behind them: those that were there have been
+    /// removed by the user in so many words.
+    void saveEditors() const;
 
     /// Font of the edit pane, the tree and, by its name, the path box. Size in points.
     QString fontName;
@@ -53,6 +53,7 @@ private:
     template <typename Number>
     void read(const QString &section, const QString &key, Number &value) const;
     void readEditors();
+    void writeEditors() const;
     void write(const QString &section, const QString &key, int value) const;
 
     const system::SettingsStore &store_;

@@ -3,7 +3,9 @@
 #include "resources/texts.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QFontDialog>
+#include <QGroupBox>
 #include <QInputDialog>
 #include <QLibraryInfo>
 #include <QLocale>
@@ -44,12 +46,20 @@ QString DesktopDialogs::inputText(const QString &prompt) {
 std::optional<FontChoice> DesktopDialogs::chooseFont(const FontChoice &present) {
     QFont font(present.family);
     font.setPointSizeF(present.points);
-    bool chosen = false;
-    font = QFontDialog::getFont(&chosen, font, QApplication::activeWindow(),
-                                resources::texts::FontDialogTitle.toString(),
-                                QFontDialog::DontUseNativeDialog);
-    if (!chosen)
+    QFontDialog dialog(font, QApplication::activeWindow());
+    dialog.setOption(QFontDialog::DontUseNativeDialog);
+    dialog.setWindowTitle(resources::texts::FontDialogTitle.toString());
+    // Lines through and below the text are nothing that is chosen here. Their box has kept the one
+    // beside it, with the sample, from getting too low.
+    for (QGroupBox *box : dialog.findChildren<QGroupBox *>()) {
+        if (box->findChild<QCheckBox *>())
+            box->hide();
+        else
+            box->setMinimumHeight(dialog.fontMetrics().height() * 6);
+    }
+    if (dialog.exec() != QDialog::Accepted)
         return {};
+    font = dialog.selectedFont();
     return FontChoice{font.family(), font.pointSizeF()};
 }
 

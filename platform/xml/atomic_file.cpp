@@ -98,6 +98,10 @@ void writeFileAtomically(const QString &path, std::string_view bytes, ReadOnlyFi
     QByteArray temporary = QFile::encodeName(QFileInfo(target).absoluteDir().filePath(
         QStringLiteral(".") + QFileInfo(target).fileName().left(64) + QStringLiteral(".XXXXXX")));
     Descriptor file(::mkostemp(temporary.data(), O_CLOEXEC));
+    if (file.get() < 0 && exists && errno == EACCES)
+        // The file alone could be written, but not so that it is whole at any moment.
+        throw runtime::Error(runtime::error_number::PermissionDenied,
+                             resources::xml_text::CannotReplaceInFolder.arg(path));
     if (file.get() < 0)
         fail(path, errno);
     const auto giveUp = [&](int error) {

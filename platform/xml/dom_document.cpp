@@ -99,7 +99,11 @@ bool DOMDocument40::load(const QString &path, const runtime::Progress &progress)
 
 bool DOMDocument40::loadXML(const QByteArray &utf8) {
     Decoded decoded;
-    decoded.utf8 = normalizeLineEnds({utf8.constData(), std::size_t(utf8.size())});
+    constexpr std::string_view Mark = "\xEF\xBB\xBF";
+    std::string_view text(utf8.constData(), std::size_t(utf8.size()));
+    if (text.substr(0, Mark.size()) == Mark)
+        text.remove_prefix(Mark.size());
+    decoded.utf8 = normalizeLineEnds(text);
     return loadFrom(HandleAccess::arena(*this), std::move(decoded), false);
 }
 

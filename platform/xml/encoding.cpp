@@ -205,7 +205,8 @@ std::pair<std::string, std::size_t> sniff(std::string_view bytes) {
 } // namespace
 
 std::string declaredEncoding(std::string_view utf8) {
-    if (utf8.substr(0, 5) != "<?xml")
+    // An instruction may have a name that only begins so.
+    if (utf8.substr(0, 5) != "<?xml" || utf8.substr(5, 1).find_first_of(" \t\r\n") != 0)
         return {};
     const std::string_view declaration = utf8.substr(0, utf8.find("?>"));
     const std::size_t at = declaration.find("encoding");

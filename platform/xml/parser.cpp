@@ -48,11 +48,12 @@ const Reason Reasons[] = {
     {XML_ERROR_SYNTAX, 0x56, text::OtherSyntaxError},
 };
 
-/// Whether the parser would read a text as UTF-16, although told that it is UTF-8. No text in UTF-8
-/// starts so that may stand in XML.
-bool startsLikeUtf16(std::string_view text) {
+/// Whether a text starts with a sign of its encoding, by which the parser would go although told
+/// that the text is in UTF-8, and has lost its mark. No text may go on so.
+bool startsWithEncodingSign(std::string_view text) {
     const std::string_view start = text.substr(0, 2);
-    return start.find('\0') != start.npos || start == "\xFE\xFF" || start == "\xFF\xFE";
+    return start.find('\0') != start.npos || start == "\xFE\xFF" || start == "\xFF\xFE" ||
+           text.substr(0, 3) == "\xEF\xBB\xBF";
 }
 
 class Parser {
@@ -364,7 +365,7 @@ ParseError Parser::failure() const {
 ParseError Parser::run() {
     if (bytes_.size() > static_cast<std::size_t>(std::numeric_limits<int>::max()))
         return {ErrorBase, text::TooLarge, 0, 0, 0, {}, {}};
-    if (startsLikeUtf16(bytes_))
+    if (startsWithEncodingSign(bytes_))
         return {ErrorBase + 0x08, text::InvalidToken, 1, 1, 0, {}, {}};
     // The text has been decoded, whatever encoding it declares.
     parser_ = XML_ParserCreate("UTF-8");

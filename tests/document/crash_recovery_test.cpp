@@ -172,6 +172,26 @@ TEST_F(CrashRecoveryTest, ChangesWithoutAPauseAreWrittenAtIntervals) {
     EXPECT_TRUE(written.wait());
 }
 
+TEST_F(CrashRecoveryTest, WhatIsUnsavedWhenTheSessionEndsIsKeptAtOnce) {
+    using namespace std::chrono_literals;
+    recovery.reset();
+    recovery = start(kept, {1h, 1h});
+    open("<r>old</r>");
+    recovery->keep();
+    EXPECT_EQ(files(kept), QStringList()) << "nothing is unsaved";
+    select("old");
+    type("new");
+    recovery->keep();
+    crash();
+    restart();
+    dialogs.answerMessage(6);
+    recovery->offer();
+    EXPECT_EQ(xml(), "<r>new</r>");
+    dialogs.answerFile({QString(), 0});
+    editor().commands.mnuFileSaveAs_Click();
+    EXPECT_EQ(dialogs.saveRequests.back().path, path("doc.xml"));
+}
+
 TEST_F(CrashRecoveryTest, ThatNothingCanBeKeptIsToldOnce) {
     QDir(path("kept")).removeRecursively();
     write("kept", "a file where the folder should be");

@@ -31,9 +31,10 @@ protected:
     }
 };
 
-/// A window is no larger than its screen.
+/// A window and its frame are no larger than the screen.
 QSize designSize() {
-    return QSize(1000, 680).boundedTo(QGuiApplication::primaryScreen()->availableSize());
+    return QSize(1000, 680).boundedTo(QGuiApplication::primaryScreen()->availableSize() -
+                                      QSize(16, 40));
 }
 
 TEST_F(SettingsTest, WhatIsMissingHasItsDefault) {

@@ -61,4 +61,22 @@ xdotool key Return
 until_true "the program ends" ended
 holds "$folder/my file.xml" "<a>newer</a>" || fail "the answer yes saves: $(cat "$folder/my file.xml")"
 [ ! -e "$folder/Temp" ] || fail "the working folder is cleared away"
+
+# The session ends right after a change: the next start offers it.
+"$folder/quillon" "$folder/my file.xml" &
+editor=$!
+until_true "the file is opened again" titled "$name - Quillon XML Editor"
+focus
+xdotool key Down Down Right Down F2
+xdotool type --delay 20 "newest"
+xdotool key Return
+until_true "the last change is marked" titled "$name * - Quillon XML Editor"
+kill -TERM "$editor"
+until_true "the program ends with the session" ended
+holds "$folder/my file.xml" "<a>newer</a>" || fail "the file is as it was"
+"$folder/quillon" &
+editor=$!
+until_true "recovery is offered" has_box
+xdotool key Return
+until_true "the change is back" titled "$name (復元) * - Quillon XML Editor"
 echo "the journey went well"

@@ -140,6 +140,9 @@ TEST(Hostile, EveryStartOfATextIsReadOrRefused) {
             }
         }
     }
+    EXPECT_TRUE(loads("\uFEFF<a/>"));
+    EXPECT_FALSE(loads("\uFEFF\uFEFF<a/>")) << "the second mark is a character";
+    EXPECT_EQ(xml(parsed("\uFEFF<a/>")), "<a/>");
     // What the parser could take for a sign of another encoding.
     const std::string Signs = "\0\t\n <?a\xEF\xBB\xBF\xFE\xFF"s;
     for (const char first : Signs) {
