@@ -6,6 +6,7 @@
 #include "platform/controls/dialogs.h"
 #include "platform/controls/error_boundary.h"
 #include "platform/runtime/paths.h"
+#include "platform/runtime/stack_limit.h"
 #include "platform/system/companion_link.h"
 #include "platform/system/instance_lock.h"
 #include "platform/system/termination_signals.h"
@@ -18,18 +19,14 @@
 #include <QIcon>
 #include <QTimer>
 
-#include <algorithm>
 #include <cstdlib>
 #include <memory>
-#include <sys/resource.h>
 #include <unistd.h>
 
 namespace quillon::app {
 
 namespace {
 
-/// Enough for several hundred thousand nested levels.
-constexpr rlim_t StackBytes = 256ul << 20;
 /// How long the companion may take to be there for the first window.
 constexpr int CompanionMs = 1000;
 
@@ -104,12 +101,7 @@ int serveClients(bool startedAlone) {
 } // namespace
 
 void prepareProcess() {
-    // The main thread's stack grows up to the limit in force at the time.
-    rlimit limit{};
-    if (::getrlimit(RLIMIT_STACK, &limit) == 0 && limit.rlim_cur < StackBytes) {
-        limit.rlim_cur = std::min(StackBytes, limit.rlim_max);
-        ::setrlimit(RLIMIT_STACK, &limit);
-    }
+    runtime::raiseStackLimit();
     if (::geteuid() == 0)
         qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
 }

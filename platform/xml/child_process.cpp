@@ -1,6 +1,7 @@
 #include "platform/xml/child_process.h"
 
 #include "platform/runtime/error.h"
+#include "platform/runtime/stack_limit.h"
 #include "resources/child_process_texts.h"
 
 #include <QDeadlineTimer>
@@ -104,6 +105,7 @@ char *duplicate(const char *string) {
 
 [[noreturn]] void runAsChild(const std::function<QByteArray()> &work, const ChildLimits &limits) {
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    runtime::raiseStackLimit();
     // A crash is the parent's to report: no dump, no handler of the parent's.
     const rlimit none{0, 0};
     ::setrlimit(RLIMIT_CORE, &none);

@@ -21,6 +21,10 @@ namespace text = resources::xslt_text;
 
 namespace {
 
+/// Templates may call one another this deep: a document that is nested so deep can be shown. The
+/// stack has room for several times as much.
+constexpr int MaxTemplateDepth = 20'000;
+
 [[noreturn]] void fail(QStringView sentence) {
     throw runtime::Error(runtime::error_number::Fail, sentence.toString());
 }
@@ -66,6 +70,7 @@ SourceView viewFor(const xsltStylesheet &stylesheet) {
 
 XmlDocument apply(xsltStylesheet *stylesheet, xmlDoc *source, XsltLog &log) {
     const TransformContext context(xsltNewTransformContext(stylesheet, source));
+    context->maxTemplateDepth = MaxTemplateDepth;
     xsltSetTransformErrorFunc(context.get(), &log, XsltLog::onXsltError);
     // A function that is there is not replaced, so it is removed first.
     xmlXPathRegisterFunc(context->xpathCtxt, utf8("document"), nullptr);

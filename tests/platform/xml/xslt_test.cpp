@@ -191,6 +191,18 @@ TEST(Xslt, WritesNothing) {
     EXPECT_FALSE(QFile::exists(folder.path("out.xml")));
 }
 
+TEST(Xslt, DocumentsOfManyLevelsAreTransformed) {
+    std::string deep;
+    for (int i = 0; i < 5000; ++i)
+        deep += "<d>";
+    deep += "x";
+    for (int i = 0; i < 5000; ++i)
+        deep += "</d>";
+    EXPECT_EQ(transformed(deep, stylesheet("<xsl:output method='text'/><xsl:template match='d'>"
+                                           "<xsl:apply-templates/></xsl:template>")),
+              "x");
+}
+
 TEST(Xslt, EndlessRecursionIsStopped) {
     const std::string call = "<xsl:call-template name='t'/>";
     std::string nested = call;
