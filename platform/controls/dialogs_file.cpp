@@ -8,6 +8,8 @@
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QHeaderView>
+#include <QLineEdit>
+#include <QListView>
 #include <QStringList>
 #include <QTreeView>
 
@@ -62,6 +64,7 @@ public:
             mode == AcceptOpen ? texts::OpenDialogTitle : texts::SaveDialogTitle;
         setWindowTitle(request.title.isEmpty() ? usual.toString() : request.title);
         giveNamesRoom();
+        takeTypedPaths();
         addFilters();
         if (!request.path.isEmpty())
             selectFile(request.path);
@@ -93,6 +96,19 @@ private:
             details->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
             details->header()->setSectionResizeMode(0, QHeaderView::Stretch);
         }
+    }
+
+    /// While a path is typed Qt selects what it leads to so far, the folder that is shown among them.
+    /// With that selected there would be nothing to open.
+    void takeTypedPaths() {
+        auto *name = findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+        auto *list = findChild<QListView *>(QStringLiteral("listView"));
+        if (!name || !list)
+            return;
+        connect(name, &QLineEdit::textEdited, this, [list](const QString &text) {
+            if (text.contains(u'/'))
+                list->selectionModel()->clearSelection();
+        });
     }
 
     void addFilters() {
