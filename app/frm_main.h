@@ -65,6 +65,8 @@ private:
     void fillToolBar();
     void nameForAccessibility();
 
+    /// Enables a command while a document is open.
+    controls::ActionSet::Enabled hasDocument() const;
     void connectFileCommands();
     void connectEditCommands();
     void connectViewCommands();

@@ -18,9 +18,12 @@ constexpr QStringView OtherButtons[] = {u"cut", u"copy", u"paste", u"delete", u"
 
 } // namespace
 
+controls::ActionSet::Enabled frmMain::hasDocument() const {
+    return [this] { return bool(editor_->state.m_DOM); };
+}
+
 void frmMain::connectFileCommands() {
     document::DocumentCommands &commands = editor_->commands;
-    const auto hasDocument = [this] { return bool(editor_->state.m_DOM); };
     actions_.connectAction(u"mnuFileNew", [&commands] { commands.mnuFileNew_Click(); });
     actions_.connectAction(u"mnuFileOpen", [&commands] { commands.mnuFileOpen_Click(); });
     actions_.connectAction(
@@ -31,11 +34,11 @@ void frmMain::connectFileCommands() {
             return QFileInfo(name).isAbsolute();
         });
     actions_.connectAction(
-        u"mnuFileSave", [&commands] { commands.mnuFileSave_Click(); }, hasDocument);
+        u"mnuFileSave", [&commands] { commands.mnuFileSave_Click(); }, hasDocument());
     actions_.connectAction(
-        u"mnuFileSaveAs", [&commands] { commands.mnuFileSaveAs_Click(); }, hasDocument);
+        u"mnuFileSaveAs", [&commands] { commands.mnuFileSaveAs_Click(); }, hasDocument());
     actions_.connectAction(
-        u"mnuFileClose", [&commands] { commands.mnuFileClose_Click(); }, hasDocument);
+        u"mnuFileClose", [&commands] { commands.mnuFileClose_Click(); }, hasDocument());
     actions_.connectAction(u"mnuFileQuit", [this] { close(); });
 }
 
@@ -97,12 +100,11 @@ void frmMain::connectViewCommands() {
 
 void frmMain::connectToolCommands() {
     tools::ToolCommands &tools = editor_->tools;
-    const auto hasDocument = [this] { return bool(editor_->state.m_DOM); };
     actions_.connectAction(
         u"mnuToolRemoveText", [&tools] { tools.mnuToolRemoveText_Click(); },
         [this] { return editor_->state.m_DOM && !editor_->state.m_ReadOnly; });
     actions_.connectAction(
-        u"mnuToolSend", [&tools] { tools.mnuToolSend_Click(); }, hasDocument);
+        u"mnuToolSend", [&tools] { tools.mnuToolSend_Click(); }, hasDocument());
     actions_.connectAction(u"mnuWindowTileH", [this] {
         controls::ignoringErrors([this] { companion_.execute(QStringLiteral("TILE_VERTICAL")); });
     });
@@ -111,7 +113,7 @@ void frmMain::connectToolCommands() {
     actions_.connectAction(u"mnuHelpAbout", [&tools] { tools.mnuHelpAbout_Click(); });
     actions_.connectAction(
         u"mnuFilePrintTree", [this] { editor_->treePrinting.mnuFilePrintTree_Click(); },
-        hasDocument);
+        hasDocument());
     menus_->onMenuOpening(u"mnuTool", [this] {
         actions_.action(u"mnuToolOpenEditor")->setEnabled(!editor_->state.m_FileName.isEmpty());
     });
@@ -120,14 +122,13 @@ void frmMain::connectToolCommands() {
 
 void frmMain::connectPreview() {
     preview::Preview &preview = editor_->preview;
-    const auto hasDocument = [this] { return bool(editor_->state.m_DOM); };
     actions_.connectAction(
-        u"mnuToolPreview", [&preview] { preview.mnuToolPreview_Click(); }, hasDocument);
+        u"mnuToolPreview", [&preview] { preview.mnuToolPreview_Click(); }, hasDocument());
     actions_.connectAction(
         u"mnuToolPreviewSel", [&preview] { preview.mnuToolPreviewSel_Click(); },
         [this] { return bool(tvw->SelectedItem()); });
     actions_.connectAction(
-        u"mnuToolSelXSL", [&preview] { preview.mnuToolSelXSL_Click(); }, hasDocument);
+        u"mnuToolSelXSL", [&preview] { preview.mnuToolSelXSL_Click(); }, hasDocument());
     actions_.connectAction(u"mnuToolPrevHTML", [this, &preview] {
         preview.mnuToolPrevHTML_Click(actions_.action(u"mnuToolPrevHTML")->isChecked());
     });
@@ -135,12 +136,12 @@ void frmMain::connectPreview() {
         preview.mnuToolPreviewSync_Click(actions_.action(u"mnuToolPreviewSync")->isChecked());
     });
     actions_.connectAction(
-        u"mnuFilePrint", [&preview] { preview.mnuFilePrint_Click(); }, hasDocument);
+        u"mnuFilePrint", [&preview] { preview.mnuFilePrint_Click(); }, hasDocument());
     preview::Validation &validation = editor_->validation;
     actions_.connectAction(
-        u"mnuToolVerify", [&validation] { validation.mnuToolVerify_Click(); }, hasDocument);
+        u"mnuToolVerify", [&validation] { validation.mnuToolVerify_Click(); }, hasDocument());
     actions_.connectAction(
-        u"mnuToolVerifyNew", [&validation] { validation.mnuToolVerifyNew_Click(); }, hasDocument);
+        u"mnuToolVerifyNew", [&validation] { validation.mnuToolVerifyNew_Click(); }, hasDocument());
     validationList_ = new ValidationList(this, [this](const xml::Node &node) {
         // The document may have been undone or edited since.
         const xml::Node now = editor_->state.m_DOM.nodeByNumber(node.number());

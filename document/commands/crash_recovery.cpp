@@ -2,6 +2,7 @@
 
 #include "platform/controls/message_box.h"
 #include "platform/runtime/error.h"
+#include "platform/system/instance_lock.h"
 #include "platform/xml/atomic_file.h"
 #include "resources/texts.h"
 
@@ -37,11 +38,9 @@ const QString ContentSuffix = QStringLiteral(".xml");
 const QString NameSuffix = QStringLiteral(".name");
 const QString LockSuffix = QStringLiteral(".lock");
 
-/// Locks a base for this process, without an age limit: what counts is whether the process that
-/// holds it still runs. Null when it is held.
+/// Locks a base for this process. Null when another one holds it.
 std::unique_ptr<QLockFile> lockFor(const QString &path) {
-    auto lock = std::make_unique<QLockFile>(path);
-    lock->setStaleLockTime(0);
+    auto lock = system::processLock(path);
     return lock->tryLock(0) ? std::move(lock) : nullptr;
 }
 

@@ -11,15 +11,8 @@ namespace {
 
 const QString lockName = QStringLiteral("quillon-xml-editor-%1.lock");
 
-/// Without an age limit: what counts is whether the process that made the lock still runs.
-std::unique_ptr<QLockFile> lockFile(const QDir &folder, const QString &name) {
-    auto lock = std::make_unique<QLockFile>(folder.filePath(name));
-    lock->setStaleLockTime(0);
-    return lock;
-}
-
 bool isHeld(const QDir &folder, const QString &name) {
-    const auto probe = lockFile(folder, name);
+    const auto probe = processLock(folder.filePath(name));
     return !probe->tryLock(0) && probe->error() == QLockFile::LockFailedError;
 }
 
@@ -30,7 +23,7 @@ bool anyHeld(const QDir &folder) {
 
 std::unique_ptr<QLockFile> holdFirstFree(const QDir &folder) {
     for (int number = 1;; ++number) {
-        auto lock = lockFile(folder, lockName.arg(number));
+        auto lock = processLock(folder.filePath(lockName.arg(number)));
         if (lock->tryLock(0))
             return lock;
         if (lock->error() != QLockFile::LockFailedError)
@@ -43,6 +36,12 @@ std::unique_ptr<QLockFile> holdFirstFree(const QDir &folder) {
 QString runtimeFolder() {
     const QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
     return folder.isEmpty() ? QDir::tempPath() : folder;
+}
+
+std::unique_ptr<QLockFile> processLock(const QString &path) {
+    auto lock = std::make_unique<QLockFile>(path);
+    lock->setStaleLockTime(0);
+    return lock;
 }
 
 InstanceLock::InstanceLock(const QString &folder) {

@@ -1,5 +1,6 @@
 #include "app/automation/automation_server.h"
 #include "platform/controls/message_box.h"
+#include "tests/support/private_bus.h"
 #include "tests/support/scripted_dialogs.h"
 
 #include <QCoreApplication>
@@ -17,30 +18,9 @@ namespace quillon::app {
 
 namespace {
 
+using test::PrivateBus;
+
 constexpr int GraceMs = 50;
-
-/// A session bus of the test's own.
-class PrivateBus {
-public:
-    PrivateBus() {
-        daemon_.start("dbus-daemon", {"--session", "--nofork", "--print-address"});
-        while (!daemon_.canReadLine() && daemon_.waitForReadyRead(10'000)) {
-        }
-        address_ = QString::fromUtf8(daemon_.readLine()).trimmed();
-    }
-    ~PrivateBus() {
-        daemon_.kill();
-        daemon_.waitForFinished();
-    }
-
-    QDBusConnection connect(const QString &name) const {
-        return QDBusConnection::connectToBus(address_, name);
-    }
-
-private:
-    QProcess daemon_;
-    QString address_;
-};
 
 class AutomationTest : public testing::Test {
 protected:

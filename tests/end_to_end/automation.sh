@@ -39,14 +39,9 @@ on_window() {
 create() { call "$factory" "$bus_name.Factory.CreateWindow" | sed "s/.*'\(.*\)'.*/\1/"; }
 get() { call "$1" org.freedesktop.DBus.Properties.Get "$bus_name.Window" "$2"; }
 show() { call "$1" org.freedesktop.DBus.Properties.Set "$bus_name.Window" Visible "<$2>"; }
-owned() {
-    gdbus call --session --dest org.freedesktop.DBus --object-path /org/freedesktop/DBus \
-        --method org.freedesktop.DBus.NameHasOwner "$bus_name" | grep -q true
-}
-not_owned() { ! owned; }
 is() { [ "$2" = "$3" ] || fail "$1: $2 instead of $3"; }
 
-not_owned || fail "nobody has the name yet"
+not_owned "$bus_name" || fail "nobody has the name yet"
 first="$(create)"
 is "the path of the first window" "$first" "$factory/Window/1"
 nothing_shown || fail "the program the bus starts shows nothing of its own"
@@ -73,18 +68,18 @@ show "$second" false
 on_window "$second" CloseWindow
 on_window "$first" CloseWindow
 titled "good.xml - $title" || fail "a window that is shown lives on"
-owned || fail "the program runs on with it"
+owned "$bus_name" || fail "the program runs on with it"
 
 # The window belongs to the user now. It may go before the key is let go of.
 xdotool windowfocus "$handle" key --window "$handle" alt+f x || true
-until_true "the program ends with its last window" not_owned
+until_true "the program ends with its last window" not_owned "$bus_name"
 until_true "the working folder is cleared away" test ! -e "$program_folder/Temp"
 
 # Started by the user, the program serves as well, and ends only with the client's window.
 "$folder/bin/quillon" "$folder/good.xml" &
 editor=$!
 until_true "the user's window" titled "good.xml - $title"
-until_true "the name is taken" owned
+until_true "the name is taken" owned "$bus_name"
 third="$(create)"
 xdotool search --onlyvisible --name "^good.xml - $title\$" windowfocus key alt+f x
 until_true "the user's window is closed" nothing_shown

@@ -24,3 +24,9 @@ until_true() {
         sleep 0.05
     done
 }
+# owned NAME: whether somebody has the name on the session bus.
+owned() {
+    gdbus call --session --dest org.freedesktop.DBus --object-path /org/freedesktop/DBus \
+        --method org.freedesktop.DBus.NameHasOwner "$1" | grep -q true
+}
+not_owned() { ! owned "$1"; }

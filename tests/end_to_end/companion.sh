@@ -30,11 +30,6 @@ finds() { found="$(xdotool search --onlyvisible --name "^$1 - $title\$")"; }
 execute() {
     gdbus call --session --dest "$name" --object-path /System --method "$name.Execute" "$1"
 }
-owned() {
-    gdbus call --session --dest org.freedesktop.DBus --object-path /org/freedesktop/DBus \
-        --method org.freedesktop.DBus.NameHasOwner "$name" | grep -q true
-}
-not_owned() { ! owned; }
 managed() { xprop -root _NET_SUPPORTING_WM_CHECK | grep -q '#'; }
 maximized() { xprop -id "$1" _NET_WM_STATE | grep -q MAXIMIZED_VERT; }
 minimized() { xprop -id "$1" WM_STATE | grep -q Iconic; }
@@ -58,7 +53,7 @@ first=$!
 processes+=("$first")
 until_true "the first window" finds one.xml
 one="$found"
-until_true "the companion runs" owned
+until_true "the companion runs" owned "$name"
 "$folder/quillon" "$folder/two.xml" &
 second=$!
 processes+=("$second")
@@ -85,5 +80,5 @@ execute "TILE_VERTICAL" >/dev/null
 until_true "a window that died leaves its place" stands "$one" "0 0 1280 800"
 xdotool windowfocus --sync "$one" key alt+f x
 wait "$first" || fail "the editor ends well"
-until_true "the companion ends with the last window" not_owned
+until_true "the companion ends with the last window" not_owned "$name"
 echo "the companion works"

@@ -1,4 +1,5 @@
 #include "platform/system/companion_link.h"
+#include "tests/support/private_bus.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -13,34 +14,9 @@
 #include <utility>
 
 using namespace quillon::system;
+using quillon::test::PrivateBus;
 
 namespace {
-
-/// A session bus of the test's own.
-class PrivateBus {
-public:
-    PrivateBus() {
-        daemon_.start(QStringLiteral("dbus-daemon"),
-                      {QStringLiteral("--session"), QStringLiteral("--nofork"),
-                       QStringLiteral("--print-address")});
-        while (!daemon_.canReadLine() && daemon_.waitForReadyRead(10000)) {
-        }
-        address_ = QString::fromUtf8(daemon_.readLine()).trimmed();
-    }
-    ~PrivateBus() {
-        daemon_.kill();
-        daemon_.waitForFinished();
-    }
-
-    QDBusConnection connect(const QString &name) const {
-        return QDBusConnection::connectToBus(address_, name);
-    }
-    bool runs() const { return !address_.isEmpty(); }
-
-private:
-    QProcess daemon_;
-    QString address_;
-};
 
 class Companion : public QObject {
     Q_OBJECT
