@@ -18,9 +18,34 @@ namespace {
 /// What follows a first error seldom helps.
 constexpr qsizetype MostMessages = 4;
 
+/// A message of the processor in Japanese, if it is one of those that are known.
+QString translated(const QString &message) {
+    for (const text::Translation &known : text::Translations) {
+        const QRegularExpression pattern(
+            QRegularExpression::anchoredPattern(known.pattern.toString()));
+        const QRegularExpressionMatch match = pattern.match(message);
+        if (!match.hasMatch())
+            continue;
+        const QString text = known.text.toString();
+        // All at once, so that what a group holds is not taken for the place of another.
+        switch (pattern.captureCount()) {
+        case 0:
+            return text;
+        case 1:
+            return text.arg(match.captured(1));
+        case 2:
+            return text.arg(match.captured(1), match.captured(2));
+        default:
+            return text.arg(match.captured(1), match.captured(2), match.captured(3));
+        }
+    }
+    return message;
+}
+
 } // namespace
 
-void XsltLog::add(const QString &message) {
+void XsltLog::add(const QString &said) {
+    const QString message = translated(said);
     if (!message.isEmpty() && messages_.size() < MostMessages && !messages_.contains(message))
         messages_.append(message);
 }

@@ -37,7 +37,7 @@ public:
     const QString &instructionMessage() const { return instructionMessage_; }
 
 private:
-    void add(const QString &message);
+    void add(const QString &said);
     void addPlace(const QByteArray &url, int line);
 
     QByteArray mainUrl_;

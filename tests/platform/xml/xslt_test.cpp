@@ -104,9 +104,14 @@ TEST(Xslt, FaultsAreReportedWithMessageAndLine) {
     } cases[] = {
         {"<xsl:template match='/'>\n<xsl:value-of select='a[%2'/></xsl:template>",
          {"スタイルシートに誤りがあります。", "a[%2", "(2 行目)"}},
-        {"\n<xsl:template match='/'><xsl:nonsense/></xsl:template>", {"nonsense", "(2 行目)"}},
+        {"\n<xsl:template match='/'><xsl:nonsense/></xsl:template>",
+         {"XSLT 1.0 に xsl:nonsense という要素はありません。 (2 行目)"}},
         {"<xsl:template match='/'>\n\n<xsl:value-of select='$v'/></xsl:template>",
-         {"スタイルシートを適用できませんでした。", "Undefined variable", "(3 行目)"}},
+         {"スタイルシートを適用できませんでした。", "変数 'v' は宣言されていません。", "(3 行目)"}},
+        {"<xsl:template match='/'><xsl:for-each select='%2['/></xsl:template>",
+         {"xsl:for-each の select の式 '%2[' が正しくありません。"}},
+        {"<xsl:template match='/'><xsl:number level='x'/></xsl:template>",
+         {"xsl:number : invalid value x for level"}},
         {"<xsl:template match='/'><xsl:message>first</xsl:message>\n<xsl:message "
          "terminate='yes'>だめ %d</xsl:message></xsl:template>",
          {"スタイルシートが処理を中止しました。", "だめ %d"}},
