@@ -31,7 +31,7 @@ Editor::Editor(Surroundings given, controls::TreeView &tvw, controls::TextBox &t
               }),
       validation(state, workingFolder, longWork),
       tools(state, builder, *surroundings.shell, longWork),
-      view(state, options, builder, selection, tvw), treePrinting(tvw, longWork),
+      view(state, options, builder, selection, tvw), treePrinting(state, tvw, longWork),
       loader(state, builder, selection, history, tvw, workingFolder, recentFiles,
              surroundings.clock, longWork),
       commands(state, loader, builder, history, tvw, pane, surroundings.applicationFolder),

@@ -2,6 +2,7 @@
 
 #include "platform/controls/dialogs.h"
 #include "platform/runtime/numbers.h"
+#include "platform/runtime/paths.h"
 #include "resources/texts.h"
 
 #include <QFile>
@@ -77,6 +78,7 @@ QString TreePrinting::connector(const std::vector<bool> &siblingFollows, qint16 
 
 void TreePrinting::mnuFilePrintTree_Click() {
     QPrinter printer(QPrinter::HighResolution);
+    printer.setDocName(runtime::fileName(state_.m_FileName));
     if (controls::dialogs().choosePrinter(printer))
         print(printer);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/state/document_state.h"
 #include "platform/controls/long_work.h"
 #include "platform/controls/tree_view.h"
 
@@ -42,8 +43,9 @@ private:
 /// its caption and the branches that lead to it.
 class TreePrinting {
 public:
-    TreePrinting(controls::TreeView &tvw, controls::LongWork &longWork)
-        : tvw_(tvw), longWork_(longWork) {}
+    TreePrinting(const document::DocumentState &state, controls::TreeView &tvw,
+                 controls::LongWork &longWork)
+        : state_(state), tvw_(tvw), longWork_(longWork) {}
 
     /// Asks for a printer and prints. Nothing happens when the user cancels and for an empty tree.
     /// Raises Overflow for a tree of more than 32767 levels.
@@ -62,6 +64,7 @@ private:
                     const runtime::Progress &progress);
     void PrintTreeNode(PrintSurface &surface, const controls::TreeItem &item, qint16 depth);
 
+    const document::DocumentState &state_;
     controls::TreeView &tvw_;
     controls::LongWork &longWork_;
     std::vector<bool> levelFlags_;
