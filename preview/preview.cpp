@@ -192,7 +192,8 @@ void Preview::mnuToolPreviewSel_Click() {
 void Preview::mnuToolSelXSL_Click() {
     const controls::FileDialogResult chosen = controls::dialogs().showOpen(
         {texts::SelectStylesheetTitle.toString(), texts::StylesheetFilter.toString(),
-         controls::file_dialog_flag::HideReadOnly, QString()});
+         controls::file_dialog_flag::HideReadOnly, QString(),
+         stylesheetFolder_.isEmpty() ? state_.folder() : stylesheetFolder_});
     if (chosen.path.isEmpty())
         return;
     m_strXslPath = workingFolder_.fileToWrite(QFileInfo(chosen.path).fileName());

@@ -51,7 +51,8 @@ void Validation::mnuToolVerifyNew_Click() {
             .showOpen({.title = text::DialogTitle,
                        .filter = text::DialogFilter,
                        .flags = flag::FileMustExist | flag::PathMustExist | flag::HideReadOnly,
-                       .path = {}})
+                       .path = {},
+                       .folder = schemaFolder_.isEmpty() ? state_.folder() : schemaFolder_})
             .path;
     if (chosen.isEmpty())
         return;

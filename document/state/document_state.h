@@ -2,6 +2,7 @@
 
 #include "platform/xml/dom.h"
 
+#include <QFileInfo>
 #include <QString>
 
 namespace quillon::document {
@@ -25,6 +26,12 @@ struct DocumentState {
     QString m_FileName;
     /// Full path of the copy made by the latest load from a file.
     QString m_BackupPath;
+
+    /// The folder of the document's file; empty when it has none.
+    QString folder() const {
+        const QFileInfo file(m_FileName);
+        return file.isAbsolute() ? file.absolutePath() : QString();
+    }
 };
 
 } // namespace quillon::document

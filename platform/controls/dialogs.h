@@ -30,8 +30,10 @@ struct FileDialogRequest {
     QString filter;
     /// Sum of file_dialog_flag bits.
     int flags = 0;
-    /// The file chosen at first; empty for none, in the folder used last.
+    /// The file chosen at first; empty for none.
     QString path;
+    /// The folder shown when no file is chosen at first; empty for the one used last.
+    QString folder = {};
 };
 
 struct FileDialogResult {

@@ -68,6 +68,8 @@ public:
         addFilters();
         if (!request.path.isEmpty())
             selectFile(request.path);
+        else if (!request.folder.isEmpty())
+            setDirectory(request.folder);
         if (mode == AcceptOpen && !(flags_ & file_dialog_flag::HideReadOnly))
             addReadOnlyBox();
     }
@@ -98,8 +100,8 @@ private:
         }
     }
 
-    /// While a path is typed Qt selects what it leads to so far, the folder that is shown among them.
-    /// With that selected there would be nothing to open.
+    /// While a path is typed Qt selects what it leads to so far, the folder that is shown among
+    /// them. With that selected there would be nothing to open.
     void takeTypedPaths() {
         auto *name = findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
         auto *list = findChild<QListView *>(QStringLiteral("listView"));

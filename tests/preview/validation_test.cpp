@@ -55,6 +55,7 @@ TEST_F(ValidationTest, TheFirstOneAsksForTheSchemaAndLaterOnesReuseIt) {
     ASSERT_EQ(dialogs.openRequests.size(), 1u);
     EXPECT_EQ(dialogs.openRequests[0].title, "検証用ファイルの選択");
     EXPECT_EQ(dialogs.openRequests[0].flags, 6148);
+    EXPECT_EQ(dialogs.openRequests[0].folder, folder.path()) << "the document's";
     EXPECT_EQ(dialogs.openRequests[0].filter, "DTD(*.dtd)|*.dtd|XML-Schema(XSD)(*.xsd)|*.xsd|"
                                               "XML-Data Reduced(XDR)(*.xml)|*.xml");
     EXPECT_EQ(read("Temp/s.xsd"), Xsd);
@@ -68,6 +69,7 @@ TEST_F(ValidationTest, TheFirstOneAsksForTheSchemaAndLaterOnesReuseIt) {
 
     dialogs.answerFile({QString(), 0});
     validation.mnuToolVerifyNew_Click();
+    EXPECT_EQ(dialogs.openRequests[1].folder, path("schemas")) << "where the last one was";
     EXPECT_EQ(validation.errors().size(), 1u);
 }
 
