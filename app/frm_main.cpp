@@ -93,8 +93,12 @@ void frmMain::layOut() {
 void frmMain::keepHandle() {
     // The browser draws through OpenGL, and a window that takes such a child in gets another
     // handle unless it has had one from the start. Without OpenGL the browser does without, too.
+    // So it does on platforms that show nothing; they may offer OpenGL all the same, as offscreen
+    // does beside an X display, and then crash when they draw such a window.
+    const QString platform = QGuiApplication::platformName();
+    const bool isDesktop = platform == u"xcb" || platform.startsWith(u"wayland");
     QOpenGLContext context;
-    if (!context.create())
+    if (!isDesktop || !context.create())
         return;
     auto *openGl = new QOpenGLWidget(this);
     openGl->hide();

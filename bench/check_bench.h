@@ -8,8 +8,10 @@ class frmMain;
 
 namespace quillon::bench {
 
+class Table;
+
 /// Measures the preview and the validations of the order records that are open in a window, the
 /// latter side by side with libxml2 alone, and prints a line for each. `path` is the open file.
-void measureChecking(app::frmMain &form, const QString &path);
+void measureChecking(Table &table, app::frmMain &form, const QString &path);
 
 } // namespace quillon::bench

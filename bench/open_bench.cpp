@@ -4,15 +4,16 @@
 #include "app/window.h"
 #include "bench/check_bench.h"
 #include "bench/edit_bench.h"
-#include "bench/report.h"
 #include "platform/controls/error_boundary.h"
 
 #include <QTemporaryDir>
 
-#include <array>
+#include <cmath>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <sys/resource.h>
+#include <sys/wait.h>
 
 namespace quillon::bench {
 
@@ -39,20 +40,23 @@ double keystroke(app::frmMain &form) {
     app::Editor &editor = form.editor();
     auto &tvw = *form.findChild<controls::TreeView *>(QStringLiteral("tvw"));
     auto &pane = *form.findChild<controls::TextBox *>(QStringLiteral("txtEdit"));
-    const controls::TreeItem item = itemOf(editor, tvw, firstText(editor.state.m_DOM));
-    editor.selection.ShowNode(item, true);
+    const xml::Node text = firstText(editor.state.m_DOM);
+    if (!text)
+        return NotMeasured;
+    editor.selection.ShowNode(itemOf(editor, tvw, text), true);
     QCoreApplication::processEvents();
-    QString text = pane.Text();
+    QString typed = pane.Text();
     return bestOf(20, [&] {
-        text += QLatin1Char('x');
-        pane.setText(text);
+        typed += QLatin1Char('x');
+        pane.setText(typed);
         QCoreApplication::processEvents();
+        return text.text() == typed;
     });
 }
 
 } // namespace
 
-int openAndPrint(int argc, char **argv, const char *task, const char *path) {
+void openAndPrint(int argc, char **argv, const char *task, const char *path) {
     app::prepareProcess();
     QTemporaryDir folder;
     qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
@@ -61,44 +65,52 @@ int openAndPrint(int argc, char **argv, const char *task, const char *path) {
     controls::Application application(argc, argv);
     auto *form = new app::frmMain(true, {folder.path(), {}, {}});
     form->ClearStatus();
-    form->OpenFile(QString::fromLocal8Bit(path));
+    if (!form->OpenFile(QString::fromLocal8Bit(path)))
+        std::_Exit(EXIT_FAILURE);
     form->UpdateStatus(QString::fromLocal8Bit(path));
     form->show();
     QCoreApplication::processEvents();
     const std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - start;
     rusage usage{};
     ::getrusage(RUSAGE_SELF, &usage);
+    Table table;
     if (std::strcmp(task, "--edit") == 0)
-        measureEditing(*form, QString::fromLocal8Bit(path));
+        measureEditing(table, *form, QString::fromLocal8Bit(path));
     else if (std::strcmp(task, "--check") == 0)
-        measureChecking(*form, QString::fromLocal8Bit(path));
+        measureChecking(table, *form, QString::fromLocal8Bit(path));
     else
         std::printf("%f %f %f\n", took.count(), double(usage.ru_maxrss) / 1024, keystroke(*form));
     std::fflush(stdout);
     // Taking everything down again is not part of any figure.
-    std::_Exit(0);
+    std::_Exit(table.good() ? EXIT_SUCCESS : BadRows);
 }
 
-void measureIn(const std::string &program, const std::string &task, const std::string &path) {
-    if (std::system(("'" + program + "' " + task + " '" + path + "'").c_str()) != 0)
-        std::fprintf(stderr, "%s %s failed\n", task.c_str(), path.c_str());
+void measureIn(Table &table, const std::string &program, const std::string &task,
+               const std::string &path) {
+    const int status = std::system(("'" + program + "' " + task + " '" + path + "'").c_str());
+    if (WIFEXITED(status) && WEXITSTATUS(status) == BadRows)
+        table.addBadRows();
+    else if (status != EXIT_SUCCESS)
+        table.failedRow("the rest of what " + task + " measures");
 }
 
 OpenFigures measureOpening(const std::string &program, const std::string &path) {
-    OpenFigures best{1e300, 1e300, 1e300};
+    const std::string command = "'" + program + "' --open '" + path + "'";
+    OpenFigures best;
     for (int run = 0; run < 3; ++run) {
-        const std::string command = "'" + program + "' --open '" + path + "'";
         FILE *const output = ::popen(command.c_str(), "r");
+        if (!output)
+            return {};
         OpenFigures figures;
-        if (!output || std::fscanf(output, "%lf %lf %lf", &figures.milliseconds,
-                                   &figures.peakMegabytes, &figures.keystrokeMilliseconds) != 3)
-            std::fprintf(stderr, "opening %s failed\n", path.c_str());
-        if (output)
-            ::pclose(output);
-        best.milliseconds = std::min(best.milliseconds, figures.milliseconds);
-        best.peakMegabytes = std::min(best.peakMegabytes, figures.peakMegabytes);
+        const int read = std::fscanf(output, "%lf %lf %lf", &figures.milliseconds,
+                                     &figures.peakMegabytes, &figures.keystrokeMilliseconds);
+        if (::pclose(output) != EXIT_SUCCESS || read != 3)
+            return {};
+        // Of the best one so far, which is none ahead of the first, and this one.
+        best.milliseconds = std::fmin(best.milliseconds, figures.milliseconds);
+        best.peakMegabytes = std::fmin(best.peakMegabytes, figures.peakMegabytes);
         best.keystrokeMilliseconds =
-            std::min(best.keystrokeMilliseconds, figures.keystrokeMilliseconds);
+            std::fmin(best.keystrokeMilliseconds, figures.keystrokeMilliseconds);
     }
     return best;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "bench/report.h"
+
 #include <string>
 
 namespace quillon::bench {
@@ -8,20 +10,26 @@ namespace quillon::bench {
 /// memory is the program's.
 struct OpenFigures {
     /// From the start of the program until its window shows the file and has nothing left to do.
-    double milliseconds = 0;
-    double peakMegabytes = 0;
+    double milliseconds = NotMeasured;
+    double peakMegabytes = NotMeasured;
     /// Typing one character into the pane of a text node, with all that follows from it.
-    double keystrokeMilliseconds = 0;
+    /// NotMeasured in a document without text.
+    double keystrokeMilliseconds = NotMeasured;
 };
+
+/// The exit code of a process some of whose lines are not good.
+constexpr int BadRows = 3;
 
 /// Runs in the process of its own: opens the file and prints what the task asks for: "--open" the
 /// three figures above, "--edit" a line for each command, "--check" one for the preview and for
-/// each validation. Returns the exit code.
-int openAndPrint(int argc, char **argv, const char *task, const char *path);
+/// each validation. Ends the process, with BadRows when a line of those is not good.
+[[noreturn]] void openAndPrint(int argc, char **argv, const char *task, const char *path);
 
-/// Starts that process and reads its figures.
+/// Starts that process, the program given, several times and reads its figures; none when it fails
+/// once.
 OpenFigures measureOpening(const std::string &program, const std::string &path);
-/// Starts it for a task whose figures it prints itself.
-void measureIn(const std::string &program, const std::string &task, const std::string &path);
+/// Starts it for a task whose lines of the table it prints itself.
+void measureIn(Table &table, const std::string &program, const std::string &task,
+               const std::string &path);
 
 } // namespace quillon::bench

@@ -9,13 +9,13 @@ function(quillon_library name)
 endfunction()
 
 # quillon_test(NAME SOURCES file... LIBS lib...)
-# One GoogleTest program; ctest runs it on Qt's offscreen platform.
+# One GoogleTest program. The time it may take is for one that hangs: much slower machines, and
+# much busier ones, pass as well.
 function(quillon_test name)
     cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
     target_link_libraries(${name} PRIVATE quillon_compile_options ${ARG_LIBS} GTest::gmock_main)
     add_test(NAME ${name} COMMAND ${name})
-    set_tests_properties(${name} PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen"
-        TIMEOUT 300)
+    set_tests_properties(${name} PROPERTIES TIMEOUT 1800)
 endfunction()

@@ -8,27 +8,42 @@ fail() {
     exit 1
 }
 
-mapfile -t wanted < <(sed -e 's/#.*//' -e 's/[[:space:]]//g' -e '/^$/d' \
+mapfile -t wanted < <(sed -e 's/#.*//' -e 's/[[:space:]]*$//' -e '/^$/d' \
     "$(dirname "${BASH_SOURCE[0]}")/packages.txt")
 wanted+=("$@")
 
 command -v dpkg-query >/dev/null ||
-    fail "Not a Debian system. Install what corresponds to these packages: ${wanted[*]}"
+    fail "Not a Debian system. Install what corresponds to these packages: $(IFS=,; echo "${wanted[*]}")"
 
-# dpkg-query fails when it does not know one of the names, and lists the others all the same.
-installed="$(dpkg-query -W -f '${db:Status-Status} ${Package}\n' "${wanted[@]}" 2>/dev/null |
-    sed -n 's/^installed //p' || true)"
-missing=()
-for package in "${wanted[@]}"; do
-    grep -qxF -- "$package" <<<"$installed" || missing+=("$package")
+declare -A installed
+while read -r package version; do
+    installed["$package"]="$version"
+done < <(dpkg-query -W -f '${db:Status-Status} ${Package} ${Version}\n' | sed -n 's/^installed //p')
+
+# is_there DEPENDENCY: whether one of its alternatives is installed, each "NAME" or
+# "NAME (OPERATOR VERSION)".
+is_there() {
+    local alternatives alternative name operator version
+    IFS='|' read -ra alternatives <<<"$1"
+    for alternative in "${alternatives[@]}"; do
+        read -r name operator version <<<"${alternative//[()]/ }"
+        [ -n "${installed[$name]:-}" ] || continue
+        [ -n "$operator" ] || return 0
+        ! dpkg --compare-versions "${installed[$name]}" "$operator" "$version" || return 0
+    done
+    return 1
+}
+missing=""
+for dependency in "${wanted[@]}"; do
+    is_there "$dependency" || missing+="${missing:+, }$dependency"
 done
-[ ${#missing[@]} -gt 0 ] || exit 0
+[ -n "$missing" ] || exit 0
 
-echo "パッケージを追加します (installing packages): ${missing[*]}" >&2
+echo "パッケージを追加します (installing packages): $missing" >&2
 as_root=()
 if [ "$(id -u)" -ne 0 ]; then
     command -v sudo >/dev/null ||
-        fail "Only root can install them, and there is no sudo. As root: apt-get install ${missing[*]}"
+        fail "Only root can install them, and there is no sudo. As root: apt-get satisfy '$missing'"
     as_root=(sudo)
     # Nobody is there to type a password.
     [ -t 0 ] || as_root+=(-n)
@@ -38,5 +53,5 @@ apt_get() {
 }
 # Old lists are no reason to give up: the packages may still be found.
 apt_get -q update || true
-apt_get -q install -y --no-install-recommends "${missing[@]}" ||
-    fail "apt-get could not install: ${missing[*]}"
+apt_get -q satisfy -y --no-install-recommends "$missing" ||
+    fail "apt-get could not install: $missing"

@@ -3,43 +3,22 @@
 # client, opens files through it, and sees it end with its last window.
 set -euo pipefail
 
-if [ -z "${AUTOMATION_FOLDER:-}" ]; then
+. "$(dirname "${BASH_SOURCE[0]}")/common.sh"
+if [ $# -eq 1 ]; then
     folder="$(mktemp -d)"
-    trap 'rm -rf "$folder"' EXIT
-    mkdir -m 700 "$folder/run"
     cmake --install "$1" --prefix "$folder" >"$folder/install.log"
-    export AUTOMATION_FOLDER="$folder" HOME="$folder" XDG_CONFIG_HOME="$folder/config"
-    export XDG_RUNTIME_DIR="$folder/run" XDG_DATA_HOME="$folder/share"
-    export LC_ALL=C.UTF-8 QT_QPA_PLATFORM=xcb
-    xvfb-run -a -s "-screen 0 1280x800x24" dbus-run-session -- "$0" "$@"
+    on_own_screen "$folder" "$0" "$1" "$folder"
     exit
 fi
 
-folder="$AUTOMATION_FOLDER"
+folder="$2"
 # It can be written here, so the program keeps its files there.
 program_folder="$folder/lib/quillon"
-bus_name=org.quillon.XmlEditor
-factory=/org/quillon/XmlEditor
 title="Quillon XML Editor"
 printf '<doc/>' >"$folder/good.xml"
 printf '<doc>' >"$folder/bad.xml"
 
-. "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 nothing_shown() { [ -z "$(titles)" ]; }
-call() {
-    local object="$1" method="$2"
-    shift 2
-    gdbus call --session --dest "$bus_name" --object-path "$object" --method "$method" "$@"
-}
-on_window() {
-    local object="$1" method="$2"
-    shift 2
-    call "$object" "$bus_name.Window.$method" "$@"
-}
-create() { call "$factory" "$bus_name.Factory.CreateWindow" | sed "s/.*'\(.*\)'.*/\1/"; }
-get() { call "$1" org.freedesktop.DBus.Properties.Get "$bus_name.Window" "$2"; }
-show() { call "$1" org.freedesktop.DBus.Properties.Set "$bus_name.Window" Visible "<$2>"; }
-is() { [ "$2" = "$3" ] || fail "$1: $2 instead of $3"; }
 
 not_owned "$bus_name" || fail "nobody has the name yet"
 first="$(create)"

@@ -1,5 +1,19 @@
 # What the scripts beside this one share; they source it.
 
+# on_own_screen FOLDER COMMAND...: runs a command with a virtual screen and a session bus of its own,
+# with FOLDER for its home, and with nothing around it of the user's who runs the test. Then removes
+# the folder.
+on_own_screen() {
+    local folder="$1" status=0
+    shift
+    mkdir -p -m 700 "$folder/run"
+    env -i PATH="$PATH" LC_ALL=C.UTF-8 HOME="$folder" XDG_CONFIG_HOME="$folder/config" \
+        XDG_DATA_HOME="$folder/share" XDG_RUNTIME_DIR="$folder/run" QT_QPA_PLATFORM=xcb \
+        xvfb-run -a -s "-screen 0 1280x800x24" dbus-run-session -- "$@" || status=$?
+    rm -rf "$folder"
+    return "$status"
+}
+
 # fail WHAT: ends the script with what was expected and which windows there are.
 fail() {
     echo "FAILED: $1" >&2
@@ -20,7 +34,7 @@ until_true() {
     shift
     until "$@" >/dev/null 2>&1; do
         tries=$((tries + 1))
-        [ "$tries" -lt 200 ] || fail "$what"
+        [ "$tries" -lt 2400 ] || fail "$what"
         sleep 0.05
     done
 }
@@ -30,3 +44,23 @@ owned() {
         --method org.freedesktop.DBus.NameHasOwner "$1" | grep -q true
 }
 not_owned() { ! owned "$1"; }
+
+# The program as its clients on the bus see it: its name and its factory, and calls to them.
+bus_name=org.quillon.XmlEditor
+factory=/org/quillon/XmlEditor
+call() {
+    local object="$1" method="$2"
+    shift 2
+    gdbus call --session --timeout 600 --dest "$bus_name" --object-path "$object" \
+        --method "$method" "$@"
+}
+on_window() {
+    local object="$1" method="$2"
+    shift 2
+    call "$object" "$bus_name.Window.$method" "$@"
+}
+create() { call "$factory" "$bus_name.Factory.CreateWindow" | sed "s/.*'\(.*\)'.*/\1/"; }
+get() { call "$1" org.freedesktop.DBus.Properties.Get "$bus_name.Window" "$2"; }
+show() { call "$1" org.freedesktop.DBus.Properties.Set "$bus_name.Window" Visible "<$2>"; }
+# is WHAT VALUE EXPECTED
+is() { [ "$2" = "$3" ] || fail "$1: $2 instead of $3"; }

@@ -3,19 +3,16 @@
 # the first one starts puts them side by side, and ends with them.
 set -euo pipefail
 
-if [ -z "${COMPANION_FOLDER:-}" ]; then
+. "$(dirname "${BASH_SOURCE[0]}")/common.sh"
+if [ $# -eq 2 ]; then
     folder="$(mktemp -d)"
-    trap 'rm -rf "$folder"' EXIT
-    mkdir -m 700 "$folder/run"
     cp "$1" "$folder/quillon"
     cp "$2" "$folder/QuillonDDE"
-    export COMPANION_FOLDER="$folder" HOME="$folder" XDG_CONFIG_HOME="$folder/config"
-    export XDG_RUNTIME_DIR="$folder/run" LC_ALL=C.UTF-8 QT_QPA_PLATFORM=xcb
-    xvfb-run -a -s "-screen 0 1280x800x24" dbus-run-session -- "$0" "$@"
+    on_own_screen "$folder" "$0" "$1" "$2" "$folder"
     exit
 fi
 
-folder="$COMPANION_FOLDER"
+folder="$3"
 name=org.quillon.QuillonEditDDE
 title="Quillon XML Editor"
 printf '<doc/>' >"$folder/one.xml"
@@ -23,7 +20,6 @@ printf '<doc/>' >"$folder/two.xml"
 processes=()
 trap 'kill "${processes[@]}" 2>/dev/null || true; wait 2>/dev/null || true' EXIT
 
-. "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 # The search fails when a window goes meanwhile, as the splash does.
 found=""
 finds() { found="$(xdotool search --onlyvisible --name "^$1 - $title\$")"; }
@@ -45,6 +41,7 @@ outer() {
 gone() { ! xprop -id "$1"; }
 stands() { [ "$(outer "$1")" = "$2" ]; }
 
+until_true "the display answers" xprop -root
 openbox &
 processes+=($!)
 until_true "the window manager runs" managed

@@ -3,23 +3,21 @@
 # changes a value, undoes and redoes it, saves, is asked before changes are lost, and quits.
 set -euo pipefail
 
-if [ -z "${JOURNEY_DISPLAY:-}" ]; then
-    export JOURNEY_DISPLAY=1
-    exec xvfb-run -a -s "-screen 0 1280x800x24" dbus-run-session -- "$0" "$@"
+. "$(dirname "${BASH_SOURCE[0]}")/common.sh"
+if [ $# -eq 1 ]; then
+    folder="$(mktemp -d)"
+    # The program keeps its working folder beside itself.
+    cp "$1" "$folder/quillon"
+    on_own_screen "$folder" "$0" "$1" "$folder"
+    exit
 fi
 
-folder="$(mktemp -d)"
-export HOME="$folder" XDG_CONFIG_HOME="$folder/config" XDG_RUNTIME_DIR="$folder/run"
-export LC_ALL=C.UTF-8 QT_QPA_PLATFORM=xcb
-mkdir -m 700 "$XDG_RUNTIME_DIR"
-# The program keeps its working folder beside itself.
-cp "$1" "$folder/quillon"
+folder="$2"
 printf '<doc>\r\n  <a>old</a>\r\n</doc>\r\n' >"$folder/my file.xml"
 
 editor=0
-trap 'kill "$editor" 2>/dev/null || true; wait 2>/dev/null || true; rm -rf "$folder"' EXIT
+trap 'kill "$editor" 2>/dev/null || true; wait 2>/dev/null || true' EXIT
 
-. "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 holds() { grep -qF -- "$2" "$1"; }
 ended() { ! kill -0 "$editor" 2>/dev/null; }
 has_box() { [ "$(titles | wc -l)" -ge 2 ]; }
@@ -31,7 +29,7 @@ has_no_box() { [ "$(titles | wc -l)" -eq 1 ]; }
 editor=$!
 name="my file.xml"
 until_true "the file is opened" titled "$name - Quillon XML Editor"
-until_true "a copy is kept" test -n "$(ls "$folder/Temp" 2>/dev/null)"
+until_true "a copy is kept" compgen -G "$folder/Temp/*.bak"
 focus
 
 # Down to the text: doc, a, expand, its text. The label editor takes the new value.

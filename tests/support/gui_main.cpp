@@ -1,4 +1,5 @@
 #include "platform/controls/error_boundary.h"
+#include "tests/support/own_surroundings.h"
 #include "tests/support/scripted_dialogs.h"
 
 #include <gtest/gtest.h>
@@ -6,6 +7,7 @@
 
 int main(int argc, char **argv) {
     testing::InitGoogleTest(&argc, argv);
+    const quillon::test::OwnSurroundings surroundings;
     // Those of the browser pane.
     QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     if (::geteuid() == 0)
