@@ -103,9 +103,12 @@ bool Preview::tryToRender(const Node &node, Asked asked) {
     const bool wholeBefore = m_bPreviewWhole;
     try {
         render(node, asked);
+        if (std::exchange(saysStopped_, false))
+            Q_EMIT statusText(QString());
     } catch (const runtime::Error &error) {
         if (error.number() == runtime::error_number::Cancelled) {
             m_bPreviewWhole = wholeBefore;
+            saysStopped_ = true;
             Q_EMIT statusText(error.description());
             return false;
         }

@@ -86,6 +86,8 @@ private:
     QString stylesheetFolder_;
     /// The pane shows the whole document, not a single node.
     bool m_bPreviewWhole = false;
+    /// The status bar says that the user has stopped the latest rendering.
+    bool saysStopped_ = false;
     bool prevHtml_ = false;
     bool previewSync_ = true;
     xml::Node requested_;

@@ -4,6 +4,7 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
 #include <QWebEnginePage>
 #include <QWebEngineView>
 
@@ -123,6 +124,31 @@ TEST_F(PreviewTest, AChosenStylesheetStaysInForce) {
     QFile::remove(path("Temp/own.xsl"));
     preview().mnuToolPreview_Click();
     EXPECT_TRUE(previewFile("htm").contains("1.3.3.1")) << "falls back to the built-in one";
+}
+
+TEST_F(PreviewTest, ThatItWasStoppedIsSaidUntilItSucceeds) {
+    form->show();
+    open(Sample);
+    waitForPage();
+    const QByteArray sheet = "<xsl:stylesheet version='1.0' "
+                             "xmlns:xsl='http://www.w3.org/1999/XSL/Transform'>"
+                             "<xsl:template match='/' name='f'><xsl:param name='n' select='90'/>"
+                             "<xsl:if test='$n &gt; 0'>%1%1</xsl:if></xsl:template>"
+                             "</xsl:stylesheet>";
+    const QByteArray call = "<xsl:call-template name='f'><xsl:with-param name='n' "
+                            "select='$n - 1'/></xsl:call-template>";
+    dialogs.answerFile({write("own.xsl", QByteArray(sheet).replace("%1", call)), 0});
+    QTimer user;
+    QObject::connect(&user, &QTimer::timeout, [] {
+        if (QWidget *box = QApplication::activeModalWidget())
+            QTest::keyClick(box, Qt::Key_Escape);
+    });
+    user.start(0);
+    preview().mnuToolSelXSL_Click();
+    EXPECT_EQ(status(), "中止しました。");
+    write("Temp/own.xsl", QByteArray(sheet).replace("%1", ""));
+    preview().mnuToolPreview_Click();
+    EXPECT_EQ(status(), "");
 }
 
 TEST_F(PreviewTest, AnEmptyDocumentHasAnEmptyPreview) {
