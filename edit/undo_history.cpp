@@ -90,8 +90,9 @@ void UndoHistory::restore(const clsUndoInfo &info, quint32 changed) {
         heights[path[height]] = height;
     std::vector<TreeItem> expanded;
     TreeItem changedItem;
-    // The lowest item that still shows a node of the path.
-    TreeItem lowest;
+    // The lowest item that still shows a node of the path. A document that was replaced whole from
+    // the pane has no number in common with the one before, but both are the first item.
+    TreeItem lowest = path.empty() ? TreeItem() : tvw_.nodes().Item(1);
     std::size_t lowestHeight = path.size();
     builder_.registry().forEach([&](quint32 sequence, quint32 number) {
         const auto item = [&] { return tvw_.nodes().bySequence(sequence); };

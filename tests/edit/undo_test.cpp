@@ -54,6 +54,24 @@ TEST_F(UndoTest, TheRedoButtonIsLeftOnUntilItIsPressed) {
     EXPECT_TRUE(button(u"undo"));
 }
 
+TEST_F(UndoTest, ThePaneOfADocumentThatIsEmptyAgainIsEmpty) {
+    editor().commands.mnuFileNew_Click();
+    select("#document");
+    editor().creation.mnuNodeAddElement_Click();
+    EXPECT_EQ(txtEdit().Text(), "<Element1/>");
+    history().UndoCommand();
+    EXPECT_EQ(xml(), "");
+    EXPECT_EQ(txtEdit().Text(), "");
+    select("#document");
+    type("<a/>");
+    history().UndoCommand();
+    EXPECT_EQ(txtEdit().Text(), "");
+    type("<a/>");
+    select("a");
+    history().UndoCommand();
+    EXPECT_EQ(txtEdit().Text(), "");
+}
+
 TEST_F(UndoTest, ExpansionComesBackAsItWas) {
     open("<r><a><x/></a><b><y/></b></r>");
     item("b").setExpanded(true);
