@@ -287,6 +287,10 @@ void TreeView::keyPressEvent(QKeyEvent *event) {
             break;
         }
     }
+    // Getting the focus makes the first item current and does not select it. A cursor key would go
+    // past it, or nowhere where it is the only one.
+    if (!SelectedItem())
+        selectionModel()->clearCurrentIndex();
     asUserGesture([&] { QAbstractItemView::keyPressEvent(event); });
 }
 
