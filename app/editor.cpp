@@ -74,10 +74,8 @@ void Editor::wireHistory() {
 }
 
 void Editor::wireTree(controls::TreeView &tvw) {
-    connect(&dragAndDrop, &tree::DragAndDrop::openFileRequested, this, [this](const QString &path) {
-        loader.OpenFile(path);
-        commands.UpdateStatus(path);
-    });
+    connect(&dragAndDrop, &tree::DragAndDrop::openFileRequested, &commands,
+            &document::DocumentCommands::openUnasked);
     // A drag leaves the item it was dropped on selected. The pane must show that one, and show it
     // anew when the end of the drag has taken the node out of its old place.
     const auto refill = [this, &tvw] {

@@ -159,7 +159,12 @@ QString frmMain::handle() const {
 void frmMain::closeEvent(QCloseEvent *event) {
     bool unload = false;
     guarded([this] { tvw->EndLabelEdit(); });
-    guarded([&] { unload = editor_->commands.ConfirmSave(); });
+    guarded([&] {
+        if (editor_->commands.ConfirmSave()) {
+            editor_->commands.leaveDocument();
+            unload = true;
+        }
+    });
     event->setAccepted(unload);
     if (unload)
         guarded([this] { Form_Unload(); });

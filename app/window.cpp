@@ -13,12 +13,10 @@ Window::Window(bool startedAlone, Surroundings surroundings) {
 }
 
 QVariant Window::OpenFile(const QString &path) {
-    if (frmMain *const form = m_frmMain) {
-        // What is remembered must lead to the same file from any folder.
-        const QString file = path.isEmpty() ? path : QFileInfo(path).absoluteFilePath();
-        form->OpenFile(file);
-        form->UpdateStatus(file);
-    }
+    // What is remembered must lead to the same file from any folder.
+    if (frmMain *const form = m_frmMain)
+        form->editor().commands.openUnasked(path.isEmpty() ? path
+                                                           : QFileInfo(path).absoluteFilePath());
     return {};
 }
 

@@ -154,7 +154,7 @@ Qt::DropAction DragAndDrop::tvw_OLEDragDrop(const DragPoint &point, const QMimeD
     const TreeItem target = point.item ? point.item : tvw_.SelectedItem();
     if (state_.m_ReadOnly || isWithinDragged(target))
         return Qt::IgnoreAction;
-    if (!state_.m_DOM)
+    if (!state_.showsDocument())
         return openDropped(data);
     // A file manager offers text as well, but that is only the names of the files.
     const QString file = fileOf(data);

@@ -1,5 +1,6 @@
 #include "document/commands/crash_recovery.h"
 
+#include "platform/controls/error_boundary.h"
 #include "platform/controls/message_box.h"
 #include "platform/runtime/error.h"
 #include "platform/system/instance_lock.h"
@@ -76,10 +77,11 @@ CrashRecovery::CrashRecovery(DocumentState &state, DocumentCommands &commands,
     connect(&timer_, &QTimer::timeout, this, &CrashRecovery::write);
     connect(&commands_, &DocumentCommands::documentModified, this, &CrashRecovery::documentChanged);
     connect(&commands_, &DocumentCommands::captionChanged, this, &CrashRecovery::documentChanged);
+    connect(&commands_, &DocumentCommands::unsavedLeaving, this, &CrashRecovery::leaveForNextStart);
 }
 
 CrashRecovery::~CrashRecovery() {
-    discard();
+    release();
 }
 
 QString CrashRecovery::filePath(const QString &name) const {
@@ -107,13 +109,19 @@ bool CrashRecovery::holdBase() {
                              .arg(QCoreApplication::applicationPid());
     if (!QDir().mkpath(filePath(QString())))
         return false;
-    // Only another window of this process could hold the first name.
-    constexpr int MostWindows = 100;
-    for (int number = 1; !lock_ && number <= MostWindows; ++number) {
+    // Only this process could have the first name, for another window or for a document it has
+    // left.
+    constexpr int MostInASecond = 100;
+    for (int number = 1; !lock_ && number <= MostInASecond; ++number) {
         base_ = number == 1 ? stem : QStringLiteral("%1-%2").arg(stem).arg(number);
-        lock_ = lockFor(filePath(base_ + LockSuffix));
+        if (!isTaken(base_))
+            lock_ = lockFor(filePath(base_ + LockSuffix));
     }
     return bool(lock_);
+}
+
+bool CrashRecovery::isTaken(const QString &base) const {
+    return QFileInfo::exists(filePath(base + ContentSuffix));
 }
 
 void CrashRecovery::write() {
@@ -151,7 +159,8 @@ void CrashRecovery::write() {
 }
 
 void CrashRecovery::writeFiles() const {
-    writeFile(filePath(base_ + NameSuffix), state_.m_FileName.toUtf8());
+    const QString path = commands_.initialPath();
+    writeFile(filePath(base_ + NameSuffix), (path.isEmpty() ? state_.m_FileName : path).toUtf8());
     writeFile(filePath(base_ + ContentSuffix), contentOf(state_.m_DOM));
 }
 
@@ -162,8 +171,21 @@ void CrashRecovery::keep() {
     if (child_ != 0)
         reapChild();
     if (!holdBase())
-        runtime::raise(runtime::error_number::PathNotFound);
+        throw runtime::Error(runtime::error_number::Fail, texts::CannotKeepChanges.toString());
     writeFiles();
+}
+
+void CrashRecovery::leaveForNextStart() {
+    keep();
+    release();
+}
+
+void CrashRecovery::release() {
+    timer_.stop();
+    unwritten_.invalidate();
+    if (child_ != 0)
+        reapChild();
+    lock_.reset();
 }
 
 int CrashRecovery::reapChild() {
@@ -257,7 +279,14 @@ void CrashRecovery::offer() {
             removeFiles(found.base);
             continue;
         }
-        if (commands_.openRecovered(content, recoveredName(found.name), found.name)) {
+        bool isOpened = false;
+        try {
+            isOpened = commands_.openRecovered(content, recoveredName(found.name), found.name);
+        } catch (...) {
+            controls::reportCurrentException();
+            continue;
+        }
+        if (isOpened) {
             // What was recovered becomes the copy of this document's unsaved changes.
             discard();
             base_ = found.base;

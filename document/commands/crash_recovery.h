@@ -28,7 +28,7 @@ struct RecoveryPace {
 /// A document that a program which died has left behind. No other process offers it, nor is it
 /// deleted, while the lock is held.
 struct Recoverable {
-    /// The document's path as the caption last showed it.
+    /// Where the document was to be saved, or the name that it had instead of a path.
     QString name;
     /// The name that its files have in common.
     QString base;
@@ -36,9 +36,10 @@ struct Recoverable {
 };
 
 /// Keeps a copy of the document's unsaved changes in a folder of its own in the working folder, so
-/// that they survive the death of the program. The copy is gone once the document is saved, closed
-/// or given up, and when this object ends. It is written by a child process, which is a snapshot
-/// of the document by nature; what typing has to wait for is the making of that process.
+/// that they survive the death of the program. The copy is gone once the changes are saved or given
+/// up. When the document goes without either it stays, for the next start to offer. It is written
+/// by a child process, which is a snapshot of the document by nature; what typing has to wait for
+/// is the making of that process.
 class CrashRecovery : public QObject {
     Q_OBJECT
 
@@ -46,6 +47,7 @@ public:
     CrashRecovery(DocumentState &state, DocumentCommands &commands,
                   const system::WorkingFolder &workingFolder, runtime::Clock clock,
                   RecoveryPace pace = {});
+    /// Leaves the copy as it is on the disk.
     ~CrashRecovery() override;
 
     /// The document, its modified state or its name has changed. Follows DocumentCommands by
@@ -55,9 +57,8 @@ public:
     /// What dead programs have left, the latest first. Clears away what is of no use to anybody.
     std::vector<Recoverable> find() const;
     /// Asks for each of them whether it is to be opened, until one is: that one becomes the
-    /// current document. What is declined is deleted, and when the user cancels all that is left
-    /// stays for the next start. Raises when the document cannot be opened;
-    /// its files then stay.
+    /// current document. What is declined is deleted. When the user cancels all that is left stays
+    /// for the next start, and so does what cannot be opened, after a message with the reason.
     void offer();
 
     /// Removes the copy: the changes are saved or given up.
@@ -65,6 +66,9 @@ public:
     /// Writes the unsaved changes at once, for a program that ends without asking about them.
     /// Raises when that fails.
     void keep();
+    /// The same for a document that goes while the program goes on. What changes from then on gets
+    /// a copy of its own.
+    void leaveForNextStart();
 
 Q_SIGNALS:
     /// The changes made up to when the writing began are on the disk.
@@ -75,6 +79,9 @@ Q_SIGNALS:
 private:
     QString filePath(const QString &name) const;
     bool holdBase();
+    bool isTaken(const QString &base) const;
+    /// Ends the writing and leaves the copy as it is.
+    void release();
     void removeFiles(const QString &base) const;
     void write();
     /// The copy itself, in whatever process.

@@ -8,6 +8,8 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QScopeGuard>
+#include <QScopedValueRollback>
 
 namespace quillon::document {
 
@@ -38,19 +40,29 @@ DocumentCommands::DocumentCommands(DocumentState &state, DocumentLoader &loader,
       applicationFolder_(std::move(applicationFolder)) {
     connect(&loader_, &DocumentLoader::statusUpdateRequested, this,
             &DocumentCommands::UpdateStatus);
+    connect(&loader_, &DocumentLoader::replacing, this, &DocumentCommands::leaveDocument);
+    connect(&loader_, &DocumentLoader::documentOpened, this, [this] { suggestedPath_.clear(); });
 }
 
 bool DocumentCommands::ConfirmSave() {
+    changesGivenUp_ = false;
     if (!state_.m_Modified)
         return true;
     const int reply =
         controls::showMessage(resources::messageText(resources::message::ConfirmSave), AskSave);
     if (reply == answer::Yes)
-        mnuFileSave_Click();
+        return save();
+    changesGivenUp_ = reply == answer::No;
     return reply != answer::Cancel;
 }
 
+void DocumentCommands::leaveDocument() {
+    if (state_.m_Modified && !changesGivenUp_)
+        Q_EMIT unsavedLeaving();
+}
+
 void DocumentCommands::mnuFileNew_Click() {
+    const QScopedValueRollback answered(changesGivenUp_);
     if (!ConfirmSave())
         return;
     ClearStatus();
@@ -60,15 +72,19 @@ void DocumentCommands::mnuFileNew_Click() {
     } else {
         state_.m_DOM = xml::DOMDocument40::create();
         builder_.BuildTree(state_.m_DOM, true);
+        tvw_.setFocus();
         Q_EMIT documentCreated();
         history_.ResetUndoHistory();
     }
+    // A copy of the standard document is no state that this one was opened in.
+    state_.m_BackupPath.clear();
     state_.m_FileName.clear();
     state_.m_ReadOnly = state_.m_Opened = state_.m_Modified = false;
     UpdateStatus(newDocumentName());
 }
 
 void DocumentCommands::mnuFileOpen_Click() {
+    const QScopedValueRollback answered(changesGivenUp_);
     if (!ConfirmSave())
         return;
     dialogTitle_ = texts::OpenDialogTitle.toString();
@@ -79,6 +95,8 @@ void DocumentCommands::mnuFileOpen_Click() {
         return;
     ClearStatus();
     state_.m_ReadOnly = (chosen.flags & controls::file_dialog_flag::ReadOnly) != 0;
+    // An empty window is not read-only.
+    const auto none = qScopeGuard([this] { state_.m_ReadOnly &= state_.showsDocument(); });
     if (loader_.OpenFile(chosen.path))
         UpdateStatus(chosen.path);
 }
@@ -88,23 +106,33 @@ void DocumentCommands::mnuFileReload_Click() {
         controls::showMessage(resources::messageText(resources::message::ConfirmReload), AskLoss) !=
             answer::Yes)
         return;
+    const QScopedValueRollback answered(changesGivenUp_, true);
     loader_.OpenFile(state_.m_FileName);
     UpdateStatus(state_.m_FileName);
 }
 
 void DocumentCommands::mnuFileClose_Click() {
+    const QScopedValueRollback answered(changesGivenUp_);
     if (ConfirmSave())
         ClearStatus();
 }
 
 void DocumentCommands::mnuFileSave_Click() {
+    save();
+}
+
+bool DocumentCommands::save() {
     if (state_.m_DOM.isNull())
-        return;
+        return true;
     requireSomethingToSave();
-    if (state_.m_ReadOnly || !state_.m_Opened)
+    const bool hasFile = state_.m_Opened && QFileInfo(state_.m_FileName).isAbsolute();
+    if (state_.m_ReadOnly || !hasFile)
         mnuFileSaveAs_Click();
     else if (mayOverwrite())
         SaveFile(state_.m_FileName);
+    else
+        return false;
+    return true;
 }
 
 void DocumentCommands::mnuFileSaveAs_Click() {
@@ -119,6 +147,7 @@ void DocumentCommands::mnuFileSaveAs_Click() {
 }
 
 void DocumentCommands::mnuFileMRUFiles_Click(const QString &path) {
+    const QScopedValueRollback answered(changesGivenUp_);
     if (!ConfirmSave())
         return;
     ClearStatus();
@@ -128,6 +157,7 @@ void DocumentCommands::mnuFileMRUFiles_Click(const QString &path) {
 
 bool DocumentCommands::openRecovered(const QString &path, const QString &name,
                                      const QString &original) {
+    const QScopedValueRollback answered(changesGivenUp_);
     if (!ConfirmSave())
         return false;
     loader_.openRecovered(path);
@@ -138,13 +168,24 @@ bool DocumentCommands::openRecovered(const QString &path, const QString &name,
     return true;
 }
 
+void DocumentCommands::openUnasked(const QString &path) {
+    const QString shown = initialPath();
+    if (!loader_.OpenFile(path) && state_.showsDocument()) {
+        suggestedPath_ = shown;
+        state_.m_Opened = false;
+    }
+    UpdateStatus(path);
+}
+
 void DocumentCommands::requireSomethingToSave() const {
-    if (state_.m_DOM == state_.failedLoad)
+    if (!state_.showsDocument())
         throw runtime::Error(runtime::error_number::Fail, texts::NothingToSave.toString());
 }
 
 QString DocumentCommands::initialPath() const {
-    return QFileInfo(state_.m_FileName).isAbsolute() ? state_.m_FileName : suggestedPath_;
+    if (!suggestedPath_.isEmpty())
+        return suggestedPath_;
+    return QFileInfo(state_.m_FileName).isAbsolute() ? state_.m_FileName : QString();
 }
 
 bool DocumentCommands::isChangedOnDisk() const {
@@ -169,6 +210,7 @@ void DocumentCommands::SaveFile(const QString &path) {
     const bool readOnly = file.isFile() && !file.permission(QFile::WriteOwner);
     state_.m_DOM.save(path, readOnly ? xml::ReadOnlyFile::Replace : xml::ReadOnlyFile::Keep);
     loader_.setFileOnDisk(FileOnDisk::of(path));
+    suggestedPath_.clear();
     state_.m_Modified = false;
     state_.m_Opened = true;
     state_.m_ReadOnly = false;
@@ -186,8 +228,9 @@ void DocumentCommands::UpdateStatus(const QString &path) {
 
 void DocumentCommands::DocumentModified() {
     // Pasting into an empty tree, for one, has changed nothing that could be saved or undone.
-    if (state_.m_DOM.isNull())
+    if (!state_.showsDocument())
         return;
+    changesGivenUp_ = false;
     if (!state_.m_Modified) {
         state_.m_Modified = true;
         // Without the read-only mark, which comes back with the next UpdateStatus; that is meant
@@ -213,17 +256,24 @@ void DocumentCommands::mnuEditUndoAll_Click() {
         runtime::raise(runtime::error_number::FileNotFound);
     // What is compared with the disk stays the user's file, not its copy.
     const FileOnDisk userFile = loader_.fileOnDisk();
+    const QString suggestedPath = suggestedPath_;
+    const bool wasOpened = state_.m_Opened;
     // Loading makes another copy and gives the member its name.
     const QString backup = state_.m_BackupPath;
+    const QScopedValueRollback answered(changesGivenUp_, true);
     loader_.OpenFile(backup);
     loader_.setFileOnDisk(userFile);
+    suggestedPath_ = suggestedPath;
+    state_.m_Opened = wasOpened;
     state_.m_Modified = true;
     UpdateStatus(state_.m_FileName);
 }
 
 void DocumentCommands::ClearStatus() {
+    leaveDocument();
     suggestedPath_.clear();
-    state_.m_DOM = {};
+    state_.m_DOM = state_.failedLoad = {};
+    state_.m_BackupPath.clear();
     builder_.registry().reset({}, 1);
     state_.m_FileName.clear();
     state_.m_Modified = state_.m_Opened = state_.m_ReadOnly = false;

@@ -32,9 +32,20 @@ public:
     void mnuEditUndoAll_Click();
     bool canUndoAll() const;
 
-    /// Asks whether changes are to be saved. False when the user cancelled; True also when the
-    /// save that was asked for was given up in its dialog, which is meant so.
+    /// Opens a file in whatever is shown, for those who do not ask about unsaved changes, and has
+    /// the caption name it whether or not it could be opened. A document that is still shown then
+    /// has no file of its own any more: saving asks for a name, and suggests the one it had.
+    /// Raises what DocumentLoader::OpenFile raises.
+    void openUnasked(const QString &path);
+
+    /// Asks whether changes are to be saved. False when the user cancelled, or would not have a
+    /// file replaced that others have changed; True also when the save that was asked for was
+    /// given up in its dialog, which is meant so.
     bool ConfirmSave();
+    /// To be called before the document goes: announces unsavedLeaving unless its changes are
+    /// saved, or given up by the answer to the question that the present command has asked.
+    /// Whoever raises there keeps it from going.
+    void leaveDocument();
     /// Writes the document, over a read-only file, too. Raises with the reason when that fails;
     /// document, flags and caption are then as before, and so is the file.
     void SaveFile(const QString &path);
@@ -43,8 +54,11 @@ public:
     /// To be called after every change: marks the document modified and records the state for
     /// undoing.
     void DocumentModified();
-    /// Resets everything to the state without a document.
+    /// Resets everything to the state without a document, which leaves the present one.
     void ClearStatus();
+    /// Where the document is suggested to be saved: its own path, or that of the original of one
+    /// without a file of its own; empty for no place.
+    QString initialPath() const;
     /// Tells, when it is so, that the file has changed on disk since it was opened.
     void checkFileOnDisk();
 
@@ -54,16 +68,20 @@ Q_SIGNALS:
     /// The commands on documents apply (a new document), or there is none to apply them to.
     void documentCreated();
     void cleared();
+    /// The document is about to go with changes that nobody has given up.
+    void unsavedLeaving();
     /// The document has been changed, not for the first time perhaps.
     void documentModified();
     void previewRequested(const quillon::xml::Node &node);
 
 private:
+    /// The Save command. False when the user would not have a file replaced that others have
+    /// changed.
+    bool save();
     bool isChangedOnDisk() const;
     bool mayOverwrite() const;
     /// Raises Fail when the document is what a failed load has left.
     void requireSomethingToSave() const;
-    QString initialPath() const;
 
     DocumentState &state_;
     DocumentLoader &loader_;
@@ -74,8 +92,10 @@ private:
     QString applicationFolder_;
     /// The save dialog has no title of its own: it keeps the one that the dialog last had.
     QString dialogTitle_;
-    /// Where a document without a file of its own is suggested to be saved; empty for no place.
+    /// The path of the original of a document that has no file of its own; else empty.
     QString suggestedPath_;
+    /// The user has chosen to lose the unsaved changes. Holds within one command.
+    bool changesGivenUp_ = false;
 };
 
 } // namespace quillon::document

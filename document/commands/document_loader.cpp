@@ -49,17 +49,23 @@ bool DocumentLoader::OpenFile(const QString &fileName) {
     // Half a document would be none, so there is no stopping it.
     longWork_.run(resources::texts::Loading.toString(), controls::LongWork::Stop::NotOffered,
                   [&](const runtime::Progress &progress) { document.load(fileName, progress); });
-    state_.m_DOM = document;
-    state_.failedLoad = document;
-    if (!state_.m_ReadOnly)
-        state_.m_ReadOnly = isReadOnlyFile(fileName);
+    // What is shown stays the document, and can be saved, until another one can be shown. Where
+    // nothing is, a load that fails leaves an empty document.
+    if (!state_.showsDocument())
+        state_.m_DOM = state_.failedLoad = document;
+    const bool readOnly = state_.m_ReadOnly || isReadOnlyFile(fileName);
     // A file that does not parse is copied, too.
-    backUp(fileName);
-    if (!state_.m_DOM.documentElement()) {
+    const QString backup = backUp(fileName);
+    if (!document.documentElement()) {
         controls::showMessage(resources::messageText(resources::message::CannotParse),
                               controls::message_style::Exclamation);
         return false;
     }
+    Q_EMIT replacing();
+    state_.m_DOM = document;
+    state_.failedLoad = {};
+    state_.m_ReadOnly = readOnly;
+    state_.m_BackupPath = backup;
     builder_.BuildTree(state_.m_DOM, true);
     copyStylesheets(fileName);
     showFromTop();
@@ -67,16 +73,16 @@ bool DocumentLoader::OpenFile(const QString &fileName) {
     state_.m_Opened = true;
     fileOnDisk_ = file;
     Q_EMIT documentOpened();
-    state_.failedLoad = {};
     history_.ResetUndoHistory();
     recentFiles_.add(fileName);
     return true;
 }
 
-void DocumentLoader::backUp(const QString &fileName) {
-    state_.m_BackupPath =
+QString DocumentLoader::backUp(const QString &fileName) const {
+    const QString path =
         workingFolder_.fileToWrite(runtime::timeStamp(clock_.now()) + QStringLiteral(".bak"));
-    system::copyFile(fileName, state_.m_BackupPath);
+    system::copyFile(fileName, path);
+    return path;
 }
 
 void DocumentLoader::copyStylesheets(const QString &fileName) {
@@ -109,6 +115,7 @@ void DocumentLoader::openRecovered(const QString &path) {
         throw runtime::Error(
             runtime::error_number::Fail,
             resources::texts::CannotRecover.toString().arg(path, document.parseError().reason));
+    Q_EMIT replacing();
     state_.m_DOM = document;
     state_.m_BackupPath.clear();
     fileOnDisk_ = {};
@@ -136,6 +143,8 @@ void DocumentLoader::expandTopLevel() {
 void DocumentLoader::LoadXML(const QString &xmlText) {
     state_.m_DOM = xml::DOMDocument40::create();
     state_.m_DOM.loadXML(xmlText);
+    // It has been opened from no file that could be gone back to.
+    state_.m_BackupPath.clear();
     const xml::Node node = state_.m_DOM.node();
     builder_.BuildTree(state_.m_DOM, true);
     Q_EMIT statusUpdateRequested(node.nodeName());

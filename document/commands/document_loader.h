@@ -25,8 +25,9 @@ public:
                    runtime::Clock clock, controls::LongWork &longWork);
 
     /// Loads a file and keeps a copy of it in the working folder. False when it has no document
-    /// element, after a message; the tree still shows what it showed. An empty name
-    /// gives False and changes nothing. Raises when the file cannot be read or copied.
+    /// element, after a message. Raises when the file cannot be read or copied. In both cases what
+    /// was shown is still the document, with its state and history; an empty window is left with a
+    /// document that has nothing in it. An empty name gives False and changes nothing.
     bool OpenFile(const QString &fileName);
 
     /// Loads a file that was kept for a document whose program died, and shows it. It is no file
@@ -45,13 +46,17 @@ public:
 Q_SIGNALS:
     /// A text for the status bar while something takes its time.
     void statusText(const QString &text);
+    /// The document is about to be replaced: the new one can be shown. Whoever raises here keeps
+    /// it from going.
+    void replacing();
     /// A document has been opened from a file: the commands on documents apply.
     void documentOpened();
     /// UpdateStatus is wanted for a document that has this name.
     void statusUpdateRequested(const QString &name);
 
 private:
-    void backUp(const QString &fileName);
+    /// The path of the copy.
+    QString backUp(const QString &fileName) const;
     void copyStylesheets(const QString &fileName);
     void copyStylesheet(const QString &documentFolder, const QString &data);
     void showFromTop();

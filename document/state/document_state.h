@@ -12,8 +12,8 @@ namespace quillon::document {
 struct DocumentState {
     /// The document; empty when none is open. Replaced whole by every load, undo and redo.
     xml::DOMDocument40 m_DOM;
-    /// The document that a load which failed has left, while the tree goes on showing the one
-    /// before. It must not be written over anybody's file.
+    /// The document that a load which failed has left in an empty window. Nothing of it is shown,
+    /// and it must not be written over anybody's file.
     xml::DOMDocument40 failedLoad;
     /// The document has changes that are not saved.
     bool m_Modified = false;
@@ -26,6 +26,9 @@ struct DocumentState {
     QString m_FileName;
     /// Full path of the copy made by the latest load from a file.
     QString m_BackupPath;
+
+    /// Whether there is a document that the window shows.
+    bool showsDocument() const { return m_DOM && !(m_DOM == failedLoad); }
 
     /// The folder of the document's file; empty when it has none.
     QString folder() const {

@@ -130,6 +130,23 @@ TEST_F(AutomationTest, OpenFileShowsItsFailureAndStillSetsTheCaption) {
         << forms[0]->windowTitle().toStdString();
 }
 
+TEST_F(AutomationTest, OpeningAnotherFileKeepsTheUsersChangesForTheNextStart) {
+    const QString window = createWindow();
+    onWindow(window, "OpenFile", {write("<r/>")});
+    setVisible(window, true);
+    Editor &editor = forms[0]->editor();
+    editor.state.m_DOM.documentElement().setAttribute("changed", "1");
+    editor.commands.DocumentModified();
+    onWindow(window, "OpenFile", {write("<other/>")});
+    EXPECT_EQ(editor.state.m_DOM.xml(), "<other/>");
+    EXPECT_FALSE(editor.state.m_Modified);
+    dialogs.answerMessage(controls::message_answer::Yes);
+    editor.recovery.offer();
+    EXPECT_EQ(editor.state.m_DOM.xml(), "<r changed=\"1\"/>");
+    dialogs.answerMessage(controls::message_answer::No);
+    forms[0]->close();
+}
+
 TEST_F(AutomationTest, AReleasedWindowClosesOnlyWhenItIsHidden) {
     const QString hidden = createWindow();
     const QString shown = createWindow();

@@ -126,29 +126,119 @@ TEST_F(CommandsTest, ReloadDropsChangesWhenTold) {
     EXPECT_THROW(commands().mnuFileReload_Click(), runtime::Error);
 }
 
-TEST_F(CommandsTest, WhatAFailedLoadHasLeftIsNotSaved) {
+TEST_F(CommandsTest, AFailedReloadLeavesEverythingAsItWas) {
     open("<r>old</r>");
     select("old");
     type("new");
-    EXPECT_TRUE(state().m_Modified);
-    write("doc.xml", "<broken>");
-    dialogs.answerMessage(6);
+    const QString backup = state().m_BackupPath;
+    time = time.addSecs(1);
+    const auto expectUnchanged = [&] {
+        EXPECT_TRUE(item("new"));
+        EXPECT_EQ(title(), "doc.xml * - Quillon XML Editor");
+        EXPECT_EQ(state().m_BackupPath, backup);
+        EXPECT_FALSE(state().m_ReadOnly);
+        EXPECT_EQ(status(), "");
+    };
+    QFile::setPermissions(write("doc.xml", "<broken>"), QFile::ReadOwner);
+    dialogs.answerMessage(Yes);
     dialogs.answerMessage(1);
-    editor().commands.mnuFileReload_Click();
-    EXPECT_TRUE(item("new")) << "the tree goes on showing what was there";
-    EXPECT_THROW(editor().commands.mnuFileSave_Click(), runtime::Error);
-    EXPECT_THROW(editor().commands.mnuFileSaveAs_Click(), runtime::Error);
-    EXPECT_EQ(read("doc.xml"), "<broken>");
+    commands().mnuFileReload_Click();
+    EXPECT_EQ(dialogs.messages.back().text, "XMLをパースできません。");
+    expectUnchanged();
+    QFile::remove(path("doc.xml"));
+    dialogs.answerMessage(Yes);
+    EXPECT_THROW(commands().mnuFileReload_Click(), runtime::Error);
+    expectUnchanged();
+    // What is shown can be undone, edited and saved.
     editor().history.UndoCommand();
-    dialogs.answerFile({path("other.xml"), 0});
-    editor().commands.mnuFileSaveAs_Click();
-    EXPECT_EQ(read("other.xml"), "<r>old</r>");
+    EXPECT_EQ(xml(), "<r>old</r>");
+    editor().history.RedoCommand();
+    select("new");
+    type("newer");
+    write("doc.xml", "<broken>");
+    dialogs.answerMessage(Yes);
+    commands().mnuFileSave_Click();
+    EXPECT_EQ(dialogs.messages.back().style, 292) << "the file is another one than was opened";
+    EXPECT_EQ(read("doc.xml"), "<r>newer</r>");
+}
 
-    QFile::remove(path("other.xml"));
-    EXPECT_THROW(editor().commands.mnuFileReload_Click(), runtime::Error);
-    EXPECT_EQ(status(), "");
-    EXPECT_THROW(editor().commands.mnuFileSave_Click(), runtime::Error);
-    EXPECT_FALSE(QFile::exists(path("other.xml")));
+TEST_F(CommandsTest, UndoingAllFromABrokenCopyLeavesEverythingAsItWas) {
+    open("<r>old</r>");
+    select("old");
+    type("new");
+    write("Temp/20011231235959.bak", "<broken>");
+    time = time.addSecs(1);
+    dialogs.answerMessage(Yes);
+    dialogs.answerMessage(1);
+    commands().mnuEditUndoAll_Click();
+    EXPECT_EQ(title(), "doc.xml * - Quillon XML Editor");
+    EXPECT_TRUE(editor().history.CanUndo());
+    EXPECT_TRUE(item("new"));
+    commands().mnuFileSave_Click();
+    EXPECT_EQ(read("doc.xml"), "<r>new</r>");
+}
+
+TEST_F(CommandsTest, WhatAFailedLoadLeavesInAnEmptyWindowIsNotSaved) {
+    write("doc.xml", "<broken>");
+    dialogs.answerMessage(1);
+    commands().openUnasked(path("doc.xml"));
+    EXPECT_EQ(title(), "doc.xml - Quillon XML Editor");
+    EXPECT_THROW(commands().mnuFileSave_Click(), runtime::Error);
+    EXPECT_THROW(commands().mnuFileSaveAs_Click(), runtime::Error);
+    commands().DocumentModified();
+    EXPECT_FALSE(state().m_Modified);
+    EXPECT_EQ(read("doc.xml"), "<broken>");
+}
+
+TEST_F(CommandsTest, WhatIsShownUnderTheNameOfABrokenFileIsNotSavedOverIt) {
+    open("<r/>");
+    modify();
+    write("broken.xml", "<broken>");
+    dialogs.answerMessage(1);
+    time = time.addSecs(1);
+    commands().openUnasked(path("broken.xml"));
+    EXPECT_EQ(title(), "broken.xml * - Quillon XML Editor");
+    dialogs.answerMessage(Yes);
+    commands().mnuEditUndoAll_Click();
+    dialogs.answerFile({path("doc.xml"), 0});
+    commands().mnuFileSave_Click();
+    EXPECT_EQ(dialogs.saveRequests.back().path, path("doc.xml"));
+    EXPECT_EQ(read("broken.xml"), "<broken>");
+    modify();
+    commands().mnuFileSave_Click();
+    EXPECT_EQ(read("doc.xml"), "<r changed=\"1\"/>");
+}
+
+TEST_F(CommandsTest, ANewDocumentHasNoStateToGoBackToAndNoFile) {
+    for (const bool isStandard : {false, true}) {
+        open("<r/>");
+        if (isStandard)
+            write("default.xml", "<standard/>");
+        commands().mnuFileNew_Click();
+        if (!isStandard)
+            state().m_DOM.setDocumentElement(state().m_DOM.createElement("root"));
+        modify();
+        EXPECT_FALSE(commands().canUndoAll());
+        state().m_Opened = true;
+        dialogs.answerFile({QString(), 0});
+        commands().mnuFileSave_Click();
+        EXPECT_FALSE(QFile::exists("New XML File")) << "a relative name is no file";
+        dialogs.answerMessage(No);
+        commands().mnuFileClose_Click();
+    }
+    open("<r/>");
+    commands().mnuFileClose_Click();
+    EXPECT_EQ(state().m_BackupPath, "");
+}
+
+TEST_F(CommandsTest, TheKeyboardReachesTheTreeOfANewDocument) {
+    form->show();
+    form->activateWindow();
+    txtEdit().setFocus();
+    commands().mnuFileNew_Click();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return tvw().hasFocus(); }));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+    EXPECT_EQ(tvw().SelectedItem(), tvw().nodes().Item(1));
 }
 
 TEST_F(CommandsTest, ACaptionBeingTypedBelongsToTheDocumentThatIsSaved) {
@@ -210,12 +300,25 @@ TEST_F(CommandsTest, AFileChangedByOthersIsNotOverwrittenUnasked) {
     commands().mnuFileSave_Click();
     EXPECT_EQ(read("doc.xml"), "<theirs/>");
     EXPECT_TRUE(state().m_Modified);
+    // Nor does the document go then.
+    for (const auto &leave : {&document::DocumentCommands::mnuFileNew_Click,
+                              &document::DocumentCommands::mnuFileOpen_Click,
+                              &document::DocumentCommands::mnuFileClose_Click}) {
+        dialogs.answerMessage(Yes);
+        dialogs.answerMessage(No);
+        (commands().*leave)();
+        EXPECT_EQ(xml(), "<r changed=\"1\"/>");
+    }
+    dialogs.answerMessage(Yes);
+    dialogs.answerMessage(No);
+    EXPECT_FALSE(form->close());
+    const auto asked = dialogs.messages.size();
     dialogs.answerMessage(Yes);
     commands().mnuFileSave_Click();
     EXPECT_EQ(read("doc.xml"), "<r changed=\"1\"/>");
     modify();
     commands().mnuFileSave_Click();
-    EXPECT_EQ(dialogs.messages.size(), 2u) << "its own saving is no change by others";
+    EXPECT_EQ(dialogs.messages.size(), asked + 1) << "its own saving is no change by others";
 }
 
 TEST_F(CommandsTest, AReadOnlyFileIsReplacedWithoutAQuestion) {

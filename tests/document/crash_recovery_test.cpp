@@ -111,6 +111,22 @@ TEST_F(CrashRecoveryTest, ADocumentThatDiesAgainIsRecoveredUnderTheSameName) {
     EXPECT_EQ(xml(), "<r>changed</r>");
 }
 
+TEST_F(CrashRecoveryTest, ADocumentThatDiesAgainIsStillSuggestedToBeSavedInItsPlace) {
+    open("<r>old</r>");
+    change("old", "new");
+    crash();
+    for (int deaths = 1; deaths <= 2; ++deaths) {
+        restart();
+        dialogs.answerMessage(6);
+        recovery->offer();
+        EXPECT_EQ(form->windowTitle(), "doc.xml (復元) * - Quillon XML Editor");
+        dialogs.answerFile({QString(), 0});
+        editor().commands.mnuFileSave_Click();
+        EXPECT_EQ(dialogs.saveRequests.back().path, path("doc.xml"));
+        recovery->keep();
+    }
+}
+
 TEST_F(CrashRecoveryTest, WhatItsEncodingCannotHoldIsKeptAllTheSame) {
     open("<?xml version='1.0' encoding='Shift_JIS'?><!--old--><r/>");
     change("old", "😀");
@@ -140,7 +156,127 @@ TEST_F(CrashRecoveryTest, SavingClosingAndEndingLeaveNothing) {
         dialogs.answerMessage(6);
         editor().commands.mnuFileReload_Click();
     });
-    leavesNothing([this] { recovery.reset(); });
+    leavesNothing([this] {
+        dialogs.answerMessage(7);
+        editor().commands.mnuFileNew_Click();
+    });
+}
+
+/// Changes that go away without anybody having given them up, the latest not written yet, and what
+/// follows in the same window.
+TEST_F(CrashRecoveryTest, WhatGoesWithoutBeingGivenUpIsOfferedAtTheNextStart) {
+    using namespace std::chrono_literals;
+    const auto keeps = [this](const std::function<void()> &leave, bool isClosed = false) {
+        recovery.reset();
+        QDir(left.path()).removeRecursively();
+        form = std::make_unique<app::frmMain>(
+            true,
+            app::Surroundings{folder.path(), system::SettingsStore(path("settings.ini")), {}});
+        recovery = start(left, {1h, 1h});
+        open("<r>old</r>", "other.xml");
+        open("<r>old</r>");
+        select("old");
+        type("new");
+        leave();
+        if (!isClosed) {
+            // What comes after it gets a copy of its own, in the same second, too.
+            open("<r>next</r>", "next.xml");
+            select("next");
+            type("newer");
+            recovery->keep();
+            EXPECT_EQ(files(left).filter(".xml").size(), 2);
+            editor().commands.mnuFileSave_Click();
+        }
+        recovery.reset();
+        document::clearWorkingFolder(left);
+        restart();
+        dialogs.answerMessage(6);
+        recovery->offer();
+        EXPECT_EQ(xml(), "<r>new</r>");
+        EXPECT_TRUE(recovery->find().empty());
+        EXPECT_TRUE(dialogs.messages.back().text.contains(path("doc.xml")));
+    };
+    // A new document or a read-only one is saved by a dialog, which can be given up.
+    const auto giveUpSaving = [this] {
+        state().m_ReadOnly = true;
+        dialogs.answerMessage(6);
+        dialogs.answerFile({QString(), 0});
+    };
+    keeps([&] {
+        giveUpSaving();
+        editor().commands.mnuFileNew_Click();
+    });
+    keeps([&] {
+        giveUpSaving();
+        editor().commands.mnuFileClose_Click();
+    });
+    keeps([&] {
+        giveUpSaving();
+        dialogs.answerFile({path("other.xml"), 0});
+        editor().commands.mnuFileOpen_Click();
+        EXPECT_EQ(form->windowTitle(), "other.xml - Quillon XML Editor");
+    });
+    keeps([&] {
+        giveUpSaving();
+        editor().commands.mnuFileMRUFiles_Click(path("other.xml"));
+    });
+    keeps(
+        [&] {
+            giveUpSaving();
+            EXPECT_TRUE(form->close());
+        },
+        true);
+    // Another program opens a file.
+    keeps([&] { editor().commands.openUnasked(path("other.xml")); });
+    // No was the answer to a question whose command was cancelled afterwards.
+    keeps([&] {
+        dialogs.answerMessage(7);
+        dialogs.answerFile({QString(), 0});
+        editor().commands.mnuFileOpen_Click();
+        EXPECT_EQ(xml(), "<r>new</r>");
+        editor().commands.openUnasked(path("other.xml"));
+    });
+}
+
+TEST_F(CrashRecoveryTest, ADocumentThatCannotBeKeptDoesNotGo) {
+    QDir(kept.path()).removeRecursively();
+    write("kept", "a file where the folder should be");
+    open("<r>old</r>");
+    select("old");
+    type("new");
+    state().m_ReadOnly = true;
+    const QString other = write("other.xml", "<other/>");
+    EXPECT_THROW(editor().commands.openUnasked(other), runtime::Error);
+    const auto giveUpSaving = [&] {
+        dialogs.answerMessage(6);
+        dialogs.answerFile({QString(), 0});
+    };
+    giveUpSaving();
+    EXPECT_THROW(editor().commands.mnuFileNew_Click(), runtime::Error);
+    giveUpSaving();
+    dialogs.answerMessage(1);
+    EXPECT_FALSE(form->close());
+    EXPECT_EQ(dialogs.messages.back().style, 48);
+    EXPECT_EQ(xml(), "<r>new</r>");
+    EXPECT_EQ(form->windowTitle(), "doc.xml * - Quillon XML Editor");
+    EXPECT_TRUE(state().m_Modified);
+}
+
+TEST_F(CrashRecoveryTest, AFileThatCannotBeOpenedTakesNoChangesAway) {
+    open("<r>old</r>");
+    change("old", "new");
+    write("broken.xml", "<broken>");
+    dialogs.answerMessage(1);
+    QSignalSpy written(recovery.get(), &CrashRecovery::written);
+    editor().commands.openUnasked(path("broken.xml"));
+    ASSERT_TRUE(written.wait());
+    EXPECT_EQ(files(kept).filter(".xml").size(), 1);
+    crash();
+    restart();
+    dialogs.answerMessage(6);
+    recovery->offer();
+    EXPECT_EQ(form->windowTitle(), "doc.xml (復元) * - Quillon XML Editor");
+    EXPECT_EQ(xml(), "<r>new</r>");
 }
 
 TEST_F(CrashRecoveryTest, TheLastStateThatCanBeOpenedIsKept) {
@@ -210,24 +346,22 @@ TEST_F(CrashRecoveryTest, ThatNothingCanBeKeptIsToldOnce) {
 }
 
 TEST_F(CrashRecoveryTest, DeclinedOnesAreDeletedAndTheOthersWait) {
-    open("<r>old</r>", "one.xml");
-    change("old", "one");
-    crash();
-    recovery->discard();
-    for (const char *name : {"two.xml", "three.xml"}) {
+    for (const char *name : {"one.xml", "two.xml", "three.xml"}) {
         time = time.addSecs(1);
         open("<r>old</r>", name);
         change("old", name);
         crash();
-        recovery->discard();
+        dialogs.answerMessage(7);
+        editor().commands.mnuFileClose_Click();
     }
     restart();
+    dialogs.messages.clear();
     dialogs.answerMessage(7);
     dialogs.answerMessage(6);
     recovery->offer();
     EXPECT_TRUE(dialogs.messages[0].text.contains("three.xml")) << "the latest first";
     EXPECT_EQ(xml(), "<r>two.xml</r>");
-    EXPECT_EQ(files(left).filter("20020101000001"), QStringList());
+    EXPECT_EQ(files(left).filter("20020101000002"), QStringList());
     const std::vector<Recoverable> waiting = recovery->find();
     ASSERT_EQ(waiting.size(), 1u);
     EXPECT_EQ(waiting[0].name, path("one.xml"));
@@ -258,10 +392,20 @@ TEST_F(CrashRecoveryTest, WhatCannotBeOpenedStaysAndWhatIsOfNoUseGoes) {
     open("<r/>");
     recovery = start(left);
     dialogs.answerMessage(6);
-    EXPECT_THROW(recovery->offer(), runtime::Error);
+    dialogs.answerMessage(1);
+    recovery->offer();
+    EXPECT_EQ(dialogs.messages.back().style, 48);
     EXPECT_EQ(xml(), "<r/>");
     EXPECT_EQ(form->windowTitle(), "doc.xml - Quillon XML Editor");
     EXPECT_EQ(files(left), QStringList("1-1.xml"));
+    // It does not stand in the way of the others.
+    write("left/recovery/0-0.xml", "<good/>");
+    dialogs.answerMessage(6);
+    dialogs.answerMessage(1);
+    dialogs.answerMessage(6);
+    recovery->offer();
+    EXPECT_EQ(xml(), "<good/>");
+    EXPECT_TRUE(QFile::exists(path("left/recovery/1-1.xml")));
 }
 
 } // namespace

@@ -43,6 +43,14 @@ TEST_F(LoaderTest, AnOpenedFileIsShownBackedUpAndRemembered) {
 }
 
 TEST_F(LoaderTest, WhatDoesNotParseIsToldAndStillCopied) {
+    const QString readOnly = write("bad.xml", "<r>");
+    QFile::setPermissions(readOnly, QFile::ReadOwner);
+    dialogs.answerMessage(1);
+    EXPECT_FALSE(form->OpenFile(readOnly));
+    EXPECT_TRUE(state().m_DOM) << "an empty window gets an empty document";
+    EXPECT_EQ(xml(), "");
+    EXPECT_FALSE(state().m_ReadOnly);
+    QFile::setPermissions(readOnly, QFile::ReadOwner | QFile::WriteOwner);
     open("<r><kept/></r>");
     time = time.addSecs(1);
     for (const char *bad : {"<r>", "", "<!-- no root -->"}) {
@@ -52,8 +60,9 @@ TEST_F(LoaderTest, WhatDoesNotParseIsToldAndStillCopied) {
         EXPECT_EQ(dialogs.messages.back().style, 48);
         EXPECT_EQ(dialogs.messages.back().title, "Quillon XML Editor");
         EXPECT_EQ(read("Temp/20020101000000.bak"), bad);
-        EXPECT_EQ(xml(), "");
-        EXPECT_TRUE(item("kept")) << "the tree keeps showing the document before";
+        EXPECT_EQ(xml(), "<r><kept/></r>") << "what is shown stays the document";
+        EXPECT_TRUE(item("kept"));
+        EXPECT_EQ(state().m_BackupPath, path("Temp/20011231235959.bak"));
     }
     EXPECT_EQ(editor().recentFiles.read(), QStringList(path("doc.xml")));
     EXPECT_EQ(status(), "");
@@ -134,6 +143,7 @@ TEST_F(LoaderTest, TextIsLoadedWithoutACopyOrAMessage) {
     open("<r/>");
     state().m_Modified = true;
     editor().loader.LoadXML("<t>x</t>");
+    EXPECT_FALSE(editor().commands.canUndoAll());
     EXPECT_EQ(xml(), "<t>x</t>");
     EXPECT_EQ(form->windowTitle(), "#document * - Quillon XML Editor");
     EXPECT_EQ(tvw().nodes().Count(), 3);

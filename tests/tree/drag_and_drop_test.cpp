@@ -299,6 +299,14 @@ TEST_F(Drag, OpensWhatIsDroppedWhileNoDocumentIsOpen) {
     ASSERT_FALSE(state().m_DOM);
     EXPECT_NE(drop(beside(), *textData("<text/>"), Ctrl), Qt::IgnoreAction);
     EXPECT_EQ(xml(), "<text/>");
+
+    // One that cannot be opened leaves the window as empty as it was.
+    editor().commands.mnuFileClose_Click();
+    dialogs.answerMessage(controls::message_answer::Ok);
+    EXPECT_EQ(drop(beside(), *fileData({write("broken.xml", "<root")}), None), Qt::IgnoreAction);
+    EXPECT_NE(drop(beside(), *fileData({file}), None), Qt::IgnoreAction);
+    EXPECT_EQ(xml(), "<root/>");
+    EXPECT_EQ(state().m_FileName, file);
 }
 
 TEST_F(Drag, OffersTheNodePressedLast) {
