@@ -97,11 +97,23 @@ inline constexpr QStringView Printing = u"ツリーを印刷しています...";
 // The list of validation errors. %1 is their number.
 inline constexpr QStringView ValidationListTitle = u"検証エラーの一覧";
 inline constexpr QStringView ValidationListButton = u"エラー一覧: %1 件(&L)";
+inline constexpr QStringView ValidationListButtonMore = u"エラー一覧: %1 件以上(&L)";
 
 inline constexpr QStringView Sending = u"送信しています...";
 // Sending. %1 is the address, %2 the reason.
 inline constexpr QStringView CannotSend = u"%1 に送信できません。\n%2";
 inline constexpr QStringView BadAddress = u"アドレスが正しくありません。";
+inline constexpr QStringView TooManyRedirects = u"転送が繰り返されています。";
+// The address that the answer redirects to.
+inline constexpr QStringView RedirectWithDocument =
+    u"送信先が、別の場所への転送を求めています。\n\n%1\n\n"
+    u"この場所へドキュメントを送信しますか？";
+inline constexpr QStringView RedirectWithoutDocument =
+    u"ドキュメントを送信しました。送信先が、別の場所への接続を求めています。\n\n%1\n\n"
+    u"この場所へ接続しますか？ (ドキュメントは送信しません)";
+
+// Showing a file with the desktop's viewer. %1 is the file.
+inline constexpr QStringView NoViewer = u"%1\nを表示するプログラムが見つかりません。";
 
 inline constexpr QStringView LegalNotice = u"Copyright (C) 2026 Quillon XML Editor の開発者";
 

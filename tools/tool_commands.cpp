@@ -16,8 +16,14 @@ namespace texts = resources::texts;
 
 namespace {
 
-/// Shows a file with the program that the desktop has for it.
-const QString DesktopViewer = QStringLiteral("xdg-open");
+bool mayRedirect(const QUrl &target, bool withDocument) {
+    const QStringView question =
+        withDocument ? texts::RedirectWithDocument : texts::RedirectWithoutDocument;
+    // As it is sent: letters of other scripts that look alike are told apart.
+    return controls::showMessage(question.toString().arg(QString::fromLatin1(target.toEncoded())),
+                                 style::YesNo + style::Question + style::DefaultButton2) ==
+           controls::message_answer::Yes;
+}
 
 } // namespace
 
@@ -30,7 +36,8 @@ void ToolCommands::mnuToolRemoveText_Click() {
         return;
     // The question is the one for deleting a node; that is meant so.
     if (controls::showMessage(resources::messageText(resources::message::ConfirmDelete),
-                              style::OkCancel + style::Question) != controls::message_answer::Ok)
+                              style::OkCancel + style::Question + style::DefaultButton2) !=
+        controls::message_answer::Ok)
         return;
     ClearValues(state_.m_DOM);
     builder_.RebuildTree();
@@ -50,16 +57,19 @@ void ToolCommands::mnuToolSend_Click() {
     const QString address = controls::dialogs().inputText(QStringLiteral("URL?"));
     if (address.isEmpty())
         return;
-    longWork_.run(resources::texts::Sending.toString(), controls::LongWork::Stop::Offered,
-                  [&](const runtime::Progress &progress) {
-                      system::httpPost(
-                          address, state_.m_DOM.serialize(),
-                          QStringLiteral("text/xml; charset=") + state_.m_DOM.encoding(), progress);
-                  });
+    system::httpPost(address, state_.m_DOM.serialize(),
+                     QStringLiteral("text/xml; charset=") + state_.m_DOM.encoding(), mayRedirect,
+                     [this](const std::function<void(const runtime::Progress &)> &request) {
+                         longWork_.run(texts::Sending.toString(), controls::LongWork::Stop::Offered,
+                                       request);
+                     });
 }
 
 void ToolCommands::mnuHelpReadme_Click() {
-    shell_.start(DesktopViewer, {runtime::programFolder() + QStringLiteral("/readme.txt")});
+    const QString file = runtime::programFolder() + QStringLiteral("/readme.txt");
+    shell_.openOnDesktop(file, [file] {
+        controls::showMessage(texts::NoViewer.toString().arg(file), style::Exclamation);
+    });
 }
 
 void ToolCommands::mnuHelpAbout_Click() {

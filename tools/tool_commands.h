@@ -17,16 +17,18 @@ public:
     ToolCommands(const document::DocumentState &state, tree::TreeBuilder &builder,
                  system::Shell &shell, controls::LongWork &longWork);
 
-    /// Removes all text and empties all attribute values, after a question.
+    /// Removes all text and empties all attribute values but namespace declarations, after a
+    /// question.
     void mnuToolRemoveText_Click();
     /// Opens the document's file, as last saved, in another program. A program that does not
     /// start is told in a message box.
     void mnuToolOpen_Click(const QString &program);
     /// Asks for an address and posts the document there, in its own encoding. What comes back is
-    /// read and not shown. Raises when the address is bad, nobody answers or the user has it
-    /// stopped.
+    /// read and not shown; being redirected to another place is asked about. Raises when the
+    /// address is bad, nobody answers or the user has it stopped.
     void mnuToolSend_Click();
-    /// Has the desktop show the file. Raises when the program that does so cannot be started.
+    /// Has the desktop show the file. Raises when the program that does so cannot be started; that
+    /// it finds no viewer is told in a message box.
     void mnuHelpReadme_Click();
     void mnuHelpAbout_Click();
 

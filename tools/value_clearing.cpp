@@ -11,6 +11,10 @@ using xml::NodeType;
 
 namespace {
 
+bool isNamespaceDeclaration(const QString &name) {
+    return name == QLatin1String("xmlns") || name.startsWith(QLatin1String("xmlns:"));
+}
+
 /// Notes what is to be removed and emptied; a walk must not change what it walks over.
 class Collector final : public xml::NodeVisitor {
 public:
@@ -36,8 +40,11 @@ void ClearValues(const xml::DOMDocument40 &document) {
         node.parentNode().removeChild(node);
     }
     for (auto number = found.attributes.rbegin(); number != found.attributes.rend(); ++number) {
+        const Node attribute = document.nodeByNumber(*number);
+        if (isNamespaceDeclaration(attribute.nodeName()))
+            continue;
         try {
-            document.nodeByNumber(*number).setNodeValue(QString());
+            attribute.setNodeValue(QString());
         } catch (const runtime::Error &) {
             // An attribute that cannot be emptied keeps its value.
         }

@@ -4,19 +4,36 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QUrl>
+
+#include <functional>
 
 namespace quillon::system {
 
+/// An answer of more bytes than this is not read to its end.
+inline constexpr qint64 LongestAnswer = 16 << 20;
+
 struct HttpResponse {
     int status = 0;
+    /// At most LongestAnswer bytes.
     QByteArray body;
 };
 
-/// Sends a body by HTTP POST and waits for the answer, whatever its status. The window stays
-/// painted meanwhile but takes no input. Blanks around the address do not count. Raises DeviceIo
-/// with the reason when the address is not valid or nobody answers, and Cancelled when the progress
-/// function, for which its extent is unknown, says so.
+/// Whether to go on at another host, port or scheme than the one asked for, to which the answer
+/// redirects; `withBody` tells that the body would be sent there.
+using AllowRedirect = std::function<bool(const QUrl &target, bool withBody)>;
+
+/// What runs one request, given the work that does so: it calls it once, with its progress
+/// function.
+using RunRequest = std::function<void(const std::function<void(const runtime::Progress &)> &)>;
+
+/// Sends a body by HTTP POST and waits for the answer, whatever its status. Blanks around the
+/// address do not count. Redirects are followed as HTTP has it, the body again for 307 and 308 and
+/// without it otherwise; to another place only where `allow` says so. It is called outside of
+/// `run`, so it may ask. The window stays painted during a request but takes no input. Raises
+/// DeviceIo with the reason when the address is not valid or nobody answers, and Cancelled when the
+/// progress function, for which its extent is unknown, or `allow` says so.
 HttpResponse httpPost(const QString &address, const QByteArray &body, const QString &contentType,
-                      const runtime::Progress &progress = {});
+                      const AllowRedirect &allow, const RunRequest &run);
 
 } // namespace quillon::system

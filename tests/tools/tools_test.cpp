@@ -1,9 +1,13 @@
 #include "platform/runtime/error.h"
 #include "platform/runtime/paths.h"
+#include "platform/system/http_post.h"
 #include "tests/support/editor_window.h"
 
 #include <QTcpServer>
 #include <QTcpSocket>
+#include <QTest>
+
+#include <deque>
 
 namespace quillon::test {
 
@@ -17,6 +21,11 @@ public:
             system::Shell::start(program, arguments);
         started.append(program + '|' + arguments.join('|'));
     }
+    void openOnDesktop(const QString &target, const std::function<void()> &failed) override {
+        started.append("desktop|" + target);
+        viewerFailed = failed;
+    }
+    std::function<void()> viewerFailed;
     QStringList started;
 };
 
@@ -31,11 +40,12 @@ protected:
 };
 
 TEST_F(ToolsTest, ClearingTakesTextAndCommentsAndEmptiesAttributes) {
-    open("<?xml version='1.0'?><!--c--><r a='1' b=''>t<x k='v'><!--d--><![CDATA[kept]]>u</x><?p "
+    open("<?xml version='1.0'?><!--c--><r a='1' b='' xmlns='urn:d' xmlns:p='urn:p'>t<x "
+         "k='v'><!--d--><![CDATA[kept]]>u</x><?p "
          "d?></r>");
     dialogs.answerMessage(2);
     editor().tools.mnuToolRemoveText_Click();
-    EXPECT_EQ(dialogs.messages.back().style, 33);
+    EXPECT_EQ(dialogs.messages.back().style, 289) << "Cancel is the default";
     EXPECT_TRUE(item("t"));
     dialogs.answerMessage(1);
     item("x").setExpanded(true);
@@ -44,7 +54,8 @@ TEST_F(ToolsTest, ClearingTakesTextAndCommentsAndEmptiesAttributes) {
     EXPECT_EQ(expanded(), QStringList({"#document", "xml", "r", "x"}));
     EXPECT_EQ(tvw().SelectedItem().Text(), "x");
     EXPECT_EQ(txtEdit().Text(), "<x k=''><![CDATA[kept]]></x>");
-    EXPECT_EQ(xml(), "<?xml version='1.0'?><r a='' b=''><x k=''><![CDATA[kept]]></x><?p d?></r>");
+    EXPECT_EQ(xml(), "<?xml version='1.0'?><r a='' b='' xmlns='urn:d' "
+                     "xmlns:p='urn:p'><x k=''><![CDATA[kept]]></x><?p d?></r>");
     EXPECT_FALSE(item("t"));
     EXPECT_TRUE(state().m_Modified);
     editor().history.UndoCommand();
@@ -58,45 +69,150 @@ TEST_F(ToolsTest, OtherProgramsAreStartedWithTheFile) {
     open("<r/>", "my file.xml");
     editor().tools.mnuToolOpen_Click("/usr/bin/an editor");
     editor().tools.mnuHelpReadme_Click();
-    EXPECT_EQ(shell->started,
-              QStringList({"/usr/bin/an editor|" + path("my file.xml"),
-                           "xdg-open|" + runtime::programFolder() + "/readme.txt"}));
+    EXPECT_EQ(shell->started, QStringList({"/usr/bin/an editor|" + path("my file.xml"),
+                                           "desktop|" + runtime::programFolder() + "/readme.txt"}));
+    dialogs.answerMessage(1);
+    shell->viewerFailed();
+    EXPECT_EQ(dialogs.messages.back().text,
+              runtime::programFolder() + "/readme.txt\nを表示するプログラムが見つかりません。");
     dialogs.answerMessage(1);
     editor().tools.mnuToolOpen_Click("/missing/program");
     EXPECT_EQ(dialogs.messages.back().text, "ファイルが見つかりません。");
     EXPECT_EQ(dialogs.messages.back().style, 48);
 }
 
-TEST_F(ToolsTest, TheDocumentIsPostedInItsOwnEncoding) {
-    QTcpServer server;
-    ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
-    QByteArray received;
-    QObject::connect(&server, &QTcpServer::newConnection, &server, [&] {
-        QTcpSocket *socket = server.nextPendingConnection();
-        QObject::connect(socket, &QTcpSocket::readyRead, socket, [&received, socket] {
-            received += socket->readAll();
-            if (received.contains("</r>"))
-                socket->write(
-                    "HTTP/1.1 500 No\r\nContent-Length: 2\r\nConnection: close\r\n\r\nno");
+/// Answers each request that it gets in full with what the test has queued, and records it.
+class Server : public QTcpServer {
+public:
+    Server() {
+        listen(QHostAddress::LocalHost);
+        connect(this, &QTcpServer::newConnection, this, [this] {
+            QTcpSocket *socket = nextPendingConnection();
+            connect(socket, &QTcpSocket::readyRead, this, [this, socket] { read(socket); });
         });
-    });
+    }
+    QString address(const QString &path) const {
+        return QString("http://127.0.0.1:%1%2").arg(serverPort()).arg(path);
+    }
+
+    std::deque<QByteArray> answers;
+    QByteArrayList received;
+    /// How much of an endless answer was taken.
+    qint64 taken = 0;
+
+private:
+    void read(QTcpSocket *socket) {
+        QByteArray request = socket->property("request").toByteArray() + socket->readAll();
+        socket->setProperty("request", request);
+        const bool complete =
+            request.startsWith("GET") ? request.contains("\r\n\r\n") : request.contains("</r>");
+        if (!complete || answers.empty())
+            return;
+        received.append(request);
+        const QByteArray answer = answers.front();
+        answers.pop_front();
+        if (answer == "endless")
+            return sendEndlessly(socket);
+        socket->write("HTTP/1.1 " + answer +
+                      "\r\nContent-Length: 2\r\nConnection: close\r\n\r\nno");
+    }
+    void sendEndlessly(QTcpSocket *socket) {
+        const auto more = [this, socket] {
+            while (socket->isValid() && socket->bytesToWrite() < 1 << 20)
+                taken += socket->write(QByteArray(1 << 16, 'x'));
+        };
+        socket->write("HTTP/1.1 200 OK\r\nConnection: close\r\n\r\n");
+        connect(socket, &QTcpSocket::bytesWritten, this, more);
+    }
+};
+
+TEST_F(ToolsTest, TheDocumentIsPostedInItsOwnEncoding) {
+    Server server;
+    server.answers = {"500 No"};
     open("<?xml version='1.0' encoding='Shift_JIS'?><r>\x82\xA0</r>");
-    dialogs.answerInput(QString("http://127.0.0.1:%1/in").arg(server.serverPort()));
+    dialogs.answerInput(server.address("/in"));
     editor().tools.mnuToolSend_Click();
     EXPECT_EQ(dialogs.prompts.back(), "URL?");
+    const QByteArray received = server.received.value(0);
     EXPECT_TRUE(received.startsWith("POST /in HTTP/1.1\r\n")) << received.toStdString();
     EXPECT_TRUE(received.toLower().contains("content-type: text/xml; charset=shift_jis"));
     EXPECT_TRUE(received.endsWith("<?xml version='1.0' encoding='Shift_JIS'?><r>\x82\xA0</r>"));
     EXPECT_EQ(dialogs.messages.size(), 0u) << "the answer is not shown";
 
     server.close();
-    for (const QString &address : {QString("http://127.0.0.1:%1/").arg(server.serverPort()),
-                                   QString("no address"), QString("file:///etc/passwd")}) {
+    for (const QString &address :
+         {server.address("/"), QString("no address"), QString("file:///etc/passwd")}) {
         dialogs.answerInput(address);
         EXPECT_THROW(editor().tools.mnuToolSend_Click(), runtime::Error) << address.toStdString();
     }
     dialogs.answerInput("");
     editor().tools.mnuToolSend_Click();
+}
+
+TEST_F(ToolsTest, ARedirectToAnotherPlaceAsksFirst) {
+    Server server;
+    Server other;
+    open("<r/>");
+    type("<r></r>");
+    const auto send = [&] {
+        dialogs.answerInput(server.address("/"));
+        editor().tools.mnuToolSend_Click();
+    };
+    const QByteArray elsewhere = other.address("/x").toLatin1();
+    // To the same place as HTTP has it: 307 repeats the body, 303 does not.
+    server.answers = {"307 R\r\nLocation: /again", "303 R\r\nLocation: /done", "200 OK"};
+    send();
+    EXPECT_TRUE(server.received.value(1).startsWith("POST /again "));
+    EXPECT_TRUE(server.received.value(1).endsWith("<r></r>"));
+    EXPECT_TRUE(server.received.value(2).startsWith("GET /done "));
+    EXPECT_EQ(dialogs.messages.size(), 0u);
+    for (const char *code : {"307 R", "302 R"}) {
+        server.answers = {code + QByteArray("\r\nLocation: ") + elsewhere};
+        dialogs.answerMessage(7);
+        EXPECT_THROW(send(), runtime::Error) << code;
+        EXPECT_EQ(dialogs.messages.back().style, 292);
+        EXPECT_TRUE(dialogs.messages.back().text.contains(other.address("/x")));
+    }
+    EXPECT_EQ(other.received.size(), 0) << "refused, so nothing goes there";
+    server.answers = {"308 R\r\nLocation: " + elsewhere};
+    other.answers = {"200 OK"};
+    dialogs.answerMessage(6);
+    send();
+    EXPECT_TRUE(other.received.value(0).endsWith("<r></r>"));
+    server.answers = {"307 R\r\nLocation: file:///etc/passwd"};
+    EXPECT_THROW(send(), runtime::Error);
+    server.answers.assign(20, "307 R\r\nLocation: /again");
+    EXPECT_THROW(send(), runtime::Error) << "in a circle";
+}
+
+TEST_F(ToolsTest, AnAnswerWithoutEndIsCutShort) {
+    Server server;
+    open("<r></r>");
+    server.answers = {"endless"};
+    dialogs.answerInput(server.address("/"));
+    editor().tools.mnuToolSend_Click();
+    EXPECT_GE(server.taken, system::LongestAnswer);
+    EXPECT_LT(server.taken, 4 * system::LongestAnswer);
+}
+
+TEST(ShellTest, TellsThatTheDesktopFoundNoViewer) {
+    QTemporaryDir folder;
+    QFile opener(folder.filePath("xdg-open"));
+    ASSERT_TRUE(opener.open(QIODevice::WriteOnly));
+    opener.write("#!/bin/sh\nexit $1\n");
+    opener.close();
+    opener.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    const QByteArray before = qgetenv("PATH");
+    qputenv("PATH", folder.path().toLocal8Bit() + ':' + before);
+    int failures = 0;
+    const auto failed = [&] { ++failures; };
+    system::Shell().openOnDesktop("0", failed);
+    system::Shell().openOnDesktop("3", failed);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return failures == 1; }));
+    qputenv("PATH", folder.path().toLocal8Bit());
+    opener.remove();
+    EXPECT_THROW(system::Shell().openOnDesktop("0", failed), runtime::Error);
+    qputenv("PATH", before);
 }
 
 TEST_F(ToolsTest, ShowingTextKeepsWhatIsExpandedAndSelected) {
