@@ -154,8 +154,10 @@ void frmMain::connectPreview() {
 void frmMain::showValidationErrors() {
     const std::vector<preview::ValidationError> &errors = editor_->validation.errors();
     validationList_->setErrors(errors);
-    validationButton_->setText(
-        resources::texts::ValidationListButton.toString().arg(errors.size()));
+    const QStringView text = editor_->validation.hasMoreErrors()
+                                 ? resources::texts::ValidationListButtonMore
+                                 : resources::texts::ValidationListButton;
+    validationButton_->setText(text.toString().arg(errors.size()));
     validationButton_->setVisible(!errors.empty());
     if (errors.empty())
         validationList_->hide();

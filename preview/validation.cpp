@@ -110,13 +110,15 @@ void Validation::VerifyDocument() {
     }
     clearStatus.dismiss();
     if (errors_.empty())
-        Q_EMIT statusText(resources::messageText(resources::message::ValidationSucceeded));
+        showSuccess();
     else
         showFirst();
 }
 
 void Validation::clear() {
     errors_.clear();
+    hasMoreErrors_ = false;
+    warnings_.clear();
     Q_EMIT errorsChanged();
 }
 
@@ -130,7 +132,7 @@ QByteArray Validation::findings(Validate validate) const {
     QByteArray bytes;
     QDataStream stream(&bytes, QIODevice::WriteOnly);
     for (std::size_t i = 0; i < found.size(); ++i)
-        stream << found[i].reason << found[i].line << positions[i];
+        stream << found[i].reason << found[i].line << found[i].isWarning << positions[i];
     return bytes;
 }
 
@@ -194,8 +196,16 @@ void Validation::take(const QByteArray &findings) {
     QDataStream stream(findings);
     while (!stream.atEnd()) {
         ValidationError error;
-        stream >> error.reason >> error.line >> positions.emplace_back();
-        errors_.push_back(error);
+        bool isWarning = false;
+        qint64 position = -1;
+        stream >> error.reason >> error.line >> isWarning >> position;
+        hasMoreErrors_ = hasMoreErrors_ || (!isWarning && errors_.size() == xml::MaxSchemaErrors);
+        if (isWarning) {
+            warnings_.append(error.reason);
+        } else if (!hasMoreErrors_) {
+            errors_.push_back(error);
+            positions.push_back(position);
+        }
     }
     if (errors_.empty())
         return;
@@ -208,6 +218,11 @@ void Validation::take(const QByteArray &findings) {
         errors_[i].node = nodes[static_cast<std::size_t>(at)];
     }
     Q_EMIT errorsChanged();
+}
+
+void Validation::showSuccess() {
+    const QString succeeded = resources::messageText(resources::message::ValidationSucceeded);
+    Q_EMIT statusText((QStringList(succeeded) + warnings_).join(QLatin1Char(' ')));
 }
 
 void Validation::showFirst() {

@@ -48,6 +48,8 @@ public:
     /// What the latest validation has found, at most xml::MaxSchemaErrors; empty after a success,
     /// and when it could not be carried out.
     const std::vector<ValidationError> &errors() const { return errors_; }
+    /// Whether there are more errors than errors() has.
+    bool hasMoreErrors() const { return hasMoreErrors_; }
 
 Q_SIGNALS:
     /// A text for the status bar.
@@ -75,6 +77,7 @@ private:
     void loadWorkingCopy(xml::DOMDocument40 &copy) const;
     void take(const QByteArray &findings);
     void showFirst();
+    void showSuccess();
 
     document::DocumentState &state_;
     const system::WorkingFolder &workingFolder_;
@@ -84,6 +87,9 @@ private:
     /// Where it was chosen: what belongs to it stands there.
     QString schemaFolder_;
     std::vector<ValidationError> errors_;
+    bool hasMoreErrors_ = false;
+    /// What the schema wanted and was not there.
+    QStringList warnings_;
 };
 
 } // namespace quillon::preview

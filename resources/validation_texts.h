@@ -60,14 +60,27 @@ inline const QString InvalidElementValue =
     QStringLiteral("スキーマによると、要素 '%1' の値 '%2' が正しくありません。");
 inline const QString InvalidAttributeValue =
     QStringLiteral("スキーマによると、要素 '%1' の属性 '%2' の値 '%3' が正しくありません。");
-inline const QString FacetLength = QStringLiteral("長さが制限を満たしていません。");
-inline const QString FacetRange = QStringLiteral("値が許容範囲にありません。");
-inline const QString FacetDigits = QStringLiteral("桁数が多すぎます。");
-inline const QString FacetPattern = QStringLiteral("値がパターンと一致しません。");
-inline const QString FacetEnumeration =
-    QStringLiteral("値が列挙されている値のいずれでもありません。");
-inline const QString IdentityConstraint =
-    QStringLiteral("要素 '%1' が一意性またはキー参照の制約を満たしていません。");
+// What follows these. %1 is the limit, %2 what the value has.
+inline const QString FacetLength = QStringLiteral("長さは %1 でなければなりませんが、%2 です。");
+inline const QString FacetMinLength =
+    QStringLiteral("長さは %1 以上でなければなりませんが、%2 です。");
+inline const QString FacetMaxLength =
+    QStringLiteral("長さは %1 以下でなければなりませんが、%2 です。");
+inline const QString FacetMinInclusive = QStringLiteral("%1 以上の値が必要です。");
+inline const QString FacetMaxInclusive = QStringLiteral("%1 以下の値が必要です。");
+inline const QString FacetMinExclusive = QStringLiteral("%1 より大きい値が必要です。");
+inline const QString FacetMaxExclusive = QStringLiteral("%1 より小さい値が必要です。");
+inline const QString FacetTotalDigits = QStringLiteral("桁数は %1 桁までです。");
+inline const QString FacetFractionDigits = QStringLiteral("小数部は %1 桁までです。");
+inline const QString FacetPattern = QStringLiteral("値がパターン '%1' と一致しません。");
+inline const QString FacetEnumeration = QStringLiteral("使用できる値: %1");
+// %1 is the element, %2 the value, %3 the name of the constraint.
+inline const QString DuplicateKey =
+    QStringLiteral("要素 '%1' の値 %2 は、一意性の制約 '%3' に反して重複しています。");
+inline const QString UnmatchedKeyRef =
+    QStringLiteral("要素 '%1' の値 %2 は、キー参照 '%3' が指すキーのいずれとも一致しません。");
+inline const QString IncompleteKey =
+    QStringLiteral("要素 '%1' に、キー '%2' に必要な値がありません。");
 inline const QString AbstractElement =
     QStringLiteral("要素 '%1' は抽象要素または抽象型なので、ドキュメントに置くことはできません。");
 inline const QString InvalidNil =
@@ -75,9 +88,13 @@ inline const QString InvalidNil =
 inline const QString InvalidInstanceType =
     QStringLiteral("要素 '%1' の xsi:type 属性の型が正しくありません。");
 inline const QString OtherSchemaViolation =
-    QStringLiteral("要素 '%1' はスキーマの制約を満たしていません (%2)。");
+    QStringLiteral("要素 '%1' はスキーマの制約を満たしていません (エラー番号 %2)。");
 inline const QString DtdViolation =
-    QStringLiteral("要素 '%1' は DTD の制約を満たしていません (%2)。");
+    QStringLiteral("要素 '%1' は DTD の制約を満たしていません (エラー番号 %2)。");
+inline const QString SchemaViolation =
+    QStringLiteral("ドキュメントは DTD/スキーマの制約を満たしていません (エラー番号 %1)。");
+inline const QString UndeclaredEntity =
+    QStringLiteral("属性 '%1' が参照している実体 '%2' は、DTD で宣言されていません。");
 
 // Schemas that cannot be used.
 inline const QString CannotLoadSchema = QStringLiteral("スキーマ '%1' を読み込めません。\n%2");
@@ -87,11 +104,16 @@ inline const QString SchemaNotFound =
 inline const QString NotAnXsd = QStringLiteral("XML スキーマ (XSD) ではありません。");
 inline const QString TargetNamespace = QStringLiteral(
     "スキーマに対象の名前空間 '%1' があるため、名前空間なしの検証には使用できません。");
-inline const QString SchemaFault =
-    QStringLiteral("スキーマまたは DTD の定義が正しくありません (%1)。");
 inline const QString ExpansionLimit =
     QStringLiteral("実体の展開が大きすぎるため、検証を中止しました。");
-inline const QString ParserFault = QStringLiteral("XML の構文が正しくありません (%1)。");
+/// Where it is the document itself that cannot be read for validation.
+inline const QString DocumentFault = QStringLiteral("ドキュメントを検証できませんでした。\n%1");
+/// A file or a namespace that a schema imports; after the message of success, or what the missing
+/// declarations lead to.
+inline const QString MissingImport =
+    QStringLiteral("スキーマが取り込む '%1' が見つからないため、その宣言を使わずに検証しました。");
+inline const QString MissingImportOfFault =
+    QStringLiteral("スキーマが取り込む '%1' が見つかりません。");
 inline const QString ValidatorFailed = QStringLiteral("検証を実行できませんでした。");
 
 // XDR schemas.

@@ -16,6 +16,12 @@ struct Releaser {
     }
 };
 
+/// A text that libxml2 has allocated. Its function to release one is a variable.
+struct TextReleaser {
+    void operator()(xmlChar *text) const { xmlFree(text); }
+};
+using LibxmlText = std::unique_ptr<xmlChar, TextReleaser>;
+
 using XmlDocument = std::unique_ptr<xmlDoc, Releaser<xmlFreeDoc>>;
 
 /// The library's UTF-8 character type.

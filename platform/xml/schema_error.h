@@ -21,6 +21,7 @@ constexpr qint32 InvalidAttribute = static_cast<qint32>(0xC00CE017);
 constexpr qint32 TextNotAllowed = static_cast<qint32>(0xC00CE018);
 constexpr qint32 MissingAttribute = static_cast<qint32>(0xC00CE020);
 constexpr qint32 InvalidDatatype = static_cast<qint32>(0xC00CE201);
+constexpr qint32 MissingImport = static_cast<qint32>(0xC00CE203);
 constexpr qint32 NoSchemaFound = static_cast<qint32>(0xC00CE224);
 } // namespace schema_error
 
@@ -35,9 +36,11 @@ struct SchemaError {
     Node node;
     /// 1-based line of the element in the text that the document was read from; 0 when unknown.
     int line = 0;
+    /// Not against the schema: something that the schema wanted was not there.
+    bool isWarning = false;
 };
 
-/// No more errors than these are collected.
+/// No more errors than these are kept. Validators return one more where there are more.
 inline constexpr std::size_t MaxSchemaErrors = 1000;
 
 /// Sets the lines of errors whose nodes belong to one document. Cheapest when they stand in

@@ -1,7 +1,9 @@
 #include "platform/xml/schema_message.h"
 
+#include "platform/xml/libxml_handles.h"
 #include "platform/xml/qualified_name.h"
 #include "platform/xml/schema_error.h"
+#include "platform/xml/schema_fault.h"
 #include "resources/validation_texts.h"
 
 #include <QRegularExpression>
@@ -28,14 +30,28 @@ QString elementName(const xmlNode *node) {
     return node->ns && node->ns->prefix ? toString(node->ns->prefix) + u':' + name : name;
 }
 
+/// Longer values are cut.
+constexpr qsizetype LongestValue = 80;
+
+QString shortened(const QString &value) {
+    return value.size() <= LongestValue ? value : value.left(LongestValue) + u'…';
+}
+
+/// Takes over what the library has allocated.
+QString taken(xmlChar *value) {
+    const QString result = toString(value);
+    xmlFree(value);
+    return shortened(result);
+}
+
 QString attributeValue(const xmlNode *node, const QString &name) {
     if (!node || node->type != XML_ELEMENT_NODE)
         return {};
-    xmlChar *value =
-        xmlGetProp(node, reinterpret_cast<const xmlChar *>(localNameOf(name).toUtf8().constData()));
-    const QString result = toString(value);
-    xmlFree(value);
-    return result;
+    return taken(xmlGetProp(node, utf8(localNameOf(name).toUtf8())));
+}
+
+QString contentOf(const xmlNode *node) {
+    return node && node->type == XML_ELEMENT_NODE ? taken(xmlNodeGetContent(node)) : QString();
 }
 
 /// The part of a sentence that a pattern's group matches; empty when it does not match.
@@ -48,6 +64,11 @@ QString withExpected(const QString &reason, QString expected) {
     return expected.isEmpty() ? reason : reason + u'\n' + text::Expecting.arg(expected);
 }
 
+/// libxml2's own sentence, which is English.
+QString libxmlSentence(const xmlError &error) {
+    return QString::fromUtf8(error.message).trimmed();
+}
+
 /// What a report of the XML Schema validator is about.
 struct XsdReport {
     explicit XsdReport(const xmlError &error) : sentence(libxmlSentence(error)) {
@@ -55,7 +76,7 @@ struct XsdReport {
             QStringLiteral("^Element '(?:\\{[^}]*\\})?([^']*)'"
                            "(?:, attribute '(?:\\{[^}]*\\})?([^']*)')?: "));
         const QRegularExpressionMatch match = head.match(sentence);
-        const auto *node = static_cast<const xmlNode *>(error.node);
+        node = static_cast<const xmlNode *>(error.node);
         element = elementName(node);
         if (element.isEmpty())
             element = match.captured(1);
@@ -68,23 +89,47 @@ struct XsdReport {
 
     /// An invalid value, with what is wrong with it.
     SchemaMessage invalidValue(const QString &detail) const {
-        QString value = captured(body, "[Vv]alue '([^']*)'");
-        if (value.isEmpty())
-            value = captured(body, "^'([^']*)'");
-        const QString base = attribute.isEmpty()
-                                 ? text::InvalidElementValue.arg(element, value)
-                                 : text::InvalidAttributeValue.arg(element, attribute, value);
-        const qint32 code =
-            attribute.isEmpty() ? schema_error::InvalidDatatype : schema_error::InvalidAttribute;
-        return {code, base + detail};
+        return attribute.isEmpty()
+                   ? SchemaMessage{schema_error::InvalidDatatype,
+                                   text::InvalidElementValue.arg(element, contentOf(node)) + detail}
+                   : SchemaMessage{schema_error::InvalidAttribute,
+                                   text::InvalidAttributeValue.arg(
+                                       element, attribute, attributeValue(node, attribute)) +
+                                       detail};
     }
 
     SchemaMessage invalidDatatype() const {
         const QString type = captured(body, "type '([^']*)'");
+        const QString value =
+            attribute.isEmpty() ? contentOf(node) : attributeValue(node, attribute);
+        // What may be an ID is none only where it stands for another element already.
+        if (type == QLatin1String("xs:ID") && xmlValidateNCName(utf8(value.toUtf8()), 1) == 0)
+            return {schema_error::InvalidAttribute,
+                    text::DuplicateId.arg(value.trimmed(), element)};
         if (!attribute.isEmpty() || type.isEmpty())
             return invalidValue({});
-        return {schema_error::InvalidDatatype,
-                text::InvalidDatatype.arg(captured(body, "^'([^']*)'"), type, element)};
+        return {schema_error::InvalidDatatype, text::InvalidDatatype.arg(value, type, element)};
+    }
+
+    SchemaMessage violatedKey(const xmlError &error) const {
+        const auto message = [](const QString &reason) {
+            return SchemaMessage{schema_error::InvalidContent, reason};
+        };
+        const QString key = captured(body, "key-sequence (\\[.*\\])");
+        const QString constraint = captured(body, "(?:constraint|keyref) '([^']*)'");
+        if (body.startsWith(QLatin1String("No match")))
+            return message(text::UnmatchedKeyRef.arg(element, key, constraint));
+        if (body.startsWith(QLatin1String("Duplicate")))
+            return message(text::DuplicateKey.arg(element, key, constraint));
+        if (body.startsWith(QLatin1String("Not all")))
+            return message(text::IncompleteKey.arg(element, constraint));
+        return other(error);
+    }
+
+    SchemaMessage other(const xmlError &error) const {
+        return {schema_error::InvalidContent,
+                element.isEmpty() ? text::SchemaViolation.arg(error.code)
+                                  : text::OtherSchemaViolation.arg(element).arg(error.code)};
     }
 
     SchemaMessage invalidContent() const {
@@ -97,6 +142,7 @@ struct XsdReport {
     }
 
     QString sentence;
+    const xmlNode *node = nullptr;
     QString element;
     /// Empty when the report is not about an attribute.
     QString attribute;
@@ -106,24 +152,37 @@ struct XsdReport {
     QString body;
 };
 
-QString facetDetail(int code) {
-    switch (code) {
+/// What a facet asks for; empty for an error about something else.
+QString facetDetail(const xmlError &error) {
+    const QString second = shortened(QString::fromUtf8(error.str2));
+    const auto length = [&](const QString &text) {
+        const QString sentence = libxmlSentence(error);
+        return text.arg(captured(sentence, "length of '(\\d+)'\\.$"),
+                        captured(sentence, "has a length of '(\\d+)'"));
+    };
+    switch (error.code) {
     case XML_SCHEMAV_CVC_LENGTH_VALID:
+        return length(text::FacetLength);
     case XML_SCHEMAV_CVC_MINLENGTH_VALID:
+        return length(text::FacetMinLength);
     case XML_SCHEMAV_CVC_MAXLENGTH_VALID:
-        return text::FacetLength;
+        return length(text::FacetMaxLength);
     case XML_SCHEMAV_CVC_MININCLUSIVE_VALID:
+        return text::FacetMinInclusive.arg(second);
     case XML_SCHEMAV_CVC_MAXINCLUSIVE_VALID:
+        return text::FacetMaxInclusive.arg(second);
     case XML_SCHEMAV_CVC_MINEXCLUSIVE_VALID:
+        return text::FacetMinExclusive.arg(second);
     case XML_SCHEMAV_CVC_MAXEXCLUSIVE_VALID:
-        return text::FacetRange;
+        return text::FacetMaxExclusive.arg(second);
     case XML_SCHEMAV_CVC_TOTALDIGITS_VALID:
+        return text::FacetTotalDigits.arg(second);
     case XML_SCHEMAV_CVC_FRACTIONDIGITS_VALID:
-        return text::FacetDigits;
+        return text::FacetFractionDigits.arg(second);
     case XML_SCHEMAV_CVC_PATTERN_VALID:
-        return text::FacetPattern;
+        return text::FacetPattern.arg(second);
     case XML_SCHEMAV_CVC_ENUMERATION_VALID:
-        return text::FacetEnumeration;
+        return text::FacetEnumeration.arg(second);
     default:
         return {};
     }
@@ -139,10 +198,6 @@ SchemaMessage dtdContentMessage(const QString &element, const QString &sentence)
 }
 
 } // namespace
-
-QString libxmlSentence(const xmlError &error) {
-    return QString::fromUtf8(error.message).trimmed();
-}
 
 SchemaMessage dtdMessage(const xmlError &error) {
     const auto *node = static_cast<const xmlNode *>(error.node);
@@ -169,11 +224,15 @@ SchemaMessage dtdMessage(const xmlError &error) {
         return {schema_error::UndefinedAttribute, text::UndefinedAttribute.arg(attribute, element)};
     case XML_DTD_MISSING_ATTRIBUTE:
         return {schema_error::MissingAttribute, text::MissingAttribute.arg(attribute, element)};
+    case XML_DTD_UNKNOWN_ENTITY:
+        return {schema_error::InvalidAttribute,
+                text::UndeclaredEntity.arg(attribute, QString::fromUtf8(error.str2))};
+    case XML_DTD_UNKNOWN_NOTATION:
     case XML_DTD_ATTRIBUTE_VALUE:
     case XML_DTD_NOTATION_VALUE:
-    case XML_DTD_UNKNOWN_NOTATION:
-    case XML_DTD_UNKNOWN_ENTITY:
     case XML_DTD_ENTITY_TYPE:
+        if (element.isEmpty())
+            return {schema_error::InvalidAttribute, dtdDeclarationFault(error)};
         return {schema_error::InvalidAttribute,
                 text::InvalidAttribute.arg(attribute, element, attributeValue(node, attribute))};
     case XML_DTD_UNKNOWN_ID:
@@ -183,7 +242,9 @@ SchemaMessage dtdMessage(const xmlError &error) {
         return {schema_error::InvalidAttribute,
                 text::DuplicateId.arg(captured(sentence, "^ID (\\S+)"), element)};
     default:
-        return {schema_error::InvalidContent, text::DtdViolation.arg(element, sentence)};
+        return {schema_error::InvalidContent,
+                element.isEmpty() ? dtdDeclarationFault(error)
+                                  : text::DtdViolation.arg(element).arg(error.code)};
     }
 }
 
@@ -238,12 +299,11 @@ SchemaMessage xsdMessage(const xmlError &error) {
     case XML_SCHEMAV_CVC_DATATYPE_VALID_1_2_3:
         return report.invalidDatatype();
     case XML_SCHEMAV_CVC_IDC:
-        return {schema_error::InvalidContent, text::IdentityConstraint.arg(report.element)};
+        return report.violatedKey(error);
     default:
-        if (const QString detail = facetDetail(error.code); !detail.isEmpty())
+        if (const QString detail = facetDetail(error); !detail.isEmpty())
             return report.invalidValue(detail);
-        return {schema_error::InvalidContent,
-                text::OtherSchemaViolation.arg(report.element, report.body)};
+        return report.other(error);
     }
 }
 

@@ -17,7 +17,5 @@ struct SchemaMessage {
 SchemaMessage dtdMessage(const xmlError &error);
 /// Of a document that does not keep to its XML Schema.
 SchemaMessage xsdMessage(const xmlError &error);
-/// libxml2's own English sentence, without the line break at its end.
-QString libxmlSentence(const xmlError &error);
 
 } // namespace quillon::xml

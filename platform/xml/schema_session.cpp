@@ -79,6 +79,8 @@ QByteArray SchemaSession::addressOf(const QString &fileName) const {
 }
 
 QString SchemaSession::pathOf(const QString &url) const {
+    if (url.startsWith(BuiltInSchemas))
+        return QStringLiteral(":/schemas/") + url.mid(BuiltInSchemas.size());
     const QUrl address(url);
     const QString path = address.isLocalFile() ? address.toLocalFile() : folder_ + u'/' + url;
     const QString name = QDir(folder_).relativeFilePath(path);
@@ -90,7 +92,9 @@ xmlParserInput *SchemaSession::open(const QString &path, const QByteArray &url,
     QFile file(path);
     if (path.isEmpty() || !file.open(QIODevice::ReadOnly))
         return nullptr;
-    const QByteArray text = decodedForLibxml(file.readAll().toStdString());
+    QByteArray text = decodedForLibxml(file.readAll().toStdString());
+    if (prepare && !text.isNull())
+        text = prepare(text, QString::fromUtf8(url));
     if (text.isNull() || text.size() > std::numeric_limits<int>::max())
         return nullptr;
     xmlParserInputBuffer *buffer = xmlParserInputBufferCreateMem(
@@ -189,7 +193,7 @@ quint64 SchemaSession::expandedSize(const xmlEntity *entity, int depth) {
     return size;
 }
 
-XmlDocument SchemaSession::parse(QByteArray utf8, bool loadDtd, Entities entities) {
+XmlDocument SchemaSession::parse(QByteArray utf8, bool loadDtd) {
     const std::unique_ptr<xmlParserCtxt, Releaser<xmlFreeParserCtxt>> context(xmlNewParserCtxt());
     context_ = context.get();
     elementCount_ = 0;
@@ -203,12 +207,10 @@ XmlDocument SchemaSession::parse(QByteArray utf8, bool loadDtd, Entities entitie
     context_->sax->getParameterEntity = getParameterEntity;
     context_->sax->resolveEntity = resolveEntity;
     // XML_PARSE_HUGE lets documents nest deeply; the expansion of entities is bounded here instead.
-    int options = XML_PARSE_NONET | XML_PARSE_HUGE | XML_PARSE_BIG_LINES;
+    int options = XML_PARSE_NONET | XML_PARSE_HUGE | XML_PARSE_BIG_LINES | XML_PARSE_NOENT;
     options |= loadDtd ? XML_PARSE_DTDLOAD : 0;
-    options |= entities == Entities::Replace ? XML_PARSE_NOENT : 0;
     XmlDocument doc(xmlCtxtReadMemory(context_, utf8.constData(), static_cast<int>(utf8.size()),
-                                      addressOf(QStringLiteral("document.xml")).constData(),
-                                      "UTF-8", options));
+                                      addressOf(DocumentName).constData(), "UTF-8", options));
     context_ = nullptr;
     if (expanded_ > expansionLimit_)
         throw runtime::Error(runtime::error_number::Fail,
@@ -218,8 +220,10 @@ XmlDocument SchemaSession::parse(QByteArray utf8, bool loadDtd, Entities entitie
 
 qint64 SchemaSession::elementIndex(const xmlError &error) const {
     auto *node = static_cast<const xmlNode *>(error.node);
-    if (!node && context_)
-        node = context_->node;
+    return elementIndex(node || !context_ ? node : context_->node);
+}
+
+qint64 SchemaSession::elementIndex(const xmlNode *node) {
     while (node && !(node->type == XML_ELEMENT_NODE && node->_private)) {
         // A document has other members than a node where the parent would be.
         if (node->type != XML_ELEMENT_NODE && node->type != XML_ATTRIBUTE_NODE &&

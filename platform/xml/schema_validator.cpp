@@ -2,7 +2,10 @@
 
 #include "platform/runtime/error.h"
 #include "platform/xml/qualified_name.h"
+#include "platform/xml/schema_fault.h"
+#include "platform/xml/schema_imports.h"
 #include "platform/xml/schema_message.h"
+#include "platform/xml/schema_references.h"
 #include "platform/xml/schema_session.h"
 #include "resources/validation_texts.h"
 
@@ -19,8 +22,6 @@ namespace text = resources::validation_text;
 
 namespace {
 
-const QString XsdNamespace = QStringLiteral("http://www.w3.org/2001/XMLSchema");
-
 /// Collects what a validator reports.
 class Collector {
 public:
@@ -29,21 +30,27 @@ public:
     Collector(const SchemaSession &session, Translate translate)
         : session_(session), translate_(translate) {}
 
-    void add(const xmlError &error) {
-        if (found_.size() < MaxSchemaErrors)
-            add(error, translate_(error));
+    void add(const xmlError &error) { add(error, session_.elementIndex(error)); }
+    /// `element` is its position in the document.
+    void add(const xmlError &error, qint64 element) {
+        if (!isFull())
+            add(translate_(error), element);
     }
-    void add(const xmlError &error, const SchemaMessage &message) {
-        if (message.errorCode == 0 || found_.size() == MaxSchemaErrors)
+    void add(const SchemaMessage &message, qint64 element) {
+        if (message.errorCode == 0 || isFull())
             return;
-        const Found found{message, session_.elementIndex(error)};
-        // Some faults are reported twice over.
-        if (found_.empty() || found_.back().element != found.element ||
-            found_.back().message.reason != message.reason)
-            found_.push_back(found);
+        // Some faults are reported twice over, those of declarations not one after the other.
+        const auto isKnown = [&](const Found &known) {
+            return known.element == element && known.message.reason == message.reason;
+        };
+        if (element < 0 ? std::ranges::any_of(found_, isKnown)
+                        : !found_.empty() && isKnown(found_.back()))
+            return;
+        found_.push_back({message, element});
     }
 
     bool isEmpty() const { return found_.empty(); }
+    bool isFull() const { return found_.size() > MaxSchemaErrors; }
 
     /// The errors with their elements in the document that was validated.
     std::vector<SchemaError> errorsIn(const DOMDocument40 &document) const {
@@ -80,15 +87,19 @@ private:
 /// The first report about what is no document's own fault.
 struct FirstFault {
     void note(const xmlError &error) {
-        if (!reason.isNull() || error.level < XML_ERR_ERROR || error.domain == XML_FROM_NAMESPACE)
+        // A pattern that cannot be compiled is reported once more, with its place.
+        if (!reason.isNull() || error.level < XML_ERR_ERROR || error.domain == XML_FROM_NAMESPACE ||
+            error.domain == XML_FROM_REGEXP)
             return;
-        reason = (error.domain == XML_FROM_PARSER ? text::ParserFault : text::SchemaFault)
-                     .arg(libxmlSentence(error));
+        reason = schemaFault(error);
         line = error.line;
         file = QFileInfo(QUrl(QString::fromUtf8(error.file)).path()).fileName();
     }
 
+    /// `schemaName` stands for a file whose name is not known.
     [[noreturn]] void raise(const QString &schemaName) const {
+        if (file == DocumentName)
+            throw runtime::Error(runtime::error_number::Fail, text::DocumentFault.arg(reason));
         raiseSchemaError(file.isEmpty() ? schemaName : file, line,
                          reason.isNull() ? text::SchemaNotFound : reason);
     }
@@ -121,33 +132,59 @@ using SchemaParser = std::unique_ptr<xmlSchemaParserCtxt, Releaser<xmlSchemaFree
 using SchemaValidator = std::unique_ptr<xmlSchemaValidCtxt, Releaser<xmlSchemaFreeValidCtxt>>;
 using DtdValidator = std::unique_ptr<xmlValidCtxt, Releaser<xmlFreeValidCtxt>>;
 
-Schema compileXsd(SchemaSession &session, const QString &name) {
+Schema compileXsd(SchemaSession &session, const QString &name, const SchemaImports &imports) {
     FirstFault fault;
     session.report = [&](const xmlError &error) { fault.note(error); };
     const SchemaParser context(xmlSchemaNewParserCtxt(session.addressOf(name).constData()));
     Schema schema(context ? xmlSchemaParse(context.get()) : nullptr);
     session.report = {};
-    if (!schema)
-        fault.raise(name);
-    return schema;
+    session.prepare = {};
+    if (schema)
+        return schema;
+    QStringList missing = imports.missing();
+    if (!session.missing().isNull())
+        missing.append(session.missing());
+    for (const QString &file : std::as_const(missing))
+        fault.reason += u'\n' + text::MissingImportOfFault.arg(file);
+    fault.raise(name);
 }
 
-/// Parses a document. A reference to an entity that is not defined is an error of the document,
-/// anything else one for `fault`.
+/// Parses a document, with its entities in their places: what they hold is part of what is
+/// validated. A reference to an entity that is not defined is an error of the document, anything
+/// else one for `fault`.
 XmlDocument parseDocument(SchemaSession &session, const DOMDocument40 &document, bool byDtd,
                           Collector &collector, FirstFault &fault) {
     session.report = [&](const xmlError &error) {
         if (error.code == XML_WAR_UNDECLARED_ENTITY || error.code == XML_ERR_UNDECLARED_ENTITY)
-            collector.add(error, {schema_error::UndefinedEntity,
-                                  text::UndefinedEntity.arg(QString::fromUtf8(error.str1))});
-        else
+            collector.add({schema_error::UndefinedEntity, schemaFault(error)},
+                          session.elementIndex(error));
+        else if (error.domain != XML_FROM_VALID && error.domain != XML_FROM_DTD)
             fault.note(error);
+        else if (byDtd && error.level >= XML_ERR_ERROR && error.code != XML_DTD_ID_REDEFINED)
+            // Of the DTD. Identifiers are looked at again when the document is validated.
+            collector.add({schema_error::InvalidContent, dtdDeclarationFault(error)}, -1);
     };
-    XmlDocument doc =
-        session.parse(document.xml(), byDtd,
-                      byDtd ? SchemaSession::Entities::Keep : SchemaSession::Entities::Replace);
+    XmlDocument doc = session.parse(document.xml(), byDtd);
     session.report = {};
     return doc;
+}
+
+/// The rules for declarations that parsing does not look at.
+void validateDeclarations(xmlValidCtxt *context, xmlDoc *doc) {
+    for (xmlNode *at = doc->extSubset->children; at; at = at->next) {
+        if (at->type == XML_ELEMENT_DECL)
+            xmlValidateElementDecl(context, doc, reinterpret_cast<xmlElement *>(at));
+        else if (at->type == XML_ATTRIBUTE_DECL)
+            xmlValidateAttributeDecl(context, doc, reinterpret_cast<xmlAttribute *>(at));
+    }
+}
+
+void reportDanglingReferences(xmlDoc *doc, Collector &collector) {
+    for (const Reference &reference : danglingReferences(doc))
+        collector.add({schema_error::UndefinedId,
+                       text::UndefinedId.arg(QString::fromUtf8(bytes(reference.attribute->name)),
+                                             reference.value)},
+                      SchemaSession::elementIndex(reference.attribute->parent));
 }
 
 } // namespace
@@ -159,16 +196,18 @@ std::vector<SchemaError> validateByDtd(const DOMDocument40 &document, const QStr
     FirstFault fault;
     const XmlDocument doc = parseDocument(session, document, true, collector, fault);
     if (!doc || !fault.reason.isNull() || !doc->extSubset)
-        fault.raise(doc && doc->intSubset ? QString::fromUtf8(reinterpret_cast<const char *>(
-                                                doc->intSubset->SystemID))
-                                          : QString());
+        fault.raise(QFileInfo(schemaPath).fileName());
     // What a missing part declares would be an error wherever it is used.
     if (!session.missing().isNull())
         raiseSchemaError(session.missing(), 0, text::SchemaNotFound);
-    session.report = [&](const xmlError &error) { collector.add(error); };
     const DtdValidator context(xmlNewValidCtxt());
     if (!context)
         raiseFailed();
+    session.report = [&](const xmlError &error) {
+        collector.add({schema_error::InvalidContent, dtdDeclarationFault(error)}, -1);
+    };
+    validateDeclarations(context.get(), doc.get());
+    session.report = [&](const xmlError &error) { collector.add(error); };
     xmlValidateDocument(context.get(), doc.get());
     session.report = {};
     return collector.errorsIn(document);
@@ -179,7 +218,8 @@ std::vector<SchemaError> validateByXsd(const DOMDocument40 &document, const QStr
     const QString name = QFileInfo(schemaPath).fileName();
     checkXsd(schemaPath, name);
     SchemaSession session(schemaPath, partFolders);
-    const Schema schema = compileXsd(session, name);
+    SchemaImports imports(session);
+    const Schema schema = compileXsd(session, name, imports);
     Collector collector(session, xsdMessage);
     FirstFault fault;
     const XmlDocument doc = parseDocument(session, document, false, collector, fault);
@@ -187,17 +227,27 @@ std::vector<SchemaError> validateByXsd(const DOMDocument40 &document, const QStr
     if (!collector.isEmpty())
         return collector.errorsIn(document);
     if (!doc)
-        throw runtime::Error(runtime::error_number::Fail, fault.reason);
+        fault.raise(DocumentName);
     const SchemaValidator context(xmlSchemaNewValidCtxt(schema.get()));
+    ElementsByLine elements(doc.get());
     session.report = [&](const xmlError &error) {
         // Not what is wrong with a schema that the document names itself.
-        if (error.domain == XML_FROM_SCHEMASV)
+        if (error.domain != XML_FROM_SCHEMASV)
+            return;
+        if (error.node)
             collector.add(error);
+        else if (!collector.isFull())
+            collector.add(error, elements.find(error));
     };
     if (!context || xmlSchemaValidateDoc(context.get(), doc.get()) < 0)
         raiseFailed();
     session.report = {};
-    return collector.errorsIn(document);
+    reportDanglingReferences(doc.get(), collector);
+    std::vector<SchemaError> found = collector.errorsIn(document);
+    for (const QString &missing : imports.missing())
+        found.push_back(
+            {schema_error::MissingImport, text::MissingImport.arg(missing), {}, 0, true});
+    return found;
 }
 
 } // namespace quillon::xml

@@ -9,7 +9,7 @@ namespace quillon::xml {
 /// Validates a document by the DTD that its DOCTYPE declaration names, which is the file
 /// `schemaPath`. What the declaration and the DTD refer to is looked up in `partFolders`, then in
 /// the DTD's own folder; nothing is read from elsewhere or from the network. Gives the errors
-/// found, at most MaxSchemaErrors, in the order in which they were found; empty for a valid
+/// found, at most one more than MaxSchemaErrors, in the order in which they were found; empty for a valid
 /// document. Raises Fail, with a reason, when a part of the DTD cannot be read, and for entities
 /// that expand beyond bounds.
 std::vector<SchemaError> validateByDtd(const DOMDocument40 &document, const QString &schemaPath,

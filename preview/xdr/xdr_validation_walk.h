@@ -80,7 +80,7 @@ private:
     static QString expected(const OpenElement &element);
     void report(qint32 code, const QString &reason);
     void report(qint32 code, const QString &reason, const xml::Node &node);
-    bool isFull() const { return errors_.size() >= xml::MaxSchemaErrors; }
+    bool isFull() const { return errors_.size() > xml::MaxSchemaErrors; }
 
     const xml::DOMDocument40 &document_;
     SchemaSet &schemas_;

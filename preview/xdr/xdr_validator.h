@@ -21,8 +21,8 @@ public:
     /// Fail, with the line, when it is no XDR schema or has faults.
     void addSchema(const QString &namespaceName, const xml::DOMDocument40 &schema);
 
-    /// The errors of a document in document order (references to missing ids at the end), at most
-    /// xml::MaxSchemaErrors; empty for a valid one. Elements of namespaces without a schema are not
+    /// The errors of a document in document order (references to missing ids at the end), at most one
+    /// more than xml::MaxSchemaErrors; empty for a valid one. Elements of namespaces without a schema are not
     /// looked at; NoSchemaFound when that goes for all of them. Raises Fail when a schema that the
     /// document names cannot be loaded.
     std::vector<xml::SchemaError> validate(const xml::DOMDocument40 &document);

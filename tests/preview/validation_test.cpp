@@ -176,6 +176,23 @@ TEST_F(ValidationTest, WhatStopsAValidationIsRaised) {
     EXPECT_THROW(validation.mnuToolVerify_Click(), runtime::Error);
 }
 
+TEST_F(ValidationTest, TellsWhatWasNotThereAndThatThereIsMore) {
+    open("<r><a>1</a></r>");
+    choose("s.xsd", QByteArray(Xsd).replace("<xs:element name='r'>",
+                                            "<xs:import namespace='urn:n' schemaLocation='n.xsd'/>"
+                                            "<xs:element name='r'>"));
+    EXPECT_EQ(status, QString(Succeeded) + " スキーマが取り込む 'n.xsd' が見つからないため、"
+                                           "その宣言を使わずに検証しました。");
+    EXPECT_TRUE(validation.errors().empty());
+    for (const int errors : {1000, 1001}) {
+        open("<r>" + QByteArray("<b/>").repeated(errors) + "</r>");
+        dialogs.answerMessage(controls::message_answer::Ok);
+        choose("s.xml", Xdr);
+        EXPECT_EQ(validation.errors().size(), 1000u);
+        EXPECT_EQ(validation.hasMoreErrors(), errors == 1001);
+    }
+}
+
 TEST_F(ValidationTest, ErrorsLeadToTheirNodes) {
     open("<r><a>1</a><a>x</a><b/><a>2</a><a>y</a></r>");
     QSignalSpy changed(&validation, &Validation::errorsChanged);
