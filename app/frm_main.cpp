@@ -67,12 +67,14 @@ void frmMain::layOut() {
     fillToolBar();
     hsp->addWidget(txtEdit);
     hsp->addWidget(ie);
-    hsp->setStretchFactor(0, 3);
-    hsp->setStretchFactor(1, 2);
     vsp->addWidget(tvw);
     vsp->addWidget(hsp);
-    vsp->setStretchFactor(0, 2);
-    vsp->setStretchFactor(1, 3);
+    // The splitters keep their places whatever becomes of the room behind them. The status bar, for
+    // one, gets taller after the window is shown.
+    for (QSplitter *splitter : {vsp, hsp}) {
+        splitter->setStretchFactor(0, 0);
+        splitter->setStretchFactor(1, 1);
+    }
     vsp->setChildrenCollapsible(false);
     setCentralWidget(vsp);
 

@@ -5,6 +5,7 @@
 #include <QMenuBar>
 #include <QSignalSpy>
 #include <QSplitter>
+#include <QStatusBar>
 #include <QTest>
 #include <QToolBar>
 
@@ -30,6 +31,27 @@ TEST_F(WindowTest, ThePathBoxReachesTheRightEdge) {
         EXPECT_EQ(cboPath().width(), holder->width());
         EXPECT_EQ(cboPath().y(), 2);
     }
+}
+
+TEST_F(WindowTest, TheSplittersStandWhereTheyStoodTheSessionBefore) {
+    const system::SettingsStore store(path("settings.ini"));
+    const auto session = [&] {
+        form = std::make_unique<app::frmMain>(true, app::Surroundings{folder.path(), store, {}});
+        show();
+        // A part of the window gets taller, as the status bar does once its font is known.
+        form->statusBar()->setMinimumHeight(form->statusBar()->height() + 10);
+        QCoreApplication::processEvents();
+        QPointer<app::frmMain> window = form.release();
+        window->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return QStringList{store.GetSetting("Application", "SplitLeft"),
+                           store.GetSetting("Application", "SplitTop")};
+    };
+    EXPECT_EQ(session(), QStringList({"6000", "5100"})) << "the places they are designed for";
+    store.SaveSetting("Application", "SplitLeft", "4515");
+    store.SaveSetting("Application", "SplitTop", "3015");
+    for (int sessions = 0; sessions < 3; ++sessions)
+        EXPECT_EQ(session(), QStringList({"4515", "3015"}));
 }
 
 TEST_F(WindowTest, MenusShowWhatApplies) {
@@ -89,6 +111,7 @@ TEST_F(WindowTest, ClosingAsksAndClearsTheWorkingFolderAway) {
     open("<r/>");
     EXPECT_FALSE(working().isEmpty());
     editor().commands.DocumentModified();
+    editor().recovery.keep();
     QPointer<app::frmMain> window = form.release();
     dialogs.answerMessage(2);
     EXPECT_FALSE(window->close());
