@@ -4,9 +4,6 @@
 #include "platform/runtime/stack_limit.h"
 #include "resources/child_process_texts.h"
 
-#include <QDeadlineTimer>
-
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -20,6 +17,7 @@
 #include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
+#include <time.h>
 #include <unistd.h>
 
 namespace quillon::xml {
@@ -33,8 +31,9 @@ namespace {
 /// then its description or the result in UTF-8.
 int reportPipe = -1;
 
-/// How often, at least, somebody is told that the child is still at work.
-constexpr qint64 ProgressMs = 50;
+/// How often, at least, somebody is told that the child is still at work, and its time is looked
+/// at.
+constexpr int ProgressMs = 50;
 
 void writeAll(const char *bytes, qsizetype size) {
     while (size > 0) {
@@ -130,18 +129,26 @@ char *duplicate(const char *string) {
 
 enum class Outcome { Finished, TimedOut, Cancelled };
 
+/// The processor time that a process has taken so far.
+std::chrono::nanoseconds processorTime(pid_t process) {
+    clockid_t clock{};
+    timespec taken{};
+    if (::clock_getcpuclockid(process, &clock) != 0 || ::clock_gettime(clock, &taken) != 0)
+        return {};
+    return std::chrono::seconds(taken.tv_sec) + std::chrono::nanoseconds(taken.tv_nsec);
+}
+
 /// Everything the child writes until it closes the pipe.
-Outcome readReport(int pipe, std::chrono::milliseconds time, const runtime::Progress &progress,
-                   QByteArray &content) {
-    const QDeadlineTimer deadline(time);
+Outcome readReport(pid_t child, int pipe, std::chrono::milliseconds time,
+                   const runtime::Progress &progress, QByteArray &content) {
     std::array<char, 65536> block;
     while (true) {
         if (progress && !progress(runtime::UnknownProgress))
             return Outcome::Cancelled;
-        if (deadline.hasExpired())
+        if (processorTime(child) > time)
             return Outcome::TimedOut;
         pollfd wait{pipe, POLLIN, 0};
-        const int ready = ::poll(&wait, 1, int(std::min(deadline.remainingTime(), ProgressMs)));
+        const int ready = ::poll(&wait, 1, ProgressMs);
         if (ready == 0)
             continue;
         const ssize_t count = ready < 0 ? -1 : ::read(pipe, block.data(), block.size());
@@ -179,7 +186,7 @@ QByteArray runInChild(const std::function<QByteArray()> &work, const ChildLimits
         runtime::raise(runtime::error_number::OutOfMemory);
     }
     QByteArray content;
-    const Outcome outcome = readReport(ends[0], limits.time, progress, content);
+    const Outcome outcome = readReport(child, ends[0], limits.time, progress, content);
     ::close(ends[0]);
     if (outcome != Outcome::Finished)
         ::kill(child, SIGKILL);

@@ -10,6 +10,7 @@
 namespace quillon::xml {
 
 struct ChildLimits {
+    /// Processor time: what else the machine does takes nothing away from the work.
     std::chrono::milliseconds time = std::chrono::seconds(60);
     /// Bytes that libxml2 may have allocated at a time.
     qint64 memory = qint64(4) << 30;

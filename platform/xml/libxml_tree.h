@@ -30,6 +30,8 @@ public:
     /// The place of a node of this copy. For a namespace node, that of the declaration; 0 for one
     /// that no attribute declares.
     static Ordinal ordinalOf(const xmlNode *node);
+    /// The last place.
+    Ordinal lastOrdinal() const { return static_cast<Ordinal>(numbers_.size()); }
     /// The number of the node in that place.
     Number numberAt(Ordinal ordinal) const { return numbers_[ordinal - 1]; }
 

@@ -56,12 +56,8 @@ struct Hit {
     bool operator==(const Hit &other) const { return ordinal == other.ordinal; }
 };
 using Hits = std::vector<Hit>;
-
-void sortOnce(Hits &hits) {
-    if (!std::is_sorted(hits.begin(), hits.end()))
-        std::sort(hits.begin(), hits.end());
-    hits.erase(std::unique(hits.begin(), hits.end()), hits.end());
-}
+/// Whether the node in each place has been found.
+using Seen = std::vector<bool>;
 
 /// One expression, evaluated from one node.
 class Query {
@@ -78,7 +74,7 @@ private:
     void declarePrefixes();
     Compiled compile(const std::string &text);
     void checkPrefixes() const;
-    void addFrom(xmlNode *node, xmlXPathCompExpr *step, Hits &hits);
+    void addFrom(xmlNode *node, xmlXPathCompExpr *step, Seen &seen, Hits &hits);
     Hits take(const std::vector<Compiled> &steps);
 
     LibxmlTree &tree_;
@@ -152,7 +148,7 @@ void Query::checkPrefixes() const {
     }
 }
 
-void Query::addFrom(xmlNode *node, xmlXPathCompExpr *step, Hits &hits) {
+void Query::addFrom(xmlNode *node, xmlXPathCompExpr *step, Seen &seen, Hits &hits) {
     context_->node = node;
     context_->opCount = 0;
     context_->opLimit = operationsLeft_;
@@ -165,8 +161,11 @@ void Query::addFrom(xmlNode *node, xmlXPathCompExpr *step, Hits &hits) {
         raiseNotNodes(expression_);
     const xmlNodeSet *found = result->nodesetval;
     for (int i = 0; found && i < found->nodeNr; ++i) {
-        if (const LibxmlTree::Ordinal ordinal = LibxmlTree::ordinalOf(found->nodeTab[i]))
+        const LibxmlTree::Ordinal ordinal = LibxmlTree::ordinalOf(found->nodeTab[i]);
+        if (ordinal != 0 && !seen[ordinal]) {
+            seen[ordinal] = true;
             hits.push_back({ordinal, found->nodeTab[i]});
+        }
     }
 }
 
@@ -174,9 +173,11 @@ Hits Query::take(const std::vector<Compiled> &steps) {
     Hits hits = {{LibxmlTree::ordinalOf(start_), start_}};
     for (const Compiled &step : steps) {
         Hits next;
+        Seen seen(std::size_t(tree_.lastOrdinal()) + 1);
         for (const Hit &hit : hits)
-            addFrom(hit.node, step.get(), next);
-        sortOnce(next);
+            addFrom(hit.node, step.get(), seen, next);
+        if (!std::is_sorted(next.begin(), next.end()))
+            std::sort(next.begin(), next.end());
         hits = std::move(next);
     }
     return hits;

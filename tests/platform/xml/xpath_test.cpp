@@ -3,6 +3,7 @@
 #include "tests/platform/xml/xml_test_support.h"
 
 #include <gmock/gmock.h>
+#include <sys/resource.h>
 
 namespace quillon::xml::test {
 
@@ -168,6 +169,9 @@ TEST(XPath, HostileExpressionsAreRefused) {
     EXPECT_THAT(failure(document.node(), predicates), HasSubstr("入れ子が深すぎ"));
     EXPECT_THAT(failure(document.node(), "//c/preceding::c/following::c"),
                 HasSubstr("処理が多すぎる"));
+    rusage ofChildren{};
+    ASSERT_EQ(::getrusage(RUSAGE_CHILDREN, &ofChildren), 0);
+    EXPECT_LT(ofChildren.ru_maxrss, 1024 * 1024) << "nodes found again do not pile up";
 }
 
 TEST(XPath, DepthIsNoObstacle) {
