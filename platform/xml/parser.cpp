@@ -1,12 +1,12 @@
 #include "platform/xml/parser.h"
 
 #include "platform/runtime/error.h"
+#include "platform/xml/expat_position.h"
 #include "platform/xml/values.h"
 #include "resources/runtime_errors.h"
 #include "resources/xml_texts.h"
 
 #include <algorithm>
-#include <expat.h>
 #include <limits>
 #include <set>
 
@@ -86,9 +86,9 @@ private:
     static int onExternalEntity(XML_Parser parser, const XML_Char *context, const XML_Char *,
                                 const XML_Char *, const XML_Char *);
 
-    Position eventStart() const { return static_cast<Position>(XML_GetCurrentByteIndex(parser_)); }
+    Position eventStart() const { return static_cast<Position>(expat::byteIndex(parser_)); }
     Position eventEnd() const {
-        return eventStart() + static_cast<Position>(XML_GetCurrentByteCount(parser_));
+        return eventStart() + static_cast<Position>(expat::byteCount(parser_));
     }
 
     /// Makes a text node of what stands between the last markup and `position`, unless it is
@@ -350,9 +350,9 @@ ParseError Parser::failure() const {
     // The end of the text without a root is reported like the end inside one.
     if (code == XML_ERROR_NO_ELEMENTS && current_ != arena_.documentNumber())
         error.reason = text::UnexpectedEnd;
-    error.line = static_cast<int>(XML_GetCurrentLineNumber(parser_));
-    error.linepos = static_cast<int>(XML_GetCurrentColumnNumber(parser_)) + 1;
-    error.filepos = std::max<qint64>(XML_GetCurrentByteIndex(parser_), 0);
+    error.line = expat::line(parser_);
+    error.linepos = expat::column(parser_) + 1;
+    error.filepos = std::max<qint64>(expat::byteIndex(parser_), 0);
     const std::size_t at = std::min(static_cast<std::size_t>(error.filepos), bytes_.size());
     const std::size_t before = at == 0 ? bytes_.npos : bytes_.rfind('\n', at - 1);
     const std::size_t lineStart = before == bytes_.npos ? 0 : before + 1;
