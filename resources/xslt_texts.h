@@ -12,58 +12,223 @@ inline constexpr QStringView AtLine = u"%1 (%2 行目)";
 inline constexpr QStringView AtLineOfFile = u"%1 (%2、%3 行目)";
 inline constexpr QStringView Terminated = u"スタイルシートが処理を中止しました。\n%1";
 inline constexpr QStringView NoMessage = u"プロセッサーは原因を示していません。";
+inline constexpr QStringView FileOutOfReach =
+    u"'%1' を読み込むことはできません。使用できるのは、スタイルシートのフォルダーと作業フォルダーに"
+    u"あるファイルだけです。";
 
-/// What the processor says most often, as a pattern, and the same in Japanese; %1 to %3 are the
-/// groups, and nothing is said for an empty text. What is not in the table is shown as it comes.
+/// Follows a message about an XPath expression.
+inline constexpr QStringView InExpression = u"%1式: %2";
+inline constexpr QStringView UnknownInstruction = u"XSLT 1.0 に xsl:%1 という要素はありません。";
+/// For a message of the processor that has no translation below.
+inline constexpr QStringView UnknownMessage =
+    u"スタイルシートの処理中に、内容を特定できないエラーが発生しました。";
+
+/// What the processor says, as a pattern, and the same in Japanese; %1 to %3 are the groups, and
+/// nothing is said for an empty text. The first pattern that fits counts.
 struct Translation {
     QStringView pattern;
     QStringView text;
 };
 inline constexpr Translation Translations[] = {
-    // These only follow others that say more.
+    // These only follow others that say more, or are no errors.
     {u"XPath evaluation returned no result\\.", u""},
-    {u"xsltLoadStyleDocument: read rights for .* denied", u""},
-    {u"Network file read for .* refused", u""},
+    {u"(?:Network|Local) file read for .* refused", u""},
+    {u"Unimplemented block at .*", u""},
+    {u"xsltCheckRead: URL parsing failed for .*", u""},
+    {u"Failed to evaluate the '(?:select|match|use)' expression\\.", u""},
+    {u"Failed to evaluate the expression of variable '.*'\\.", u""},
+    {u"Evaluating global variable .* failed", u""},
+    {u"Failed to compile predicate", u""},
+    {u"xsl:version is missing: document may not be a stylesheet", u""},
+    {u"xsl:version: only 1\\.1 features are supported", u""},
+    {u"xsltStylePreCompute: unknown xsl:.*", u""},
+    {u"xsl:number : letter-value .* not implemented", u""},
+    {u"xsl:number : lang attribute not implemented", u""},
+    {u"xsl:number : invalid value .* for (?:level|letter-value)", u""},
+    {u"xsl-number : negative value", u""},
+    {u"xsltFormatNumberConversion : .*", u""},
+    {u"xsltParseStylestyleDecimalFormat: .* already exists", u""},
+    {u"xsl:decimal-format: Invalid QName '.*'\\.", u""},
+    {u"xsl:(?:exclude-result-prefixes|extension-element-prefix) : undefined namespace .*", u""},
+    {u"xsltParseStylesheet(?:Preserve|Strip)Space: missing elements attribute", u""},
+    {u"xsltSortComp: (?:no support for data-type|invalid value) .*", u""},
+    {u"invalid value for (?:method|standalone|indent|omit-xml-declaration): .*", u""},
+    {u"xsl:(?:text|value-of) ?: disable-output-escaping allows only yes or no", u""},
+    {u"XSLT-(?:with-param|param): The content should be empty .*", u""},
+    {u"Namespaces prefix .* used for multiple namespaces", u""},
+    {u"xsltParseTemplateContent: ignoring misplaced param element", u""},
+
     // XPath
-    {u"Invalid expression", u"XPath 式の構文が正しくありません。"},
-    {u"Invalid expression: (.*)", u"XPath 式の構文が正しくありません: %1"},
-    {u"Undefined variable", u"宣言されていない変数が使用されています。"},
+    {u"Invalid expression|Invalid operand|Syntax error|Missing closing curly brace|Start of "
+     u"literal",
+     u"XPath 式の構文が正しくありません。"},
+    {u"Number encoding", u"XPath 式の数値が正しくありません。"},
+    {u"Unfinished literal", u"XPath 式の文字列が閉じていません。"},
+    {u"Expected \\$ for variable reference", u"XPath 式の '$' の後には変数名が必要です。"},
+    {u"(?:Undefined|Forbidden) variable", u"この式で使用できない変数が使用されています。"},
     {u"Undefined namespace prefix", u"宣言されていない接頭辞が使用されています。"},
-    {u"Undefined namespace prefix: (.*)", u"宣言されていない接頭辞が使用されています: %1"},
     {u"Unregistered function", u"存在しない関数が使用されています。"},
     {u"Invalid number of arguments", u"関数の引数の数が正しくありません。"},
     {u"Invalid type", u"XPath 式の値の型が正しくありません。"},
     {u"Invalid predicate", u"XPath 式の述語が正しくありません。"},
-    {u"Invalid predicate: (.*)", u"XPath 式の述語が正しくありません: %1"},
+    {u"(?:Operation|Recursion) limit exceeded",
+     u"XPath 式の評価に必要な処理が多すぎるか、入れ子が深すぎます。"},
+    {u"Memory allocation error|Stack usage error",
+     u"XPath 式の結果が大きすぎるか、メモリが不足しています。"},
+    {u"Encoding error|Char out of XML range", u"XPath 式で使用できない文字があります。"},
+    {u"Invalid context .*|Invalid or incomplete context|(?:Sub r|R)esource error",
+     u"XPath 式を評価できません。"},
     {u"Variable '(.*)' has not been declared\\.", u"変数 '%1' は宣言されていません。"},
     {u"xmlXPathCompOpEval: function (.*) not found", u"関数 '%1' はありません。"},
+    {u"xmlXPathCompOpEval: function (.*) bound to undefined prefix (.*)",
+     u"関数 '%1' の接頭辞 '%2' は宣言されていません。"},
+    {u"xmlXPathCompOpEval: variable (.*) bound to undefined prefix (.*)",
+     u"変数 '%1' の接頭辞 '%2' は宣言されていません。"},
+    {u"([a-z:-]+)\\(\\) ?: (?:invalid number of args .*|expects .*|function uses no argument)",
+     u"関数 %1() の引数の数が正しくありません。"},
+    {u"([a-z:-]+)\\(\\) ?: invalid arg.*", u"関数 %1() の引数の型が正しくありません。"},
+    {u"([a-z:-]+)\\(\\) : prefix (.*) is not bound",
+     u"関数 %1() の引数の接頭辞 '%2' は宣言されていません。"},
+    {u"document\\(\\) : .*", u"document() の引数が示すものを取得できません。"},
+    {u"format-number\\(\\) : undeclared decimal format '(.*)'",
+     u"format-number() の数値書式 '%1' は xsl:decimal-format で宣言されていません。"},
+    {u"(\\S+) : No namespace found for QName '(.*)'",
+     u"%1 の名前 '%2' の接頭辞は宣言されていません。"},
+    {u"Failed to find key definition for (.*)", u"キー '%1' は宣言されていません。"},
+    {u"Key definition for (.*) is recursive", u"キー '%1' の定義が循環しています。"},
+    {u"The '(.*)' expression d(?:id|oes) not evaluate to a node set\\.",
+     u"%1 の式の結果がノードではありません。"},
+    {u"dyn:evaluate\\(\\) : unable to evaluate expression '(.*)'",
+     u"dyn:evaluate() の式 '%1' を評価できません。"},
+
+    // Functions of the stylesheet itself
+    {u"\\{.*\\}(.*): not found", u"関数 '%1' はありません。"},
+    {u"\\{.*\\}(.*): called with too many arguments", u"関数 '%1' の引数が多すぎます。"},
+    {u"\\{.*\\}(.*): cannot write to result tree .*",
+     u"関数 '%1' の中では、結果に書き出すことはできません。"},
+    {u"func:function: not a QName", u"func:function の名前が正しくありません。"},
+    {u"func:function: undeclared prefix (.*)",
+     u"func:function の名前の接頭辞 '%1' は宣言されていません。"},
+    {u"Failed to register function \\{.*\\}(.*)", u"関数 '%1' が二重に定義されています。"},
+    {u"exsltFuncResultElem: only xsl:fallback .*",
+     u"func:result の後に書けるのは xsl:fallback だけです。"},
+    {u"func:result element not .*", u"func:result はこの位置では使用できません。"},
+    {u"func:result already instanciated", u"関数の中で func:result が 2 回実行されました。"},
+    {u"func:result content must be empty .*",
+     u"func:result に属性 select がある場合、内容を書くことはできません。"},
+
     // Instructions
-    {u"(?:XSLT-|xsl:)(\\S+?) ?: could not compile (\\S+) expression '(.*)'\\.?",
+    {u"(?:XSLT-|xsl:)(\\S+?) ?: (?:could not|Failed to) compile (\\S+) expression '(.*)'\\.?",
      u"xsl:%1 の %2 の式 '%3' が正しくありません。"},
+    {u"XSLT-variable: Failed to compile the XPath expression '(.*)'\\.",
+     u"xsl:variable の select の式 '%1' が正しくありません。"},
+    {u"xsltSortComp: could not compile select expression '(.*)'",
+     u"xsl:sort の select の式 '%1' が正しくありません。"},
     {u"(?:XSLT-|xsl:)(\\S+?) ?: (?:The attribute ')?(\\S+?)'? is (?:missing|not defined)\\.?",
      u"xsl:%1 に属性 %2 がありません。"},
-    {u"xsl:(\\S+?) ?: The (?:effective name|value) '([^']*)' (?:of the attribute 'name' )?"
-     u"is not a valid QName\\.",
+    {u"xsl:(import|include) : missing href attribute", u"xsl:%1 に属性 href がありません。"},
+    {u"xsl:(\\S+) : (?:error )?missing (\\S+)(?: attribute)?", u"xsl:%1 に属性 %2 がありません。"},
+    {u"(\\S+): (?:The attribute ')?(\\S+) (?:attribute|is) missing",
+     u"%1 に属性 %2 がありません。"},
+    {u"The attribute '(.*)' is missing\\.", u"属性 %1 がありません。"},
+    {u"xsl:(\\S+?) ?: The (?:effective name|name|value) '([^']*)' "
+     u"(?:of the attribute 'name' |in use-attribute-sets )?is not a valid QName\\.",
      u"xsl:%1 の名前 '%2' が正しくありません。"},
-    {u"XSLT-(variable|param|with-param): .*'?select'?.*",
-     u"xsl:%1 に属性 select がある場合、内容を書くことはできません。"},
-    {u"(?:xsltStylePreCompute: unknown xsl:|xsltParseStylesheetTop: unknown )(\\S+)(?: element)?",
-     u"XSLT 1.0 に xsl:%1 という要素はありません。"},
+    {u"xsl:template ?: .*(?:name|value) '(.*?)'.*",
+     u"xsl:template の名前 '%1' が正しくありません。"},
+    {u"The (?:name|value) '(.*)' (?:of the attribute '.*'|in .*) is not a valid QName\\.",
+     u"名前 '%1' が正しくありません。"},
+    {u"xsl:(\\S+?): The (?:prefixed )?QName '(.*)' has no namespace binding .*",
+     u"xsl:%1 の名前 '%2' の接頭辞は宣言されていません。"},
+    {u"xsl:attribute: The (?:effective name|attribute name) 'xmlns' is not allowed\\.|"
+     u"xsl:attribute: Namespace .* forbidden\\.",
+     u"xsl:attribute で名前空間を宣言することはできません。"},
+    {u"xsl:attribute: Cannot add attributes to an element if children .*|"
+     u"Attribute nodes must be added before any child nodes to an element\\.",
+     u"要素に内容を書き出した後で、属性を追加することはできません。"},
+    {u"Namespace nodes must be added before .*",
+     u"要素に内容を書き出した後で、名前空間の宣言を追加することはできません。"},
+    {u"Cannot add an attribute node to a non-element node\\.",
+     u"要素でないノードに属性を追加することはできません。"},
+    {u"Namespace (?:fixup|normalization) error: .*", u"結果の名前空間を宣言できません。"},
+    {u"use-attribute-set : No namespace found for QName '(.*)'",
+     u"use-attribute-sets の名前 '%1' の接頭辞は宣言されていません。"},
+    {u"xsl:attribute-set : use-attribute-sets (?:recursion|maximum).* on (.*)",
+     u"属性セット '%1' が循環しています。"},
+    {u"xsl:attribute-set : (?:unexpected child|child of unexpected type).*",
+     u"xsl:attribute-set に書けるのは xsl:attribute だけです。"},
+    {u"XSLT-variable: There must be no child nodes.*", u"xsl:variable に属性 select がある場合、内容を書くことはできません。"},
+    {u"(?:XSLT-(?:variable|param): )?Redefinition of (?:variable|parameter|variable or parameter) "
+     u"'(.*)'\\.|redefinition of global variable (.*)|Global (?:variable|parameter) (.*) already "
+     u"defined",
+     u"変数 '%1%2%3' が二重に定義されています。"},
+    {u"Recursive definition of (.*)", u"変数 '%1' の定義が循環しています。"},
+    {u"xsl(?:tParseTemplateContent: xslt)?:text content problem",
+     u"xsl:text に要素を書くことはできません。"},
+    {u"xsl:sort : is not empty", u"xsl:sort に内容を書くことはできません。"},
+    {u"xsltDoSortFunction: .* = (.*)|xsltDoSortFunction: invalid value (.*) for order",
+     u"xsl:sort の属性の値 '%1%2' が正しくありません。"},
+    {u"The number .*of xsl:sort instructions exceeds .*", u"xsl:sort が多すぎます。"},
+    {u"xsl:message : terminate expecting 'yes' or 'no'",
+     u"xsl:message の属性 terminate の値は 'yes' か 'no' でなければなりません。"},
+    {u"xsl:comment : .*", u"xsl:comment の内容に '--' を書くことはできません。"},
+    {u"xsl:processing-instruction: .*",
+     u"xsl:processing-instruction の内容に '?>' を書くことはできません。"},
     {u"xsl:choose: The instruction has no content\\.", u"xsl:choose に内容がありません。"},
-    {u"(?:The (?:XSLT-)?)?element '?(.*?)'? is not allowed "
-     u"(?:at this position|within that context)\\.?",
+    {u"xsl:choose: xsl:when expected first",
+     u"xsl:choose は xsl:when で始まらなければなりません。"},
+    {u"xsltParseStylesheetTop: unknown (\\S+)(?: element)?", UnknownInstruction},
+    {u"xsltApplySequenceConstructor: (.*) was not compiled", UnknownInstruction},
+    {u"xsltApplySequenceConstructor: failed to find extension (.*)",
+     u"拡張要素 %1 はサポートされていません。"},
+    {u"(?:Unknown extension instruction|Unexpected XSLT element) '(.*)'\\.",
+     u"要素 %1 は使用できません。"},
+    {u"(?:The (?:XSLT-)?)?element '?(.*?)'? (?:is not allowed|only allowed) .*",
      u"要素 %1 はこの位置では使用できません。"},
-    {u"Attribute '(.*)': The AVT has an unmatched '(.)'\\.",
-     u"属性 '%1' の値の '%2' に対応する括弧がありません。"},
+    {u"xsltParseStylesheetTop: ignoring misplaced import element",
+     u"xsl:import は、ほかの要素より前に書かなければなりません。"},
+    {u"Found a top-level element (.*) with null namespace URI",
+     u"最上位の要素 %1 には名前空間が必要です。"},
+    {u"misplaced text node: '(.*)'", u"この位置に文字を書くことはできません: %1"},
+    {u"xsl:call-template: misplaced (.*?)(?: element)?",
+     u"xsl:call-template の中に %1 を書くことはできません。"},
+    {u"It is an error to call 'apply-imports' .*",
+     u"xsl:apply-imports は、テンプレートの中でだけ使用できます。"},
+    {u"(?:Attribute '(.*)': The AVT has an|xsltAttrTemplateValueProcessNode:) unmatched '(.)'\\.?",
+     u"属性 %1 の値の '%2' に対応する括弧がありません。"},
+    {u"Attribute '(.*)': Failed to compile the expression '(.*)' in the AVT\\.",
+     u"属性 %1 の値の式 '%2' が正しくありません。"},
+    {u"namespace-alias: prefix (.*) not bound to any namespace|"
+     u"(?:.*)[Nn]o namespace bound to prefix '?([^' ]*)'?\\.?",
+     u"接頭辞 '%1%2' は宣言されていません。"},
+
     // Templates and other stylesheets
     {u"xsl:template: need to specify match or name attribute",
      u"xsl:template には属性 match または name が必要です。"},
     {u"xsl:template: error duplicate name '(.*)'", u"テンプレート '%1' が二重に定義されています。"},
     {u"The called template '(.*)' was not found\\.", u"テンプレート '%1' がありません。"},
-    {u"xsltCompileStepPattern : '(.)' expected", u"パターンに '%1' が必要です。"},
-    {u"xsltCompilePattern : failed to compile '(.*)'", u"パターン '%1' が正しくありません。"},
-    {u"xsl:(import|include) : unable to load (.*)", u"xsl:%1 のファイル %2 を読み込めません。"},
+    {u"xsltCompile(?:Step|LocationPath|IdKey)Pattern : '?(\\S)'? expected",
+     u"パターンに '%1' が必要です。"},
+    {u"xsltCompile(?:Step|LocationPath|IdKey)Pattern : .*", u"パターンの構文が正しくありません。"},
+    {u"xsltCompilePattern : failed to compile '(.*)'|xsl:key : 'match' pattern is malformed: (.*)",
+     u"パターン '%1%2' が正しくありません。"},
+    {u"xsltCompilePattern : NULL pattern|xsl:key : 'match' pattern is empty|"
+     u"xsltAddTemplate: invalid compiled pattern",
+     u"パターンが正しくありません。"},
+    {u"(?:xsltLoad(?:Style)?Document|xsl:import): read rights for (.*) denied", FileOutOfReach},
+    {u"xsl:(import|include) : (?:unable to load|invalid URI reference) (.*)",
+     u"xsl:%1 のファイル %2 を読み込めません。"},
     {u"xsl:(import|include) : recursion detected on \\S+ URL (.*)", u"xsl:%1 が循環しています: %2"},
+    {u"The attribute 'xsl:version' is missing; .*|"
+     u"xsltParseStylesheetProcess : (?:document is not a stylesheet|empty stylesheet)",
+     u"スタイルシートではありません。ルート要素は、名前空間 "
+     u"http://www.w3.org/1999/XSL/Transform の xsl:stylesheet または xsl:transform か、属性 "
+     u"xsl:version のある要素でなければなりません。"},
+    {u"xsltDocumentElem: .*|(?:File write|Directory creation) for .* refused|"
+     u"xsltApplyStylesheet: (?:forbidden to save|saving) to .*",
+     u"スタイルシートからファイルに書き込むことはできません。"},
+    {u"xsltApplyStylesheetInternal: unsupported method \\(?(.*?)\\)?",
+     u"出力方法 '%1' はサポートされていません。"},
 };
 
 inline constexpr QStringView TooDeep =
@@ -72,13 +237,13 @@ inline constexpr QStringView OutputLimit =
     u"結果が大きすぎるため、スタイルシートの処理を中止しました。";
 inline constexpr QStringView ScriptNotSupported =
     u"msxsl:script によるスクリプトはサポートされていません。";
-inline constexpr QStringView FileOutOfReach =
-    u"'%1' を読み込むことはできません。使用できるのは、スタイルシートのフォルダーと作業フォルダーに"
-    u"あるファイルだけです。";
+inline constexpr QStringView NotParsed =
+    u"XML 文書として読み込めません。実体の展開や要素の入れ子が大きすぎる可能性があります。";
 
 // Stylesheets of the old dialect. %1 is the construct, %2 the pattern it stands in.
 inline constexpr QStringView WdPatternRefused =
     u"旧形式のスタイルシートのパターン '%2' の '%1' は XSLT 1.0 に変換できません。";
+inline constexpr QStringView WdPatternEnd = u"(パターンの終わり)";
 inline constexpr QStringView WdElementRefused =
     u"旧形式のスタイルシートの要素 <%1> は XSLT 1.0 に変換できません。";
 inline constexpr QStringView WdScriptRefused =

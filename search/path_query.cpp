@@ -40,6 +40,49 @@ private:
     std::vector<bool> done_;
 };
 
+/// The nodes found, one after the other, and whether an item shows the next one.
+class Matches {
+public:
+    Matches(const std::vector<Node> &all, const TreeStore &store,
+            const tree::NodeRegistry &registry)
+        : next_(all.begin()), end_(all.end()), store_(store), registry_(registry) {
+        lookAtNext();
+    }
+
+    bool take(TreeStore::Slot slot) {
+        if (next_ == end_ || !isShownBy(slot))
+            return false;
+        ++next_;
+        lookAtNext();
+        return true;
+    }
+
+private:
+    quint32 numberAt(TreeStore::Slot slot) const {
+        return registry_.number(store_.sequenceOf(slot));
+    }
+
+    /// An attribute that was added has an item for a copy of it, below its element.
+    bool isShownBy(TreeStore::Slot slot) const {
+        if (numberAt(slot) == next_->number())
+            return true;
+        if (element_ == 0 || store_.parent(slot) == TreeStore::Root ||
+            numberAt(store_.parent(slot)) != element_)
+            return false;
+        const Node shown = registry_.Item(store_.sequenceOf(slot));
+        return shown.nodeType() == NodeType::Attribute && shown.nodeName() == next_->nodeName();
+    }
+
+    void lookAtNext() { element_ = next_ != end_ ? xml::ownerElement(*next_).number() : 0; }
+
+    std::vector<Node>::const_iterator next_;
+    std::vector<Node>::const_iterator end_;
+    const TreeStore &store_;
+    const tree::NodeRegistry &registry_;
+    /// The number of the next node's element; 0 when that node is no attribute.
+    quint32 element_ = 0;
+};
+
 } // namespace
 
 PathQuery::PathQuery(controls::TreeView &tvw, controls::PathBox &cboPath,
@@ -97,16 +140,15 @@ TreeItem PathQuery::mark(const std::vector<Node> &matches) {
     TreeItem first;
     // A single merge: a match that has no item, or an item out of document order, keeps all later
     // matches from being marked. That is meant so.
-    auto match = matches.begin();
+    Matches next(matches, store, registry_);
     store.live().forEach([&](TreeStore::Slot slot) {
-        if (match == matches.end() || registry_.number(store.sequenceOf(slot)) != match->number())
+        if (!next.take(slot))
             return;
         TreeItem item = nodes.item(slot);
         item.setBold(true);
         ancestors.expandAbove(slot);
         if (!first)
             first = item;
-        ++match;
     });
     return first;
 }

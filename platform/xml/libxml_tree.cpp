@@ -1,5 +1,6 @@
 #include "platform/xml/libxml_tree.h"
 
+#include "platform/xml/document_type.h"
 #include "platform/xml/values.h"
 
 #include <algorithm>
@@ -27,6 +28,14 @@ std::string_view toView(const xmlChar *text) {
 /// libxml2 leaves the field to its users, who may keep a number in it.
 void *asPrivate(std::uintptr_t ordinal) {
     return reinterpret_cast<void *>(ordinal);
+}
+
+/// As written, prefix and all.
+template <typename T>
+std::string qualifiedName(const T *node) {
+    const std::string local(toView(node->name));
+    return node->ns && node->ns->prefix ? std::string(toView(node->ns->prefix)) + ':' + local
+                                        : local;
 }
 
 LibxmlTree::Ordinal fromPrivate(const void *field) {
@@ -271,6 +280,32 @@ LibxmlTree::LibxmlTree(const Arena &arena)
     document_.standalone = -1;
     document_.oldNs = &xmlNamespace_;
     Writer(arena, *this).write();
+}
+
+LibxmlTree::~LibxmlTree() {
+    if (document_.ids)
+        xmlFreeIDTable(static_cast<xmlIDTablePtr>(document_.ids));
+}
+
+void LibxmlTree::indexIdentifiers(const QByteArray &documentType) {
+    const IdentifierNames declared = identifierNames(documentType);
+    const xmlNode *top = reinterpret_cast<const xmlNode *>(&document_);
+    const xmlNode *node = top->children;
+    while (node) {
+        for (xmlAttr *at = node->type == XML_ELEMENT_NODE ? node->properties : nullptr; at;
+             at = at->next) {
+            const bool isXmlId = at->ns == &xmlNamespace_ && xmlStrEqual(at->name, toXml("id"));
+            if (isXmlId || declared.contains({qualifiedName(node), qualifiedName(at)}))
+                xmlAddID(nullptr, &document_, at->children->content, at);
+        }
+        if (node->type == XML_ELEMENT_NODE && node->children) {
+            node = node->children;
+            continue;
+        }
+        while (node != top && !node->next)
+            node = node->parent;
+        node = node == top ? nullptr : node->next;
+    }
 }
 
 xmlNode *LibxmlTree::find(Number number) {

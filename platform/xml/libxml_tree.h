@@ -2,6 +2,8 @@
 
 #include "platform/xml/arena.h"
 
+#include <QByteArray>
+
 #include <libxml/tree.h>
 #include <memory_resource>
 
@@ -22,8 +24,15 @@ public:
     using Ordinal = std::uint32_t;
 
     explicit LibxmlTree(const Arena &arena);
+    ~LibxmlTree() override;
+    LibxmlTree(const LibxmlTree &) = delete;
+    LibxmlTree &operator=(const LibxmlTree &) = delete;
 
     xmlDoc *document() { return &document_; }
+    /// Lets id() find elements by their identifiers: the values of xml:id and of what
+    /// `documentType`, the markup of a document type or nothing, declares as ID in its internal
+    /// subset. Of elements with the same one the first is found. Takes a walk over the document.
+    void indexIdentifiers(const QByteArray &documentType);
     /// The copy of a node; null for a node that XPath cannot see or that does not stand in the
     /// document. Takes a search through the document.
     xmlNode *find(Number number);

@@ -1,6 +1,7 @@
 #include "platform/xml/wd_xsl.h"
 
 #include "platform/runtime/error.h"
+#include "platform/xml/wd_xsl_functions.h"
 #include "platform/xml/wd_xsl_pattern.h"
 #include "platform/xml/wd_xsl_script.h"
 #include "resources/xslt_texts.h"
@@ -121,8 +122,10 @@ void Translator::stylesheet() {
     if (dialectName(root_) != u"stylesheet")
         refuse(text::WdElementRefused, root_.nodeName());
     out_.writeNamespace(XsltNamespace, prefix_.isEmpty() ? QStringLiteral("xsl") : prefix_);
+    out_.writeNamespace(QLatin1String(WdFunctionsNamespace), QLatin1String(WdFunctionsPrefix));
     start("stylesheet");
     attribute("version", QStringLiteral("1.0"));
+    attribute("exclude-result-prefixes", QLatin1String(WdFunctionsPrefix));
     if (root_.getAttribute(QStringLiteral("default-space")) == QStringLiteral("preserve"))
         attribute("xml:space", QStringLiteral("preserve"));
     const AttributeMap attributes = root_.attributes();

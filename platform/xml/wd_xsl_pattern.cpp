@@ -1,6 +1,8 @@
 #include "platform/xml/wd_xsl_pattern.h"
 
+#include "platform/xml/wd_xsl_functions.h"
 #include "platform/xml/wd_xsl_lexer.h"
+#include "resources/xslt_texts.h"
 
 #include <QHash>
 #include <QStringList>
@@ -13,10 +15,15 @@ QString latin(const char *text) {
     return QString::fromLatin1(text);
 }
 
-/// The expression with its letters A to Z in lower case, for comparisons that ignore case.
-QString lowered(const QString &expression) {
-    return latin("translate(%1,'ABCDEFGHIJKLMNOPQRSTUVWXYZ','abcdefghijklmnopqrstuvwxyz')")
-        .arg(expression);
+/// A call of one of the functions that wd_xsl_functions.h describes.
+QString functionCall(const char *name, const QString &arguments) {
+    return latin("%1:%2(%3)").arg(latin(WdFunctionsPrefix), latin(name), arguments);
+}
+
+bool isNumber(const QString &expression) {
+    bool isNumber = false;
+    expression.toDouble(&isNumber);
+    return isNumber;
 }
 
 struct Comparison {
@@ -69,8 +76,17 @@ private:
             refuse(token().text);
     }
     QString takeText() { return tokens_[position_++].text; }
+    /// Takes an operator that is a word, with its dollar signs or without.
+    bool takeWord(const char *word) {
+        const bool found =
+            token().kind != WdToken::Kind::String && token().text == QLatin1String(word);
+        position_ += found;
+        return found;
+    }
     [[noreturn]] void refuse(const QString &construct) const {
-        refuseWdPattern(construct, pattern_);
+        refuseWdPattern(construct.isEmpty() ? resources::xslt_text::WdPatternEnd.toString()
+                                            : construct,
+                        pattern_);
     }
 
     QString disjunction();
@@ -82,6 +98,9 @@ private:
     QString step();
     QString primary();
     QString name();
+    /// The test for elements or attributes with a name as it is written in the document, whatever
+    /// its prefix, or the default namespace, means.
+    static QString named(const QString &name, bool isAttribute);
     QString call(const QString &name);
     QString method(const QString &operand);
     QString predicate();
@@ -95,14 +114,14 @@ private:
 
 QString Translator::disjunction() {
     QString result = conjunction();
-    while (take("or") || take("||"))
+    while (takeWord("or") || take("||"))
         result += latin(" or ") + conjunction();
     return result;
 }
 
 QString Translator::conjunction() {
     QString result = negation();
-    while (take("and") || take("&&"))
+    while (takeWord("and") || take("&&"))
         result += latin(" and ") + negation();
     return result;
 }
@@ -110,6 +129,13 @@ QString Translator::conjunction() {
 QString Translator::negation() {
     if (take("not"))
         return latin("not(%1)").arg(negation());
+    if (token().isCall && token().text == u"not") {
+        ++position_;
+        expect("(");
+        const QString inner = disjunction();
+        expect(")");
+        return latin("not(%1)").arg(inner);
+    }
     return comparison();
 }
 
@@ -118,7 +144,7 @@ QString Translator::comparison() {
     const bool all = take("all");
     if (!all)
         take("any");
-    QString left = unionOfPaths();
+    const QString left = unionOfPaths();
     const auto found = token().kind == WdToken::Kind::Symbol ? comparisons().find(token().text)
                                                              : comparisons().end();
     if (found == comparisons().end()) {
@@ -126,17 +152,20 @@ QString Translator::comparison() {
             refuse(latin("$all$"));
         return left;
     }
-    if (all && found->ignoresCase)
-        refuse(latin("$all$ $") + token().text + u'$');
     ++position_;
-    QString right = unionOfPaths();
-    if (found->ignoresCase) {
-        left = lowered(left);
-        right = lowered(right);
-    }
-    const QString comparison = latin(found->xpath);
-    return all ? latin("not(%1)").arg(left + opposite(comparison) + right)
-               : left + comparison + right;
+    const QString right = unionOfPaths();
+    const QString wanted = latin(found->xpath);
+    const QString comparison = all ? opposite(wanted) : wanted;
+    // XPath itself looks for less and greater among numbers only.
+    const bool isXPath =
+        comparison == u"=" || comparison == u"!=" || isNumber(left) || isNumber(right);
+    const QString arguments = latin("%1,'%2',%3").arg(left, comparison, right);
+    QString result = left + comparison + right;
+    if (found->ignoresCase)
+        result = functionCall("compareIgnoringCase", arguments);
+    else if (!isXPath)
+        result = functionCall("compare", arguments);
+    return all ? latin("not(%1)").arg(result) : result;
 }
 
 QString Translator::unionOfPaths() {
@@ -202,7 +231,7 @@ QString Translator::primary() {
             expect("*");
             return latin("@*");
         }
-        return u'@' + name();
+        return named(takeText(), true);
     }
     for (const char *symbol : {".", "..", "*"}) {
         if (take(symbol))
@@ -216,13 +245,18 @@ QString Translator::name() {
     const QString name = takeText();
     if (isCall)
         return call(name);
-    // Names are compared as written, whatever the prefix is bound to.
-    const QString prefix = name.section(u':', 0, 0);
-    if (!name.contains(u':') || prefix == u"xml")
-        return name;
+    return named(name, false);
+}
+
+QString Translator::named(const QString &name, bool isAttribute) {
+    const QString axis = isAttribute ? latin("@") : QString();
+    const QString prefix = name.contains(u':') ? name.section(u':', 0, 0) : QString();
+    // An attribute without a prefix has no namespace.
+    if (prefix == u"xml" || (isAttribute && prefix.isEmpty()))
+        return axis + name;
     if (name.endsWith(u'*'))
-        return latin("*[starts-with(name(),'%1:')]").arg(prefix);
-    return latin("*[name()='%1']").arg(name);
+        return axis + latin("*[starts-with(name(),'%1:')]").arg(prefix);
+    return axis + latin("*[name()='%1']").arg(name);
 }
 
 QString Translator::optionalString() {
@@ -258,11 +292,13 @@ QString Translator::call(const QString &name) {
     if (name == u"pi")
         return latin("processing-instruction(%1)").arg(argument);
     if (name == u"element")
-        return bare.isEmpty() ? latin("*") : bare;
+        return bare.isEmpty() ? latin("*") : named(bare, false);
     if (name == u"attribute")
-        return u'@' + (bare.isEmpty() ? latin("*") : bare);
+        return bare.isEmpty() ? latin("@*") : named(bare, true);
     if (name == u"id" && !bare.isEmpty())
         return latin("id(%1)").arg(argument);
+    if (name == u"nodeType" && argument.isEmpty())
+        return functionCall("nodeType", latin("."));
     if (!simple.contains(name) || !argument.isEmpty())
         refuse(name + latin("()"));
     return simple.value(name);
@@ -277,6 +313,8 @@ QString Translator::method(const QString &operand) {
         return latin("name(%1)").arg(operand);
     if (name == u"value")
         return latin("string(%1)").arg(operand);
+    if (name == u"nodeType")
+        return functionCall("nodeType", operand);
     if (name == u"index" || name == u"end" || name == u"context" || name == u"id")
         refuse(u'!' + name + latin("()"));
     return operand + u'/' + called;

@@ -2,6 +2,7 @@
 
 #include "platform/runtime/error.h"
 #include "platform/xml/child_process.h"
+#include "platform/xml/document_type.h"
 #include "platform/xml/libxml_handles.h"
 #include "platform/xml/libxml_tree.h"
 #include "platform/xml/xpath_error.h"
@@ -135,9 +136,12 @@ void Query::declarePrefixes() {
 }
 
 Compiled Query::compile(const std::string &text) {
-    Compiled compiled(xmlXPathCtxtCompile(context_.get(), utf8(text.c_str())));
-    if (!compiled || failure_.code != 0)
+    const XPathExpression parsed(text);
+    Compiled compiled(xmlXPathCtxtCompile(context_.get(), utf8(parsed.forLibxml2().c_str())));
+    if (!compiled || failure_.code != 0) {
+        failure_.position = parsed.positionOf(failure_.position);
         raiseXPathError(expression_, failure_);
+    }
     return compiled;
 }
 
@@ -222,10 +226,15 @@ std::vector<Node> selectNodes(const Node &context, const QString &expression,
     if (!start)
         throw Error(error_number::InvalidArgument, resources::xpath_text::BadContext.toString());
     const XPathExpression parsed(expression.toStdString());
+    const bool asksForIds = parsed.callOf("id").kind != XPathToken::Kind::End;
+    const QByteArray documentType =
+        asksForIds ? documentTypeOf(context.ownerDocument()) : QByteArray();
     // The limit on operations does not see what comparing sets of nodes costs; a child can be
     // stopped at any time.
     const QByteArray found = runInChild(
         [&] {
+            if (asksForIds)
+                tree.indexIdentifiers(documentType);
             const Hits hits = Query(tree, start, parsed).run();
             std::vector<LibxmlTree::Ordinal> ordinals;
             ordinals.reserve(hits.size());
@@ -243,6 +252,13 @@ std::vector<Node> selectNodes(const Node &context, const QString &expression,
         nodes.push_back(HandleAccess::node(context, tree.numberAt(ordinal)));
     }
     return nodes;
+}
+
+Node ownerElement(const Node &attribute) {
+    if (attribute.nodeType() != NodeType::Attribute)
+        return {};
+    const Arena &arena = HandleAccess::arena(attribute);
+    return HandleAccess::node(attribute, arena.record(attribute.number()).parent);
 }
 
 void dropXPathCache(const DOMDocument40 &document) {

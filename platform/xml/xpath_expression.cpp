@@ -21,6 +21,8 @@ bool isNamePart(char c) {
     return isNameStart(c) || isDigit(c) || c == '-' || c == '.';
 }
 
+constexpr std::string_view Axis = "child::";
+
 template <std::size_t N>
 bool isOneOf(std::string_view text, const std::array<std::string_view, N> &all) {
     return std::find(all.begin(), all.end(), text) != all.end();
@@ -115,6 +117,43 @@ std::vector<XPathToken> XPathExpression::prefixes() const {
             found.push_back(tokens_[i]);
     }
     return found;
+}
+
+std::vector<std::size_t> XPathExpression::placesOfAxes() const {
+    constexpr std::array<std::string_view, 4> AheadOfPath = {"(", "[", ",", "|"};
+    std::vector<std::size_t> places;
+    for (std::size_t i = 0; i + 1 < tokens_.size(); ++i) {
+        const XPathToken &next = tokens_[i + 1];
+        const bool isBeyondAscii =
+            next.kind == Kind::Name && static_cast<unsigned char>(utf8_[next.start]) >= 0x80;
+        if (!is(i, "/") || !isBeyondAscii)
+            continue;
+        const bool startsPath =
+            i == 0 || isOperator(i - 1) ||
+            (tokens_[i - 1].kind == Kind::Symbol && isOneOf(text(tokens_[i - 1]), AheadOfPath));
+        if (startsPath)
+            places.push_back(next.start);
+    }
+    return places;
+}
+
+std::string XPathExpression::forLibxml2() const {
+    std::string result;
+    std::size_t copied = 0;
+    for (const std::size_t place : placesOfAxes()) {
+        result.append(utf8_, copied, place - copied).append(Axis);
+        copied = place;
+    }
+    return result.append(utf8_, copied);
+}
+
+std::size_t XPathExpression::positionOf(std::size_t positionForLibxml2) const {
+    std::size_t position = positionForLibxml2;
+    for (const std::size_t place : placesOfAxes()) {
+        if (position > place)
+            position -= std::min(Axis.size(), position - place);
+    }
+    return position;
 }
 
 bool XPathExpression::is(std::size_t token, std::string_view symbol) const {

@@ -40,6 +40,12 @@ public:
     /// The prefixes of the names in it, in order.
     std::vector<XPathToken> prefixes() const;
 
+    /// The same expression or pattern in words that libxml2 understands: it takes "/" alone for a
+    /// whole path where a name beyond ASCII follows, unless the name's axis is written.
+    std::string forLibxml2() const;
+    /// The byte position in utf8() of one in that text.
+    std::size_t positionOf(std::size_t positionForLibxml2) const;
+
     /// The same query as alternatives (cut at "|") of steps that are to be taken one after the
     /// other, each from every node that the one before has found, where finding a node again
     /// counts for nothing. libxml2 compares each node that a step finds with all found before
@@ -57,6 +63,8 @@ private:
     /// Whether a token that may be a name, or "*", stands where only an operator can.
     bool isOperator(std::size_t token) const;
     bool findsNodesTwice(std::size_t firstOfStep) const;
+    /// Where libxml2 needs the axis written, ascending.
+    std::vector<std::size_t> placesOfAxes() const;
     /// The token that closes the bracket in that place.
     std::size_t closeOf(std::size_t open) const;
     /// Adds the alternatives between two tokens; false when that part cannot select nodes.

@@ -42,17 +42,17 @@ inline constexpr char DomFunctionsNamespace[] = "urn:quillon-xml-editor:dom";
 /// An element is transformed as if it were a document of its own: "/" is a document with that
 /// element as its only child; namespaces declared further up hold.
 ///
-/// The functions of EXSLT's modules common, math, sets, strings and dates and msxsl:node-set can
-/// be used. A stylesheet in the namespace http://www.w3.org/TR/WD-xsl is translated first
-/// (wd_xsl.h).
+/// The modules of EXSLT that libexslt has and msxsl:node-set can be used. xsl:sort orders text as
+/// its language does, which is Japanese where `lang` does not say (xslt_sort.h). A stylesheet in
+/// the namespace http://www.w3.org/TR/WD-xsl is translated first (wd_xsl.h).
 ///
 /// - Method html: <META http-equiv="Content-Type" content="text/html; charset=UTF-16"> is the
 ///   first child of HEAD, where there is one.
 /// - Method xml: the declaration names UTF-16, whatever the stylesheet asks for.
 ///
 /// Works in a child process: what a stylesheet does to the processor cannot harm the caller, which
-/// waits. Raises Fail, with the processor's message and the line of the stylesheet in it, when the
-/// stylesheet is not correct, cannot be carried out, ends itself by xsl:message, exceeds a limit or
+/// waits. Raises Fail, with the reason and the line of the stylesheet in it, when the stylesheet is
+/// not correct, cannot be carried out, ends itself by xsl:message, exceeds a limit or
 /// nests too deeply, and for a source that is neither a document nor an element. Raises Cancelled
 /// when the progress function says so.
 QString transformNode(const Node &source, const DOMDocument40 &stylesheet,

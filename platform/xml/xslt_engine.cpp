@@ -2,10 +2,12 @@
 
 #include "platform/runtime/error.h"
 #include "platform/xml/wd_xsl.h"
+#include "platform/xml/wd_xsl_functions.h"
 #include "platform/xml/xslt.h"
 #include "platform/xml/xslt_loader.h"
 #include "platform/xml/xslt_log.h"
 #include "platform/xml/xslt_output.h"
+#include "platform/xml/xslt_sort.h"
 #include "platform/xml/xslt_source.h"
 #include "resources/xslt_texts.h"
 
@@ -34,14 +36,11 @@ constexpr int MaxTemplateDepth = 20'000;
 }
 
 void registerFunctions() {
-    exsltCommonRegister();
-    exsltMathRegister();
-    exsltSetsRegister();
-    exsltStrRegister();
-    exsltDateRegister();
+    exsltRegisterAll();
     xsltRegisterExtModuleFunction(utf8("node-set"), utf8("urn:schemas-microsoft-com:xslt"),
                                   xsltFunctionNodeSet);
     registerDomFunctions();
+    registerWdFunctions();
 }
 
 Stylesheet compile(const DOMDocument40 &source, const QByteArray &url, XsltLog &log) {
@@ -51,9 +50,8 @@ Stylesheet compile(const DOMDocument40 &source, const QByteArray &url, XsltLog &
     if (stylesheet)
         // Goes with the stylesheet from here on.
         static_cast<void>(document.release());
-    // The processor only warns of instructions that XSLT 1.0 does not know.
-    if (!stylesheet || stylesheet->errors != 0 || log.hasFailure() ||
-        (stylesheet->warnings != 0 && !stylesheet->forwards_compatible))
+    // What the processor warns of, it carries out all the same.
+    if (!stylesheet || stylesheet->errors != 0 || log.hasFailure())
         fail(text::BadStylesheet, log.text());
     log.clear();
     return stylesheet;
@@ -72,6 +70,7 @@ XmlDocument apply(xsltStylesheet *stylesheet, xmlDoc *source, XsltLog &log) {
     const TransformContext context(xsltNewTransformContext(stylesheet, source));
     context->maxTemplateDepth = MaxTemplateDepth;
     xsltSetTransformErrorFunc(context.get(), &log, XsltLog::onXsltError);
+    xsltSetCtxtSortFunc(context.get(), sortNodes);
     // A function that is there is not replaced, so it is removed first.
     xmlXPathRegisterFunc(context->xpathCtxt, utf8("document"), nullptr);
     xmlXPathRegisterFunc(context->xpathCtxt, utf8("document"), documentFunction);
@@ -79,8 +78,8 @@ XmlDocument apply(xsltStylesheet *stylesheet, xmlDoc *source, XsltLog &log) {
         xsltApplyStylesheetUser(stylesheet, source, nullptr, nullptr, nullptr, context.get()));
     if (log.hasRecursion())
         fail(text::TooDeep);
-    // Only xsl:message stops a transformation without an error.
-    if (context->state == XSLT_STATE_STOPPED && log.isEmpty())
+    // Only xsl:message stops a transformation without an error, and says its text last.
+    if (context->state == XSLT_STATE_STOPPED && log.endsWithInstructionMessage())
         fail(text::Terminated, log.instructionMessage());
     if (!result || context->state != XSLT_STATE_OK || log.hasFailure())
         fail(text::Failed, log.text());
@@ -97,6 +96,7 @@ QByteArray runStylesheet(const Node &source, const DOMDocument40 &stylesheet,
     const QByteArray url = folder + "?stylesheet";
     XsltLog log(url);
     xmlSetStructuredErrorFunc(&log, XsltLog::onXmlError);
+    xmlSetGenericErrorFunc(&log, XsltLog::onXsltError);
     xsltSetGenericErrorFunc(&log, XsltLog::onXsltError);
     restrictToFolders(options.folders, log);
     registerFunctions();

@@ -1,7 +1,10 @@
 #include "platform/xml/xslt_loader.h"
 
 #include "platform/xml/allowed_folders.h"
+#include "platform/xml/dom.h"
+#include "platform/xml/encoding.h"
 #include "platform/xml/xslt_log.h"
+#include "platform/xml/xslt_stylesheet.h"
 #include "resources/xslt_texts.h"
 
 #include <QDir>
@@ -10,7 +13,6 @@
 #include <QUrl>
 
 #include <libxml/parser.h>
-#include <libxml/uri.h>
 #include <libxml/xpathInternals.h>
 #include <libxslt/documents.h>
 #include <libxslt/functions.h>
@@ -21,55 +23,24 @@ namespace text = resources::xslt_text;
 
 namespace {
 
-constexpr char ScriptNamespace[] = "urn:schemas-microsoft-com:xslt";
-
 constexpr int ParseOptions = XML_PARSE_NOENT | XML_PARSE_NOCDATA | XML_PARSE_NONET;
 
 // The loader that libxslt calls has no user data of its own.
 AllowedFolders allowedFolders;
 XsltLog *loaderLog = nullptr;
 
-/// URL syntax for a name that may hold any characters; what is a URL already stays as it is.
-QByteArray escapedReference(const xmlChar *reference) {
-    constexpr char Kept[] = "%:/?#[]@!$&'()*+,;=";
-    xmlChar *escaped = xmlURIEscapeStr(reference, utf8(Kept));
-    const QByteArray result(bytes(escaped));
-    xmlFree(escaped);
-    return result;
+/// Says why a text is not to be had as a document: in the words of our own parser, if that does
+/// not take it either.
+void reportParseFailure(const QByteArray &content, const QByteArray &url, int line) {
+    DOMDocument40 document = DOMDocument40::create();
+    if (document.loadXML(content))
+        return loaderLog->addFailure(text::NotParsed.toString(), url, line);
+    const ParseError &error = document.parseError();
+    loaderLog->addFailure(error.reason, url, error.line);
 }
 
-/// Escapes the names of the stylesheets that a stylesheet includes, which libxslt expects to be
-/// proper URLs.
-void escapeReferences(xmlDocPtr stylesheet) {
-    const xmlNode *root = xmlDocGetRootElement(stylesheet);
-    for (xmlNodePtr node = root ? root->children : nullptr; node; node = node->next) {
-        if (node->type != XML_ELEMENT_NODE || !node->ns ||
-            !xmlStrEqual(node->ns->href, utf8("http://www.w3.org/1999/XSL/Transform")) ||
-            !(xmlStrEqual(node->name, utf8("import")) || xmlStrEqual(node->name, utf8("include"))))
-            continue;
-        if (xmlChar *href = xmlGetNoNsProp(node, utf8("href"))) {
-            xmlSetProp(node, utf8("href"), utf8(escapedReference(href)));
-            xmlFree(href);
-        }
-    }
-}
-
-/// Reports the first script of a stylesheet; true when there is one.
-bool reportScript(xmlDocPtr stylesheet, const QByteArray &url, XsltLog &log) {
-    const xmlNode *root = xmlDocGetRootElement(stylesheet);
-    for (xmlNodePtr node = root ? root->children : nullptr; node; node = node->next) {
-        if (node->type == XML_ELEMENT_NODE && node->ns &&
-            xmlStrEqual(node->ns->href, utf8(ScriptNamespace)) &&
-            xmlStrEqual(node->name, utf8("script"))) {
-            log.addFailure(text::ScriptNotSupported.toString(), url, int(xmlGetLineNo(node)));
-            return true;
-        }
-    }
-    return false;
-}
-
-xmlDocPtr parse(const QByteArray &content, const QByteArray &url, const char *encoding,
-                xmlDictPtr dictionary) {
+/// Parses a text in UTF-8, whatever its declaration says.
+xmlDocPtr parse(const QByteArray &content, const QByteArray &url, xmlDictPtr dictionary) {
     using ParserContext = std::unique_ptr<xmlParserCtxt, Releaser<xmlFreeParserCtxt>>;
     const ParserContext parser(xmlNewParserCtxt());
     if (dictionary) {
@@ -79,8 +50,11 @@ xmlDocPtr parse(const QByteArray &content, const QByteArray &url, const char *en
         xmlDictReference(dictionary);
     }
     XmlDocument document(xmlCtxtReadMemory(parser.get(), content.constData(), int(content.size()),
-                                           url.constData(), encoding, ParseOptions));
-    return parser->wellFormed ? document.release() : nullptr;
+                                           url.constData(), "UTF-8", ParseOptions));
+    if (parser->wellFormed)
+        return document.release();
+    reportParseFailure(content, url, parser->lastError.line);
+    return nullptr;
 }
 
 xmlDocPtr loadDocument(const xmlChar *uri, xmlDictPtr dictionary, int /*options*/, void * /*ctxt*/,
@@ -96,12 +70,16 @@ xmlDocPtr loadDocument(const xmlChar *uri, xmlDictPtr dictionary, int /*options*
         return nullptr;
     }
     const QByteArray url = QUrl::fromLocalFile(path).toEncoded();
-    XmlDocument document(parse(file.readAll(), url, nullptr, dictionary));
-    if (document && type == XSLT_LOAD_STYLESHEET) {
-        escapeReferences(document.get());
-        if (reportScript(document.get(), url, *loaderLog))
-            return nullptr;
+    // As the main file is decoded: libxml2 knows other Japanese encodings, or less of them.
+    const Decoded decoded = decodeFile(file.readAll().toStdString());
+    if (!decoded.error.isNull()) {
+        loaderLog->addFailure(decoded.error, url, 1);
+        return nullptr;
     }
+    XmlDocument document(parse(QByteArray::fromStdString(decoded.utf8), url, dictionary));
+    if (document && type == XSLT_LOAD_STYLESHEET &&
+        !prepareStylesheet(document.get(), url, *loaderLog))
+        return nullptr;
     return document.release();
 }
 
@@ -135,11 +113,10 @@ void restrictToFolders(const QStringList &folders, XsltLog &log) {
 }
 
 XmlDocument parseStylesheet(const QByteArray &text, const QByteArray &url, XsltLog &log) {
-    XmlDocument stylesheet(parse(text, url, "UTF-8", nullptr));
-    if (!stylesheet)
+    XmlDocument stylesheet(parse(text, url, nullptr));
+    if (!stylesheet || !prepareStylesheet(stylesheet.get(), url, log))
         return nullptr;
-    escapeReferences(stylesheet.get());
-    return reportScript(stylesheet.get(), url, log) ? nullptr : std::move(stylesheet);
+    return stylesheet;
 }
 
 void documentFunction(xmlXPathParserContextPtr context, int count) {

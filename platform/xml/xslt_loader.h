@@ -18,8 +18,9 @@ QByteArray folderUrl(const QString &folder);
 /// looked up in the others. Reports to log, which must outlive every use of the libraries.
 void restrictToFolders(const QStringList &folders, XsltLog &log);
 
-/// Parses a stylesheet; null with the reason in the log when that fails. Entities are expanded as
-/// far as the parser finds their size reasonable; nothing external is read.
+/// Parses a stylesheet, in UTF-8, and prepares it for libxslt (xslt_stylesheet.h); null with the
+/// reason in the log when that fails. restrictToFolders() comes first. Entities are expanded as far
+/// as the parser finds their size reasonable; nothing external is read.
 XmlDocument parseStylesheet(const QByteArray &text, const QByteArray &url, XsltLog &log);
 
 /// document(), but also for names with characters that may not stand in a URL.

@@ -7,6 +7,7 @@
 
 #include <cstdarg>
 #include <cstring>
+#include <libxml/xpath.h>
 #include <utility>
 
 namespace quillon::xml {
@@ -15,14 +16,22 @@ namespace text = resources::xslt_text;
 
 namespace {
 
+/// The processor's words for an instruction that it does not know.
+constexpr char NotCompiled[] = "xsltApplySequenceConstructor: %s was not compiled\n";
+
 /// What follows a first error seldom helps.
 constexpr qsizetype MostMessages = 4;
 
-/// A message of the processor in Japanese, if it is one of those that are known.
-QString translated(const QString &message) {
+/// A message of the processor in Japanese. Of one that is not known no more than that there was
+/// one.
+QString translated(const QString &said) {
+    // Names of files are shown as the user knows them.
+    const QString message =
+        said.contains(QStringLiteral("file:/")) ? QUrl::fromPercentEncoding(said.toUtf8()) : said;
     for (const text::Translation &known : text::Translations) {
         const QRegularExpression pattern(
-            QRegularExpression::anchoredPattern(known.pattern.toString()));
+            QRegularExpression::anchoredPattern(known.pattern.toString()),
+            QRegularExpression::DotMatchesEverythingOption);
         const QRegularExpressionMatch match = pattern.match(message);
         if (!match.hasMatch())
             continue;
@@ -39,28 +48,26 @@ QString translated(const QString &message) {
             return text.arg(match.captured(1), match.captured(2), match.captured(3));
         }
     }
-    return message;
+    return text::UnknownMessage.toString();
 }
 
 } // namespace
 
-void XsltLog::add(const QString &said) {
-    const QString message = translated(said);
-    if (!message.isEmpty() && messages_.size() < MostMessages && !messages_.contains(message))
-        messages_.append(message);
-}
-
-void XsltLog::addPlace(const QByteArray &url, int line) {
-    if (line_ != 0)
+void XsltLog::add(const QString &message, const QByteArray &url, int line) {
+    if (message.isEmpty())
         return;
-    line_ = line;
-    url_ = url;
+    endsWithInstruction_ = false;
+    if (messages_.size() < MostMessages && !messages_.contains(message))
+        messages_.append(message);
+    if (line_ == 0) {
+        line_ = line;
+        url_ = url;
+    }
 }
 
 void XsltLog::addFailure(const QString &message, const QByteArray &url, int line) {
     failure_ = true;
-    add(message);
-    addPlace(url, line);
+    add(message, url, line);
 }
 
 QString XsltLog::text() const {
@@ -76,18 +83,17 @@ QString XsltLog::text() const {
 }
 
 void XsltLog::onXmlError(void *log, xmlErrorPtr error) {
-    if (error->level == XML_ERR_WARNING)
+    if (error->level == XML_ERR_WARNING || error->domain != XML_FROM_XPATH)
         return;
     auto &self = *static_cast<XsltLog *>(log);
-    const QString message = QString::fromUtf8(error->message).trimmed();
-    if (error->domain == XML_FROM_XPATH)
-        // Its position is one in the expression; libxslt says where the expression stands.
-        return self.add(error->str1
-                            ? message + QStringLiteral(": ") + QString::fromUtf8(error->str1)
-                            : message);
-    if (error->level == XML_ERR_FATAL)
-        return self.addFailure(message, QByteArray(error->file), error->line);
-    self.add(message);
+    // EXSLT's functions go on where one of them has called itself without an end.
+    self.recursion_ = self.recursion_ ||
+                      error->code == XML_XPATH_EXPRESSION_OK + int(XPATH_RECURSION_LIMIT_EXCEEDED);
+    // Its position is one in the expression; libxslt says where the expression stands.
+    QString message = translated(QString::fromUtf8(error->message).trimmed());
+    if (error->str1)
+        message = text::InExpression.toString().arg(message, QString::fromUtf8(error->str1));
+    self.add(message, {}, 0);
 }
 
 void XsltLog::onXsltError(void *log, const char *format, ...) {
@@ -103,14 +109,21 @@ void XsltLog::onXsltError(void *log, const char *format, ...) {
         // An error follows its place; the text of xsl:message comes alone.
         if (!std::exchange(self.placeGiven_, false)) {
             self.instructionMessage_ = said;
+            self.endsWithInstruction_ = true;
             return;
         }
-        self.recursion_ =
-            self.recursion_ || said.contains(QStringLiteral("infinite template recursion"));
-        self.add(said);
+        self.recursion_ = self.recursion_ || said.contains(QStringLiteral("otentially infinite")) ||
+                          said.contains(QStringLiteral("otential infinite"));
+        self.add(translated(said), self.nextUrl_, self.nextLine_);
     } else if (const auto match = place.match(said); match.hasMatch()) {
         self.placeGiven_ = true;
-        self.addPlace(match.captured(1).toUtf8(), match.captured(2).toInt());
+        self.nextUrl_ = match.captured(1).toUtf8();
+        self.nextLine_ = match.captured(2).toInt();
+    } else if (std::strcmp(format, NotCompiled) == 0) {
+        // Said of an instruction without a fallback; the processor passes over it.
+        self.addFailure(translated(said));
+    } else if (!said.isEmpty()) {
+        self.add(translated(said), {}, 0);
     }
 }
 

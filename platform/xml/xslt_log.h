@@ -7,7 +7,8 @@
 
 namespace quillon::xml {
 
-/// Gathers what libxml2 and libxslt report, and makes one message of it.
+/// Gathers what libxml2 and libxslt report, and makes one message of it, in Japanese. Of libxml2 it
+/// takes only what is said of XPath expressions: who has something parsed reports that.
 class XsltLog {
 public:
     /// mainUrl names the stylesheet itself; for other files a message names the file.
@@ -26,8 +27,8 @@ public:
     /// Forgets everything: for what turned out not to matter.
     void clear() { *this = XsltLog(mainUrl_); }
 
-    /// Whether no error has been reported; an xsl:message is none.
-    bool isEmpty() const { return messages_.isEmpty(); }
+    /// Whether an xsl:message was the last to be reported, or nothing was.
+    bool endsWithInstructionMessage() const { return endsWithInstruction_; }
     bool hasFailure() const { return failure_; }
     /// Whether templates were called too deeply.
     bool hasRecursion() const { return recursion_; }
@@ -37,18 +38,20 @@ public:
     const QString &instructionMessage() const { return instructionMessage_; }
 
 private:
-    void add(const QString &said);
-    void addPlace(const QByteArray &url, int line);
+    void add(const QString &message, const QByteArray &url, int line);
 
     QByteArray mainUrl_;
     QStringList messages_;
     QString instructionMessage_;
     QByteArray url_;
     int line_ = 0;
+    bool endsWithInstruction_ = true;
     bool failure_ = false;
     bool recursion_ = false;
-    /// libxslt has said where the error is that it describes next.
+    /// libxslt has said where the error is that it describes next: here.
     bool placeGiven_ = false;
+    QByteArray nextUrl_;
+    int nextLine_ = 0;
 };
 
 } // namespace quillon::xml

@@ -75,6 +75,9 @@ QByteArray serializeResult(xmlDoc &result, xsltStylesheet &stylesheet, qint64 li
     // Whatever encoding is asked for: the text stays in memory.
     xmlFree(stylesheet.encoding);
     stylesheet.encoding = xmlStrdup(utf8("UTF-8"));
+    // Without an encoding libxml2 writes numbers for what is beyond ASCII in attributes.
+    if (!result.encoding)
+        result.encoding = xmlStrdup(utf8("UTF-8"));
     Limited output{{}, limit};
     xmlOutputBufferPtr buffer = xmlOutputBufferCreateIO(Limited::write, nullptr, &output, nullptr);
     const bool html = isHtml(result, stylesheet);

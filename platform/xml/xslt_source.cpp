@@ -1,5 +1,6 @@
 #include "platform/xml/xslt_source.h"
 
+#include "platform/xml/document_type.h"
 #include "platform/xml/dom.h"
 #include "platform/xml/xslt.h"
 
@@ -42,15 +43,6 @@ bool declaresNamespace(const QByteArray &attribute) {
 /// The prefix that a namespace declaration binds; empty for the default namespace.
 QByteArray boundPrefix(const QByteArray &attribute) {
     return attribute.mid(qsizetype(std::size("xmlns:")) - 1);
-}
-
-/// Parses with the document type in front, without reading anything external. Without
-/// XML_PARSE_HUGE the parser itself stops entities that grow out of all proportion.
-XmlDocument parseWithSubset(const QByteArray &documentType, const QByteArray &content) {
-    const QByteArray text = documentType + content;
-    return XmlDocument(xmlReadMemory(text.constData(), int(text.size()), nullptr, "UTF-8",
-                                     XML_PARSE_NOENT | XML_PARSE_NOCDATA | XML_PARSE_NONET |
-                                         XML_PARSE_NOERROR | XML_PARSE_NOWARNING));
 }
 
 class SourceBuilder : public NodeVisitor {
@@ -99,11 +91,7 @@ private:
 };
 
 SourceBuilder::SourceBuilder(const Node &top, SourceView view, const QByteArray &baseUrl)
-    : document_(top.ownerDocument()), view_(view) {
-    for (Node child = document_.node().firstChild(); child; child = child.nextSibling()) {
-        if (child.nodeType() == NodeType::DocumentType)
-            documentType_ = child.xml();
-    }
+    : document_(top.ownerDocument()), view_(view), documentType_(documentTypeOf(document_)) {
     if (!documentType_.isEmpty())
         result_ = parseWithSubset(documentType_, "<root/>");
     if (result_) {

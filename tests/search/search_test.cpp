@@ -185,6 +185,23 @@ TEST_F(SearchTest, AMatchWithoutAnItemEndsTheMarking) {
     EXPECT_EQ(selected(), "a") << "nothing to select";
 }
 
+TEST_F(SearchTest, AttributesJustAddedAreMarked) {
+    open("<r><a k='1'/><b/><a k='2'/></r>");
+    for (const char *at : {"r", "b"}) {
+        // The tree shows a copy of what the element has.
+        xml::Node attribute = state().m_DOM.createAttribute("Attribute1");
+        editor().builder.AddAttributeToTree(item(at), attribute, false);
+    }
+    select("#document");
+    query("//@Attribute1");
+    EXPECT_EQ(lastText(), "2件検索されました。");
+    EXPECT_EQ(bold(), (QStringList{"Attribute1=\"\"", "Attribute1=\"\""}));
+    EXPECT_EQ(tvw().SelectedItem().Parent().Text(), "r");
+    query("//b/@*");
+    EXPECT_EQ(bold().size(), 1);
+    EXPECT_EQ(tvw().SelectedItem().Parent().Text(), "b");
+}
+
 TEST_F(SearchTest, MatchesBelowOneAnotherAreAllShown) {
     open(QByteArray("<d>").repeated(20'000) + QByteArray("</d>").repeated(20'000));
     select("d");

@@ -2,6 +2,8 @@
 #include "platform/xml/wd_xsl_pattern.h"
 #include "tests/platform/xml/xslt_test_support.h"
 
+#include <QRegularExpression>
+
 #include <gmock/gmock.h>
 
 namespace quillon::xml::test {
@@ -27,45 +29,64 @@ std::string output(const std::string &source, const std::string &body,
     return start == result.npos ? result : result.substr(start + 3, end - start - 3);
 }
 
+/// An expression with a capital A to D for "any element that is named so in small letters".
+QString byName(QString expression) {
+    static const QRegularExpression capital(QStringLiteral("[A-D](?![a-z])"));
+    for (auto match = capital.match(expression); match.hasMatch();
+         match = capital.match(expression))
+        expression.replace(match.capturedStart(), 1,
+                           QStringLiteral("*[name()='%1']").arg(match.captured().toLower()));
+    return expression;
+}
+
 TEST(WdXsl, Patterns) {
     const struct {
         const char *old;
         const char *xpath;
     } cases[] = {
-        {"a/b//c", "a/b//c"},
+        {"a/b//c", "A/B//C"},
         {"/", "/"},
         {"//*|@x", "//*|@x"},
-        {"a[0]", "a[1]"},
-        {"a[3]/b[end()]", "a[4]/b[last()]"},
-        {"a[-1]", "a[last()-0]"},
-        {"a[index() = 2]", "a[(position()-1)=2]"},
-        {"a[@x='1' $and$ b $or$ c]", "a[@x='1' and b or c]"},
-        {"a[b && c || d]", "a[b and c or d]"},
-        {"a[$not$ b]", "a[not(b)]"},
-        {"a[$not$ @x $lt$ 3]", "a[not(@x<3)]"},
-        {"a[b $ge$ 3.5]", "a[b>=3.5]"},
-        {"a[$any$ b='x']", "a[b='x']"},
-        {"a[$all$ b='x']", "a[not(b!='x')]"},
-        {"a[$all$ b$lt$2]", "a[not(b>=2)]"},
+        {"a[0]", "A[1]"},
+        {"a[3]/b[end()]", "A[4]/B[last()]"},
+        {"a[-1]", "A[last()-0]"},
+        {"a[index() = 2]", "A[(position()-1)=2]"},
+        {"a[@x='1' $and$ b $or$ c]", "A[@x='1' and B or C]"},
+        {"a[@x='1' and b or c]", "A[@x='1' and B or C]"},
+        {"a[b && c || d]", "A[B and C or D]"},
+        {"a[$not$ b]", "A[not(B)]"},
+        {"a[not(b or c) and not (d)]", "A[not(B or C) and not(D)]"},
+        {"a[$not$ @x $lt$ 3]", "A[not(@x<3)]"},
+        {"a[b $ge$ 3.5]", "A[B>=3.5]"},
+        {"a[b $lt$ 'm']", "A[quillon-wd:compare(B,'<','m')]"},
+        {"a[@x > @y]", "A[quillon-wd:compare(@x,'>',@y)]"},
+        {"a[b $ile$ 'm']", "A[quillon-wd:compareIgnoringCase(B,'<=','m')]"},
+        {"a[$all$ b $ieq$ 'm']", "A[not(quillon-wd:compareIgnoringCase(B,'!=','m'))]"},
+        {"a[$any$ b='x']", "A[B='x']"},
+        {"a[$all$ b='x']", "A[not(B!='x')]"},
+        {"a[$all$ b$lt$2]", "A[not(B>=2)]"},
         {".[@x]", "self::node()[@x]"},
         {"..", ".."},
-        {"../..[a]", "../parent::node()[a]"},
+        {"../..[a]", "../parent::node()[A]"},
         {"textnode()|cdata()|comment()", "text()|text()|comment()"},
         {"pi('t')|pi()", "processing-instruction('t')|processing-instruction()"},
-        {"element('n')/attribute('m')", "n/@m"},
-        {"a[nodeName()='x']", "a[name()='x']"},
-        {"a!nodeName()", "name(a)"},
-        {"a/b!value()", "string(a/b)"},
-        {"a!text()", "a/text()"},
-        {"ancestor(a[0])", "ancestor::a[1][1]"},
+        {"element('d')/attribute('m')", "D/@m"},
+        {"element()/attribute()", "*/@*"},
+        {"a[nodeName()='x']", "A[name()='x']"},
+        {"a[nodeType() = 1]", "A[quillon-wd:nodeType(.)=1]"},
+        {"a!nodeType()", "quillon-wd:nodeType(A)"},
+        {"a!nodeName()", "name(A)"},
+        {"a/b!value()", "string(A/B)"},
+        {"a!text()", "A/text()"},
+        {"ancestor(a[0])", "ancestor::A[1][1]"},
         {"context(-1)/@id", "current()/@id"},
         {"id('x')", "id('x')"},
         {"p:x/@q:y", "*[name()='p:x']/@*[name()='q:y']"},
         {"p:*/@xml:lang", "*[starts-with(name(),'p:')]/@xml:lang"},
-        {"(a|b)[0]", "(a|b)[1]"},
+        {"(a|b)[0]", "(A|B)[1]"},
     };
     for (const auto &c : cases)
-        EXPECT_EQ(translateWdPattern(c.old), c.xpath) << c.old;
+        EXPECT_EQ(translateWdPattern(c.old), byName(c.xpath)) << c.old;
 }
 
 TEST(WdXsl, PatternsWithoutEquivalentNameTheConstruct) {
@@ -77,10 +98,10 @@ TEST(WdXsl, PatternsWithoutEquivalentNameTheConstruct) {
         {"a!index()", "'!index()'"},
         {"a[context(0)]", "'context()'"},
         {"a $intersect$ b", "'intersect'"},
-        {"a[b", "''"},
+        {"a[b", "'(パターンの終わり)'"},
         {"a[%]", "'%'"},
         {"position()", "'position()'"},
-        {"", "''"},
+        {"", "'(パターンの終わり)'"},
     };
     for (const auto &c : cases) {
         try {
@@ -152,7 +173,46 @@ TEST(WdXsl, Instructions) {
     };
     for (const auto &c : cases)
         EXPECT_EQ(output(source, c.body), c.result) << c.body;
-    EXPECT_EQ(output("<r><a i='K'/></r>", "<xsl:if test=\"r/a[@i $ieq$ 'k']\">=</xsl:if>"), "=");
+}
+
+TEST(WdXsl, ComparisonsOfText) {
+    const std::string source = "<r><a i='K'>Mori</a><a i='9'>10</a><b>Ｋ</b>t</r>";
+    const struct {
+        const char *condition;
+        bool holds;
+    } cases[] = {
+        {"r/a[@i $ieq$ 'k']", true},
+        {"r/a[@i $eq$ 'k']", false},
+        {"r/a[. $lt$ 'N']", true},
+        {"r/a[. $gt$ 'Z']", false},
+        {"r/a[. $lt$ 'm' and . $gt$ 'A']", true},
+        {"r/a[. $igt$ 'mORA']", true},
+        {"r/a[. $ilt$ 'mora' and @i = 'K']", false},
+        {"r/a[@i $lt$ . and @i='9']", true},
+        {"r/a $igt$ 'mz'", false},
+        {"r/b[. $ieq$ 'ｋ']", true},
+        {"$all$ r/a $ge$ '10'", true},
+        {"$all$ r/a $ieq$ 'MORI'", false},
+        {"r/node()[nodeType() = 3]", true},
+        {"r/a/@*[nodeType() $ne$ 2]", false},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(output(source, "<xsl:if test=\"" + std::string(c.condition) + "\">+</xsl:if>"),
+                  c.holds ? "+" : "")
+            << c.condition;
+}
+
+TEST(WdXsl, NamesAreComparedAsWritten) {
+    const std::string source = "<表 xmlns='urn:d' xmlns:p='urn:p'><行>1</行><p:行>2</p:行>"
+                               "<行 n='x'>3</行></表>";
+    EXPECT_EQ(output(source,
+                     "<xsl:for-each select='/表/行[1]'><xsl:value-of select='@n'/></xsl:for-each>"
+                     "<xsl:apply-templates select='表/行'/>",
+                     "<xsl:template match='表/行'>[<xsl:value-of/>]</xsl:template>"),
+              "x[1][3]");
+    EXPECT_EQ(output(source, "<xsl:if test='表[p:行=\"2\"]'>+</xsl:if>"
+                             "<xsl:if test='/表[count]'>-</xsl:if>"),
+              "+");
 }
 
 TEST(WdXsl, WhatCannotBeTranslatedIsNamed) {

@@ -86,6 +86,43 @@ TEST(XPath, PathsStartFromTheContext) {
     EXPECT_THAT(found(second, "nothing"), IsEmpty());
 }
 
+TEST(XPath, NamesBeyondAsciiMayFollowTheRoot) {
+    const DOMDocument40 document = parsed("<文書 版='1'><章/><章><節 q='/文書'/></章></文書>");
+    const struct {
+        const char *path;
+        std::size_t hits;
+    } cases[] = {
+        {"/文書/章", 2},
+        {"/ 文書", 1},
+        {"//章[/文書/章[2]/節]", 2},
+        {"//章[count(/文書/章) = 2 and /文書]", 2},
+        {"/文書/章[1] | /文書/章/.. | /無/章", 2},
+        {"(/文書/章)[2]", 1},
+        {"//節[@q = '/文書' and concat('/文書', /文書) = \"/文書\"]", 1},
+        {"//節[2 - /文書/@版 = 1]", 1},
+        {"/文書/@版", 1},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(selectNodes(document.node(), q(c.path)).size(), c.hits) << c.path;
+    EXPECT_THAT(failure(document.node(), "/文書/章[/文書]/]"),
+                HasSubstr("/文書/章[/文書]/-->]<--"));
+    EXPECT_THAT(failure(document.node(), "/文書 ["), HasSubstr("/文書 [-->(式の終わり)<--"));
+    EXPECT_THAT(failure(document.node(), "/%文書"), HasSubstr("/-->%<--文書"));
+}
+
+TEST(XPath, IdentifiersAreThoseThatAreDeclared) {
+    const DOMDocument40 document = parsed(
+        "<!DOCTYPE r [<!ATTLIST a k ID #IMPLIED j CDATA #IMPLIED>"
+        "<!ATTLIST p:b p:k ID #REQUIRED><!ATTLIST c k CDATA 'x'>]>"
+        "<r xmlns:p='u'><c k='x'/><a k='x' j='z'/><a k='x'><d xml:id='y'/></a><p:b p:k='w'/></r>");
+    EXPECT_EQ(xml(only(document.node(), "id('x')")), "<a k='x' j='z'/>") << "the first one";
+    EXPECT_THAT(found(document, "id('w y z')"), ElementsAre("d", "p:b"));
+    EXPECT_THAT(found(document, "//c[id(@k)]/@k"), ElementsAre("k=x"));
+    only(document.node(), "//c").setAttribute("xml:id", "new");
+    EXPECT_THAT(found(document, "id('new')"), ElementsAre("c"));
+    EXPECT_THAT(found(parsed("<r id='x'/>"), "id('x')"), IsEmpty());
+}
+
 TEST(XPath, StepsThatMeetNodesAgainGiveEachOnceInDocumentOrder) {
     const DOMDocument40 document =
         parsed("<r><a i='1'><b i='2'><a i='3'><b i='4'/></a></b><b i='5'/></a><c i='6'/></r>");
