@@ -28,6 +28,8 @@ public:
     void RedoCommand();
     bool CanUndo() const { return m_Undo && m_Undo->CanUndo(); }
     bool CanRedo() const { return m_Undo && m_Undo->CanRedo(); }
+    /// The state that is shown; none before there is a history.
+    clsUndoRedo::Info current() const { return m_Undo ? m_Undo->current() : nullptr; }
 
 Q_SIGNALS:
     /// The enabled states of the toolbar's buttons.

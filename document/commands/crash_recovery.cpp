@@ -89,7 +89,7 @@ QString CrashRecovery::filePath(const QString &name) const {
 }
 
 void CrashRecovery::documentChanged() {
-    if (!state_.m_Modified) {
+    if (!commands_.hasUnsavedChanges()) {
         discard();
         return;
     }
@@ -126,7 +126,7 @@ bool CrashRecovery::isTaken(const QString &base) const {
 
 void CrashRecovery::write() {
     // Without a root element nothing could be opened again; the copy before it was removed stays.
-    if (!state_.m_Modified || !state_.m_DOM.documentElement())
+    if (!commands_.hasUnsavedChanges() || !state_.m_DOM.documentElement())
         return;
     if (child_ != 0) {
         timer_.start(pace_.longest);
@@ -166,7 +166,7 @@ void CrashRecovery::writeFiles() const {
 
 void CrashRecovery::keep() {
     timer_.stop();
-    if (!state_.m_Modified || !state_.m_DOM.documentElement())
+    if (!commands_.hasUnsavedChanges() || !state_.m_DOM.documentElement())
         return;
     if (child_ != 0)
         reapChild();

@@ -41,7 +41,10 @@ DocumentCommands::DocumentCommands(DocumentState &state, DocumentLoader &loader,
     connect(&loader_, &DocumentLoader::statusUpdateRequested, this,
             &DocumentCommands::UpdateStatus);
     connect(&loader_, &DocumentLoader::replacing, this, &DocumentCommands::leaveDocument);
-    connect(&loader_, &DocumentLoader::documentOpened, this, [this] { suggestedPath_.clear(); });
+    connect(&loader_, &DocumentLoader::documentOpened, this, [this] {
+        suggestedPath_.clear();
+        savedState_.reset();
+    });
 }
 
 bool DocumentCommands::ConfirmSave() {
@@ -56,8 +59,12 @@ bool DocumentCommands::ConfirmSave() {
     return reply != answer::Cancel;
 }
 
+bool DocumentCommands::hasUnsavedChanges() const {
+    return state_.m_Modified || (savedState_ && savedState_ != history_.current());
+}
+
 void DocumentCommands::leaveDocument() {
-    if (state_.m_Modified && !changesGivenUp_)
+    if (hasUnsavedChanges() && !changesGivenUp_)
         Q_EMIT unsavedLeaving();
 }
 
@@ -106,7 +113,7 @@ void DocumentCommands::mnuFileReload_Click() {
         controls::showMessage(resources::messageText(resources::message::ConfirmReload), AskLoss) !=
             answer::Yes)
         return;
-    const QScopedValueRollback answered(changesGivenUp_, true);
+    const QScopedValueRollback answered(changesGivenUp_, state_.m_Modified);
     loader_.OpenFile(state_.m_FileName);
     UpdateStatus(state_.m_FileName);
 }
@@ -169,6 +176,8 @@ bool DocumentCommands::openRecovered(const QString &path, const QString &name,
 }
 
 void DocumentCommands::openUnasked(const QString &path) {
+    // What is being typed into a caption is one of the changes.
+    tvw_.EndLabelEdit();
     const QString shown = initialPath();
     if (!loader_.OpenFile(path) && state_.showsDocument()) {
         suggestedPath_ = shown;
@@ -211,6 +220,7 @@ void DocumentCommands::SaveFile(const QString &path) {
     state_.m_DOM.save(path, readOnly ? xml::ReadOnlyFile::Replace : xml::ReadOnlyFile::Keep);
     loader_.setFileOnDisk(FileOnDisk::of(path));
     suggestedPath_.clear();
+    savedState_ = history_.current();
     state_.m_Modified = false;
     state_.m_Opened = true;
     state_.m_ReadOnly = false;
@@ -272,6 +282,7 @@ void DocumentCommands::mnuEditUndoAll_Click() {
 void DocumentCommands::ClearStatus() {
     leaveDocument();
     suggestedPath_.clear();
+    savedState_.reset();
     state_.m_DOM = state_.failedLoad = {};
     state_.m_BackupPath.clear();
     builder_.registry().reset({}, 1);

@@ -42,6 +42,9 @@ public:
     /// file replaced that others have changed; True also when the save that was asked for was
     /// given up in its dialog, which is meant so.
     bool ConfirmSave();
+    /// Whether what is shown has changes that no file has: the document counts as modified, or it
+    /// has been saved and then changed by undoing or redoing, which leaves the modified mark alone.
+    bool hasUnsavedChanges() const;
     /// To be called before the document goes: announces unsavedLeaving unless its changes are
     /// saved, or given up by the answer to the question that the present command has asked.
     /// Whoever raises there keeps it from going.
@@ -94,6 +97,8 @@ private:
     QString dialogTitle_;
     /// The path of the original of a document that has no file of its own; else empty.
     QString suggestedPath_;
+    /// The state of the history that was saved latest; none since the document was opened.
+    edit::clsUndoRedo::Info savedState_;
     /// The user has chosen to lose the unsaved changes. Holds within one command.
     bool changesGivenUp_ = false;
 };

@@ -228,6 +228,14 @@ TEST_F(CrashRecoveryTest, WhatGoesWithoutBeingGivenUpIsOfferedAtTheNextStart) {
         true);
     // Another program opens a file.
     keeps([&] { editor().commands.openUnasked(path("other.xml")); });
+    keeps([&] {
+        // Nobody is asked about what was undone after it was saved.
+        type("newer");
+        editor().commands.mnuFileSave_Click();
+        editor().history.UndoCommand();
+        EXPECT_FALSE(state().m_Modified);
+        editor().commands.mnuFileClose_Click();
+    });
     // No was the answer to a question whose command was cancelled afterwards.
     keeps([&] {
         dialogs.answerMessage(7);
