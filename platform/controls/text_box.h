@@ -10,7 +10,7 @@
 namespace quillon::controls {
 
 /// A multi-line text box with line numbers and colours for XML. It has no undo of its own: Ctrl+Z
-/// and Ctrl+Y are left to the window. Tab types a tab; Ctrl+Tab leaves the box.
+/// and Ctrl+Y are left to the window. Tab and Shift+Tab leave the box; Ctrl+Tab types a tab.
 ///
 /// The text is kept with LF line ends, whatever was set, typed or pasted. While an input method is
 /// composing, its unfinished text is part of the box's but not announced by Change().
@@ -61,6 +61,7 @@ Q_SIGNALS:
 protected:
     bool event(QEvent *event) override;
     bool viewportEvent(QEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
     void keyPressEvent(QKeyEvent *event) override;
     void inputMethodEvent(QInputMethodEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;

@@ -68,8 +68,8 @@ constexpr std::array keyBindings{
     KeyBinding{Qt::Key_Return, Box::SCI_NEWLINE},
     KeyBinding{Qt::SHIFT | Qt::Key_Return, Box::SCI_NEWLINE},
     KeyBinding{Qt::Key_Enter, Box::SCI_NEWLINE},
-    KeyBinding{Qt::Key_Tab, Box::SCI_TAB},
-    KeyBinding{Qt::SHIFT | Qt::Key_Backtab, Box::SCI_BACKTAB},
+    KeyBinding{Qt::CTRL | Qt::Key_Tab, Box::SCI_TAB},
+    KeyBinding{ShiftCtrl | Qt::Key_Backtab, Box::SCI_BACKTAB},
 };
 
 QKeyCombination keyOf(const QKeyEvent &event) {
@@ -82,10 +82,6 @@ std::optional<unsigned> commandOf(const QKeyEvent &event) {
     if (found == keyBindings.end())
         return std::nullopt;
     return found->command;
-}
-
-bool isOf(const QKeyEvent &event, QKeyCombination key) {
-    return keyOf(event) == key;
 }
 
 } // namespace
@@ -106,12 +102,13 @@ bool TextBox::viewportEvent(QEvent *event) {
     return handled;
 }
 
+bool TextBox::focusNextPrevChild(bool next) {
+    // That of the base class keeps the focus here so that Tab can be typed.
+    return QAbstractScrollArea::focusNextPrevChild(next);
+}
+
 void TextBox::keyPressEvent(QKeyEvent *event) {
-    const bool leavesForward = isOf(*event, Qt::CTRL | Qt::Key_Tab);
-    if (leavesForward || isOf(*event, ShiftCtrl | Qt::Key_Backtab)) {
-        // That of the base class keeps the focus here so that Tab can be typed.
-        QAbstractScrollArea::focusNextPrevChild(leavesForward);
-    } else if (const auto command = commandOf(*event)) {
+    if (const auto command = commandOf(*event)) {
         send(*command);
     } else if (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) {
         event->ignore();

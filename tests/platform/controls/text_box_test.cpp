@@ -122,7 +122,7 @@ TEST_F(TextBoxTest, AnnouncesEachActionOnce) {
     box_.paste();
     EXPECT_EQ(changes(), 1);
     press(Qt::Key_Return);
-    press(Qt::Key_Tab);
+    press(Qt::Key_Tab, Qt::ControlModifier);
     EXPECT_EQ(box_.utf8(), "<a>\n\t");
     EXPECT_EQ(changes(), 2);
     press(Qt::Key_Left);
@@ -205,8 +205,17 @@ TEST_F(TextBoxTest, SharesTheKeysWithItsWindow) {
     press(Qt::Key_D, Qt::ControlModifier);
     press(Qt::Key_E, Qt::ControlModifier | Qt::AltModifier);
     EXPECT_EQ(box_.Text(), u"text");
+    for (const bool locked : {false, true}) {
+        box_.setLocked(locked);
+        press(Qt::Key_Tab);
+        EXPECT_TRUE(next_.hasFocus());
+        box_.setFocus();
+        press(Qt::Key_Backtab, Qt::ShiftModifier);
+        EXPECT_TRUE(next_.hasFocus()) << "there are two";
+        box_.setFocus();
+    }
     press(Qt::Key_Tab, Qt::ControlModifier);
-    EXPECT_TRUE(next_.hasFocus());
+    EXPECT_EQ(box_.Text(), u"text") << "a locked box";
 }
 
 TEST_F(TextBoxTest, ColoursXmlAsFarAsItIsSeen) {
