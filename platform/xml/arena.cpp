@@ -300,6 +300,15 @@ Number Arena::copyOne(const Arena &from, Number node, std::vector<std::uint32_t>
     return copy;
 }
 
+Number Arena::addInFormOf(Number element, std::uint32_t name) {
+    std::vector<std::uint32_t> nameMap;
+    const Number copy = copyOne(*this, element, nameMap);
+    Record &record = writeRecord(copy);
+    record.name = name;
+    record.flags |= record_flag::TagChanged;
+    return copy;
+}
+
 Number Arena::copyWithAttributes(const Arena &from, Number node,
                                  std::vector<std::uint32_t> &nameMap) {
     const Number copy = copyOne(from, node, nameMap);

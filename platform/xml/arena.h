@@ -188,6 +188,9 @@ public:
     Number add(NodeType kind, std::uint32_t name);
     /// The same with positions in a source.
     Number add(NodeType kind, std::uint32_t name, const Ref<SourceText> &source);
+    /// An element of another name that is written like `element`: its positions and its layout, but
+    /// nothing in it. It stands nowhere.
+    Number addInFormOf(Number element, std::uint32_t name);
     /// What the parser does for every node: add(), positions and link() at the end of `parent`.
     Number appendRead(NodeType kind, std::uint32_t name, const Ref<SourceText> &source,
                       const SourcePlace &place, Number parent);

@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <optional>
+#include <vector>
 
 namespace quillon::xml {
 
@@ -99,6 +100,13 @@ public:
     /// Puts newChild in the place, and with the layout, of oldChild; returns newChild's handle as
     /// insertBefore() does. Raises as insertBefore() and removeChild() do.
     Node replaceChild(const Node &newChild, const Node &oldChild) const;
+    /// Puts an element of another name in the place of this one, which then stands nowhere, and
+    /// returns it. It is written in the same form: with an end tag or without, with the same white
+    /// space inside its tags and ahead of the end tag. It takes copies of the attributes, and the
+    /// children themselves, both from the last to the first; they are in reverse order afterwards,
+    /// which is meant so. Raises Fail for an invalid name and on anything but an element,
+    /// InvalidArgument for one that stands nowhere.
+    Node rename(const QString &name) const;
     /// Takes oldChild out of the tree; it lives on as long as a handle names it. Raises
     /// InvalidArgument when it is not a child of this node.
     Node removeChild(const Node &oldChild) const;
@@ -117,6 +125,10 @@ public:
     Node setAttributeNode(const Node &attr) const;
     /// Removes an attribute; nothing happens when there is none of that name.
     void removeAttribute(const QString &name) const;
+    /// The name of the first entity, in document order, that this node or anything below it refers
+    /// to, attribute values included; empty when there is none. The five predefined entities and
+    /// references to characters do not count.
+    QString referredEntity() const;
     /// False for an attribute that only the internal subset's default supplies.
     bool specified() const;
 
@@ -172,8 +184,10 @@ public:
     explicit AttributeMap(Node owner) : owner_(std::move(owner)) {}
 
     int length() const;
-    /// The attribute at a 0-based position, or the empty handle.
+    /// The attribute at a 0-based position, or the empty handle. Walks from the first.
     Node item(int index) const;
+    /// All of them.
+    std::vector<Node> all() const;
     Node getNamedItem(const QString &name) const { return owner_.getAttributeNode(name); }
     /// As Node::setAttributeNode(), but returns the attribute put in. An attribute of another
     /// document is taken over.

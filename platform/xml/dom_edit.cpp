@@ -203,6 +203,32 @@ Node Node::replaceChild(const Node &newChild, const Node &oldChild) const {
     return HandleAccess::node(*this, n);
 }
 
+Node Node::rename(const QString &name) const {
+    requireElement(*this);
+    const Node parent = parentNode();
+    requireNode(parent);
+    const std::string checked = checkedName(name);
+    Arena &arena = HandleAccess::arena(*this);
+    const Number n = arena.addInFormOf(number_, arena.names->intern(checked));
+    // Without looking for one of the same name each time: there may be thousands.
+    for (Number a = arena.part(number_).lastAttribute; a != 0; a = arena.record(a).previous)
+        arena.link(n, arena.copyFrom(arena, a, true), 0);
+    arena.markContentChanged(number_);
+    const std::string endLayout = normalizeLineEnds(arena.endLayout(n));
+    while (const Number child = arena.part(number_).lastChild) {
+        arena.unlink(child);
+        linkKeepingLayout(arena, n, child, 0, endLayout);
+    }
+    // A text that was last for a while has taken it away.
+    const Number last = arena.part(n).lastChild;
+    if (last != 0 && arena.record(last).kind != NodeType::Text)
+        arena.setEndLayout(n, endLayout);
+    const Number next = arena.record(number_).next;
+    arena.unlink(number_);
+    arena.link(parent.number(), n, next);
+    return HandleAccess::node(*this, n);
+}
+
 Node Node::removeChild(const Node &oldChild) const {
     requireNode(*this);
     requireChild(*this, oldChild);

@@ -193,6 +193,41 @@ QString TypeName(const Node &node) {
     return QStringLiteral("Nothing");
 }
 
+namespace {
+
+/// Looks at every reference until one names an entity.
+class EntityFinder final : public NodeVisitor {
+public:
+    explicit EntityFinder(const Arena &arena) : arena_(arena) {}
+
+    void enter(quint32 number, NodeType kind) override {
+        if (!name.empty())
+            return;
+        const Record &r = arena_.record(number);
+        if (kind == NodeType::EntityReference)
+            name = arena_.names->utf8(r.name);
+        else if (kind == NodeType::Attribute && r.has(record_flag::Source) &&
+                 !r.has(record_flag::OwnValue))
+            name = referredEntityIn(arena_.slice(number, r.start, r.end));
+    }
+    void leave() override {}
+
+    std::string_view name;
+
+private:
+    const Arena &arena_;
+};
+
+} // namespace
+
+QString Node::referredEntity() const {
+    if (isNull())
+        return {};
+    EntityFinder finder(HandleAccess::arena(*this));
+    visitSubtree(*this, finder);
+    return toQString(finder.name);
+}
+
 void visitSubtree(const Node &top, NodeVisitor &visitor) {
     if (top.isNull())
         return;
@@ -244,6 +279,16 @@ int AttributeMap::length() const {
     for (Number n = arena.part(owner_.number()).firstAttribute; n != 0; n = arena.record(n).next)
         ++count;
     return count;
+}
+
+std::vector<Node> AttributeMap::all() const {
+    std::vector<Node> nodes;
+    if (owner_.nodeType() != NodeType::Element)
+        return nodes;
+    const Arena &arena = HandleAccess::arena(owner_);
+    for (Number n = arena.part(owner_.number()).firstAttribute; n != 0; n = arena.record(n).next)
+        nodes.push_back(HandleAccess::node(owner_, n));
+    return nodes;
 }
 
 Node AttributeMap::item(int index) const {

@@ -127,13 +127,21 @@ void Serializer::close(Number n) {
     if (arena_.part(n).firstChild == 0 && !hasEndTag(n))
         return;
     endLayout(n);
-    const ElementPart &part = arena_.part(n);
-    if (r.has(record_flag::Source) && part.endTagStart != r.end &&
-        source(n, part.endTagStart, r.end))
-        return;
+    const std::string_view name = arena_.names->utf8(r.name);
+    std::string_view behindName = ">";
+    if (hasEndTag(n)) {
+        const std::uint32_t start = arena_.part(n).endTagStart;
+        std::string_view tag = arena_.slice(n, start, r.end);
+        tag.remove_prefix(2);
+        behindName = tag.substr(tag.find_last_not_of(" \t\r\n>") + 1);
+        tag.remove_suffix(behindName.size());
+        // After renaming, the blanks behind the name are all that the source still has to say.
+        if (tag == name && source(n, start, r.end))
+            return;
+    }
     markup("</");
-    markup(arena_.names->utf8(r.name));
-    markup(">");
+    markup(name);
+    markup(normalizeLineEnds(behindName));
 }
 
 bool Serializer::hasEndTag(Number n) const {

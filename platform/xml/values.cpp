@@ -154,6 +154,19 @@ std::string decodeCharacters(std::string_view raw, const EntityTable &entities) 
     return out;
 }
 
+std::string_view referredEntityIn(std::string_view raw) {
+    for (std::size_t at = 0; (at = raw.find('&', at)) != raw.npos;) {
+        const std::size_t end = raw.find(';', ++at);
+        if (end == raw.npos)
+            break;
+        const std::string_view name = raw.substr(at, end - at);
+        std::string ignored;
+        if (!name.empty() && name.front() != '#' && !appendPredefined(ignored, name))
+            return name;
+    }
+    return {};
+}
+
 std::string entityText(std::string_view name, const EntityTable &entities) {
     const auto entity = entities.find(name);
     if (entity == entities.end())

@@ -15,6 +15,10 @@ namespace quillon::xml {
 /// entities replaced by their texts (within fixed bounds; unknown ones stand for nothing).
 std::string decodeCharacters(std::string_view raw, const EntityTable &entities);
 
+/// The name of the first entity that a stretch of character data or an attribute's source refers
+/// to, other than the five predefined; empty when there is none.
+std::string_view referredEntityIn(std::string_view raw);
+
 /// What a general entity stands for, without the tags in it.
 std::string entityText(std::string_view name, const EntityTable &entities);
 

@@ -21,6 +21,27 @@ const char *const AllKinds =
     "<!DOCTYPE r [<!ENTITY e 'enti<x/>ty'><!ENTITY f '&#38;#38;'><!ATTLIST r d CDATA 'v'>]>"
     "<r p:a=' 1&#10;&f;'><!-- c --><?t  d ?> x <![CDATA[ <y> ]]>&e;</r>";
 
+TEST(Dom, FindsTheFirstEntityReferredTo) {
+    const struct {
+        const char *content;
+        const char *entity;
+    } cases[] = {
+        {"<a k='v'>&amp;&#38;<!--&e;--><![CDATA[&e;]]></a>", ""},
+        {"<a k='&lt;&#x26;&apos;'/>", ""},
+        {"<a><b/>text &e;</a>&f;", "e"},
+        {"<a k=\"&amp;&f;\">&e;</a>", "f"},
+    };
+    for (const auto &c : cases) {
+        const std::string text = std::string("<r>") + c.content + "</r>";
+        const DOMDocument40 d = parsed(
+            "<!DOCTYPE r [<!ENTITY e 'x'><!ENTITY f 'y'><!ATTLIST r d CDATA '&e;'>]>" + text);
+        EXPECT_EQ(d.node().referredEntity(), c.entity) << c.content;
+    }
+    const DOMDocument40 d = parsed("<!DOCTYPE r [<!ENTITY e 'x'>]><r k='&e;'/>");
+    d.documentElement().setAttribute("k", "&e;");
+    EXPECT_EQ(d.documentElement().referredEntity(), "") << "a value that was set refers to nothing";
+}
+
 TEST(Dom, NamesValuesAndTextOfEveryKind) {
     const DOMDocument40 document = parsed(AllKinds);
     const Node root = document.documentElement();

@@ -122,6 +122,38 @@ TEST(Layout, ChildrenMovedToANewElementKeepTheirLines) {
     EXPECT_EQ(xml(d), "<r>\n\t<n>\n\t\t<b/>\n\n\t\t<c/>\n\t</n>\n</r>");
 }
 
+TEST(Layout, ARenamedElementKeepsItsForm) {
+    const struct {
+        const char *before;
+        const char *after;
+    } cases[] = {
+        {"<r><x></x></r>", "<r><N></N></r>"},
+        {"<r><x /></r>", "<r><N /></r>"},
+        {"<r>\n\n  <x\n    a='1'  b=\"2\"\n  >\n  </x\n></r>",
+         "<r>\n\n  <N  b=\"2\"\n    a='1'\n  >\n  </N\n></r>"},
+        {"<r><x>\n <b/>\n  text\n <c/>\n</x></r>", "<r><N><c/>\n  text\n <b/>\n</N></r>"},
+        {"<r><x><b/>text<c/>\n</x></r>", "<r><N><c/>text<b/>\n</N></r>"},
+        // Ahead of the end tag it would become part of the text.
+        {"<r><x>text<b/>\n</x></r>", "<r><N><b/>text</N></r>"},
+    };
+    for (const auto &c : cases) {
+        const DOMDocument40 d = parsed(c.before);
+        const Node x = find(d, "x");
+        const Node renamed = x.rename("N");
+        EXPECT_EQ(xml(d), c.after);
+        EXPECT_EQ(renamed, find(d, "N"));
+        EXPECT_FALSE(x.parentNode());
+        EXPECT_EQ(xml(renamed.cloneNode(true)), xml(renamed));
+        renamed.rename("x").setAttribute("n", "");
+        EXPECT_EQ(parsed(xml(d)).documentElement().text(), d.documentElement().text());
+    }
+    const DOMDocument40 d = parsed("<r><x/></r>");
+    EXPECT_ANY_THROW(find(d, "x").rename("not a name"));
+    EXPECT_ANY_THROW(d.createElement("nowhere").rename("N"));
+    EXPECT_ANY_THROW(d.createTextNode("t").rename("N"));
+    EXPECT_EQ(xml(d), "<r><x/></r>");
+}
+
 TEST(Layout, AttributesFollowTheOneBefore) {
     DOMDocument40 d = parsed("<r><a x='1'\n   y='2'/><b x='1'/><c/></r>");
     for (const char *name : {"a", "b", "c"})
