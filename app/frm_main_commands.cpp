@@ -223,7 +223,9 @@ void frmMain::connectContextMenu() {
         const controls::TreeItem hit = tvw->HitTest(position);
         if (!hit)
             return;
-        controls::guarded([&] { editor_->selection.ShowNode(hit, true); });
+        // The press of the button has shown it already, unless it was selected but not shown.
+        if (hit != tvw->SelectedItem() || editor_->pane.shownSequence != hit.sequence())
+            controls::guarded([&] { editor_->selection.ShowNode(hit, true); });
         menu->popup(tvw->viewport()->mapToGlobal(position));
     });
 }

@@ -2,6 +2,7 @@
 
 #include "platform/controls/message_box.h"
 #include "resources/messages.h"
+#include "resources/texts.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -88,6 +89,8 @@ void NodeCommands::CopyNode(const TreeItem &item) {
 TreeItem NodeCommands::PasteNode(const TreeItem &item) {
     const TreeItem newItem =
         nodeText_.InsertNodeFromText(item, withoutOuterBlanks(clipboardText()));
+    if (!newItem)
+        return {};
     selection_.ShowNode(newItem, true);
     Q_EMIT documentModified();
     return newItem;
@@ -101,6 +104,8 @@ void NodeCommands::mnuEditCopy_Click() {
 }
 
 void NodeCommands::mnuEditCut_Click() {
+    if (!removal_.mayDelete(tvw_.SelectedItem()))
+        return;
     CopyNode(tvw_.SelectedItem());
     removal_.DeleteNode(tvw_.SelectedItem());
     selection_.ShowNode(tvw_.SelectedItem(), true);
@@ -115,6 +120,8 @@ void NodeCommands::mnuEditDelete_Click() {
                               style::Exclamation);
         return;
     }
+    if (!removal_.mayDelete(item))
+        return;
     constexpr int Ask = style::YesNo + style::Question + style::DefaultButton2;
     if (g_bConfirmDelete &&
         controls::showMessage(resources::messageText(resources::message::ConfirmDelete), Ask) !=
@@ -136,6 +143,13 @@ void NodeCommands::mnuEditRename_Click() {
 void NodeCommands::moveSelected(TreeItem relItem, Relationship relationship) {
     const TreeItem old = tvw_.SelectedItem();
     Node copy = selection_.GetSelectedDOMNode();
+    if (copy.nodeType() == NodeType::EntityReference) {
+        // It cannot be deleted, so there would be two of it.
+        controls::showMessage(
+            resources::texts::EntityReferenceStays.toString().arg(copy.nodeName()),
+            style::Exclamation);
+        return;
+    }
     TreeItem newItem = builder_.AddNodeToTree(relItem, copy, false, relationship);
     if (!newItem)
         return;

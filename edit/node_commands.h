@@ -45,7 +45,8 @@ public:
     NodeMenuStates mnuNode_Click() const;
 
     void CopyNode(const controls::TreeItem &item);
-    /// Pastes the clipboard's text at an item; returns the item of the new node, or none.
+    /// Pastes the clipboard's text at an item; returns the item of the new node, or none when
+    /// nothing was inserted, which leaves the document as it was.
     controls::TreeItem PasteNode(const controls::TreeItem &item);
 
     void mnuEditCopy_Click();

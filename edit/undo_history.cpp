@@ -1,5 +1,7 @@
 #include "edit/undo_history.h"
 
+#include <QHash>
+
 #include <algorithm>
 #include <unordered_map>
 #include <unordered_set>
@@ -10,11 +12,31 @@ using controls::TreeItem;
 
 namespace {
 
-/// The numbers of the nodes that the items below an item show.
+/// The number of the node that an item shows, as it stands in the document. The item of an
+/// attribute that was added, or of one below a renamed element, shows another node than the
+/// document has; what counts is the attribute of that name on the element.
+quint32 documentNumber(const TreeItem &item, const tree::NodeRegistry &registry) {
+    const xml::Node node = registry.Item(item);
+    if (node.nodeType() == xml::NodeType::Attribute) {
+        const xml::Node element = registry.Item(item.Parent());
+        if (const xml::Node attribute = element.getAttributeNode(node.nodeName()))
+            return attribute.number();
+    }
+    return node.number();
+}
+
+/// The same for all items below an item.
 std::vector<quint32> childNumbers(const TreeItem &parent, const tree::NodeRegistry &registry) {
+    QHash<QString, quint32> attributes;
+    for (const xml::Node &attribute : registry.Item(parent).attributes().all())
+        attributes.insert(attribute.nodeName(), attribute.number());
     std::vector<quint32> numbers;
-    for (TreeItem child = parent.Child(); child; child = child.Next())
-        numbers.push_back(registry.number(child.sequence()));
+    for (TreeItem child = parent.Child(); child; child = child.Next()) {
+        const xml::Node node = registry.Item(child);
+        const bool isAttribute = node.nodeType() == xml::NodeType::Attribute;
+        numbers.push_back(isAttribute ? attributes.value(node.nodeName(), node.number())
+                                      : node.number());
+    }
     return numbers;
 }
 
@@ -70,7 +92,7 @@ void UndoHistory::TakeSnapshot() {
     });
     if (const TreeItem selected = tvw_.SelectedItem()) {
         info->setNodeKey(selected.Key());
-        info->setSelectedNode(builder_.registry().number(selected.sequence()));
+        info->setSelectedNode(documentNumber(selected, builder_.registry()));
     }
     history().Action(std::move(info));
     // The redo button stays as it is although nothing can be redone now; pressing it finds that
@@ -83,7 +105,7 @@ void UndoHistory::restore(const clsUndoInfo &info, quint32 changed) {
     const std::vector<quint32> siblings =
         childNumbers(tvw_.SelectedItem().Parent(), builder_.registry());
     state_.m_DOM = info.xml().clone();
-    builder_.BuildTree(state_.m_DOM, false);
+    builder_.BuildTree(state_.m_DOM, false, tree::TreeBuilder::Reason::Changed);
     const std::unordered_set<quint32> expand(info.ExpandIndex().begin(), info.ExpandIndex().end());
     std::unordered_map<quint32, std::size_t> heights;
     for (std::size_t height = 0; height < path.size(); ++height)
@@ -126,7 +148,7 @@ void UndoHistory::restore(const clsUndoInfo &info, quint32 changed) {
 std::vector<quint32> UndoHistory::selectedPath() const {
     std::vector<quint32> path;
     for (TreeItem item = tvw_.SelectedItem(); item; item = item.Parent())
-        path.push_back(builder_.registry().number(item.sequence()));
+        path.push_back(documentNumber(item, builder_.registry()));
     return path;
 }
 

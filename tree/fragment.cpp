@@ -4,12 +4,17 @@ namespace quillon::tree {
 
 namespace {
 
-QByteArray documentTypeOf(const xml::DOMDocument40 &document) {
+/// What decides which entities may be referred to: the document type and, ahead of it, the XML
+/// declaration. Empty without a document type.
+QByteArray entityDeclarationsOf(const xml::DOMDocument40 &document) {
     if (!document)
         return {};
+    QByteArray declaration;
     for (xml::Node child = document.node().firstChild(); child; child = child.nextSibling()) {
         if (child.nodeType() == xml::NodeType::DocumentType)
-            return child.xml();
+            return declaration + child.xml();
+        if (child.nodeName() == QLatin1String("xml"))
+            declaration = child.xml();
     }
     return {};
 }
@@ -18,11 +23,15 @@ QByteArray documentTypeOf(const xml::DOMDocument40 &document) {
 
 xml::DOMDocument40 parsedFragment(const xml::DOMDocument40 &document, const QByteArray &utf8) {
     xml::DOMDocument40 parsed = xml::DOMDocument40::create();
-    if (parsed.loadXML(utf8) || !utf8.contains('&'))
+    const bool parses = parsed.loadXML(utf8);
+    if (!utf8.contains('&'))
         return parsed;
-    const QByteArray documentType = documentTypeOf(document);
-    if (!documentType.isEmpty())
-        parsed.loadXML(documentType + utf8);
+    const xml::Node root = parsed.documentElement();
+    if (parses && root.referredEntity().isEmpty())
+        return parsed;
+    const QByteArray declarations = entityDeclarationsOf(document);
+    if (parses || !declarations.isEmpty())
+        parsed.loadXML(declarations + (parses ? root.xml() : utf8));
     return parsed;
 }
 

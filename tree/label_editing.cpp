@@ -3,8 +3,6 @@
 #include "platform/controls/message_box.h"
 #include "platform/runtime/error.h"
 
-#include <vector>
-
 namespace quillon::tree {
 
 using controls::TreeItem;
@@ -87,17 +85,7 @@ bool LabelEditing::apply(const TreeItem &item, QString &NewString) {
 }
 
 void LabelEditing::renameElement(const TreeItem &item, const Node &old, const QString &name) {
-    const Node renamed = state_.m_DOM.createElement(name);
-    // Attributes and children are taken over from the last to the first and appended, so the
-    // renamed element has them in reverse order. That is meant so.
-    std::vector<Node> attributes;
-    for (int i = 0, count = old.attributes().length(); i < count; ++i)
-        attributes.push_back(old.attributes().item(i));
-    for (auto attribute = attributes.rbegin(); attribute != attributes.rend(); ++attribute)
-        renamed.attributes().setNamedItem(attribute->cloneNode(true));
-    while (const Node child = old.lastChild())
-        renamed.appendChild(child);
-    const Node placed = old.parentNode().replaceChild(renamed, old);
+    const Node placed = old.rename(name);
     if (item != tvw_.nodes().Item(1))
         builder_.registry().set(item.Parent().sequence(), placed.parentNode());
     builder_.registry().set(item.sequence(), placed);
@@ -121,7 +109,14 @@ void LabelEditing::renameAttribute(const TreeItem &item, const Node &old, QStrin
     // The old attribute goes first: when the new name is not valid it stays removed, and only its
     // item is left. That is meant so.
     element.removeAttribute(old.nodeName());
-    const Node renamed = state_.m_DOM.createAttribute(NewString);
+    Node renamed;
+    try {
+        renamed = state_.m_DOM.createAttribute(NewString);
+    } catch (const runtime::Error &) {
+        // The document has changed all the same, and undoing brings the attribute back.
+        Q_EMIT documentModified();
+        throw;
+    }
     renamed.setNodeValue(old.text());
     element.setAttributeNode(renamed);
     builder_.registry().set(item.Parent().sequence(), element);

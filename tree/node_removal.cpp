@@ -2,6 +2,7 @@
 
 #include "platform/controls/error_boundary.h"
 #include "platform/controls/message_box.h"
+#include "resources/texts.h"
 
 namespace quillon::tree {
 
@@ -10,13 +11,25 @@ using xml::Node;
 using xml::NodeType;
 
 void NodeRemoval::DeleteNode(const TreeItem &item) {
-    if (!item || item == tvw_.nodes().Item(1))
+    if (!item || item == tvw_.nodes().Item(1) || !mayDelete(item))
         return;
     removeFromDom(item);
     UnregisterTreeItem(item);
     tvw_.nodes().Remove(item);
     Q_EMIT documentModified();
     builder_.SyncPreview();
+}
+
+bool NodeRemoval::mayDelete(const TreeItem &item) const {
+    const Node node = builder_.registry().Item(item);
+    if (node.nodeType() != NodeType::DocumentType)
+        return true;
+    const QString entity = node.documentNode().referredEntity();
+    if (entity.isEmpty())
+        return true;
+    controls::showMessage(resources::texts::DocumentTypeInUse.toString().arg(entity),
+                          controls::message_style::Exclamation);
+    return false;
 }
 
 void NodeRemoval::removeFromDom(const TreeItem &item) {

@@ -11,11 +11,15 @@ class NodeRemoval : public QObject {
 public:
     NodeRemoval(TreeBuilder &builder, controls::TreeView &tvw) : builder_(builder), tvw_(tvw) {}
 
-    /// Removes the node an item shows, the item and all below it. Nothing happens for no item and
-    /// for the document item. A kind that cannot be deleted is named in a message box; its item
-    /// goes all the same and the document counts as modified, though the node stays. That is
-    /// meant so.
+    /// Removes the node an item shows, the item and all below it. Nothing happens for no item,
+    /// for the document item and where mayDelete() refuses. A kind that cannot be deleted is named
+    /// in a message box; its item goes all the same and the document counts as modified, though the
+    /// node stays. That is meant so.
     void DeleteNode(const controls::TreeItem &item);
+
+    /// Whether the node of an item may go. A document type has to stay, which a message box says,
+    /// while anything refers to an entity: the file could not be opened any more.
+    bool mayDelete(const controls::TreeItem &item) const;
 
     /// Takes an item and all its descendants out of the registry.
     void UnregisterTreeItem(const controls::TreeItem &item);

@@ -41,6 +41,18 @@ TreeItem NodeText::InsertNodeFromText(const TreeItem &target, const QString &tex
     return node ? insertAt(target, node) : TreeItem();
 }
 
+TreeItem NodeText::insertAttribute(const TreeItem &target, Node attribute) {
+    const QString name = attribute.nodeName();
+    const QString value = attribute.nodeValue();
+    const std::optional<QString> before = builder_.registry().Item(target).getAttribute(name);
+    if (const TreeItem added = builder_.AddAttributeToTree(target, attribute, false))
+        return added;
+    TreeItem present = target.Child();
+    while (present && present.Text() != name)
+        present = present.Next();
+    return before == value ? TreeItem() : present;
+}
+
 TreeItem NodeText::insertAt(const TreeItem &target, Node node) {
     const Node parent = builder_.registry().Item(target);
     TreeItem relItem = target;
@@ -53,7 +65,7 @@ TreeItem NodeText::insertAt(const TreeItem &target, Node node) {
         return builder_.AddNodeToTree(relItem, node, false, relationship);
     case NodeType::Element:
         if (node.nodeType() == NodeType::Attribute)
-            return builder_.AddAttributeToTree(target, node, false);
+            return insertAttribute(target, node);
         return builder_.AddNodeToTree(relItem, node, false, relationship);
     case NodeType::Attribute:
     case NodeType::Comment:

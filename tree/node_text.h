@@ -11,15 +11,17 @@ public:
         : state_(state), builder_(builder), tvw_(tvw) {}
 
     /// Inserts the node that `text` stands for and returns its item, or none when nothing was
-    /// inserted: the root element of a document; else a comment, an attribute (name="value"), a
-    /// CDATA section or, for anything else, a text node, recognised in this order. The caller
-    /// marks the document modified. Raises what the DOM raises, e.g. for an invalid attribute
-    /// name.
+    /// inserted. An attribute that is there already gets the value, and its item is returned if it
+    /// is another value than before. What `text` stands for: the root element of a document; else a
+    /// comment, an attribute (name="value"), a CDATA section or, for anything else, a text node,
+    /// recognised in this order. The caller marks the document modified. Raises what the DOM
+    /// raises, e.g. for an invalid attribute name.
     controls::TreeItem InsertNodeFromText(const controls::TreeItem &target, const QString &text);
 
 private:
     xml::Node nodeFromText(const QString &text) const;
     controls::TreeItem insertAt(const controls::TreeItem &target, xml::Node node);
+    controls::TreeItem insertAttribute(const controls::TreeItem &target, xml::Node attribute);
 
     const document::DocumentState &state_;
     TreeBuilder &builder_;

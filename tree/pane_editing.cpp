@@ -39,12 +39,12 @@ void PaneEditing::txtEdit_Change() {
         changeAttribute(item, node);
         break;
     case NodeType::Document:
-        replaceDocument(item.Expanded());
+        replaceDocument();
         break;
     case NodeType::Element:
     case NodeType::ProcessingInstruction:
         // An instruction alone is no document, so its text never parses; that is meant so.
-        replaceElement(item, node, item.Expanded());
+        replaceElement(item, node);
         break;
     case NodeType::None:
         break;
@@ -84,25 +84,28 @@ void PaneEditing::reportSyntaxError() {
     Q_EMIT statusText(resources::texts::SyntaxError.toString());
 }
 
-void PaneEditing::replaceDocument(bool wasExpanded) {
+void PaneEditing::replaceDocument() {
     xml::DOMDocument40 parsed = xml::DOMDocument40::create();
     if (!parsed.loadXML(pane_.textBox().utf8()))
         return reportSyntaxError();
     parsed.takeFileFormat(state_.m_DOM);
+    const NodeNumbers expanded =
+        counterparts(state_.m_DOM.node(), parsed.node(), builder_.expandedNodes());
     state_.m_DOM = parsed;
-    builder_.BuildTree(state_.m_DOM, true);
-    TreeItem first = tvw_.nodes().Item(1);
+    builder_.BuildTree(state_.m_DOM, true, TreeBuilder::Reason::Changed);
+    builder_.expandNodes(expanded);
+    const TreeItem first = tvw_.nodes().Item(1);
     tvw_.setSelectedItem(first);
     pane_.shownSequence = first.sequence();
-    first.setExpanded(wasExpanded);
     Q_EMIT documentModified();
     Q_EMIT statusText(QString());
 }
 
-void PaneEditing::replaceElement(TreeItem item, const Node &node, bool wasExpanded) {
+void PaneEditing::replaceElement(TreeItem item, const Node &node) {
     const xml::DOMDocument40 parsed = parsedFragment(state_.m_DOM, pane_.textBox().utf8());
     if (!parsed.documentElement())
         return reportSyntaxError();
+    NodeNumbers expanded = builder_.expandedNodes();
     builder_.m_bNoSync = true;
     tvw_.setTreeVisible(false);
     TreeItem newItem;
@@ -119,7 +122,8 @@ void PaneEditing::replaceElement(TreeItem item, const Node &node, bool wasExpand
     }
     tvw_.setSelectedItem(newItem);
     pane_.shownSequence = newItem.sequence();
-    newItem.setExpanded(wasExpanded);
+    expanded.merge(counterparts(node, selection_.GetDOMNode(newItem), expanded));
+    builder_.expandNodes(expanded);
     tvw_.setTreeVisible(true);
     Q_EMIT documentModified();
     Q_EMIT statusText(QString());
@@ -135,7 +139,7 @@ void PaneEditing::removeOld(const TreeItem &item) {
 TreeItem PaneEditing::replaceRoot(const TreeItem &item, const Node &newRoot) {
     removeOld(item);
     state_.m_DOM.setDocumentElement(newRoot);
-    builder_.BuildTree(state_.m_DOM, false);
+    builder_.BuildTree(state_.m_DOM, false, TreeBuilder::Reason::Changed);
     const Node root = state_.m_DOM.documentElement();
     for (TreeItem child = tvw_.nodes().Item(1).Child(); child; child = child.Next()) {
         if (selection_.GetDOMNode(child) == root)

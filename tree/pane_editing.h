@@ -26,8 +26,8 @@ Q_SIGNALS:
 private:
     void changeText(const controls::TreeItem &item);
     void changeAttribute(const controls::TreeItem &item, const xml::Node &node);
-    void replaceDocument(bool wasExpanded);
-    void replaceElement(controls::TreeItem item, const xml::Node &node, bool wasExpanded);
+    void replaceDocument();
+    void replaceElement(controls::TreeItem item, const xml::Node &node);
     void removeOld(const controls::TreeItem &item);
     controls::TreeItem replaceRoot(const controls::TreeItem &item, const xml::Node &newRoot);
     void reportSyntaxError();

@@ -8,7 +8,7 @@
 #include <QIcon>
 
 #include <unordered_map>
-#include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace quillon::tree {
@@ -59,13 +59,13 @@ public:
         if (top)
             topItem_ = path_.back();
         if (!isTreeKind(kind) && kind != NodeType::Document)
-            strangers_.push_back(sequence);
+            stranger_ = sequence;
     }
     void leave() override { path_.pop_back(); }
 
     TreeItem topItem() const { return topItem_; }
-    /// The items of kinds that have no place in the tree.
-    const std::vector<quint32> &strangers() const { return strangers_; }
+    /// An item of a kind that has no place in the tree; 0 for none.
+    quint32 stranger() const { return stranger_; }
 
 private:
     controls::Nodes &nodes_;
@@ -73,7 +73,7 @@ private:
     controls::Relationship relationship_;
     std::vector<TreeItem> path_;
     TreeItem topItem_;
-    std::vector<quint32> strangers_;
+    quint32 stranger_ = 0;
 };
 
 } // namespace
@@ -97,9 +97,11 @@ TreeBuilder::TreeBuilder(document::DocumentState &state, const ViewOptions &opti
     tvw_.nodes().setImageList(images);
 }
 
-void TreeBuilder::BuildTree(const xml::DOMDocument40 &document, bool visibleAfter) {
+void TreeBuilder::BuildTree(const xml::DOMDocument40 &document, bool visibleAfter, Reason reason) {
     if (document.isNull())
         return;
+    if (reason == Reason::Opened)
+        reportsStrangers_ = true;
     tvw_.setTreeVisible(false);
     tvw_.nodes().Clear();
     m_dicNode.reset(document, static_cast<quint32>(g_lNodeSeq) + 1);
@@ -108,29 +110,40 @@ void TreeBuilder::BuildTree(const xml::DOMDocument40 &document, bool visibleAfte
 }
 
 void TreeBuilder::RebuildTree() {
-    std::unordered_set<quint32> expanded;
-    tvw_.nodes().forEachExpanded(
-        [&](const TreeItem &item) { expanded.insert(m_dicNode.number(item.sequence())); });
+    const NodeNumbers expanded = expandedNodes();
     std::unordered_map<quint32, int> heights;
     for (TreeItem item = tvw_.SelectedItem(); item; item = item.Parent())
         heights.emplace(m_dicNode.number(item.sequence()), int(heights.size()));
-    BuildTree(state_.m_DOM, false);
-    std::vector<TreeItem> items;
+    BuildTree(state_.m_DOM, false, Reason::Changed);
     TreeItem selectedItem;
     int lowest = int(heights.size());
     m_dicNode.forEach([&](quint32 sequence, quint32 number) {
-        if (expanded.contains(number))
-            items.push_back(tvw_.nodes().bySequence(sequence));
         if (const auto height = heights.find(number);
             height != heights.end() && height->second < lowest) {
             selectedItem = tvw_.nodes().bySequence(sequence);
             lowest = height->second;
         }
     });
-    for (TreeItem &item : items)
-        item.setExpanded(true);
+    expandNodes(expanded);
     tvw_.setSelectedItem(selectedItem);
     tvw_.setTreeVisible(true);
+}
+
+NodeNumbers TreeBuilder::expandedNodes() const {
+    NodeNumbers numbers;
+    tvw_.nodes().forEachExpanded(
+        [&](const TreeItem &item) { numbers.insert(m_dicNode.number(item.sequence())); });
+    return numbers;
+}
+
+void TreeBuilder::expandNodes(const NodeNumbers &numbers) {
+    std::vector<TreeItem> items;
+    m_dicNode.forEach([&](quint32 sequence, quint32 number) {
+        if (numbers.contains(number))
+            items.push_back(tvw_.nodes().bySequence(sequence));
+    });
+    for (TreeItem &item : items)
+        item.setExpanded(true);
 }
 
 TreeItem TreeBuilder::AddNodeToTree(TreeItem &relItem, Node &node, bool treeOnly,
@@ -197,8 +210,8 @@ TreeItem TreeBuilder::mirror(const TreeItem &relItem, const Node &node, Relation
         throw;
     }
     tvw_.nodes().endBuild();
-    for (const quint32 sequence : mirror.strangers())
-        controls::showMessage(TypeName(m_dicNode.Item(sequence)) +
+    if (mirror.stranger() != 0 && std::exchange(reportsStrangers_, false))
+        controls::showMessage(TypeName(m_dicNode.Item(mirror.stranger())) +
                               QStringLiteral(" is added to tree"));
     return mirror.topItem();
 }

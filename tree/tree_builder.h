@@ -2,6 +2,7 @@
 
 #include "document/state/document_state.h"
 #include "platform/controls/tree_view.h"
+#include "tree/counterparts.h"
 #include "tree/node_captions.h"
 #include "tree/node_registry.h"
 #include "tree/view_options.h"
@@ -32,21 +33,30 @@ public:
     const NodeRegistry &registry() const { return m_dicNode; }
     NodeRegistry &registry() { return m_dicNode; }
 
+    /// Whether a tree is built because a document was opened, or made anew because it has changed.
+    enum class Reason { Opened, Changed };
+
     /// Empties the tree and builds it from `document`, every item collapsed; nothing happens for
     /// no document. With visibleAfter false the tree stays hidden for the caller to show it.
-    void BuildTree(const xml::DOMDocument40 &document, bool visibleAfter);
+    void BuildTree(const xml::DOMDocument40 &document, bool visibleAfter,
+                   Reason reason = Reason::Opened);
 
     /// The same for the current document, after which the items of the nodes that were expanded are
     /// so again, and the item of the node that was selected, or the nearest one above it, is
     /// selected.
     void RebuildTree();
 
+    /// The nodes whose items are expanded; and expands the items of nodes, as far as they have any.
+    NodeNumbers expandedNodes() const;
+    void expandNodes(const NodeNumbers &numbers);
+
     /// Adds an item for `node`, as the last child of relItem or ahead of it. With treeOnly the
     /// DOM is left alone; else a deep copy of the node is put into the DOM at the same place and
     /// `node` becomes that copy. An attribute goes after the element's other attributes, for
     /// which relItem and relationship may be changed. Returns the item, or none where the kind may
-    /// not stand. Every entity reference, and any other kind without a place in the tree, is
-    /// reported in a message box but added all the same; that is meant so.
+    /// not stand. An entity reference, and any other kind without a place in the tree, is added all
+    /// the same, and a message box says so: once for each document that is opened. That is meant
+    /// so.
     TreeItem AddNodeToTree(TreeItem &relItem, xml::Node &node, bool treeOnly,
                            Relationship &relationship);
 
@@ -88,6 +98,8 @@ private:
     controls::TreeView &tvw_;
     NodeRegistry m_dicNode;
     NodeCaptions captions_;
+    /// Nobody has been told yet that the open document has kinds without a place in the tree.
+    bool reportsStrangers_ = true;
 };
 
 } // namespace quillon::tree

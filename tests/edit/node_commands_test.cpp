@@ -240,6 +240,85 @@ TEST_F(NodeCommandsTest, TheClipboardCarriesMarkup) {
     EXPECT_TRUE(state().m_DOM.documentElement());
 }
 
+TEST_F(NodeCommandsTest, PastingMarksTheDocumentWhenItChangesIt) {
+    editor().options.viewText = false;
+    open("<r a='1'><x/></r>");
+    const auto paste = [&](const QString &caption, const QString &text) {
+        QGuiApplication::clipboard()->setText(text);
+        select(caption);
+        nodes().mnuEditPaste_Click();
+        return std::exchange(state().m_Modified, false);
+    };
+    EXPECT_FALSE(paste("a", "<n/>"));
+    EXPECT_FALSE(paste("r", "<?pi x?>"));
+    EXPECT_FALSE(paste("#document", "text"));
+    EXPECT_FALSE(paste("r", "a=\"1\""));
+    EXPECT_FALSE(editor().history.CanUndo());
+    // It has its item, so none is added.
+    EXPECT_TRUE(paste("r", "a=\"2\""));
+    EXPECT_EQ(selected(), "a");
+    EXPECT_EQ(xml(), "<r a='2'><x/></r>");
+    editor().history.UndoCommand();
+    EXPECT_EQ(xml(), "<r a='1'><x/></r>");
+}
+
+TEST_F(NodeCommandsTest, ADocumentTypeStaysWhileItsEntitiesAreReferredTo) {
+    dialogs.answerMessage(1);
+    open("<!DOCTYPE t [<!ENTITY e 'x'><!ENTITY f 'y'>]><r>&e;<a k='&f;'/></r>");
+    QGuiApplication::clipboard()->setText("before");
+    const QByteArray before = xml();
+    select("t");
+    for (const auto command :
+         {&edit::NodeCommands::mnuEditDelete_Click, &edit::NodeCommands::mnuEditCut_Click}) {
+        dialogs.answerMessage(1);
+        (nodes().*command)();
+        EXPECT_EQ(dialogs.messages.back().text,
+                  "ドキュメントの中で実体 e が参照されているため、文書型宣言を削除できません。");
+        EXPECT_EQ(dialogs.messages.back().style, 48);
+    }
+    EXPECT_EQ(clipboard(), "before");
+    EXPECT_EQ(xml(), before);
+    EXPECT_TRUE(item("t"));
+    EXPECT_FALSE(state().m_Modified);
+    select("r");
+    type("<r>&#38;<a k='&f;'/></r>");
+    select("t");
+    dialogs.answerMessage(1);
+    nodes().mnuEditCut_Click();
+    EXPECT_TRUE(dialogs.messages.back().text.contains(" f "));
+    select("a");
+    type("<a k='&lt;'/>");
+    select("t");
+    nodes().mnuEditCut_Click();
+    EXPECT_EQ(xml(), "<r>&#38;<a k='&lt;'/></r>");
+    // Each state that undoing and redoing lead to has both or neither.
+    for (int i = 0; i < 3; ++i)
+        editor().history.UndoCommand();
+    EXPECT_EQ(xml(), before);
+    for (int i = 0; i < 3; ++i)
+        editor().history.RedoCommand();
+    EXPECT_EQ(xml(), "<r>&#38;<a k='&lt;'/></r>");
+}
+
+TEST_F(NodeCommandsTest, AnEntityReferenceDoesNotMove) {
+    dialogs.answerMessage(1);
+    open("<!DOCTYPE t [<!ENTITY e 'x'>]><r><a/>&e;<b/></r>");
+    const QByteArray before = xml();
+    for (const auto command :
+         {&edit::NodeCommands::mnuNodeMoveUp_Click, &edit::NodeCommands::mnuNodeMoveDown_Click}) {
+        tvw().setSelectedItem(item("e"));
+        dialogs.answerMessage(1);
+        (nodes().*command)();
+        EXPECT_EQ(dialogs.messages.back().text, "実体 e の参照は移動できません。");
+    }
+    EXPECT_EQ(xml(), before);
+    EXPECT_EQ(captions(item("r")), QStringList({"a", "e", "b"}));
+    EXPECT_FALSE(state().m_Modified);
+    select("a");
+    nodes().mnuNodeMoveDown_Click();
+    EXPECT_EQ(xml(), "<!DOCTYPE t [<!ENTITY e 'x'>]><r>&e;<a/><b/></r>");
+}
+
 TEST_F(NodeCommandsTest, KeysBelongToWhatHasTheFocus) {
     show();
     open("<r><x/>text</r>");
@@ -312,6 +391,21 @@ TEST_F(NodeCommandsTest, TheContextMenuBelongsToTheItemUnderIt) {
     EXPECT_EQ(xml(), "<r a='1' Attribute1=\"\"><x/></r>");
     Q_EMIT tvw().customContextMenuRequested(QPoint(5, tvw().height() - 5));
     EXPECT_FALSE(QApplication::activePopupWidget());
+}
+
+TEST_F(NodeCommandsTest, TheRightButtonShowsAnItemOnce) {
+    show();
+    dialogs.answerMessage(1);
+    open("<!DOCTYPE t [<!ENTITY e 'x'>]><r>&e;</r>");
+    const QPoint place = tvw().visualRect(tvw().nodes().indexOf(item("e"))).center();
+    dialogs.answerMessage(1);
+    QTest::mousePress(tvw().viewport(), Qt::RightButton, {}, place);
+    Q_EMIT tvw().customContextMenuRequested(place);
+    EXPECT_EQ(dialogs.messages.size(), 2u);
+    EXPECT_EQ(dialogs.messages.back().text, "IXMLDOMEntityReference cannot modify");
+    ASSERT_TRUE(QApplication::activePopupWidget());
+    QApplication::activePopupWidget()->close();
+    QTest::mouseRelease(tvw().viewport(), Qt::RightButton, {}, place);
 }
 
 } // namespace

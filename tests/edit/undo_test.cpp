@@ -133,6 +133,41 @@ TEST_F(UndoTest, ARenamedElementStaysSelectedAndAnAddedOneGivesWayToItsParent) {
     EXPECT_EQ(tvw().SelectedItem().Text(), "r") << "not what stands where it was moved to";
 }
 
+TEST_F(UndoTest, RedoingSelectsThePlaceOfTheChange) {
+    open("<r><a k='1'/><b/></r>");
+    item("a").setExpanded(true);
+    select("a");
+    editor().creation.mnuNodeAddAttribute_Click();
+    select("b");
+    history().UndoCommand();
+    select("b");
+    history().RedoCommand();
+    EXPECT_EQ(tvw().SelectedItem().Text(), "Attribute1=\"\"");
+    // The attribute of a renamed element.
+    select("a");
+    QString name = "renamed";
+    ASSERT_TRUE(editor().labels.tvw_AfterLabelEdit(tvw().SelectedItem(), name));
+    select("k=\"1\"");
+    txtEdit().setText(QStringLiteral("2"));
+    history().UndoCommand();
+    EXPECT_EQ(tvw().SelectedItem().Text(), "k=\"1\"");
+    select("b");
+    history().RedoCommand();
+    EXPECT_EQ(tvw().SelectedItem().Text(), "k=\"2\"");
+    EXPECT_EQ(txtEdit().Text(), "2");
+}
+
+TEST_F(UndoTest, AReplacedNodeIsFoundBesideAnAddedAttribute) {
+    open("<r><a/><b/></r>");
+    select("r");
+    editor().creation.mnuNodeAddAttribute_Click();
+    select("b");
+    QString name = "renamed";
+    ASSERT_TRUE(editor().labels.tvw_AfterLabelEdit(tvw().SelectedItem(), name));
+    history().UndoCommand();
+    EXPECT_EQ(tvw().SelectedItem().Text(), "b");
+}
+
 TEST_F(UndoTest, NeitherModifiedMarkNorCaptionGoBack) {
     open("<r/>");
     edit("1");

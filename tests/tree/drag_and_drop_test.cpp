@@ -109,7 +109,20 @@ protected:
     tree::DragAndDrop drag{state(), editor().builder, editor().nodeText, editor().removal, tvw()};
 };
 
+const QByteArray WithEntity = "<!DOCTYPE t [<!ENTITY e 'x'>]><doc><a/>&e;</doc>";
 const QByteArray Document = "<doc><item>1</item><items/><other><in/></other><!--c--></doc>";
+
+TEST_F(Drag, ADocumentTypeThatIsNeededStaysThoughItWasDraggedAway) {
+    dialogs.answerMessage(1);
+    openExpanded(WithEntity);
+    const auto data = start("t");
+    dialogs.answerMessage(1);
+    drag.tvw_OLECompleteDrag(Qt::MoveAction);
+    EXPECT_TRUE(dialogs.messages.back().text.contains("実体 e "));
+    EXPECT_EQ(xml(), WithEntity);
+    EXPECT_TRUE(item("t"));
+    EXPECT_FALSE(state().m_Modified);
+}
 
 TEST_F(Drag, MovesAndCopiesWithinTheTree) {
     struct Case {

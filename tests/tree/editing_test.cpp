@@ -177,6 +177,48 @@ TEST_F(EditingTest, TypingInTheDocumentReplacesItWhole) {
     EXPECT_EQ(read("doc.xml"), "\xEF\xBB\xBF<!--new--><doc>\r\n<y/></doc>\r\n");
 }
 
+TEST_F(EditingTest, TypingKeepsWhatWasExpandedBelow) {
+    const struct {
+        const char *shown;
+        const char *typed;
+        /// In alphabetical order; the elements called c by the value of their k.
+        const char *expanded;
+    } cases[] = {
+        {"#document", "<r><a><b>1</b></a><c k='1'/><c k='2'/></r>", "#document 2 a r"},
+        {"#document", "<r><a><b/></a><c k='1'/><!--n--><c k='2'/></r>\n", "#document 2 a r"},
+        {"#document", "<!--n--><s><a><b/></a><c k='1'/><c k='2'/></s>", "#document 2 a s"},
+        {"r", "<r><a><b/></a><c k='1'/><c k='2'>1</c></r>", "#document 2 a r"},
+        {"r", "<r><n/><a><b/></a><c k='1'/><c k='2'/></r>", "#document 2 a r"},
+        {"r", "<r><a><b/></a><c k='1'/><n/><c k='2'/></r>", "#document 2 a r"},
+        {"r", "<r><a><b/></a><c k='2'/></r>", "#document 2 a r"},
+        {"r", "<r><c k='1'/><c k='2'/></r>", "#document 2 r"},
+        {"a", "<aa><b/></aa>", "#document 2 aa r"},
+        {"a", "<a><b/><b/></a>", "#document 2 a r"},
+    };
+    for (const auto &c : cases) {
+        open("<r><a><b/></a><c k='1'/><c k='2'/></r>");
+        for (const controls::TreeItem &wanted : {item("a"), item("k=\"2\"").Parent()})
+            controls::TreeItem(wanted).setExpanded(true);
+        select(c.shown);
+        const auto found = [&] {
+            QStringList names;
+            tvw().nodes().forEachExpanded([&](const controls::TreeItem &at) {
+                const xml::Node node = editor().selection.GetDOMNode(at);
+                names.append(node.getAttribute("k").value_or(node.nodeName()));
+            });
+            names.sort();
+            return names.join(' ').toStdString();
+        };
+        type(c.typed);
+        EXPECT_EQ(status(), "") << c.typed;
+        EXPECT_EQ(found(), c.expanded) << c.shown << " " << c.typed;
+        editor().history.UndoCommand();
+        EXPECT_EQ(found(), "#document");
+        editor().history.RedoCommand();
+        EXPECT_EQ(found(), c.expanded) << c.shown << " " << c.typed;
+    }
+}
+
 TEST_F(EditingTest, TypingNeverGoesToAnItemThatThePaneDoesNotShow) {
     open("<doc><a>text</a><b/></doc>");
     select("text");
@@ -260,7 +302,24 @@ TEST_F(EditingTest, RenamingAttributes) {
     EXPECT_FALSE(rename("1 2"));
     EXPECT_EQ(xml(), "<doc other='2'/>");
     EXPECT_EQ(selected(), "name");
-    EXPECT_FALSE(modified());
+    EXPECT_TRUE(modified());
+    editor().history.UndoCommand();
+    EXPECT_EQ(xml(), "<doc other='2' name=\"1\"/>");
+    EXPECT_EQ(selected(), "name");
+    editor().history.RedoCommand();
+    EXPECT_EQ(xml(), "<doc other='2'/>");
+    EXPECT_EQ(selected(), "doc");
+}
+
+TEST_F(EditingTest, RenamingAnElementKeepsTheLinesOfItsFile) {
+    open("<doc>\r\n\t<p>\r\n\t\t<a />\r\n\r\n\t</p>\r\n\t<q></q>\r\n</doc>\r\n");
+    for (const char *caption : {"p", "q"}) {
+        select(caption);
+        EXPECT_TRUE(rename(caption + QString("2")));
+    }
+    editor().commands.SaveFile(path("doc.xml"));
+    EXPECT_EQ(read("doc.xml"),
+              "<doc>\r\n\t<p2>\r\n\t\t<a />\r\n\r\n\t</p2>\r\n\t<q2></q2>\r\n</doc>\r\n");
 }
 
 TEST_F(EditingTest, WhichLabelsMayBeEdited) {
@@ -389,12 +448,23 @@ TEST_F(EditingTest, AnElementMayReferToTheEntitiesOfTheDocument) {
     type("<a>&e;2</a>");
     EXPECT_EQ(dialogs.messages.back().text, "IXMLDOMEntityReference is added to tree");
     EXPECT_EQ(xml(), "<!DOCTYPE r [<!ENTITY e 'x'>]><r><a>&e;2</a><b/></r>");
-    dialogs.answerMessage(1);
     EXPECT_TRUE(paste("b", "<c>&e;</c>"));
     EXPECT_EQ(xml(), "<!DOCTYPE r [<!ENTITY e 'x'>]><r><a>&e;2</a><b><c>&e;</c></b></r>");
     select("b");
     type("<b>&other;</b>");
     EXPECT_EQ(status(), "構文エラー");
+    // Nor does a document type that comes along and stays outside.
+    for (const char *markup : {"<!DOCTYPE b [<!ENTITY o 'y'>]><b>&o;</b>",
+                               "<!DOCTYPE b [<!ENTITY o 'y'>]><b k='&o;'/>"}) {
+        const QByteArray before = xml();
+        type(markup);
+        EXPECT_EQ(status(), "構文エラー");
+        EXPECT_EQ(xml(), before);
+        EXPECT_TRUE(paste("b", markup));
+        EXPECT_EQ(state().m_DOM.documentElement().lastChild().lastChild().nodeName(), "#text");
+    }
+    type("<!DOCTYPE b [<!ENTITY e 'y'>]><b>&e;</b>");
+    EXPECT_EQ(xml(), "<!DOCTYPE r [<!ENTITY e 'x'>]><r><a>&e;2</a><b>&e;</b></r>");
 }
 
 TEST_F(EditingTest, TheValueOfAnAddedAttributeIsKept) {

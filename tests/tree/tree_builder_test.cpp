@@ -172,13 +172,24 @@ TEST_F(TreeBuilderTest, TheDocumentTakesOneElementAndNoText) {
     EXPECT_TRUE(builder.HasRootElement());
 }
 
-TEST_F(TreeBuilderTest, AnEntityReferenceHasItsItemAndItsBox) {
+TEST_F(TreeBuilderTest, EntityReferencesHaveTheirItemsAndOneBoxForADocument) {
+    for (unsigned opened = 1; opened <= 2; ++opened) {
+        dialogs.answerMessage(1);
+        load("<!DOCTYPE r [<!ENTITY e 'x'>]><r>a&e;b&e;</r>");
+        ASSERT_EQ(dialogs.messages.size(), opened);
+        EXPECT_EQ(dialogs.messages.back().text, "IXMLDOMEntityReference is added to tree");
+        EXPECT_EQ(dialogs.messages.back().style, 0);
+        EXPECT_EQ(captions(item("r").Next()), QStringList({"a", "e", "b", "e"}));
+        builder.RebuildTree();
+        add(item("r").Next(), state.m_DOM.createEntityReference("e"), Relationship::Child);
+        builder.BuildTree(state.m_DOM, true, TreeBuilder::Reason::Changed);
+        EXPECT_EQ(captions(item("r").Next()).size(), 5);
+        EXPECT_EQ(dialogs.messages.size(), opened);
+    }
+    load("<r/>");
     dialogs.answerMessage(1);
-    load("<!DOCTYPE r [<!ENTITY e 'x'>]><r>a&e;b</r>");
-    ASSERT_EQ(dialogs.messages.size(), 1u);
-    EXPECT_EQ(dialogs.messages[0].text, "IXMLDOMEntityReference is added to tree");
-    EXPECT_EQ(dialogs.messages[0].style, 0);
-    EXPECT_EQ(captions(item("r").Next()), QStringList({"a", "e", "b"}));
+    add(item("r"), state.m_DOM.createEntityReference("e"), Relationship::Child);
+    EXPECT_EQ(dialogs.messages.size(), 3u) << "where opening has met none";
 }
 
 TEST_F(TreeBuilderTest, DepthHasNoLimit) {
