@@ -114,6 +114,13 @@ void Editor::wirePreview() {
     connect(&tools, &tools::ToolCommands::previewRequested, &preview, request);
     connect(&commands, &document::DocumentCommands::previewRequested, &preview, request);
     connect(&commands, &document::DocumentCommands::cleared, &preview, &preview::Preview::clear);
+    // A document that is loaded again is the same one.
+    connect(&loader, &document::DocumentLoader::documentOpened, &preview,
+            [this, shown = QString()]() mutable {
+                const QString opened = loader.fileOnDisk().path;
+                if (std::exchange(shown, opened) != opened)
+                    preview.forgetPlace();
+            });
     const auto forgetErrors = &preview::Validation::clear;
     connect(&commands, &document::DocumentCommands::cleared, &validation, forgetErrors);
     connect(&loader, &document::DocumentLoader::documentOpened, &validation, forgetErrors);

@@ -3,6 +3,7 @@
 #include "app/automation/automation_server.h"
 #include "app/splash.h"
 #include "app/window.h"
+#include "platform/controls/browser_profile.h"
 #include "platform/controls/dialogs.h"
 #include "platform/controls/error_boundary.h"
 #include "platform/runtime/paths.h"
@@ -21,7 +22,6 @@
 
 #include <cstdlib>
 #include <memory>
-#include <unistd.h>
 
 namespace quillon::app {
 
@@ -102,8 +102,7 @@ int serveClients(bool startedAlone) {
 
 void prepareProcess() {
     runtime::raiseStackLimit();
-    if (::geteuid() == 0)
-        qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+    controls::prepareBrowser();
 }
 
 QString commandLinePath(const QStringList &arguments) {
@@ -117,8 +116,6 @@ int Main(int argc, char **argv) {
         arguments.append(QString::fromLocal8Bit(argv[i]));
     // All of it is the file's path, so Qt must not look for switches of its own in it.
     int programOnly = 1;
-    // The browser pane asks for it.
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     controls::Application application(programOnly, argv);
     application.setApplicationName(QStringLiteral("quillon"));
     application.setApplicationDisplayName(QString());

@@ -6,8 +6,7 @@
 namespace quillon::app {
 
 /// What must be settled before Qt starts: room on the stack for libraries that follow a deeply
-/// nested document recursively, and no sandbox for the browser pane where it cannot work, that is
-/// for root.
+/// nested document recursively, and what the browser pane needs.
 void prepareProcess();
 
 /// The path that a command line names. The whole line is one path: arguments are joined by a

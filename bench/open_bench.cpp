@@ -61,7 +61,6 @@ void openAndPrint(int argc, char **argv, const char *task, const char *path) {
     QTemporaryDir folder;
     qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
     const auto start = std::chrono::steady_clock::now();
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     controls::Application application(argc, argv);
     auto *form = new app::frmMain(true, {folder.path(), {}, {}});
     form->ClearStatus();

@@ -58,7 +58,6 @@ Preview::Preview(const document::DocumentState &state, tree::TreeBuilder &builde
                  std::function<PreviewFont()> font)
     : state_(state), builder_(builder), selection_(selection), tvw_(tvw), ie_(ie),
       workingFolder_(workingFolder), longWork_(longWork), font_(std::move(font)) {
-    ie_.setFolder(workingFolder_.path());
     later_.setSingleShot(true);
     connect(&later_, &QTimer::timeout, this, [this] {
         controls::guarded([this] {
@@ -72,6 +71,7 @@ Preview::Preview(const document::DocumentState &state, tree::TreeBuilder &builde
     });
     connect(&ie_, &controls::Browser::clicked, this,
             [this](const QString &id) { controls::guarded([&] { m_doc_onclick(id); }); });
+    connect(&ie_, &controls::Browser::statusText, this, &Preview::statusText);
 }
 
 void Preview::requestPreview(const Node &node) {
@@ -82,6 +82,7 @@ void Preview::requestPreview(const Node &node) {
 void Preview::clear() {
     later_.stop();
     requested_ = Node();
+    forgetPlace();
     ie_.Navigate(QStringLiteral("about:blank"));
 }
 
@@ -140,7 +141,9 @@ void Preview::render(const Node &node, Asked asked) {
     result.remove(MetaTag);
     if (result.contains(QLatin1String("<html"), Qt::CaseInsensitive))
         extension = QStringLiteral("htm");
-    show(result, extension);
+    // Nodes keep their numbers through undo and redo, so their places are found again.
+    show(result, extension,
+         QStringLiteral("%1 %2 %3").arg(documents_).arg(node.number()).arg(path));
 }
 
 DOMDocument40 Preview::stylesheet(const QString &path) const {
@@ -163,7 +166,7 @@ DOMDocument40 Preview::builtInStylesheet() const {
     return sheet;
 }
 
-void Preview::show(const QString &page, const QString &extension) {
+void Preview::show(const QString &page, const QString &extension, const QString &subject) {
     const QString path = workingFolder_.fileToWrite(QStringLiteral("preview.") + extension);
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(Utf8Mark) < 0 ||
@@ -171,13 +174,14 @@ void Preview::show(const QString &page, const QString &extension) {
         throw runtime::Error(runtime::error_number::DeviceIo,
                              texts::CannotWritePreview.toString().arg(path, file.errorString()));
     file.close();
-    ie_.Navigate(path);
+    ie_.setFiles(state_.stylesheetFiles);
+    ie_.Navigate(path, subject);
 }
 
 void Preview::showNotice() {
     m_bPreviewWhole = true;
     show(texts::LargePreview.toString().arg(QLocale().toString(state_.m_DOM.maxNodeCount())),
-         QStringLiteral("htm"));
+         QStringLiteral("htm"), QString());
 }
 
 void Preview::mnuToolPreview_Click() {

@@ -51,6 +51,8 @@ public:
     void mnuFilePrint_Click();
     /// Empties the pane.
     void clear();
+    /// Another document is open, whose pages do not start where the former one was scrolled to.
+    void forgetPlace() { ++documents_; }
 
     /// Selects the node that an element of the page stands for, by the element's id.
     void m_doc_onclick(const QString &id);
@@ -66,7 +68,8 @@ private:
 
     bool tryToRender(const xml::Node &node, Asked asked);
     void render(const xml::Node &node, Asked asked);
-    void show(const QString &page, const QString &extension);
+    /// Pages of one subject keep their place; see controls::Browser::Navigate().
+    void show(const QString &page, const QString &extension, const QString &subject);
     xml::DOMDocument40 stylesheet(const QString &path) const;
     xml::DOMDocument40 builtInStylesheet() const;
     void showNotice();
@@ -90,6 +93,8 @@ private:
     bool saysStopped_ = false;
     bool prevHtml_ = false;
     bool previewSync_ = true;
+    /// How many documents were shown.
+    int documents_ = 0;
     xml::Node requested_;
     QTimer later_;
 };

@@ -1,7 +1,8 @@
 <?xml version="1.0" encoding="UTF-8"?>
 <!-- Shows a document as an indented, coloured source that can be folded. %FONT_NAME% and
      %FONT_SIZE% are replaced before use. The id of an element's name says where the node stands
-     (dom:getPath); a click on it selects the node in the tree. -->
+     (dom:getPath); a click on it selects the node in the tree. What can be folded bears the number of
+     its node, by which it is found again when the page is shown anew. -->
 <xsl:stylesheet version="1.0" xmlns:xsl="http://www.w3.org/1999/XSL/Transform"
     xmlns:dom="urn:quillon-xml-editor:dom" xmlns:wd="http://www.w3.org/TR/WD-xsl"
     xmlns:dt="urn:schemas-microsoft-com:datatypes" exclude-result-prefixes="dom wd dt">
@@ -139,7 +140,7 @@ window.addEventListener("focus", () => { window.status = " "; });
 <xsl:param name="close"/>
 <xsl:param name="line"/>
 <xsl:param name="block"/>
-<div class="k">
+<div class="k" data-node="{dom:nodeNumber(.)}">
 <xsl:choose>
 <xsl:when test="contains(., '&#10;')">
 <div class="c"><xsl:call-template name="mark"/><xsl:value-of select="$open"/></div>
@@ -164,7 +165,7 @@ window.addEventListener("focus", () => { window.status = " "; });
 <!-- Conditions stand inside the templates: as predicates of their patterns they would cost a walk
      over all siblings for every node. -->
 <xsl:template match="*">
-<div class="e">
+<div class="e" data-node="{dom:nodeNumber(.)}">
 <xsl:choose>
 <xsl:when test="not(node())">
 <span class="b"/>&lt;<xsl:apply-templates select="." mode="name"/>

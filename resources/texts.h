@@ -84,6 +84,14 @@ inline constexpr QStringView LargePreview =
     u"ノード)、プレビューを自動では更新しません。</p>"
     u"<p><b>F5</b> キーを押すと表示します。</p></body></html>";
 
+// The page in the preview. %1 is an address, or what the page says.
+inline constexpr QStringView OpenLink = u"次のアドレスをブラウザーで開きますか?\n\n%1";
+inline constexpr QStringView LinkTooLong =
+    u"リンクのアドレスが長すぎて全体を表示できないため、開きませんでした。";
+inline constexpr QStringView MessageOfPage = u"プレビューのページからのメッセージ: %1";
+inline constexpr QStringView PageStopped = u"プレビューのページが応答しないため、停止しました。";
+inline constexpr QStringView PageDied = u"プレビューのページは異常終了しました。";
+
 // The context menu of the preview.
 inline constexpr QStringView BrowserReload = u"再読込(&R)";
 inline constexpr QStringView BrowserCopy = u"コピー(&C)";

@@ -87,6 +87,7 @@ QString DocumentLoader::backUp(const QString &fileName) const {
 
 void DocumentLoader::copyStylesheets(const QString &fileName) {
     const QString folder = QFileInfo(fileName).absolutePath();
+    state_.stylesheetFiles.clear();
     for (xml::Node child = state_.m_DOM.node().firstChild(); child; child = child.nextSibling()) {
         if (child.nodeType() == xml::NodeType::ProcessingInstruction &&
             child.nodeName() == QLatin1String("xml-stylesheet"))
@@ -106,6 +107,7 @@ void DocumentLoader::copyStylesheet(const QString &documentFolder, const QString
         const QString copy = workingFolder_.filePath(href);
         system::copyFile(documentFolder + QLatin1Char('/') + href, copy);
         system::makeWritable(copy);
+        state_.stylesheetFiles.append(href);
     });
 }
 

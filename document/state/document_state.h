@@ -4,6 +4,7 @@
 
 #include <QFileInfo>
 #include <QString>
+#include <QStringList>
 
 namespace quillon::document {
 
@@ -26,6 +27,9 @@ struct DocumentState {
     QString m_FileName;
     /// Full path of the copy made by the latest load from a file.
     QString m_BackupPath;
+    /// The names, in the working folder, of the copies of its xml-stylesheet files that the latest
+    /// load has made.
+    QStringList stylesheetFiles;
 
     /// Whether there is a document that the window shows.
     bool showsDocument() const { return m_DOM && !(m_DOM == failedLoad); }

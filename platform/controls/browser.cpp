@@ -1,24 +1,23 @@
 #include "platform/controls/browser.h"
 
+#include "platform/controls/browser_page.h"
+#include "platform/controls/browser_profile.h"
+#include "platform/controls/error_boundary.h"
+#include "platform/controls/message_box.h"
+#include "platform/runtime/error.h"
 #include "resources/texts.h"
 
 #include <QAction>
 #include <QDesktopServices>
-#include <QDir>
-#include <QFileInfo>
+#include <QFile>
 #include <QMenu>
 #include <QPrinter>
-#include <QUuid>
 #include <QVBoxLayout>
-#include <QWebEnginePage>
-#include <QWebEngineProfile>
-#include <QWebEngineScript>
-#include <QWebEngineScriptCollection>
-#include <QWebEngineSettings>
-#include <QWebEngineUrlRequestInterceptor>
+#include <QWebEngineLoadingInfo>
 #include <QWebEngineView>
 
 #include <algorithm>
+#include <csignal>
 #include <iterator>
 #include <utility>
 
@@ -28,109 +27,66 @@ namespace texts = resources::texts;
 
 namespace {
 
-/// Tells the page's clicks to the program. It runs in a world of its own: the page's own scripts
-/// neither see it nor know the word with which it begins its messages.
-QString clickReporter(const QString &word) {
-    return QStringLiteral("document.addEventListener('click', function (event) {"
-                          "  var at = event.target;"
-                          "  if (at && at.id) console.log('%1' + at.id);"
-                          "}, true);")
-        .arg(word);
-}
+constexpr int PulseMs = 1000;
+/// Questions without an answer after which a page is stopped: while it is shown, and while it is
+/// printed, when it lays itself out for paper.
+constexpr int Patience = 5;
+constexpr int PrintingPatience = 60;
+
+/// More of one page are not shown, nor longer ones: they would hide what the program has to say.
+constexpr int MessagesOfPage = 10;
+constexpr int MessageLength = 200;
+
+/// A longer address than a message box shows in full is not opened.
+constexpr int AddressLength = 900;
+
+const QString Blank = QStringLiteral("about:blank");
 
 constexpr std::pair<QWebEnginePage::WebAction, QStringView> ContextMenu[] = {
-    {QWebEnginePage::Reload, texts::BrowserReload},
     {QWebEnginePage::Copy, texts::BrowserCopy},
     {QWebEnginePage::SelectAll, texts::BrowserSelectAll},
     {QWebEnginePage::CopyLinkToClipboard, texts::BrowserCopyLink},
     {QWebEnginePage::CopyImageToClipboard, texts::BrowserCopyImage},
 };
 
-/// Lets through what stands in one folder and nothing else.
-class FolderOnly final : public QWebEngineUrlRequestInterceptor {
-public:
-    FolderOnly(const QString &folder, QObject *parent)
-        : QWebEngineUrlRequestInterceptor(parent), folder_(folder) {}
-
-    void interceptRequest(QWebEngineUrlRequestInfo &info) override {
-        const QUrl url = info.requestUrl();
-        if (url.scheme() == QLatin1String("data") || url.scheme() == QLatin1String("about"))
-            return;
-        const QString path = QFileInfo(url.toLocalFile()).canonicalFilePath();
-        const QString folder = QFileInfo(folder_).canonicalFilePath();
-        if (!url.isLocalFile() || folder.isEmpty() || !path.startsWith(folder + QLatin1Char('/')))
-            info.block(true);
-    }
-
-private:
-    const QString &folder_;
-};
-
 } // namespace
-
-class BrowserPage final : public QWebEnginePage {
-public:
-    BrowserPage(QWebEngineProfile *profile, Browser &browser)
-        : QWebEnginePage(profile, &browser), browser_(browser),
-          word_(QUuid::createUuid().toString(QUuid::Id128)) {
-        QWebEngineScript script;
-        script.setSourceCode(clickReporter(word_));
-        script.setInjectionPoint(QWebEngineScript::DocumentReady);
-        script.setWorldId(QWebEngineScript::ApplicationWorld);
-        scripts().insert(script);
-    }
-
-protected:
-    bool acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame) override {
-        if (type != NavigationTypeLinkClicked)
-            return true;
-        if (url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https"))
-            QDesktopServices::openUrl(url);
-        // Within the page itself a link may lead anywhere.
-        return isMainFrame &&
-               url.adjusted(QUrl::RemoveFragment) == this->url().adjusted(QUrl::RemoveFragment);
-    }
-    void javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString &message, int,
-                                  const QString &) override {
-        if (message.startsWith(word_))
-            Q_EMIT browser_.clicked(message.mid(word_.size()));
-    }
-
-private:
-    Browser &browser_;
-    const QString word_;
-};
 
 Browser::Browser(QWidget *parent) : QWidget(parent) {
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::Base);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
+    connect(&pulse_, &QTimer::timeout, this, &Browser::askForLife);
 }
 
 Browser::~Browser() {
-    // The page must go before its profile, which is a child of this widget, too.
+    // The page must go before its profile.
     delete view_;
 }
 
+void Browser::setFiles(const QStringList &names) {
+    fileNames_ = names;
+}
+
 void Browser::makeView() {
-    // Without a name a profile keeps nothing on disk.
-    auto *profile = new QWebEngineProfile(this);
-    profile->setUrlRequestInterceptor(new FolderOnly(folder_, profile));
+    files_ = new PageFiles;
+    profile_ = makeProfile(files_);
     view_ = new QWebEngineView(this);
-    auto *page = new BrowserPage(profile, *this);
-    page->setParent(view_);
-    view_->setPage(page);
-    QWebEngineSettings *settings = page->settings();
-    settings->setAttribute(QWebEngineSettings::LocalContentCanAccessRemoteUrls, false);
-    settings->setAttribute(QWebEngineSettings::JavascriptCanOpenWindows, false);
-    settings->setAttribute(QWebEngineSettings::PluginsEnabled, false);
-    connect(page, &QWebEnginePage::loadFinished, this, [this](bool ok) {
-        loading_ = false;
-        Q_EMIT NavigateComplete(ok);
-        printNow();
+    page_ = new BrowserPage(profile_.get(), view_);
+    view_->setPage(page_);
+    connect(page_, &QWebEnginePage::loadingChanged, this, &Browser::loadingChanged);
+    connect(page_, &BrowserPage::clicked, this, &Browser::clicked);
+    connect(page_, &BrowserPage::message, this, &Browser::showMessageOfPage);
+    // A box must not open, nor a page be loaded, while the browser is telling what has happened.
+    connect(
+        page_, &BrowserPage::linkFollowed, this,
+        [this](const QString &address) { guarded([&] { offerLink(address); }); },
+        Qt::QueuedConnection);
+    connect(page_, &QWebEnginePage::renderProcessTerminated, this, [this] {
+        dead_ = true;
+        QMetaObject::invokeMethod(this, &Browser::pageDied, Qt::QueuedConnection);
     });
-    connect(view_, &QWebEngineView::printFinished, this, [this] { printer_.reset(); });
+    connect(view_, &QWebEngineView::printFinished, this, &Browser::endPrinting);
     view_->setAccessibleName(accessibleName());
     view_->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(view_, &QWidget::customContextMenuRequested, this, &Browser::showContextMenu);
@@ -143,46 +99,175 @@ void Browser::showContextMenu(const QPoint &position) {
     // Those that make sense for a page of the program, with texts that Qt has in English only.
     const QList<QAction *> offered = menu->actions();
     for (QAction *action : offered) {
-        const auto kept = std::ranges::find_if(ContextMenu, [&](const auto &entry) {
-            return action == view_->page()->action(entry.first);
-        });
+        const auto kept = std::ranges::find_if(
+            ContextMenu, [&](const auto &entry) { return action == page_->action(entry.first); });
         if (kept == std::end(ContextMenu))
             menu->removeAction(action);
         else
             action->setText(kept->second.toString());
     }
+    // The browser's own would be refused like every other change of page.
+    if (path_ != Blank)
+        menu->insertAction(menu->actions().value(0),
+                           menu->addAction(texts::BrowserReload.toString(), this,
+                                           [this] { Navigate(path_, subject_); }));
     if (menu->isEmpty())
         menu->close();
     else
         menu->popup(view_->mapToGlobal(position));
 }
 
-void Browser::Navigate(const QString &path) {
-    const bool blank = path == QLatin1String("about:blank");
-    if (!view_ && blank)
+void Browser::Navigate(const QString &path, const QString &subject) {
+    if (!view_ && path == Blank)
         return;
-    if (!view_)
+    const bool first = !view_;
+    if (first)
         makeView();
-    loading_ = true;
-    view_->load(blank ? QUrl(path) : QUrl::fromLocalFile(path));
+    path_ = path;
+    subject_ = subject;
+    if (first)
+        load({});
+    else if (stage_ == Stage::Shown)
+        askAndLoad();
+    else
+        waiting_ = true;
+}
+
+void Browser::askAndLoad() {
+    // A page that hangs would take the next one with it, so none is loaded before this one answers
+    // or has been stopped.
+    stage_ = Stage::Asking;
+    page_->askForPlace([this](const QString &place) {
+        if (stage_ == Stage::Asking)
+            load(place);
+    });
+}
+
+void Browser::load(const QString &place) {
+    const bool same = !subject_.isEmpty() && subject_ == subjectShown_;
+    stage_ = Stage::Loading;
+    waiting_ = false;
+    subjectShown_ = subject_;
+    messagesOfPage_ = 0;
+    unanswered_ = 0;
+    stopped_ = false;
+    if (path_ == Blank) {
+        pulse_.stop();
+        page_->setPlace({});
+        url_ = QUrl(Blank);
+    } else {
+        pulse_.start(PulseMs);
+        page_->setPlace(same ? place : QString());
+        url_ = files_->serve(path_, fileNames_, same);
+    }
+    page_->load(url_);
+}
+
+void Browser::loadingChanged(const QWebEngineLoadingInfo &info) {
+    // What the page has tried in vain ends, too.
+    if (stage_ != Stage::Loading || info.status() == QWebEngineLoadingInfo::LoadStartedStatus ||
+        info.url().adjusted(QUrl::RemoveFragment) != url_)
+        return;
+    // The death of a page is told after the failure of its load.
+    const bool ok = info.status() == QWebEngineLoadingInfo::LoadSucceededStatus;
+    QMetaObject::invokeMethod(
+        this, [this, ok] { pageLoaded(ok); }, Qt::QueuedConnection);
+}
+
+void Browser::pageLoaded(bool ok) {
+    if (dead_ || stage_ != Stage::Loading)
+        return;
+    if (waiting_)
+        return askAndLoad();
+    stage_ = Stage::Shown;
+    Q_EMIT NavigateComplete(ok);
+    printNow();
+}
+
+void Browser::askForLife() {
+    if (unanswered_ >= (printing_ ? PrintingPatience : Patience)) {
+        const auto process = pid_t(page_->renderProcessPid());
+        stopped_ = process > 0;
+        // Its end is told by a signal.
+        if (stopped_)
+            ::kill(process, SIGKILL);
+        return;
+    }
+    ++unanswered_;
+    page_->askForLife([this] { unanswered_ = 0; });
+}
+
+void Browser::pageDied() {
+    Q_EMIT statusText((stopped_ ? texts::PageStopped : texts::PageDied).toString());
+    printer_.reset();
+    printing_.reset();
+    dead_ = false;
+    // The page that the user waits for is not the one that died.
+    if (stage_ != Stage::Asking && !waiting_)
+        path_ = Blank;
+    subjectShown_.clear();
+    load({});
+}
+
+void Browser::offerLink(const QString &address) {
+    if (address.size() > AddressLength) {
+        Q_EMIT statusText(texts::LinkTooLong.toString());
+        return;
+    }
+    const QUrl url(address, QUrl::StrictMode);
+    if (!url.isValid())
+        return;
+    // As it goes out, so that no letter looks like another one.
+    const QString shown = url.toString(QUrl::FullyEncoded);
+    if (showMessage(texts::OpenLink.toString().arg(shown),
+                    message_style::YesNo | message_style::Question |
+                        message_style::DefaultButton2) == message_answer::Yes)
+        QDesktopServices::openUrl(url);
+}
+
+void Browser::showMessageOfPage(const QString &text) {
+    if (++messagesOfPage_ <= MessagesOfPage)
+        Q_EMIT statusText(
+            texts::MessageOfPage.toString().arg(text.simplified().left(MessageLength)));
 }
 
 void Browser::print(std::unique_ptr<QPrinter> printer) {
     printer_ = std::move(printer);
-    if (!loading_)
+    if (stage_ == Stage::Shown)
         printNow();
 }
 
 void Browser::printNow() {
-    if (!printer_ || !view_)
+    if (!printer_ || printing_ || !view_)
         return;
-    if (printer_->outputFormat() == QPrinter::PdfFormat) {
+    printing_ = std::move(printer_);
+    if (printing_->outputFormat() == QPrinter::PdfFormat)
         // With text, where printing would paint a picture of the page.
-        view_->page()->printToPdf(printer_->outputFileName(), printer_->pageLayout());
-        printer_.reset();
-    } else {
-        view_->print(printer_.get());
-    }
+        page_->printToPdf(
+            [this](const QByteArray &pdf) {
+                guarded([&] { savePdf(pdf); });
+                endPrinting();
+            },
+            printing_->pageLayout());
+    else
+        view_->print(printing_.get());
+}
+
+void Browser::savePdf(const QByteArray &pdf) const {
+    // A page that has died meanwhile has been told of.
+    if (!printing_ || pdf.isEmpty())
+        return;
+    QFile file(printing_->outputFileName());
+    if (!file.open(QIODevice::WriteOnly) || file.write(pdf) != pdf.size() || !file.flush())
+        throw runtime::Error(
+            runtime::error_number::DeviceIo,
+            texts::CannotWritePreview.toString().arg(file.fileName(), file.errorString()));
+}
+
+void Browser::endPrinting() {
+    printing_.reset();
+    if (stage_ == Stage::Shown)
+        printNow();
 }
 
 } // namespace quillon::controls

@@ -32,8 +32,8 @@ struct TransformOptions {
 ///   type; attributes that declare namespaces are among the attributes.
 /// `getPath(node)` gives the 1-based positions of the node and its ancestors among all children of
 /// their parents, from the document (which counts 1) down, joined by ".". `nodeType(node)` gives
-/// the NodeType of the node. Both take the first node of the set; for nodes of other documents
-/// they give "" and 0.
+/// the NodeType of the node, `nodeNumber(node)` its Node::number(), 0 for an attribute. All take the first node of the set; for nodes of other documents
+/// they give "", 0 and 0.
 /// Every other stylesheet sees what XPath defines: one text node for text, CDATA sections and
 /// what references stand for.
 inline constexpr char DomFunctionsNamespace[] = "urn:quillon-xml-editor:dom";

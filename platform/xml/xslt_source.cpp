@@ -23,16 +23,20 @@ namespace {
 
 /// What a libxml2 node remembers of the DOM node it was made from.
 struct Origin {
-    /// 1-based among all children of the parent; 0 for an attribute.
+    /// 1-based among all children of the parent, at most 2^28; 0 for an attribute.
     std::uintptr_t position;
     NodeType type;
+    /// Node::number().
+    quint32 number = 0;
 
     void store(void *&slot) const {
-        slot = reinterpret_cast<void *>(position << 4 | std::uintptr_t(type));
+        static_assert(sizeof(slot) == 8);
+        slot = reinterpret_cast<void *>(std::uintptr_t(number) << 32 | position << 4 |
+                                        std::uintptr_t(type));
     }
     static Origin read(const void *slot) {
         const auto value = reinterpret_cast<std::uintptr_t>(slot);
-        return {value >> 4, NodeType(value & 15)};
+        return {(value & 0xFFFFFFFF) >> 4, NodeType(value & 15), quint32(value >> 32)};
     }
 };
 
@@ -134,7 +138,7 @@ void SourceBuilder::enter(quint32 number, NodeType kind) {
         return;
     }
     finishTag();
-    const Origin origin{++levels_.back().children, kind};
+    const Origin origin{++levels_.back().children, kind, node.number()};
     if (kind == NodeType::EntityReference && view_ == SourceView::XPath)
         return appendReplacement(node.nodeName().toUtf8());
     xmlNodePtr child = newChild(node, kind);
@@ -323,6 +327,13 @@ void nodeType(xmlXPathParserContextPtr context, int count) {
     valuePush(context, xmlXPathNewFloat(double(type)));
 }
 
+void nodeNumber(xmlXPathParserContextPtr context, int count) {
+    const xmlNode *node = sourceArgument(context, count);
+    if (context->error != XPATH_EXPRESSION_OK)
+        return;
+    valuePush(context, xmlXPathNewFloat(node ? double(Origin::read(node->_private).number) : 0));
+}
+
 } // namespace
 
 XmlDocument buildSource(const Node &node, SourceView view, const QByteArray &baseUrl) {
@@ -337,6 +348,7 @@ XmlDocument buildSource(const Node &node, SourceView view, const QByteArray &bas
 void registerDomFunctions() {
     xsltRegisterExtModuleFunction(utf8("getPath"), utf8(DomFunctionsNamespace), getPath);
     xsltRegisterExtModuleFunction(utf8("nodeType"), utf8(DomFunctionsNamespace), nodeType);
+    xsltRegisterExtModuleFunction(utf8("nodeNumber"), utf8(DomFunctionsNamespace), nodeNumber);
 }
 
 } // namespace quillon::xml

@@ -16,7 +16,7 @@ enum class SourceView { XPath, Dom };
 /// references are replaced as the internal subset defines them; nothing external is read.
 XmlDocument buildSource(const Node &node, SourceView view, const QByteArray &baseUrl);
 
-/// Makes getPath() and nodeType() of DomFunctionsNamespace known to all transformations. They
+/// Makes getPath(), nodeType() and nodeNumber() of DomFunctionsNamespace known to all transformations. They
 /// answer for the nodes of documents that buildSource() made.
 void registerDomFunctions();
 

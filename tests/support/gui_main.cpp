@@ -1,17 +1,14 @@
+#include "platform/controls/browser_profile.h"
 #include "platform/controls/error_boundary.h"
 #include "tests/support/own_surroundings.h"
 #include "tests/support/scripted_dialogs.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 int main(int argc, char **argv) {
     testing::InitGoogleTest(&argc, argv);
     const quillon::test::OwnSurroundings surroundings;
-    // Those of the browser pane.
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
-    if (::geteuid() == 0)
-        qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+    quillon::controls::prepareBrowser();
     quillon::controls::Application application(argc, argv);
     // Nobody is there to close a box that no test expects: it fails the test and does not open.
     const quillon::test::ScriptedDialogs unexpected;
