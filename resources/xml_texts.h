@@ -72,6 +72,10 @@ inline const QString OtherSyntaxError = QStringLiteral("XML の構文が正し�
 inline const QString Unencodable =
     QStringLiteral("文字 '%1' (U+%2) は、ドキュメントのエンコード '%3' "
                    "で表すことができないため、保存できません。");
+inline const QString SourceNotWritten =
+    QStringLiteral("ドキュメントの変更していない部分を書き出せないため、保存できません。");
+inline const QString NotReadableAgain = QStringLiteral(
+    "エンコード '%1' で書き出した内容を元どおりに読み出せないため、保存できません。");
 inline const QString CannotReplaceInFolder = QStringLiteral(
     "ファイルを保存できません: %1\nフォルダーに書き込む権限がないため、ファイルを安全に"
     "置き換えることができません。別のフォルダーに保存してください。");

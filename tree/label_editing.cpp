@@ -111,13 +111,12 @@ void LabelEditing::renameAttribute(const TreeItem &item, const Node &old, QStrin
     element.removeAttribute(old.nodeName());
     Node renamed;
     try {
-        renamed = state_.m_DOM.createAttribute(NewString);
+        renamed = old.cloneAttribute(NewString);
     } catch (const runtime::Error &) {
         // The document has changed all the same, and undoing brings the attribute back.
         Q_EMIT documentModified();
         throw;
     }
-    renamed.setNodeValue(old.text());
     element.setAttributeNode(renamed);
     builder_.registry().set(item.Parent().sequence(), element);
     builder_.registry().set(item.sequence(), element.getAttributeNode(NewString));

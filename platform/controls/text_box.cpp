@@ -1,5 +1,7 @@
 #include "platform/controls/text_box.h"
 
+#include "platform/runtime/strings.h"
+
 #include <QAccessible>
 #include <QScopedValueRollback>
 
@@ -84,7 +86,7 @@ QByteArrayView TextBox::bytes() const {
 }
 
 QString TextBox::Text() const {
-    return QString::fromUtf8(withLineEnds(bytes(), "\r\n"));
+    return runtime::fromUtf8(withLineEnds(bytes(), "\r\n"));
 }
 
 QByteArray TextBox::utf8() const {

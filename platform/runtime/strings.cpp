@@ -10,6 +10,13 @@ QString LFtoCRLF(QString text) {
     return text.replace(u'\n', QLatin1String("\r\n"));
 }
 
+QString fromUtf8(QByteArrayView utf8) {
+    QString text = QString::fromUtf8(utf8);
+    if (utf8.startsWith("\xEF\xBB\xBF"))
+        text.prepend(QChar(QChar::ByteOrderMark));
+    return text;
+}
+
 QString CRLFtoLF(QString text) {
     return text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
 }

@@ -1,9 +1,13 @@
 #pragma once
 
+#include <QByteArrayView>
 #include <QString>
 
 namespace quillon::runtime {
 
+/// The text of UTF-8. Every character counts, also a U+FEFF at the start, which QString takes for a
+/// byte order mark and leaves out.
+QString fromUtf8(QByteArrayView utf8);
 /// Every LF becomes CR LF, also one that already follows a CR.
 QString LFtoCRLF(QString text);
 /// Every CR LF becomes LF; a CR that stands alone stays.

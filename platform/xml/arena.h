@@ -23,6 +23,8 @@ namespace record_flag {
 constexpr std::uint8_t Source = 1;
 /// The attribute list of an element is not the one that was read.
 constexpr std::uint8_t TagChanged = 2;
+/// The name of an attribute is not the one that was read.
+constexpr std::uint8_t Renamed = TagChanged;
 /// Something below is not as it was read.
 constexpr std::uint8_t ContentChanged = 4;
 /// The value stands among the page's own texts.

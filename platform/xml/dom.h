@@ -88,6 +88,10 @@ public:
     /// storage with the original until one of the two is changed.
     Node cloneNode(bool deep) const;
 
+    /// A copy of an attribute under another name, with its value as it is written in the file. It
+    /// stands nowhere yet. Raises Fail for an invalid name and on anything but an attribute.
+    Node cloneAttribute(const QString &name) const;
+
     /// Puts newChild under this node before refChild (at the end when refChild is empty) and
     /// returns the node that now stands there. A node that stands elsewhere is moved; a node of
     /// another document is taken over, gets a number of this document, and only the returned

@@ -25,9 +25,9 @@ void requireNode(const Node &node) {
         invalidArgument(text::NoNode);
 }
 
-void requireElement(const Node &node) {
+void requireKind(const Node &node, NodeType kind) {
     requireNode(node);
-    if (node.nodeType() != NodeType::Element)
+    if (node.nodeType() != kind)
         fail(text::WrongKind.arg(TypeName(node)));
 }
 
@@ -204,7 +204,7 @@ Node Node::replaceChild(const Node &newChild, const Node &oldChild) const {
 }
 
 Node Node::rename(const QString &name) const {
-    requireElement(*this);
+    requireKind(*this, NodeType::Element);
     const Node parent = parentNode();
     requireNode(parent);
     const std::string checked = checkedName(name);
@@ -248,8 +248,21 @@ Node Node::cloneNode(bool deep) const {
     return HandleAccess::node(*this, arena.copyFrom(arena, number_, deep));
 }
 
+Node Node::cloneAttribute(const QString &name) const {
+    requireKind(*this, NodeType::Attribute);
+    const std::string checked = checkedName(name);
+    Arena &arena = HandleAccess::arena(*this);
+    const std::uint32_t interned = arena.names->intern(checked);
+    const Number n = arena.copyFrom(arena, number_, false);
+    Record &copy = arena.writeRecord(n);
+    copy.name = interned;
+    copy.flags =
+        static_cast<std::uint8_t>((copy.flags | record_flag::Renamed) & ~record_flag::Defaulted);
+    return HandleAccess::node(*this, n);
+}
+
 void Node::setAttribute(const QString &name, const QString &value) const {
-    requireElement(*this);
+    requireKind(*this, NodeType::Element);
     if (const Node attribute = getAttributeNode(name)) {
         attribute.setNodeValue(value);
         return;
@@ -264,10 +277,8 @@ void Node::setAttribute(const QString &name, const QString &value) const {
 }
 
 Node Node::setAttributeNode(const Node &attr) const {
-    requireElement(*this);
-    requireNode(attr);
-    if (attr.nodeType() != NodeType::Attribute)
-        fail(text::WrongKind.arg(TypeName(attr)));
+    requireKind(*this, NodeType::Element);
+    requireKind(attr, NodeType::Attribute);
     if (HandleAccess::arena(attr).record(attr.number_).parent != 0)
         fail(text::AttributeInUse);
     Arena &arena = HandleAccess::arena(*this);

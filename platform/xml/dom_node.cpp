@@ -1,3 +1,4 @@
+#include "platform/runtime/strings.h"
 #include "platform/xml/arena.h"
 #include "platform/xml/dom.h"
 #include "platform/xml/serializer.h"
@@ -6,10 +7,6 @@
 namespace quillon::xml {
 
 namespace {
-
-QString toQString(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), qsizetype(utf8.size()));
-}
 
 /// Text and CDATA below a node, with what entity references stand for.
 QString textBelow(const Arena &arena, Number top) {
@@ -21,7 +18,7 @@ QString textBelow(const Arena &arena, Number top) {
         else if (r.kind == NodeType::EntityReference)
             text += entityText(arena.names->utf8(r.name), *arena.entities);
     }
-    return toQString(text);
+    return runtime::fromUtf8(text);
 }
 
 bool hasValue(NodeType kind) {
@@ -67,7 +64,7 @@ QString Node::nodeValue() const {
         return {};
     // An empty value is not a missing one.
     const std::string value = valueOf(HandleAccess::arena(*this), number_);
-    return value.empty() ? QStringLiteral("") : toQString(value);
+    return value.empty() ? QStringLiteral("") : runtime::fromUtf8(value);
 }
 
 QString Node::text() const {
@@ -80,7 +77,7 @@ QString Node::text() const {
         return textBelow(HandleAccess::arena(*this), number_);
     case NodeType::EntityReference: {
         const Arena &arena = HandleAccess::arena(*this);
-        return toQString(
+        return runtime::fromUtf8(
             entityText(arena.names->utf8(arena.record(number_).name), *arena.entities));
     }
     default:
@@ -225,7 +222,7 @@ QString Node::referredEntity() const {
         return {};
     EntityFinder finder(HandleAccess::arena(*this));
     visitSubtree(*this, finder);
-    return toQString(finder.name);
+    return runtime::fromUtf8(finder.name);
 }
 
 void visitSubtree(const Node &top, NodeVisitor &visitor) {

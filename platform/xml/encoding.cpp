@@ -1,12 +1,10 @@
 #include "platform/xml/encoding.h"
 
+#include "platform/xml/encoded_text.h"
 #include "resources/xml_texts.h"
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
-#include <cstring>
-#include <iconv.h>
 #include <utility>
 
 namespace quillon::xml {
@@ -66,106 +64,6 @@ std::string lower(std::string_view name) {
     return out;
 }
 
-iconv_t noConverter() {
-    return reinterpret_cast<iconv_t>(-1);
-}
-
-class Converter {
-public:
-    Converter(const std::string &to, const std::string &from)
-        : handle_(iconv_open(to.c_str(), from.c_str())) {}
-    ~Converter() {
-        if (isOpen())
-            iconv_close(handle_);
-    }
-    Converter(const Converter &) = delete;
-    Converter &operator=(const Converter &) = delete;
-
-    bool isOpen() const { return handle_ != noConverter(); }
-    iconv_t handle() const { return handle_; }
-
-private:
-    iconv_t handle_;
-};
-
-/// Converts all of `in`, appending to `out`. Returns the number of bytes of `in` converted.
-std::size_t convertAll(iconv_t converter, std::string_view in, std::string &out) {
-    iconv(converter, nullptr, nullptr, nullptr, nullptr);
-    char *source = const_cast<char *>(in.data());
-    std::size_t left = in.size();
-    bool flushing = false;
-    std::size_t used = out.size();
-    for (;;) {
-        if (out.size() - used < 64)
-            out.resize(used + std::max<std::size_t>(64, 2 * left));
-        char *target = out.data() + used;
-        std::size_t room = out.size() - used;
-        const std::size_t done = flushing ? iconv(converter, nullptr, nullptr, &target, &room)
-                                          : iconv(converter, &source, &left, &target, &room);
-        used = out.size() - room;
-        if (done == static_cast<std::size_t>(-1)) {
-            if (errno != E2BIG)
-                break;
-            out.resize(out.size() + 64 + 2 * left);
-        } else if (flushing) {
-            break;
-        } else {
-            flushing = true;
-        }
-    }
-    out.resize(used);
-    return in.size() - left;
-}
-
-bool isStateful(const std::string &codec) {
-    return codec.rfind("ISO-2022", 0) == 0;
-}
-
-/// Appends a stretch of the file whose bytes encoding would not give back, if it is one.
-void noteOriginal(std::vector<OriginalBytes> &originals, Encoder &encoder, std::string_view decoded,
-                  std::size_t start, std::string_view bytes) {
-    std::string again;
-    if (encoder.encodeKnown(decoded, again) && again == bytes)
-        return;
-    originals.push_back({static_cast<std::uint32_t>(start),
-                         static_cast<std::uint32_t>(start + decoded.size()), std::string(bytes)});
-}
-
-/// Finds the stretches whose bytes encoding would not give back: single characters, or, where
-/// the encoding has states, whole lines.
-std::vector<OriginalBytes> findOriginals(const std::string &codec, std::string_view bytes,
-                                         std::string_view utf8) {
-    Encoder encoder(codec);
-    std::string again;
-    if (encoder.encodeKnown(utf8, again) && again == bytes)
-        return {};
-    std::vector<OriginalBytes> originals;
-    Converter decoder("UTF-8", codec);
-    std::size_t at = 0;
-    std::size_t position = 0;
-    while (at < bytes.size()) {
-        std::size_t length;
-        std::string decoded;
-        if (isStateful(codec)) {
-            const std::size_t lineEnd = bytes.find('\n', at);
-            length = (lineEnd == bytes.npos ? bytes.size() : lineEnd + 1) - at;
-            convertAll(decoder.handle(), bytes.substr(at, length), decoded);
-        } else {
-            for (length = 1; length < 8 && at + length < bytes.size(); ++length) {
-                decoded.clear();
-                if (convertAll(decoder.handle(), bytes.substr(at, length), decoded) == length)
-                    break;
-            }
-            if (decoded.empty())
-                convertAll(decoder.handle(), bytes.substr(at, length), decoded);
-        }
-        noteOriginal(originals, encoder, decoded, position, bytes.substr(at, length));
-        at += length;
-        position += decoded.size();
-    }
-    return originals;
-}
-
 LineEnd lineEndOf(std::string_view utf8) {
     const std::size_t first = utf8.find_first_of("\r\n");
     if (first == utf8.npos || utf8[first] == '\n')
@@ -221,25 +119,27 @@ std::string declaredEncoding(std::string_view utf8) {
 }
 
 std::string codecFor(std::string_view declaredName) {
-    const std::string name = lower(declaredName);
+    std::string name = lower(declaredName);
     const auto alias = std::find_if(Aliases.begin(), Aliases.end(),
                                     [&](const auto &entry) { return entry.first == name; });
     if (alias != Aliases.end())
         return std::string(alias->second);
     if (name.rfind("windows-", 0) == 0 && name.find_first_not_of("0123456789", 8) == name.npos)
-        return "CP" + name.substr(8);
+        name = "cp" + name.substr(8);
     const bool plain =
         name.find_first_not_of("abcdefghijklmnopqrstuvwxyz0123456789-_:.") == name.npos;
-    if (!plain || name.empty() || name == "utf-7")
+    if (!plain || name.empty())
         return {};
-    // Any other encoding will do that the system knows and that leaves markup readable.
-    const Converter converter("UTF-8", name);
+    // Any other encoding will do that the system knows and in which markup stands as it is. Not so
+    // UTF-7, which would hide it, and ISO-2022-KR, which puts a mark of its own ahead of it.
     constexpr auto markup = "<?xml version=\"1.0\"?><!--a&-->"sv;
+    const Encoder encoder(name);
     std::string decoded;
-    if (!converter.isOpen() || convertAll(converter.handle(), markup, decoded) != markup.size() ||
-        decoded != markup)
-        return {};
-    return name;
+    std::string encoded;
+    encoder.decode(markup, decoded);
+    return decoded == markup && encoder.encode(markup, encoded) && encoded == markup
+               ? name
+               : std::string();
 }
 
 Decoded decodeFile(std::string bytes) {
@@ -254,7 +154,7 @@ Decoded decodeFile(std::string bytes) {
     std::string declared;
     std::string codec = sniffed;
     if (sniffed.empty()) {
-        declared = declaredEncoding(content.substr(0, 1024));
+        declared = declaredEncoding(content);
         codec = declared.empty() ? "UTF-8" : codecFor(declared);
         if (codec.empty())
             result.error = text::UnknownEncoding.arg(QString::fromStdString(declared));
@@ -269,50 +169,62 @@ Decoded decodeFile(std::string bytes) {
             bytes.erase(0, markLength);
         result.utf8 = std::move(bytes);
     } else {
-        const Converter converter("UTF-8", codec);
-        if (!converter.isOpen() ||
-            convertAll(converter.handle(), content, result.utf8) != content.size()) {
+        const IconvConverter converter("UTF-8", codec);
+        if (converter.convert(content, result.utf8) != content.size()) {
             result.error = text::BadBytes.arg(QString::fromStdString(codec));
             return result;
         }
-        if (codec.rfind("UTF-16", 0) != 0)
-            result.originals = findOriginals(codec, content, result.utf8);
+        if (codec.rfind("UTF-16", 0) != 0) {
+            auto originals = findOriginals(codec, content, result.utf8);
+            if (!originals) {
+                result.error = text::BadBytes.arg(QString::fromStdString(codec));
+                return result;
+            }
+            result.originals = std::move(*originals);
+        }
     }
-    result.format.declared = declaredEncoding(std::string_view(result.utf8).substr(0, 1024));
+    result.format.declared = declaredEncoding(result.utf8);
     result.format.lineEnd = lineEndOf(result.utf8);
     return result;
 }
 
-Encoder::Encoder(std::string codec) : codec_(std::move(codec)), passThrough_(codec_ == "UTF-8") {
-    // A byte order mark is the caller's business; the converter for "UTF-16" would write one.
-    if (codec_ == "UTF-16")
-        codec_ = "UTF-16LE";
-    if (!passThrough_) {
-        encoder_ = iconv_open(codec_.c_str(), "UTF-8");
-        decoder_ = iconv_open("UTF-8", codec_.c_str());
-    }
+namespace {
+
+/// The converter for "UTF-16" would write a byte order mark, which is the caller's business.
+std::string withoutMark(const std::string &codec) {
+    return codec == "UTF-16" ? "UTF-16LE" : codec;
 }
 
-Encoder::~Encoder() {
-    for (void *converter : {encoder_, decoder_}) {
-        if (converter && converter != noConverter())
-            iconv_close(converter);
-    }
+} // namespace
+
+Encoder::Encoder(const std::string &codec)
+    : codec_(withoutMark(codec)), passThrough_(codec_ == "UTF-8"), encoder_(codec_, "UTF-8"),
+      decoder_("UTF-8", codec_), hasStates_(findStates()) {}
+
+bool Encoder::findStates() const {
+    // Where there are states, two characters outside ASCII share the way into one and back.
+    constexpr std::array samples = {"あ"sv, "漢"sv, "汉"sv, "한"sv, "é"sv, "Я"sv};
+    return !passThrough_ && std::ranges::any_of(samples, [&](std::string_view sample) {
+        std::string one;
+        std::string two;
+        return encodeKnown(sample, one) && encodeKnown(std::string(sample).append(sample), two) &&
+               two != one + one;
+    });
 }
 
-bool Encoder::encodeKnown(std::string_view utf8, std::string &out) {
+bool Encoder::encodeKnown(std::string_view utf8, std::string &out) const {
     if (passThrough_) {
         out += utf8;
         return true;
     }
     const std::size_t before = out.size();
-    if (encoder_ != noConverter() && convertAll(encoder_, utf8, out) == utf8.size())
+    if (encoder_.isOpen() && encoder_.convert(utf8, out) == utf8.size())
         return true;
     out.resize(before);
     return false;
 }
 
-bool Encoder::encode(std::string_view utf8, std::string &out) {
+bool Encoder::encode(std::string_view utf8, std::string &out) const {
     const std::size_t before = out.size();
     if (!encodeKnown(utf8, out))
         return false;
@@ -320,11 +232,14 @@ bool Encoder::encode(std::string_view utf8, std::string &out) {
         return true;
     std::string back;
     const std::string_view written = std::string_view(out).substr(before);
-    if (decoder_ != noConverter() && convertAll(decoder_, written, back) == written.size() &&
-        back == utf8)
+    if (decode(written, back) == written.size() && back == utf8)
         return true;
     out.resize(before);
     return false;
+}
+
+std::size_t Encoder::decode(std::string_view bytes, std::string &out) const {
+    return decoder_.convert(bytes, out);
 }
 
 } // namespace quillon::xml

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/xml/arena.h"
+#include "platform/xml/iconv_converter.h"
 
 #include <QString>
 
@@ -31,29 +32,33 @@ std::string declaredEncoding(std::string_view utf8);
 std::string codecFor(std::string_view declaredName);
 
 /// Encodes text stretch by stretch. Every stretch starts and ends in the encoding's initial
-/// state, so stretches can be put together in any order.
+/// state.
 class Encoder {
 public:
     /// `codec` as codecFor() gives it.
-    explicit Encoder(std::string codec);
-    ~Encoder();
-    Encoder(const Encoder &) = delete;
-    Encoder &operator=(const Encoder &) = delete;
+    explicit Encoder(const std::string &codec);
 
     const std::string &codec() const { return codec_; }
     /// The text passes through as it is.
     bool isUtf8() const { return passThrough_; }
+    /// What a byte means depends on escape sequences that may stand far ahead of it.
+    bool hasStates() const { return hasStates_; }
     /// Appends the encoded text to `out`. False, with `out` as it was, when the encoding cannot
     /// hold a character or would read it back as another one.
-    bool encode(std::string_view utf8, std::string &out);
+    bool encode(std::string_view utf8, std::string &out) const;
     /// The same without the second check, for text that is known to come from this encoding.
-    bool encodeKnown(std::string_view utf8, std::string &out);
+    bool encodeKnown(std::string_view utf8, std::string &out) const;
+    /// Decodes from the initial state, appending to `out`. Returns the number of bytes decoded.
+    std::size_t decode(std::string_view bytes, std::string &out) const;
 
 private:
+    bool findStates() const;
+
     std::string codec_;
     bool passThrough_;
-    void *encoder_ = nullptr;
-    void *decoder_ = nullptr;
+    IconvConverter encoder_;
+    IconvConverter decoder_;
+    bool hasStates_;
 };
 
 } // namespace quillon::xml

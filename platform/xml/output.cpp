@@ -1,12 +1,11 @@
 #include "platform/xml/output.h"
 
 #include "platform/runtime/error.h"
+#include "platform/runtime/strings.h"
 #include "platform/xml/values.h"
 #include "resources/xml_texts.h"
 
-#include <QList>
-
-#include <algorithm>
+#include <array>
 
 namespace quillon::xml {
 
@@ -18,8 +17,31 @@ std::size_t sequenceLength(char lead) {
     return c < 0x80 ? 1 : c < 0xE0 ? 2 : c < 0xF0 ? 3 : 4;
 }
 
-uint codePoint(std::string_view character) {
-    return QString::fromUtf8(character.data(), qsizetype(character.size())).toUcs4().value(0);
+std::string_view characterAt(std::string_view text, std::size_t at) {
+    return text.substr(at, sequenceLength(text[at]));
+}
+
+char32_t codePoint(std::string_view character) {
+    static constexpr std::array<unsigned char, 5> LeadBits = {0, 0x7F, 0x1F, 0x0F, 0x07};
+    char32_t c = static_cast<unsigned char>(character[0]) & LeadBits[character.size()];
+    for (const char next : character.substr(1))
+        c = c << 6 | (static_cast<unsigned char>(next) & 0x3F);
+    return c;
+}
+
+/// The position, from `start` on, of the first character that the encoding cannot hold behind the
+/// one ahead of it; the end of the text when there is none. (Some encodings have one code for two
+/// characters, which then reads back as a third.)
+std::size_t firstUnheld(const EncodedText &target, std::string_view text, std::size_t start) {
+    std::size_t previous = start;
+    for (std::size_t at = start; at < text.size();) {
+        const std::size_t next = at + characterAt(text, at).size();
+        if (!target.canHold(text.substr(previous, next - previous)))
+            return at;
+        previous = at;
+        at = next;
+    }
+    return text.size();
 }
 
 } // namespace
@@ -53,61 +75,71 @@ std::string FileOutput::withLineEnds(std::string_view text) const {
 }
 
 bool FileOutput::verbatim(const SourceText &source, std::uint32_t start, std::uint32_t end) {
-    if (!source.keepsLineEnds) {
-        if (lineEnd_ == LineEnd::LF)
-            return encoder_.encode(source.slice(start, end), bytes_);
-        return encoder_.encode(withLineEnds(source.slice(start, end)), bytes_);
-    }
-    if (source.codec != encoder_.codec())
-        return encoder_.encode(source.slice(start, end), bytes_);
-    auto original = std::lower_bound(
-        source.originals.begin(), source.originals.end(), start,
-        [](const OriginalBytes &o, std::uint32_t position) { return o.start < position; });
-    for (; original != source.originals.end() && original->end <= end; ++original) {
-        encoder_.encodeKnown(source.slice(start, original->start), bytes_);
-        bytes_ += original->bytes;
-        start = original->end;
-    }
-    return encoder_.encodeKnown(source.slice(start, end), bytes_);
+    if (!source.keepsLineEnds && lineEnd_ != LineEnd::LF)
+        return bytes_.append(withLineEnds(source.slice(start, end)));
+    if (source.keepsLineEnds && source.codec == bytes_.codec())
+        return bytes_.appendRead(source.utf8, source.originals, start, end);
+    return bytes_.append(source.slice(start, end));
+}
+
+void FileOutput::failFor(std::string_view rest) const {
+    if (rest.empty())
+        throw runtime::Error(runtime::error_number::Fail,
+                             resources::xml_text::NotReadableAgain.arg(encodingName_));
+    const std::string_view character = characterAt(rest, 0);
+    throw runtime::Error(
+        runtime::error_number::Fail,
+        resources::xml_text::Unencodable.arg(
+            runtime::fromUtf8(character),
+            QString::number(codePoint(character), 16).toUpper().rightJustified(4, QLatin1Char('0')),
+            encodingName_));
 }
 
 void FileOutput::markup(std::string_view text) {
     const std::string converted = lineEnd_ == LineEnd::LF ? std::string() : withLineEnds(text);
     if (lineEnd_ != LineEnd::LF)
         text = converted;
-    if (encoder_.encode(text, bytes_))
-        return;
-    for (std::size_t i = 0; i < text.size(); i += sequenceLength(text[i])) {
-        const std::string_view character = text.substr(i, sequenceLength(text[i]));
-        std::string ignored;
-        if (encoder_.encode(character, ignored))
-            continue;
-        throw runtime::Error(runtime::error_number::Fail,
-                             resources::xml_text::Unencodable.arg(
-                                 QString::fromUtf8(character.data(), qsizetype(character.size())),
-                                 QString::number(codePoint(character), 16)
-                                     .toUpper()
-                                     .rightJustified(4, QLatin1Char('0')),
-                                 encodingName_));
-    }
+    if (!bytes_.append(text))
+        failFor(text.substr(firstUnheld(bytes_, text, 0)));
 }
 
 void FileOutput::characters(std::string_view text) {
     const std::string converted = lineEnd_ == LineEnd::LF ? std::string() : withLineEnds(text);
     if (lineEnd_ != LineEnd::LF)
         text = converted;
-    if (encoder_.encode(text, bytes_))
+    if (bytes_.append(text))
         return;
-    std::string run;
-    for (std::size_t i = 0; i < text.size(); i += sequenceLength(text[i])) {
-        const std::string_view character = text.substr(i, sequenceLength(text[i]));
-        std::string ignored;
-        if (encoder_.encode(character, ignored))
-            run += character;
-        else
-            run += "&#" + std::to_string(codePoint(character)) + ";";
+    // One character that the encoding lacks must not have a long text looked at one by one.
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t lineEnd = text.find_first_of("\r\n", at);
+        const std::size_t next = lineEnd == text.npos ? text.size() : lineEnd + 1;
+        const std::string_view line = text.substr(at, next - at);
+        if (!bytes_.append(line))
+            charactersOfLine(line);
+        at = next;
     }
-    encoder_.encode(run, bytes_);
+}
+
+void FileOutput::charactersOfLine(std::string_view line) {
+    for (std::size_t at = 0; at < line.size();) {
+        const std::size_t unheld = firstUnheld(bytes_, line, at);
+        std::string run(line.substr(at, unheld - at));
+        at = unheld;
+        if (at < line.size()) {
+            const std::string_view character = characterAt(line, at);
+            run += "&#" + std::to_string(codePoint(character)) + ";";
+            at += character.size();
+        }
+        if (!bytes_.append(run))
+            failFor({});
+    }
+}
+
+std::string FileOutput::take() {
+    std::optional<std::string> bytes = bytes_.take();
+    if (!bytes)
+        failFor({});
+    return std::move(*bytes);
 }
 
 } // namespace quillon::xml

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/xml/encoding.h"
+#include "platform/xml/encoded_text.h"
 #include "platform/xml/source_text.h"
 
 #include <QByteArray>
@@ -14,7 +14,7 @@ namespace quillon::xml {
 class Output {
 public:
     virtual ~Output() = default;
-    /// Whether verbatim() can never fail for this source.
+    /// Whether the target holds all of this source.
     virtual bool holds(const SourceText &source) const = 0;
     /// Text as it was read. False, with nothing written, when the target cannot hold it.
     virtual bool verbatim(const SourceText &source, std::uint32_t start, std::uint32_t end) = 0;
@@ -44,27 +44,31 @@ private:
 class FileOutput final : public Output {
 public:
     /// `mark` goes ahead of everything; `encodingName` is for messages.
-    FileOutput(std::string codec, LineEnd lineEnd, QString encodingName, std::string mark)
-        : encoder_(std::move(codec)), lineEnd_(lineEnd), encodingName_(std::move(encodingName)),
-          bytes_(std::move(mark)) {}
+    FileOutput(const std::string &codec, LineEnd lineEnd, QString encodingName, std::string mark)
+        : bytes_(codec, std::move(mark)), lineEnd_(lineEnd),
+          encodingName_(std::move(encodingName)) {}
 
     bool holds(const SourceText &source) const override {
-        return encoder_.isUtf8() || (source.keepsLineEnds && source.codec == encoder_.codec());
+        return bytes_.isUtf8() || (source.keepsLineEnds && source.codec == bytes_.codec());
     }
 
     bool verbatim(const SourceText &source, std::uint32_t start, std::uint32_t end) override;
     void markup(std::string_view text) override;
     void characters(std::string_view text) override;
 
-    std::string take() { return std::move(bytes_); }
+    /// Raises Fail when the bytes would read back as another text.
+    std::string take();
 
 private:
     std::string withLineEnds(std::string_view text) const;
+    void charactersOfLine(std::string_view line);
+    /// Raises Fail for the character that `rest` starts with, or, when there is none, for the way
+    /// the characters stand together.
+    [[noreturn]] void failFor(std::string_view rest) const;
 
-    Encoder encoder_;
+    EncodedText bytes_;
     LineEnd lineEnd_;
     QString encodingName_;
-    std::string bytes_;
 };
 
 } // namespace quillon::xml

@@ -5,6 +5,8 @@
 #include "platform/xml/values.h"
 #include "resources/xml_texts.h"
 
+#include <utility>
+
 namespace quillon::xml {
 
 namespace {
@@ -23,9 +25,15 @@ private:
         return r.has(record_flag::Source) && !r.has(record_flag::OwnValue);
     }
     /// Writes a stretch of the node's source. Stretches that follow one another are put together
-    /// first: a changed document is mostly one long stretch on either side of the change.
+    /// first: a changed document is mostly one long stretch on either side of the change. False,
+    /// with nothing written, when the output cannot hold it.
     bool source(Number n, std::uint32_t start, std::uint32_t end);
     void flush();
+    /// Writes white space of the node's source.
+    void blanks(Number n, std::uint32_t start, std::uint32_t end) {
+        if (!source(n, start, end))
+            markup(normalizeLineEnds(arena_.slice(n, start, end)));
+    }
     void markup(std::string_view text) {
         flush();
         output_.markup(text);
@@ -73,9 +81,9 @@ bool Serializer::source(Number n, std::uint32_t start, std::uint32_t end) {
 }
 
 void Serializer::flush() {
-    if (pending_)
-        output_.verbatim(*pending_, pendingStart_, pendingEnd_);
-    pending_ = nullptr;
+    const SourceText *text = std::exchange(pending_, nullptr);
+    if (text && !output_.verbatim(*text, pendingStart_, pendingEnd_))
+        throw runtime::Error(runtime::error_number::Fail, resources::xml_text::SourceNotWritten);
 }
 
 void Serializer::write(Number top) {
@@ -154,7 +162,7 @@ void Serializer::layout(Number n) {
     if (r.has(record_flag::OwnLayout))
         markup(arena_.layout(n));
     else if (r.has(record_flag::Source))
-        source(n, r.layoutStart, r.start);
+        blanks(n, r.layoutStart, r.start);
 }
 
 void Serializer::endLayout(Number n) {
@@ -162,7 +170,7 @@ void Serializer::endLayout(Number n) {
     if (r.has(record_flag::OwnEndLayout))
         markup(arena_.endLayout(n));
     else if (r.has(record_flag::Source))
-        source(n, arena_.part(n).contentEnd, arena_.part(n).endTagStart);
+        blanks(n, arena_.part(n).contentEnd, arena_.part(n).endTagStart);
 }
 
 void Serializer::startTag(Number n) {
@@ -202,36 +210,40 @@ void Serializer::tagEnd(Number n, bool hasContent) {
         std::string_view tag = arena_.slice(n, r.start, part.contentStart);
         tag.remove_suffix(closed ? 2 : 1);
         const std::size_t last = tag.find_last_not_of(" \t\r\n");
-        const auto blanks = static_cast<std::uint32_t>(tag.size() - last - 1);
-        const std::uint32_t blanksEnd = r.start + static_cast<std::uint32_t>(tag.size());
         if (closed != hasContent)
-            source(n, blanksEnd - blanks, blanksEnd);
+            blanks(n, r.start + static_cast<std::uint32_t>(last + 1),
+                   r.start + static_cast<std::uint32_t>(tag.size()));
     }
     markup(end);
 }
 
 void Serializer::attribute(Number n) {
     const Record &r = arena_.record(n);
-    const std::string_view name = arena_.names->utf8(r.name);
-    if (r.has(record_flag::Source)) {
-        if (isVerbatim(r) && source(n, r.start, r.end))
-            return;
-        const std::string_view raw = arena_.slice(n, r.start, r.end);
-        const AttributeSource parts = splitAttribute(raw, name.size());
-        // The blanks around "=" and the kind of quote stay.
-        markup(normalizeLineEnds(raw.substr(0, parts.valueStart)));
-        if (isVerbatim(r))
-            characters(
-                normalizeLineEnds(raw.substr(parts.valueStart, parts.valueEnd - parts.valueStart)));
-        else
-            characters(escapeAttribute(valueOf(arena_, n), raw.back()));
-        markup(raw.substr(parts.valueEnd));
+    const bool renamed = r.has(record_flag::Renamed);
+    if (isVerbatim(r) && !renamed && source(n, r.start, r.end))
+        return;
+    markup(arena_.names->utf8(r.name));
+    if (!r.has(record_flag::Source)) {
+        markup("=\"");
+        characters(escapeAttribute(valueOf(arena_, n), '"'));
+        markup("\"");
         return;
     }
-    markup(name);
-    markup("=\"");
-    characters(escapeAttribute(valueOf(arena_, n), '"'));
-    markup("\"");
+    // The blanks around "=" and the kind of quote stay.
+    const std::string_view raw = arena_.slice(n, r.start, r.end);
+    const AttributeSource parts = splitAttribute(raw);
+    if (isVerbatim(r) && source(n, r.start + static_cast<std::uint32_t>(parts.nameEnd), r.end))
+        return;
+    markup(normalizeLineEnds(raw.substr(parts.nameEnd, parts.valueStart - parts.nameEnd)));
+    if (isVerbatim(r)) {
+        characters(
+            normalizeLineEnds(raw.substr(parts.valueStart, parts.valueEnd - parts.valueStart)));
+    } else {
+        const std::string value = valueOf(arena_, n);
+        characters(
+            escapeAttribute(value, raw.back(), keptReferences(value, readAttribute(arena_, n))));
+    }
+    markup(raw.substr(parts.valueEnd));
 }
 
 void Serializer::leaf(Number n) {

@@ -10,11 +10,13 @@
 namespace quillon::xml {
 
 /// A stretch of source text whose bytes in the file are not the ones our encoder would write for
-/// it, because the encoding has several forms for a character.
+/// it, because the encoding has several forms for a character or for the way to it.
 struct OriginalBytes {
     std::uint32_t start;
     std::uint32_t end;
     std::string bytes;
+    /// The escape sequences that lead from the encoding's initial state to where the bytes start.
+    std::string lead;
 };
 
 /// The text a document, or a part of one, was parsed from: UTF-8, never changed. Nodes point into

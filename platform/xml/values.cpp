@@ -3,7 +3,6 @@
 #include "platform/runtime/error.h"
 #include "resources/xml_texts.h"
 
-#include <charconv>
 #include <expat.h>
 
 namespace quillon::xml {
@@ -13,84 +12,6 @@ using runtime::Error;
 namespace error_number = runtime::error_number;
 
 namespace {
-
-/// Bounds of what entity references in one value may grow into. The parser has its own bounds for
-/// what it expands itself; these hold for what is expanded when asked for.
-constexpr std::size_t MaxExpansion = 10'000'000;
-constexpr int MaxEntityDepth = 64;
-
-void appendUtf8(std::string &out, std::uint32_t c) {
-    if (c < 0x80) {
-        out += static_cast<char>(c);
-    } else if (c < 0x800) {
-        out += static_cast<char>(0xC0 | (c >> 6));
-        out += static_cast<char>(0x80 | (c & 0x3F));
-    } else if (c < 0x10000) {
-        out += static_cast<char>(0xE0 | (c >> 12));
-        out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
-        out += static_cast<char>(0x80 | (c & 0x3F));
-    } else if (c < 0x110000) {
-        out += static_cast<char>(0xF0 | (c >> 18));
-        out += static_cast<char>(0x80 | ((c >> 12) & 0x3F));
-        out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
-        out += static_cast<char>(0x80 | (c & 0x3F));
-    }
-}
-
-bool appendPredefined(std::string &out, std::string_view name) {
-    if (name == "lt")
-        out += '<';
-    else if (name == "gt")
-        out += '>';
-    else if (name == "amp")
-        out += '&';
-    else if (name == "quot")
-        out += '"';
-    else if (name == "apos")
-        out += '\'';
-    else
-        return false;
-    return true;
-}
-
-void appendCharacterReference(std::string &out, std::string_view digits) {
-    const bool hex = !digits.empty() && digits.front() == 'x';
-    if (hex)
-        digits.remove_prefix(1);
-    std::uint32_t c = 0;
-    std::from_chars(digits.data(), digits.data() + digits.size(), c, hex ? 16 : 10);
-    appendUtf8(out, c);
-}
-
-void decodeInto(std::string &out, std::string_view raw, const EntityTable &entities, int depth) {
-    for (std::size_t i = 0; i < raw.size();) {
-        const std::size_t special = raw.find_first_of("&\r", i);
-        out.append(raw, i, special == raw.npos ? raw.npos : special - i);
-        if (special == raw.npos)
-            return;
-        i = special + 1;
-        if (raw[special] == '\r') {
-            out += '\n';
-            if (i < raw.size() && raw[i] == '\n')
-                ++i;
-            continue;
-        }
-        const std::size_t end = raw.find(';', i);
-        if (end == raw.npos) {
-            out += '&';
-            continue;
-        }
-        const std::string_view name = raw.substr(i, end - i);
-        i = end + 1;
-        if (!name.empty() && name.front() == '#') {
-            appendCharacterReference(out, name.substr(1));
-        } else if (!appendPredefined(out, name)) {
-            const auto entity = entities.find(name);
-            if (entity != entities.end() && depth < MaxEntityDepth && out.size() < MaxExpansion)
-                decodeInto(out, entity->second, entities, depth + 1);
-        }
-    }
-}
 
 std::string replaceAll(std::string_view value, std::string_view what, std::string_view with) {
     std::string out;
@@ -147,56 +68,6 @@ qsizetype validNameLength(const QString &name) {
 
 } // namespace
 
-std::string decodeCharacters(std::string_view raw, const EntityTable &entities) {
-    std::string out;
-    out.reserve(raw.size());
-    decodeInto(out, raw, entities, 0);
-    return out;
-}
-
-std::string_view referredEntityIn(std::string_view raw) {
-    for (std::size_t at = 0; (at = raw.find('&', at)) != raw.npos;) {
-        const std::size_t end = raw.find(';', ++at);
-        if (end == raw.npos)
-            break;
-        const std::string_view name = raw.substr(at, end - at);
-        std::string ignored;
-        if (!name.empty() && name.front() != '#' && !appendPredefined(ignored, name))
-            return name;
-    }
-    return {};
-}
-
-std::string entityText(std::string_view name, const EntityTable &entities) {
-    const auto entity = entities.find(name);
-    if (entity == entities.end())
-        return {};
-    std::string content;
-    for (std::size_t i = 0; i < entity->second.size();) {
-        const std::size_t tag = entity->second.find('<', i);
-        content.append(entity->second, i, tag == std::string::npos ? tag : tag - i);
-        if (tag == std::string::npos)
-            break;
-        const std::size_t end = entity->second.find('>', tag);
-        i = end == std::string::npos ? entity->second.size() : end + 1;
-    }
-    return decodeCharacters(content, entities);
-}
-
-std::string normalizeLineEnds(std::string_view value) {
-    std::string out;
-    out.reserve(value.size());
-    for (std::size_t i = 0; i < value.size();) {
-        const std::size_t cr = value.find('\r', i);
-        out.append(value, i, cr == value.npos ? cr : cr - i);
-        if (cr == value.npos)
-            break;
-        out += '\n';
-        i = cr + 1 < value.size() && value[cr + 1] == '\n' ? cr + 2 : cr + 1;
-    }
-    return out;
-}
-
 bool isLayout(std::string_view value) {
     return value.find_first_not_of(" \t\r\n") == std::string_view::npos;
 }
@@ -227,10 +98,19 @@ std::string escapeText(std::string_view value, bool preserveSpace) {
     return out;
 }
 
-std::string escapeAttribute(std::string_view value, char quote) {
+std::string escapeAttribute(std::string_view value, char quote,
+                            const std::vector<TextPlace> &references) {
     std::string out;
     out.reserve(value.size() + 16);
-    for (const char c : value) {
+    auto reference = references.begin();
+    for (std::size_t i = 0; i < value.size(); ++i) {
+        if (reference != references.end() && reference->start == i) {
+            out += value.substr(i, reference->length);
+            i += reference->length - 1;
+            ++reference;
+            continue;
+        }
+        const char c = value[i];
         switch (c) {
         case '&':
             out += "&amp;";
@@ -280,15 +160,25 @@ std::string instructionMarkup(std::string_view target, std::string_view value) {
     return out + "?>";
 }
 
-AttributeSource splitAttribute(std::string_view source, std::size_t nameLength) {
-    const std::size_t quote = source.find_first_of("\"'", nameLength);
-    return {quote + 1, source.size() - 1};
+AttributeSource splitAttribute(std::string_view source) {
+    const std::size_t nameEnd = source.find_first_of("= \t\r\n");
+    return {nameEnd, source.find_first_of("\"'", nameEnd) + 1, source.size() - 1};
 }
 
 std::string_view instructionData(std::string_view source, std::size_t targetLength) {
     std::string_view data = source.substr(2 + targetLength, source.size() - 4 - targetLength);
     data.remove_prefix(std::min(data.find_first_not_of(" \t\r\n"), data.size()));
     return data;
+}
+
+AttributeText readAttribute(const Arena &arena, Number node) {
+    const Record &r = arena.record(node);
+    if (!r.has(record_flag::Source))
+        return {};
+    const std::string_view source = arena.slice(node, r.start, r.end);
+    const AttributeSource parts = splitAttribute(source);
+    return decodeAttribute(source.substr(parts.valueStart, parts.valueEnd - parts.valueStart),
+                           *arena.entities);
 }
 
 std::string valueOf(const Arena &arena, Number node) {
@@ -299,15 +189,12 @@ std::string valueOf(const Arena &arena, Number node) {
         return {};
     const std::string_view source = arena.slice(node, r.start, r.end);
     switch (r.kind) {
-    case NodeType::Attribute: {
-        const AttributeSource parts = splitAttribute(source, arena.names->utf8(r.name).size());
-        return decodeCharacters(source.substr(parts.valueStart, parts.valueEnd - parts.valueStart),
-                                *arena.entities);
-    }
+    case NodeType::Attribute:
+        return readAttribute(arena, node).value;
     case NodeType::Text:
         return decodeCharacters(source, *arena.entities);
     case NodeType::CDATASection:
-        return normalizeLineEnds(source.substr(9, source.size() - 12));
+        return normalizeLineEnds(cdataCharacters(source));
     case NodeType::Comment:
         return normalizeLineEnds(source.substr(4, source.size() - 7));
     case NodeType::ProcessingInstruction:

@@ -113,7 +113,10 @@ TEST_F(EditingTest, TypingAValueChangesTheNode) {
     type("<\">");
     EXPECT_EQ(selected(), "k=\"<\">\"");
     EXPECT_TRUE(xml().contains("<a k='&lt;\"&gt;'/>"));
+    const QString mark(QChar::ByteOrderMark);
     select("note");
+    type(mark + "changed");
+    EXPECT_EQ(state().m_DOM.node().childNodes().item(1).text(), mark + "changed");
     type("changed");
     select("raw");
     type("new ]]> raw");
@@ -290,7 +293,7 @@ TEST_F(EditingTest, RenamingAttributes) {
     EXPECT_EQ(xml(), "<doc id='1' other='2'/>");
     EXPECT_TRUE(rename("key"));
     EXPECT_EQ(selected(), "key=\"1\"");
-    EXPECT_EQ(xml(), "<doc other='2' key=\"1\"/>");
+    EXPECT_EQ(xml(), "<doc other='2' key='1'/>");
     EXPECT_EQ(txtEdit().Text(), "1");
     EXPECT_TRUE(modified());
     editor().options.viewText = false;
@@ -320,6 +323,23 @@ TEST_F(EditingTest, RenamingAnElementKeepsTheLinesOfItsFile) {
     editor().commands.SaveFile(path("doc.xml"));
     EXPECT_EQ(read("doc.xml"),
               "<doc>\r\n\t<p2>\r\n\t\t<a />\r\n\r\n\t</p2>\r\n\t<q2></q2>\r\n</doc>\r\n");
+}
+
+TEST_F(EditingTest, AReferenceToAnEntityOfAnUnreadDtdStays) {
+    open("<!DOCTYPE doc SYSTEM 'doc.dtd'>\n<doc href='&base;/&#x69;'/>");
+    select("href=\"&base;/i\"");
+    EXPECT_EQ(txtEdit().Text(), "&base;/i");
+    EXPECT_TRUE(rename("src"));
+    EXPECT_TRUE(xml().endsWith("<doc src='&base;/&#x69;'/>"));
+    for (const char *text : {"&bas;/j", "&base;/j"})
+        type(text);
+    EXPECT_TRUE(xml().endsWith("<doc src='&base;/j'/>"));
+    editor().history.UndoCommand();
+    EXPECT_TRUE(xml().endsWith("<doc src='&amp;bas;/j'/>"));
+    editor().history.RedoCommand();
+    select("src=\"&base;/j\"");
+    type("&base;&base;");
+    EXPECT_TRUE(xml().endsWith("<doc src='&base;&base;'/>"));
 }
 
 TEST_F(EditingTest, WhichLabelsMayBeEdited) {
@@ -363,20 +383,20 @@ TEST_F(EditingTest, ALabelIsEditedWithTheKeyboard) {
     QTest::keyClicks(line, "key");
     QTest::keyClick(line, Qt::Key_Return);
     QCoreApplication::processEvents();
-    EXPECT_EQ(xml(), "<doc key=\"1\">text</doc>");
+    EXPECT_EQ(xml(), "<doc key='1'>text</doc>");
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     line = edit();
     ASSERT_TRUE(line);
     QTest::keyClicks(line, "dropped");
     QTest::keyClick(line, Qt::Key_Escape);
-    EXPECT_EQ(xml(), "<doc key=\"1\">text</doc>");
+    EXPECT_EQ(xml(), "<doc key='1'>text</doc>");
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     select("text");
     line = edit();
     ASSERT_TRUE(line);
     QTest::keyClicks(line, "changed");
     txtEdit().setFocus();
-    EXPECT_EQ(xml(), "<doc key=\"1\">changed</doc>") << "losing the focus commits";
+    EXPECT_EQ(xml(), "<doc key='1'>changed</doc>") << "losing the focus commits";
     EXPECT_EQ(txtEdit().Text(), "changed");
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 

@@ -288,6 +288,62 @@ TEST(Dom, PropertiesHaveTheirDefaults) {
     EXPECT_EQ(parsed("<?xml version='1.0' encoding=\"x-sjis\"?><a/>").encoding(), "x-sjis");
 }
 
+TEST(Entities, HaveTheTextInTheirContent) {
+    const struct {
+        const char *declared;
+        const char *text;
+    } cases[] = {
+        {"<!ENTITY e \"a<![CDATA[b]]>c<!-- x > y -->d<i q='>'>z</i>\">", "abcdz"},
+        {"<!ENTITY e '<![CDATA[&lt;<x>]]>&amp;<?p > ?><i a=\"/>\"/>'>", "&lt;<x>&"},
+        {"<!ENTITY f '<b>in<!--out--></b>'><!ENTITY e '(&f;&lt;&#38;amp;)'>", "(in<&)"},
+        {"<!ENTITY e '&#60;b>text&#60;/b>&no;'>", "text"},
+    };
+    for (const auto &c : cases) {
+        const DOMDocument40 d =
+            parsed(std::string("<!DOCTYPE r SYSTEM 'r.dtd' [") + c.declared + "]><r>&e;</r>");
+        EXPECT_EQ(d.documentElement().text().toStdString(), c.text) << c.declared;
+    }
+}
+
+TEST(Entities, OfAnUnreadDtdStayReferencesInAttributes) {
+    const std::string head = "<!DOCTYPE r SYSTEM 'r.dtd' [<!ENTITY in 'x&base;'>]>";
+    const auto edited = [&](const std::string &value, const char *shown, const char *set) {
+        const DOMDocument40 d = parsed(head + "<r a='" + value + "'/>");
+        const Node a = d.documentElement().getAttributeNode("a");
+        EXPECT_EQ(a.nodeValue().toStdString(), shown);
+        const Node copy = d.documentElement().cloneNode(true).getAttributeNode("a");
+        for (const Node &n : {a, copy}) {
+            n.setNodeValue("");
+            n.setNodeValue(q(set));
+            EXPECT_EQ(n.nodeValue().toStdString(), set);
+        }
+        EXPECT_EQ(xml(a), xml(copy));
+        EXPECT_EQ(parsed(xml(d)).documentElement().getAttribute("a"), q(set));
+        return xml(a);
+    };
+    EXPECT_EQ(edited("&base;/i", "&base;/i", "&base;/j"), "a='&base;/j'");
+    EXPECT_EQ(edited("&base;/i", "&base;/i", "&other;&base;&amp;&base"),
+              "a='&amp;other;&base;&amp;amp;&amp;base'");
+    EXPECT_EQ(edited("&in;&lt;", "x&base;<", "x&base;&in;"), "a='x&base;&amp;in;'");
+    // The same characters, once as such and once as a reference.
+    EXPECT_EQ(edited("&amp;b; &b;", "&b; &b;", "&b; and &b;"), "a='&amp;b; and &b;'");
+    EXPECT_EQ(edited("&b; &amp;b;", "&b; &b;", "&b; &b;!"), "a='&b; &amp;b;!'");
+
+    const DOMDocument40 d = parsed(head + "<r\n  a = '&base;&#x41;' b='2'/>");
+    const Node r = d.documentElement();
+    r.setAttribute("new", "&base;");
+    const Node a = r.getAttributeNode("a");
+    const Node renamed = a.cloneAttribute("c");
+    r.removeAttribute("a");
+    r.setAttributeNode(renamed);
+    EXPECT_EQ(xml(r), "<r b='2' new=\"&amp;base;\"\n  c = '&base;&#x41;'/>");
+    EXPECT_EQ(renamed.nodeValue(), "&base;A");
+    renamed.setNodeValue("&base;B");
+    EXPECT_EQ(xml(renamed), "c = '&base;B'");
+    EXPECT_THROW(renamed.cloneAttribute("1"), runtime::Error);
+    EXPECT_THROW(r.cloneAttribute("x"), runtime::Error);
+}
+
 } // namespace
 
 } // namespace quillon::xml::test

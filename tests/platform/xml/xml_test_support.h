@@ -48,6 +48,16 @@ private:
     QTemporaryDir folder_;
 };
 
+/// Loads and saves bytes; gives the saved bytes.
+inline std::string reloaded(const Files &files, const std::string &bytes) {
+    DOMDocument40 document = DOMDocument40::create();
+    EXPECT_TRUE(document.load(files.write("in.xml", bytes)))
+        << document.parseError().reason.toStdString() << "\n"
+        << bytes.substr(0, 300);
+    document.save(files.path("out.xml"));
+    return files.read("out.xml");
+}
+
 inline QString q(const std::string &utf8) {
     return QString::fromStdString(utf8);
 }
