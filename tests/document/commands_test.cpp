@@ -134,6 +134,7 @@ TEST_F(CommandsTest, AFailedReloadLeavesEverythingAsItWas) {
     time = time.addSecs(1);
     const auto expectUnchanged = [&] {
         EXPECT_TRUE(item("new"));
+        EXPECT_EQ(xml(), "<r>new</r>");
         EXPECT_EQ(title(), "doc.xml * - Quillon XML Editor");
         EXPECT_EQ(state().m_BackupPath, backup);
         EXPECT_FALSE(state().m_ReadOnly);
