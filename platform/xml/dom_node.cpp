@@ -203,15 +203,23 @@ public:
         const Record &r = arena_.record(number);
         if (kind == NodeType::EntityReference)
             name = arena_.names->utf8(r.name);
-        else if (kind == NodeType::Attribute && r.has(record_flag::Source) &&
-                 !r.has(record_flag::OwnValue))
-            name = referredEntityIn(arena_.slice(number, r.start, r.end));
+        else if (kind == NodeType::Attribute && r.has(record_flag::Source))
+            name = r.has(record_flag::OwnValue)
+                       ? keptReference(number)
+                       : std::string(referredEntityIn(arena_.slice(number, r.start, r.end)));
     }
     void leave() override {}
 
-    std::string_view name;
+    std::string name;
 
 private:
+    /// What a value that was set still refers to.
+    std::string keptReference(Number attribute) const {
+        const std::string value = valueOf(arena_, attribute);
+        const auto kept = keptReferences(value, readAttribute(arena_, attribute));
+        return kept.empty() ? std::string() : value.substr(kept[0].start + 1, kept[0].length - 2);
+    }
+
     const Arena &arena_;
 };
 

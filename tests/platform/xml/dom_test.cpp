@@ -40,6 +40,10 @@ TEST(Dom, FindsTheFirstEntityReferredTo) {
     const DOMDocument40 d = parsed("<!DOCTYPE r [<!ENTITY e 'x'>]><r k='&e;'/>");
     d.documentElement().setAttribute("k", "&e;");
     EXPECT_EQ(d.documentElement().referredEntity(), "") << "a value that was set refers to nothing";
+    const DOMDocument40 unread = parsed("<!DOCTYPE r SYSTEM 'r.dtd'><r k='&base;/a'/>");
+    unread.documentElement().setAttribute("k", "&base;/b");
+    EXPECT_EQ(xml(unread.documentElement()), "<r k='&base;/b'/>");
+    EXPECT_EQ(unread.documentElement().referredEntity(), "base") << "but what it kept counts";
 }
 
 TEST(Dom, NamesValuesAndTextOfEveryKind) {
