@@ -43,6 +43,8 @@ frmMain::frmMain(bool startedAlone, Surroundings surroundings)
     menus_ = std::make_unique<controls::ActionMenus>(actions_, *menuBar());
     editor_ =
         std::make_unique<Editor>(std::move(surroundings), *tvw, *txtEdit, *cboPath, *ie, longWork_);
+    // Nodes are moved within the tree; in the pane they would be typing.
+    txtEdit->refuseDropsOf(tree::NodeFormat);
     // What is being typed into a caption belongs to the document that the command is about.
     actions_.beforeCommand = [this] { tvw->EndLabelEdit(); };
     treeKeys_ = std::make_unique<TreeKeys>(*tvw, *editor_, actions_);

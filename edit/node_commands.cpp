@@ -6,6 +6,7 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QMimeData>
 
 namespace quillon::edit {
 
@@ -82,13 +83,27 @@ NodeMenuStates NodeCommands::mnuNode_Click() const {
 }
 
 void NodeCommands::CopyNode(const TreeItem &item) {
-    if (item)
-        QGuiApplication::clipboard()->setText(QString::fromUtf8(selection_.GetDOMNode(item).xml()));
+    if (!item)
+        return;
+    const tree::DepartingNode node(selection_.GetDOMNode(item),
+                                   selection_.GetDOMNode(item.Parent()));
+    auto data = std::make_unique<QMimeData>();
+    data->setText(QString::fromUtf8(node.text()));
+    data->setData(tree::NodeFormat, node.packed());
+    QGuiApplication::clipboard()->setMimeData(data.release());
+}
+
+TreeItem NodeCommands::insertClipboard(const TreeItem &item) {
+    const QMimeData *data = QGuiApplication::clipboard()->mimeData();
+    if (data && data->hasFormat(tree::NodeFormat)) {
+        if (const auto node = tree::unpackedNode(data->data(tree::NodeFormat), state_.m_DOM))
+            return nodeText_.InsertArrivedNode(item, *node);
+    }
+    return nodeText_.InsertNodeFromText(item, withoutOuterBlanks(clipboardText()));
 }
 
 TreeItem NodeCommands::PasteNode(const TreeItem &item) {
-    const TreeItem newItem =
-        nodeText_.InsertNodeFromText(item, withoutOuterBlanks(clipboardText()));
+    const TreeItem newItem = insertClipboard(item);
     if (!newItem)
         return {};
     selection_.ShowNode(newItem, true);

@@ -31,8 +31,8 @@ struct NodeMenuStates {
     bool moveDown = false;
 };
 
-/// Removes, moves, renames and transfers nodes. The clipboard holds the markup of one node as
-/// plain text.
+/// Removes, moves, renames and transfers nodes. The clipboard holds one node in this program's own
+/// format and its markup as plain text.
 class NodeCommands : public QObject {
     Q_OBJECT
 
@@ -45,8 +45,8 @@ public:
     NodeMenuStates mnuNode_Click() const;
 
     void CopyNode(const controls::TreeItem &item);
-    /// Pastes the clipboard's text at an item; returns the item of the new node, or none when
-    /// nothing was inserted, which leaves the document as it was.
+    /// Pastes the clipboard's node, or else its text, at an item; returns the item of the new node,
+    /// or none when nothing was inserted, which leaves the document as it was.
     controls::TreeItem PasteNode(const controls::TreeItem &item);
 
     void mnuEditCopy_Click();
@@ -66,6 +66,7 @@ Q_SIGNALS:
     void pasteEnabled();
 
 private:
+    controls::TreeItem insertClipboard(const controls::TreeItem &item);
     /// Puts a copy of the selected node at the place named, removes the node and shows the copy.
     void moveSelected(controls::TreeItem relItem, controls::Relationship relationship);
 

@@ -65,6 +65,10 @@ inline constexpr QStringView NothingFound = u"見つかりませんでした";
 // Directly after the number.
 inline constexpr QStringView MatchesFound = u"件検索されました。";
 
+// Moving and copying nodes.
+inline constexpr QStringView EntityNotDeclaredHere =
+    u"挿入するノードは、このドキュメントで同じ内容に宣言されていない実体を参照しています。";
+
 // Settings. %1 to %3 are section, key and value, %4 is what is wrong with it.
 inline constexpr QStringView BrokenSetting = u"設定 [%1] %2 の値 \"%3\" が正しくありません。\n%4";
 inline constexpr QStringView DuplicateEditor =

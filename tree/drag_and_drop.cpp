@@ -26,8 +26,11 @@ QString fileOf(const QMimeData &data) {
     return {};
 }
 
-QString textOf(const QMimeData &data) {
-    return data.hasFormat(TextFormat) ? data.text() : QString();
+/// What may be done in place of an action that the source does not allow.
+Qt::DropAction allowed(Qt::DropAction wanted, const DragPoint &point) {
+    if (point.possible.testFlag(wanted))
+        return wanted;
+    return point.possible.testFlag(Qt::CopyAction) ? Qt::CopyAction : Qt::IgnoreAction;
 }
 
 /// A file's document as text; empty when the file does not parse.
@@ -80,10 +83,8 @@ DragAndDrop::DragAndDrop(const document::DocumentState &state, TreeBuilder &buil
             m_nodDown = item;
     });
     tvw.setDragHandlers({[this] { return tvw_OLEStartDrag(); },
-                         [this](const QMimeData &data) {
-                             if (!m_nodDrag)
-                                 NodeMimeData::announceConfirmation(data);
-                         },
+                         [this](const QMimeData &data) { tvw_OLEDragEnter(data); },
+                         [this] { bringSelectionBack(); },
                          [this](const DragPoint &point) { return tvw_OLEDragOver(point); },
                          [this](const DragPoint &point, const QMimeData &data) {
                              return tvw_OLEDragDrop(point, data);
@@ -93,11 +94,13 @@ DragAndDrop::DragAndDrop(const document::DocumentState &state, TreeBuilder &buil
 
 // ---- The source
 
-std::unique_ptr<QMimeData> DragAndDrop::tvw_OLEStartDrag() {
+controls::DragOffer DragAndDrop::tvw_OLEStartDrag() {
     m_nodDrag = m_nodDown;
     if (!m_nodDrag)
-        return nullptr;
-    auto data = std::make_unique<NodeMimeData>(builder_.registry().Item(m_nodDrag));
+        return {};
+    const NodeRegistry &registry = builder_.registry();
+    auto data = std::make_unique<NodeMimeData>(
+        DepartingNode(registry.Item(m_nodDrag), registry.Item(m_nodDrag.Parent())));
     connect(data.get(), &NodeMimeData::confirmationAnnounced, this,
             [this] { awaitsConfirmation_ = true; });
     // Not while the other program waits for the answer to what it asks.
@@ -105,14 +108,18 @@ std::unique_ptr<QMimeData> DragAndDrop::tvw_OLEStartDrag() {
         data.get(), &NodeMimeData::moveConfirmed, this,
         [this, item = m_nodDrag] { controls::guarded([&] { completeMove(item); }); },
         Qt::QueuedConnection);
-    return data;
+    controls::DragOffer offer{std::move(data)};
+    if (state_.m_ReadOnly)
+        offer.actions = Qt::CopyAction;
+    return offer;
 }
 
 void DragAndDrop::tvw_OLECompleteDrag(Qt::DropAction effect) {
+    bringSelectionBack();
     const TreeItem dragged = std::exchange(m_nodDrag, {});
     unconfirmed_ = {};
     const bool isUnconfirmed = std::exchange(awaitsConfirmation_, false);
-    if (effect != Qt::MoveAction)
+    if (effect != Qt::MoveAction || state_.m_ReadOnly)
         return;
     if (isUnconfirmed)
         unconfirmed_ = dragged;
@@ -127,53 +134,98 @@ void DragAndDrop::completeMove(const TreeItem &item) {
 
 // ---- The target
 
+void DragAndDrop::tvw_OLEDragEnter(const QMimeData &data) {
+    isFile_ = !fileOf(data).isEmpty();
+    isOfUse_ = isFile_ || data.hasFormat(NodeFormat) || data.hasFormat(TextFormat);
+    if (!m_nodDrag)
+        NodeMimeData::announceConfirmation(data);
+}
+
+void DragAndDrop::bringSelectionBack() {
+    if (const auto before = std::exchange(selectedBefore_, std::nullopt); before && *before)
+        tvw_.selectInPlace(*before);
+}
+
 bool DragAndDrop::isWithinDragged(const TreeItem &target) const {
     // By the paths, not by descent: a later sibling whose caption begins with the dragged one's
     // is refused as well. That is meant so.
     return m_nodDrag && pathBeginsWith(target, m_nodDrag);
 }
 
+bool DragAndDrop::isOwnPlace(const TreeItem &target) const {
+    // An attribute would be given its own value and then be removed.
+    const bool isOwnElement = m_nodDrag && target == m_nodDrag.Parent() &&
+                              builder_.registry().Item(m_nodDrag).nodeType() == NodeType::Attribute;
+    return isOwnElement || isWithinDragged(target);
+}
+
 Qt::DropAction DragAndDrop::tvw_OLEDragOver(const DragPoint &point) {
-    if (state_.m_ReadOnly)
+    if (state_.m_ReadOnly || !isOfUse_)
         return Qt::IgnoreAction;
     if (!point.item)
-        return point.proposed;
+        return isFile_ ? allowed(Qt::CopyAction, point) : point.proposed;
+    if (!selectedBefore_)
+        selectedBefore_ = tvw_.SelectedItem();
     tvw_.selectInPlace(point.item);
     // The document takes drops, but is not offered as a target. That is meant so.
     if (builder_.registry().Item(point.item).nodeType() != NodeType::Element ||
-        isWithinDragged(point.item))
+        isOwnPlace(point.item))
         return Qt::IgnoreAction;
     // Ctrl alone here, Ctrl with whatever else at the drop. That is meant so.
     constexpr auto Counted = Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier;
-    return (point.modifiers & Counted) == Qt::ControlModifier ? Qt::CopyAction : Qt::MoveAction;
+    const bool isCopy = isFile_ || (point.modifiers & Counted) == Qt::ControlModifier;
+    return allowed(isCopy ? Qt::CopyAction : Qt::MoveAction, point);
 }
 
 Qt::DropAction DragAndDrop::tvw_OLEDragDrop(const DragPoint &point, const QMimeData &data) {
     // It may have crossed another window before; back here it is no question what becomes of it.
     awaitsConfirmation_ = false;
+    const Qt::DropAction done = takeDropped(point, data);
+    if (done == Qt::IgnoreAction)
+        bringSelectionBack();
+    selectedBefore_.reset();
+    return done;
+}
+
+Qt::DropAction DragAndDrop::takeDropped(const DragPoint &point, const QMimeData &data) {
     const TreeItem target = point.item ? point.item : tvw_.SelectedItem();
-    if (state_.m_ReadOnly || isWithinDragged(target))
+    if (state_.m_ReadOnly || isOwnPlace(target))
         return Qt::IgnoreAction;
     if (!state_.showsDocument())
         return openDropped(data);
-    // A file manager offers text as well, but that is only the names of the files.
-    const QString file = fileOf(data);
-    const QString text = file.isEmpty() ? textOf(data) : contentOf(file);
-    if (!nodeText_.InsertNodeFromText(target, text))
+    if (!insertDropped(target, data))
         return Qt::IgnoreAction;
     Q_EMIT documentModified();
-    if (point.modifiers.testFlag(Qt::ControlModifier))
+    // Moved, a file would be removed from where it is.
+    if (point.modifiers.testFlag(Qt::ControlModifier) || !fileOf(data).isEmpty() ||
+        !point.possible.testFlag(Qt::MoveAction))
         return Qt::CopyAction;
     if (!m_nodDrag)
         NodeMimeData::confirmMove(data);
     return Qt::MoveAction;
 }
 
+TreeItem DragAndDrop::insertDropped(const TreeItem &target, const QMimeData &data) {
+    if (data.hasFormat(NodeFormat)) {
+        const QByteArray packed = NodeMimeData::packedNode(data);
+        // Too large for the way from one program to another, as its text will be.
+        if (packed.isEmpty())
+            return {};
+        if (const auto node = unpackedNode(packed, state_.m_DOM))
+            return nodeText_.InsertArrivedNode(target, *node);
+    }
+    // A file manager offers text as well, but that is only the names of the files.
+    if (const QString file = fileOf(data); !file.isEmpty())
+        return nodeText_.InsertNodeFromText(target, contentOf(file));
+    return data.hasFormat(TextFormat) ? nodeText_.InsertNodeFromText(target, data.text())
+                                      : TreeItem();
+}
+
 Qt::DropAction DragAndDrop::openDropped(const QMimeData &data) {
     if (const QString file = fileOf(data); !file.isEmpty())
         Q_EMIT openFileRequested(file);
     else if (data.hasFormat(TextFormat))
-        Q_EMIT loadXmlRequested(textOf(data));
+        Q_EMIT loadXmlRequested(data.text());
     // The document that this makes is not saved anywhere, so nothing is taken away for it.
     return state_.m_DOM.documentElement() ? Qt::CopyAction : Qt::IgnoreAction;
 }

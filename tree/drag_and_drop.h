@@ -7,9 +7,8 @@ class QMimeData;
 
 namespace quillon::tree {
 
-/// Moves and copies nodes by dragging, and takes XML text and files from other programs. Whatever
-/// is dragged travels as text: a move inserts a copy, then removes the source, which may be an item
-/// of another window.
+/// Moves and copies nodes by dragging, and takes XML text and files from other programs. A move
+/// inserts a copy, then removes the source, which may be an item of another window.
 class DragAndDrop : public QObject {
     Q_OBJECT
 
@@ -18,20 +17,26 @@ public:
     DragAndDrop(const document::DocumentState &state, TreeBuilder &builder, NodeText &nodeText,
                 NodeRemoval &removal, controls::TreeView &tvw);
 
-    /// Begins to drag the item pressed last and returns its XML, made when it is asked for; null
-    /// when no item was pressed.
-    std::unique_ptr<QMimeData> tvw_OLEStartDrag();
+    /// Begins to drag the item pressed last and offers its node, of a read-only document only for
+    /// copying; without data when no item was pressed.
+    controls::DragOffer tvw_OLEStartDrag();
+    /// Something dragged comes in.
+    void tvw_OLEDragEnter(const QMimeData &data);
     /// Selects the item hovered over and says what a drop would do: elements take a copy while
-    /// Ctrl alone is held, else a move; other nodes take nothing.
+    /// Ctrl alone is held, else a move; other nodes take nothing, and an element takes none of its
+    /// own attributes. Where the source allows no move, and of a file, a copy is taken. Data that
+    /// is neither a node nor text nor a file is refused.
     Qt::DropAction tvw_OLEDragOver(const controls::DragPoint &point);
     /// Inserts what is dropped under the item at the point, or else under the selected one, or
     /// asks for it to be opened when no document is. Returns what is to become of the source:
-    /// Qt::CopyAction if Ctrl is held, alone or not, Qt::MoveAction otherwise, Qt::IgnoreAction
-    /// when nothing was inserted.
+    /// Qt::CopyAction if Ctrl is held, alone or not, for a file, and where the source allows no
+    /// move; Qt::MoveAction otherwise; Qt::IgnoreAction when nothing was inserted.
     Qt::DropAction tvw_OLEDragDrop(const controls::DragPoint &point, const QMimeData &data);
     /// Ends the drag of an item; removes its node after a move, or, where another window of this
     /// program took it, as soon as that one has confirmed the move.
     void tvw_OLECompleteDrag(Qt::DropAction effect);
+    /// The drag has gone elsewhere or was given up: what was selected before is so again.
+    void bringSelectionBack();
 
     /// The item that a mouse button went down on last.
     controls::TreeItem m_nodDown;
@@ -47,7 +52,11 @@ Q_SIGNALS:
 
 private:
     void completeMove(const controls::TreeItem &item);
+    /// Whether what is dragged may not go to an item because of where it comes from.
+    bool isOwnPlace(const controls::TreeItem &target) const;
     bool isWithinDragged(const controls::TreeItem &target) const;
+    controls::TreeItem insertDropped(const controls::TreeItem &target, const QMimeData &data);
+    Qt::DropAction takeDropped(const controls::DragPoint &point, const QMimeData &data);
     Qt::DropAction openDropped(const QMimeData &data);
 
     const document::DocumentState &state_;
@@ -55,6 +64,11 @@ private:
     NodeText &nodeText_;
     NodeRemoval &removal_;
     controls::TreeView &tvw_;
+    /// What comes in can be dropped.
+    bool isOfUse_ = true;
+    bool isFile_ = false;
+    /// What was selected before the drag selected what it passes over.
+    std::optional<controls::TreeItem> selectedBefore_;
     /// The drag has entered a window that will confirm a move.
     bool awaitsConfirmation_ = false;
     /// The item moved to another window that has not been heard from yet.

@@ -2,10 +2,6 @@
 
 namespace quillon::tree {
 
-namespace {
-
-/// What decides which entities may be referred to: the document type and, ahead of it, the XML
-/// declaration. Empty without a document type.
 QByteArray entityDeclarationsOf(const xml::DOMDocument40 &document) {
     if (!document)
         return {};
@@ -18,8 +14,6 @@ QByteArray entityDeclarationsOf(const xml::DOMDocument40 &document) {
     }
     return {};
 }
-
-} // namespace
 
 xml::DOMDocument40 parsedFragment(const xml::DOMDocument40 &document, const QByteArray &utf8) {
     xml::DOMDocument40 parsed = xml::DOMDocument40::create();

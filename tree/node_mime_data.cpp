@@ -25,16 +25,32 @@ void NodeMimeData::confirmMove(const QMimeData &data) {
     ask(data, Confirmation);
 }
 
+QByteArray NodeMimeData::packedNode(const QMimeData &data) {
+    // Within this process there is no bound.
+    const auto *own = qobject_cast<const NodeMimeData *>(&data);
+    return own ? own->node_.packed() : data.data(NodeFormat);
+}
+
 QStringList NodeMimeData::formats() const {
-    return {Text, Announcement, Confirmation};
+    return {NodeFormat, Text, Announcement, Confirmation};
+}
+
+bool NodeMimeData::isWithinBounds(const QByteArray &bytes) const {
+    isTooLarge_ = bytes.size() > LargestTransfer;
+    return !isTooLarge_;
 }
 
 QVariant NodeMimeData::retrieveData(const QString &format, QMetaType type) const {
     if (format == Text) {
-        const QByteArray utf8 = node_.xml();
+        const QByteArray utf8 = node_.text();
         // Bytes are for another process.
-        isTooLarge_ = type.id() == QMetaType::QByteArray && utf8.size() > LargestTransfer;
-        return isTooLarge_ ? QString() : QString::fromUtf8(utf8);
+        if (type.id() == QMetaType::QByteArray && !isWithinBounds(utf8))
+            return QString();
+        return QString::fromUtf8(utf8);
+    }
+    if (format == NodeFormat) {
+        const QByteArray packed = node_.packed();
+        return isWithinBounds(packed) ? packed : QByteArray();
     }
     if (format == Announcement)
         Q_EMIT confirmationAnnounced();

@@ -1,13 +1,14 @@
 #pragma once
 
-#include "platform/xml/dom.h"
+#include "tree/node_transfer.h"
 
 #include <QMimeData>
 
 namespace quillon::tree {
 
-/// A dragged node: its XML as plain text, made when it is asked for. It holds the node itself, as
-/// another program may ask when a move has taken the node out of its document already.
+/// A dragged node: its XML as plain text and the node in this program's own format, each made when
+/// it is asked for. It holds the node itself, as another program may ask when a move has taken the
+/// node out of its document already.
 ///
 /// To a source in another process the desktop reports the last answer given while hovering, even
 /// if the drop is refused after that. So a window of this program that is a target says by two
@@ -16,7 +17,11 @@ class NodeMimeData final : public QMimeData {
     Q_OBJECT
 
 public:
-    explicit NodeMimeData(const xml::Node &node) : node_(node) {}
+    explicit NodeMimeData(const DepartingNode &node) : node_(node) {}
+
+    /// The node in NodeFormat that some data offers; empty when it offers none, or one too large
+    /// to be handed over by another process.
+    static QByteArray packedNode(const QMimeData &data);
 
     /// The target's side; with data of another origin nothing happens.
     static void announceConfirmation(const QMimeData &data);
@@ -34,8 +39,10 @@ protected:
     QVariant retrieveData(const QString &format, QMetaType type) const override;
 
 private:
-    xml::Node node_;
-    /// The text asked for last could not be handed over: what was moved is not the node.
+    bool isWithinBounds(const QByteArray &bytes) const;
+
+    DepartingNode node_;
+    /// What was asked for last could not be handed over: what was moved is not the node.
     mutable bool isTooLarge_ = false;
 };
 

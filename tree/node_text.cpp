@@ -53,6 +53,28 @@ TreeItem NodeText::insertAttribute(const TreeItem &target, Node attribute) {
     return before == value ? TreeItem() : present;
 }
 
+TreeItem NodeText::InsertArrivedNode(const TreeItem &target, const ArrivedNode &arrived) {
+    if (!target || !arrived.node)
+        return {};
+    const Namespaces here = namespacesAt(builder_.registry().Item(target));
+    arrived.adaptTo(here);
+    const TreeItem item = insertAt(target, arrived.node);
+    if (item && arrived.node.nodeType() == NodeType::Attribute)
+        declareAt(target, arrived.node.nodeName(), arrived.scope, here);
+    return item;
+}
+
+void NodeText::declareAt(const TreeItem &target, const QString &name, const Namespaces &scope,
+                         const Namespaces &here) {
+    const QString prefix = name.section(QLatin1Char(':'), 0, -2);
+    const auto declared = scope.find(prefix);
+    if (prefix.isEmpty() || declared == scope.end() || here.contains(prefix))
+        return;
+    Node declaration = state_.m_DOM.createAttribute(QStringLiteral("xmlns:") + prefix);
+    declaration.setNodeValue(declared->second);
+    builder_.AddAttributeToTree(target, declaration, false);
+}
+
 TreeItem NodeText::insertAt(const TreeItem &target, Node node) {
     const Node parent = builder_.registry().Item(target);
     TreeItem relItem = target;

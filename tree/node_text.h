@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tree/node_transfer.h"
 #include "tree/tree_builder.h"
 
 namespace quillon::tree {
@@ -18,10 +19,19 @@ public:
     /// raises, e.g. for an invalid attribute name.
     controls::TreeItem InsertNodeFromText(const controls::TreeItem &target, const QString &text);
 
+    /// Inserts a node that has come from this program, as what it was. It may stand where the same
+    /// node made from text may; instructions and the document type are not inserted. Where it
+    /// needs them, what it brings along declares its namespaces anew. Else as above.
+    controls::TreeItem InsertArrivedNode(const controls::TreeItem &target, const ArrivedNode &node);
+
 private:
     xml::Node nodeFromText(const QString &text) const;
     controls::TreeItem insertAt(const controls::TreeItem &target, xml::Node node);
     controls::TreeItem insertAttribute(const controls::TreeItem &target, xml::Node attribute);
+    /// Declares the prefix of an attribute on its new element, unless it is declared there
+    /// already.
+    void declareAt(const controls::TreeItem &target, const QString &name, const Namespaces &scope,
+                   const Namespaces &here);
 
     const document::DocumentState &state_;
     TreeBuilder &builder_;

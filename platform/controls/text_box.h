@@ -48,6 +48,9 @@ public:
     void copy();
     void paste();
 
+    /// Has what is dragged in refused if it has a format; it can still be pasted.
+    void refuseDropsOf(const QString &format) { refusedFormat_ = format; }
+
     void setLanguage(Language language);
     /// The font of the text and the line numbers; `size` in points. Glyphs that the font lacks
     /// come from others.
@@ -65,6 +68,9 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void inputMethodEvent(QInputMethodEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dragMoveEvent(QDragMoveEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
     QByteArray fromMimeData(const QMimeData *source, bool &rectangular) const override;
 
 private:
@@ -88,7 +94,10 @@ private:
     void applyStyles();
     void fitLineNumbers();
 
+    bool isRefused(const QMimeData &offered) const;
+
     bool locked_ = false;
+    QString refusedFormat_;
     Language language_ = Language::Plain;
     QByteArray fontFamily_;
     double fontSize_ = 0;

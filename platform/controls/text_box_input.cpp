@@ -1,11 +1,13 @@
 #include "platform/controls/text_box.h"
 
 #include <QContextMenuEvent>
+#include <QDropEvent>
 #include <QGuiApplication>
 #include <QInputMethod>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QMimeData>
 #include <QScopedValueRollback>
 
 #include <algorithm>
@@ -178,6 +180,31 @@ void TextBox::contextMenuEvent(QContextMenuEvent *event) {
     menu->addSeparator();
     add("Select All", send(SCI_GETLENGTH) > 0, &TextBox::selectAll);
     menu->popup(event->globalPos());
+}
+
+bool TextBox::isRefused(const QMimeData &offered) const {
+    return !refusedFormat_.isEmpty() && offered.hasFormat(refusedFormat_);
+}
+
+void TextBox::dragEnterEvent(QDragEnterEvent *event) {
+    if (isRefused(*event->mimeData()))
+        event->ignore();
+    else
+        QsciScintillaBase::dragEnterEvent(event);
+}
+
+void TextBox::dragMoveEvent(QDragMoveEvent *event) {
+    if (isRefused(*event->mimeData()))
+        event->ignore();
+    else
+        QsciScintillaBase::dragMoveEvent(event);
+}
+
+void TextBox::dropEvent(QDropEvent *event) {
+    if (isRefused(*event->mimeData()))
+        event->ignore();
+    else
+        QsciScintillaBase::dropEvent(event);
 }
 
 } // namespace quillon::controls

@@ -23,16 +23,26 @@ struct DragPoint {
     Qt::KeyboardModifiers modifiers;
     /// What the source asks for.
     Qt::DropAction proposed = Qt::IgnoreAction;
+    /// What the source allows.
+    Qt::DropActions possible = Qt::IgnoreAction;
+};
+
+/// What a drag offers. Without data there is no drag.
+struct DragOffer {
+    std::unique_ptr<QMimeData> data;
+    /// What may be done with it.
+    Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
 };
 
 /// What a tree does when items are dragged out of it and data is dragged into it. An error that
 /// one of these raises is shown to the user and counts as a refusal.
 struct DragHandlers {
-    /// The user drags an item. What is offered in its place, to be moved or copied; null for no
-    /// drag.
-    std::function<std::unique_ptr<QMimeData>()> start;
+    /// The user drags an item. What is offered in its place.
+    std::function<DragOffer()> start;
     /// Something dragged comes in. Asking it for data may take a while.
     std::function<void(const QMimeData &)> enter;
+    /// It has gone again, or the user has given the drag up.
+    std::function<void()> leave;
     /// What a drop at a point would do; Qt::IgnoreAction refuses it. Asked again and again.
     std::function<Qt::DropAction(const DragPoint &)> over;
     /// Takes the data dropped at a point; says what was done with it, Qt::IgnoreAction for

@@ -46,13 +46,13 @@ void TreeView::selectInPlace(const TreeItem &item) {
 void TreeView::startDrag(Qt::DropActions) {
     // After a drag that Escape has ended the button may still be down.
     isPressSpent_ = true;
-    std::unique_ptr<QMimeData> offered;
-    guarded([&] { offered = drag_.start(); });
-    if (!offered)
+    DragOffer offer;
+    guarded([&] { offer = drag_.start(); });
+    if (!offer.data)
         return;
     auto *drag = new QDrag(this);
-    drag->setMimeData(offered.release());
-    Qt::DropAction done = drag->exec(Qt::CopyAction | Qt::MoveAction, Qt::MoveAction);
+    drag->setMimeData(offer.data.release());
+    Qt::DropAction done = drag->exec(offer.actions, Qt::MoveAction);
     // A text box of this program that took the text has taken in no node.
     if (drag->target() && !qobject_cast<TreeView *>(drag->target()->parent()))
         done = Qt::CopyAction;
@@ -71,6 +71,7 @@ void TreeView::dragMoveEvent(QDragMoveEvent *event) {
     dragPosition_ = event->position().toPoint();
     dragPoint_.modifiers = event->modifiers();
     dragPoint_.proposed = event->proposedAction();
+    dragPoint_.possible = event->possibleActions();
     answer(*event, hover());
 
     const int margin = autoScrollMargin();
@@ -95,12 +96,13 @@ Qt::DropAction TreeView::hover() {
 
 void TreeView::dragLeaveEvent(QDragLeaveEvent *) {
     endHover();
+    guarded([&] { drag_.leave(); });
 }
 
 void TreeView::dropEvent(QDropEvent *event) {
     endHover();
     const DragPoint point{HitTest(event->position().toPoint()), event->modifiers(),
-                          event->proposedAction()};
+                          event->proposedAction(), event->possibleActions()};
     Qt::DropAction done = Qt::IgnoreAction;
     guarded([&] { done = drag_.drop(point, *event->mimeData()); });
     answer(*event, done);

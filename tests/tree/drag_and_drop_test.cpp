@@ -1,6 +1,7 @@
 #include "platform/controls/message_box.h"
 #include "tests/support/editor_window.h"
 #include "tree/drag_and_drop.h"
+#include "tree/node_transfer.h"
 
 #include <QApplication>
 #include <QDropEvent>
@@ -65,7 +66,7 @@ protected:
     }
     std::unique_ptr<QMimeData> start(const QString &caption) {
         press(caption);
-        return drag.tvw_OLEStartDrag();
+        return drag.tvw_OLEStartDrag().data;
     }
     QPoint placeOf(const QString &caption) {
         tvw().doItemsLayout();
@@ -88,9 +89,10 @@ protected:
         QApplication::sendEvent(tvw().viewport(), &move);
         return move.isAccepted() ? move.dropAction() : Qt::IgnoreAction;
     }
-    Qt::DropAction drop(const QPoint &at, const QMimeData &data, Qt::KeyboardModifiers keys) {
-        enter(at, data, Qt::CopyAction | Qt::MoveAction);
-        QDropEvent event(at, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, keys);
+    Qt::DropAction drop(const QPoint &at, const QMimeData &data, Qt::KeyboardModifiers keys,
+                        Qt::DropActions possible = Qt::CopyAction | Qt::MoveAction) {
+        enter(at, data, possible);
+        QDropEvent event(at, possible, &data, Qt::LeftButton, keys);
         QApplication::sendEvent(tvw().viewport(), &event);
         return event.isAccepted() ? event.dropAction() : Qt::IgnoreAction;
     }
@@ -263,7 +265,7 @@ TEST_F(Drag, TakesTextAndFilesFromElsewhere) {
     }
     // A file that does not parse gives empty text, which is a node like any other text.
     openExpanded("<doc><to/></doc>");
-    EXPECT_EQ(drop(placeOf("to"), *fileData({bad}), None), Qt::MoveAction);
+    EXPECT_EQ(drop(placeOf("to"), *fileData({bad}), None), Qt::CopyAction);
     EXPECT_EQ(captions(item("to")), QStringList("#text"));
 }
 
@@ -301,6 +303,102 @@ TEST_F(Drag, WhatIsNotInsertedStaysAtItsSource) {
     EXPECT_EQ(xml(), text);
 }
 
+TEST_F(Drag, AnAttributeIsNotDroppedOnItsOwnElement) {
+    openExpanded("<doc><a k=\"1\"/><b k=\"2\"/></doc>");
+    for (const Qt::KeyboardModifiers keys : {None, Ctrl}) {
+        const auto data = start("k");
+        EXPECT_EQ(hover(placeOf("a"), *data, keys), Qt::IgnoreAction);
+        drag.tvw_OLECompleteDrag(drop(placeOf("a"), *data, keys));
+        EXPECT_EQ(xml(), "<doc><a k=\"1\"/><b k=\"2\"/></doc>");
+    }
+    const auto data = start("k");
+    EXPECT_EQ(hover(placeOf("doc"), *data, None), Qt::MoveAction);
+    drag.tvw_OLECompleteDrag(drop(placeOf("doc"), *data, None));
+    EXPECT_EQ(xml(), "<doc k=\"1\"><a/><b k=\"2\"/></doc>");
+}
+
+TEST_F(Drag, NothingIsMovedFromWhereItMayNotBe) {
+    openExpanded(Document);
+    const auto text = textData("<x/>");
+    const QString file = write("file.xml", "<x/>");
+    const auto actions = [&](const QMimeData &data, Qt::DropActions possible) {
+        const Qt::DropAction over = hover(placeOf("other"), data, None, possible);
+        return std::pair(over, drop(placeOf("other"), data, None, possible));
+    };
+    const std::pair copy(Qt::CopyAction, Qt::CopyAction);
+    EXPECT_EQ(actions(*text, Qt::CopyAction | Qt::LinkAction), copy);
+    EXPECT_EQ(actions(*fileData({file}), Qt::CopyAction | Qt::MoveAction), copy);
+    EXPECT_EQ(hover(beside(), *fileData({file}), None), Qt::CopyAction);
+    EXPECT_EQ(hover(placeOf("other"), *text, None, Qt::LinkAction), Qt::IgnoreAction);
+
+    // A document that may not be changed gives copies away, whatever the target says.
+    press("item");
+    EXPECT_EQ(drag.tvw_OLEStartDrag().actions, Qt::CopyAction | Qt::MoveAction);
+    state().m_ReadOnly = true;
+    EXPECT_EQ(drag.tvw_OLEStartDrag().actions, Qt::DropActions(Qt::CopyAction));
+    const QByteArray before = xml();
+    drag.tvw_OLECompleteDrag(Qt::MoveAction);
+    EXPECT_EQ(xml(), before);
+}
+
+TEST_F(Drag, ADragThatComesToNothingLeavesTheSelection) {
+    openExpanded(Document);
+    const auto data = start("item");
+    hover(placeOf("other"), *data, None);
+    ASSERT_EQ(tvw().SelectedItem(), item("other"));
+    QDragLeaveEvent leave;
+    QApplication::sendEvent(tvw().viewport(), &leave);
+    EXPECT_EQ(tvw().SelectedItem(), item("item"));
+    hover(placeOf("other"), *data, None);
+    drag.tvw_OLECompleteDrag(Qt::IgnoreAction);
+    EXPECT_EQ(tvw().SelectedItem(), item("item"));
+
+    // From elsewhere, and refused at last.
+    EXPECT_EQ(drop(placeOf("other"), *textData("<?pi x?>"), None), Qt::IgnoreAction);
+    hover(placeOf("other"), *textData("<?pi x?>"), None);
+    EXPECT_EQ(drop(placeOf("other"), *textData("<?pi x?>"), None), Qt::IgnoreAction);
+    EXPECT_EQ(tvw().SelectedItem(), item("item"));
+    // What is taken stays where the user has looked last.
+    hover(placeOf("other"), *textData("<x/>"), None);
+    drop(placeOf("other"), *textData("<x/>"), None);
+    EXPECT_EQ(tvw().SelectedItem(), item("other"));
+}
+
+TEST_F(Drag, DataOfNoUseIsNoDrop) {
+    openExpanded(Document);
+    QMimeData picture;
+    picture.setData("image/png", "png");
+    QMimeData address;
+    address.setUrls({QUrl("http://localhost/a.xml")});
+    QMimeData tooLarge;
+    tooLarge.setData(tree::NodeFormat, "");
+    tooLarge.setText("");
+    for (const QMimeData *data : {&picture, &address})
+        EXPECT_EQ(hover(placeOf("other"), *data, None), Qt::IgnoreAction);
+    for (const QMimeData *data : {&picture, &address, &tooLarge}) {
+        EXPECT_EQ(drop(placeOf("other"), *data, None), Qt::IgnoreAction);
+    }
+    EXPECT_EQ(xml(), Document);
+}
+
+TEST_F(Drag, ANodeIsNoTypingInThePane) {
+    openExpanded(Document);
+    select("other");
+    const auto send = [&](const QMimeData &data) {
+        const QPoint at(20, 5);
+        QDragEnterEvent entering(at, Qt::CopyAction, &data, Qt::LeftButton, None);
+        QApplication::sendEvent(txtEdit().viewport(), &entering);
+        QDropEvent dropped(at, Qt::CopyAction, &data, Qt::LeftButton, None);
+        QApplication::sendEvent(txtEdit().viewport(), &dropped);
+        return entering.isAccepted();
+    };
+    EXPECT_FALSE(send(*start("item")));
+    select("other");
+    EXPECT_EQ(txtEdit().utf8(), "<other><in/></other>");
+    EXPECT_TRUE(send(*textData("text")));
+    EXPECT_TRUE(txtEdit().utf8().contains("text"));
+}
+
 TEST_F(Drag, OpensWhatIsDroppedWhileNoDocumentIsOpen) {
     const QString file = write("dropped.xml", "<root/>");
     EXPECT_EQ(hover(beside(), *fileData({file}), None, Qt::CopyAction), Qt::CopyAction);
@@ -324,20 +422,20 @@ TEST_F(Drag, OpensWhatIsDroppedWhileNoDocumentIsOpen) {
 
 TEST_F(Drag, OffersTheNodePressedLast) {
     openExpanded(Document);
-    EXPECT_EQ(drag.tvw_OLEStartDrag(), nullptr);
+    EXPECT_EQ(drag.tvw_OLEStartDrag().data, nullptr);
     press("item", Qt::RightButton);
     EXPECT_EQ(drag.m_nodDown, item("item"));
     QTest::mousePress(tvw().viewport(), Qt::LeftButton, None, beside());
     EXPECT_EQ(drag.m_nodDown, item("item"));
 
-    const auto data = drag.tvw_OLEStartDrag();
+    const auto data = drag.tvw_OLEStartDrag().data;
     EXPECT_TRUE(data->hasFormat("text/plain"));
     // The drop may be told of before its text is asked for: by then the move is complete.
     drag.tvw_OLECompleteDrag(Qt::MoveAction);
     EXPECT_FALSE(xml().contains("<item>"));
     EXPECT_EQ(data->text(), QString("<item>1</item>"));
     EXPECT_EQ(data->data("text/plain"), "<item>1</item>");
-    EXPECT_EQ(drag.tvw_OLEStartDrag(), nullptr);
+    EXPECT_EQ(drag.tvw_OLEStartDrag().data, nullptr);
 }
 
 // Over another process the desktop reports what was said while hovering, not what the drop did.
@@ -349,7 +447,7 @@ TEST_F(Drag, AMoveToAnotherWindowWaitsForItsConfirmation) {
                              other.editor().removal, *other.findChild<controls::TreeView *>("tvw"));
     ASSERT_TRUE(other.OpenFile(write("other.xml", "<b><one/></b>")));
     auto &tree = *other.findChild<controls::TreeView *>("tvw");
-    const controls::DragPoint one{tree.nodes().Item(3), None, Qt::MoveAction};
+    const controls::DragPoint one{tree.nodes().Item(3), None, Qt::MoveAction, Qt::MoveAction};
 
     for (const bool refused : {true, false}) {
         SCOPED_TRACE(refused);

@@ -27,9 +27,9 @@ protected:
         view_.setDragHandlers(
             {[this] {
                  ++starts_;
-                 return std::unique_ptr<QMimeData>();
+                 return DragOffer{};
              },
-             [](const QMimeData &) {}, [](const DragPoint &) { return Qt::IgnoreAction; },
+             [](const QMimeData &) {}, [] {}, [](const DragPoint &) { return Qt::IgnoreAction; },
              [](const DragPoint &, const QMimeData &) { return Qt::IgnoreAction; },
              [](Qt::DropAction) {}});
         view_.show();

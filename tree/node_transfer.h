@@ -1,0 +1,58 @@
+#pragma once
+
+#include "platform/xml/dom.h"
+
+#include <map>
+#include <optional>
+
+namespace quillon::tree {
+
+/// The MIME type in which a node travels within this program, also from one window or one running
+/// program to another, beside the plain text for all others.
+inline constexpr QLatin1String NodeFormat("application/x-quillon-node");
+
+/// Namespace names by their prefixes; the empty prefix stands for the default namespace. What is
+/// not declared is not in it.
+using Namespaces = std::map<QString, QString>;
+
+/// The namespaces that are declared at a node: by itself and by what is above it.
+Namespaces namespacesAt(const xml::Node &node);
+
+/// A node with what its place in the document adds to its meaning, ready to go elsewhere. The
+/// place may be left or changed afterwards.
+class DepartingNode {
+public:
+    /// `place` is the node that `node` belongs to; an attribute cannot say that itself.
+    DepartingNode(const xml::Node &node, const xml::Node &place);
+
+    /// For other programs: the node's XML. An element also declares the prefixes it uses that are
+    /// declared above it.
+    QByteArray text() const;
+    /// For this program, in NodeFormat. It is XML: what kind of node it is, the namespaces at its
+    /// place, its own markup, and the document type that declares the entities it may refer to.
+    QByteArray packed() const;
+
+private:
+    xml::Node node_;
+    Namespaces scope_;
+    QByteArray declarations_;
+};
+
+/// A node that has come in NodeFormat.
+struct ArrivedNode {
+    /// Stands in a document of its own. Empty for a kind that is never inserted: instructions, the
+    /// document type.
+    xml::Node node;
+    /// The namespaces at the place it comes from.
+    Namespaces scope;
+
+    /// Has an element declare what it uses and what is something else at its new place.
+    void adaptTo(const Namespaces &place) const;
+};
+
+/// Reads what packed() has written, which anybody may claim to have done: nothing for what it
+/// cannot have written. Raises Fail when the node refers to entities that `target` does not declare
+/// with the same content.
+std::optional<ArrivedNode> unpackedNode(const QByteArray &packed, const xml::DOMDocument40 &target);
+
+} // namespace quillon::tree
