@@ -93,7 +93,7 @@ void Editor::wireTree(controls::TreeView &tvw) {
             [this](const TreeItem &item) { guarded([&] { selection.ShowNode(item, true); }); });
     tvw.beforeLabelEdit = [this](const TreeItem &) {
         bool allowed = false;
-        guarded([&] { allowed = labels.tvw_BeforeLabelEdit(); });
+        guarded([&] { allowed = labels.tvw_BeforeLabelEdit() && selection.mayLeavePane(); });
         return allowed;
     };
     tvw.labelEditText = [this](const TreeItem &item) { return labels.editorText(item); };
@@ -128,6 +128,15 @@ void Editor::wirePreview() {
 }
 
 void Editor::wirePane(controls::TextBox &txtEdit) {
+    const auto mayLeavePane = [this] { return selection.mayLeavePane(); };
+    commands.mayLeavePane = dragAndDrop.mayLeavePane = mayLeavePane;
+    dragAndDrop.hasUnparsedText = [this] { return selection.hasUnparsedText(); };
+    recovery.pane = {[this] { return selection.hasUnparsedText(); },
+                     [this] { return paneEditing.unparsedText(); },
+                     [this](const QByteArray &kept) { paneEditing.restoreUnparsedText(kept); }};
+    const auto changed = &document::CrashRecovery::documentChanged;
+    connect(&paneEditing, &tree::PaneEditing::unparsedTextChanged, &recovery, changed);
+    connect(&selection, &tree::Selection::unparsedTextGivenUp, &recovery, changed);
     connect(&txtEdit, &controls::TextBox::Change, this,
             [this] { guarded([this] { paneEditing.txtEdit_Change(); }); });
 }

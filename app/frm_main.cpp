@@ -47,6 +47,9 @@ frmMain::frmMain(bool startedAlone, Surroundings surroundings)
     txtEdit->refuseDropsOf(tree::NodeFormat);
     // What is being typed into a caption belongs to the document that the command is about.
     actions_.beforeCommand = [this] { tvw->EndLabelEdit(); };
+    actions_.mayRun = [this](QStringView command) {
+        return !needsPane(command) || editor_->selection.mayLeavePane();
+    };
     treeKeys_ = std::make_unique<TreeKeys>(*tvw, *editor_, actions_);
     keepHandle();
     layOut();

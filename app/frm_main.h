@@ -65,6 +65,9 @@ private:
     void fillToolBar();
     void nameForAccessibility();
 
+    /// Whether a command changes what the pane shows or sends the document away, so that text in
+    /// the pane that does not parse must be asked about. The commands on files ask for themselves.
+    static bool needsPane(QStringView command);
     /// Enables a command while a document is open.
     controls::ActionSet::Enabled hasDocument() const;
     void connectFileCommands();

@@ -7,6 +7,9 @@
 #include <QMenu>
 #include <QPushButton>
 
+#include <algorithm>
+#include <iterator>
+
 namespace quillon::app {
 
 namespace {
@@ -16,7 +19,21 @@ constexpr QStringView DocumentButtons[] = {u"save", u"preview", u"find", u"print
 /// The buttons that apply to a selection or a history besides.
 constexpr QStringView OtherButtons[] = {u"cut", u"copy", u"paste", u"delete", u"undo", u"redo"};
 
+/// The commands of the Edit and Node menus that leave document and pane as they are.
+constexpr QStringView HarmlessCommands[] = {u"mnuEditCopy",     u"mnuEditFind",
+                                            u"mnuEditFindNext", u"mnuEditUndoAll",
+                                            u"mnuNodeExpand",   u"mnuNodeCollapse"};
+/// Those of other menus that do not.
+constexpr QStringView OtherCommands[] = {u"mnuViewText", u"mnuToolRemoveText", u"mnuToolSend"};
+
 } // namespace
+
+bool frmMain::needsPane(QStringView command) {
+    if (std::ranges::find(OtherCommands, command) != std::end(OtherCommands))
+        return true;
+    return (command.startsWith(u"mnuEdit") || command.startsWith(u"mnuNode")) &&
+           std::ranges::find(HarmlessCommands, command) == std::end(HarmlessCommands);
+}
 
 controls::ActionSet::Enabled frmMain::hasDocument() const {
     return [this] { return bool(editor_->state.m_DOM); };
@@ -216,12 +233,17 @@ void frmMain::connectContextMenu() {
     edit::NodeCreation &creation = editor_->creation;
     connect(menu, &QMenu::aboutToShow, this,
             [&creation, toParent] { toParent->setVisible(creation.canAddAttributeToParent()); });
-    connect(toParent, &QAction::triggered, this,
-            [&creation] { controls::guarded([&] { creation.AddAttributeToParent(); }); });
+    connect(toParent, &QAction::triggered, this, [this, &creation] {
+        controls::guarded([&] {
+            if (editor_->selection.mayLeavePane())
+                creation.AddAttributeToParent();
+        });
+    });
     tvw->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(tvw, &QWidget::customContextMenuRequested, this, [this, menu](const QPoint &position) {
         const controls::TreeItem hit = tvw->HitTest(position);
-        if (!hit)
+        // The press on another item has asked about text in the pane, and the answer was to stay.
+        if (!hit || (editor_->selection.hasUnparsedText() && hit != tvw->SelectedItem()))
             return;
         // The press of the button has shown it already, unless it was selected but not shown.
         if (hit != tvw->SelectedItem() || editor_->pane.shownSequence != hit.sequence())

@@ -13,8 +13,9 @@ Window::Window(bool startedAlone, Surroundings surroundings) {
 }
 
 QVariant Window::OpenFile(const QString &path) {
+    frmMain *const form = m_frmMain;
     // What is remembered must lead to the same file from any folder.
-    if (frmMain *const form = m_frmMain)
+    if (form && form->editor().selection.mayLeavePane())
         form->editor().commands.openUnasked(path.isEmpty() ? path
                                                            : QFileInfo(path).absoluteFilePath());
     return {};

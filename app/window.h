@@ -20,7 +20,8 @@ public:
 
     /// The handle of the window, as it was when the window was made.
     qint32 hWnd() const { return hWnd_; }
-    /// Opens a file and shows its path in the caption, whether or not it could be opened.
+    /// Opens a file and shows its path in the caption, whether or not it could be opened, unless
+    /// the user goes back to text in the pane that does not parse.
     QVariant OpenFile(const QString &path);
     QVariant Save() { return {}; }
     QVariant SaveAs(const QVariant &) { return {}; }

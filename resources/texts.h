@@ -65,6 +65,12 @@ inline constexpr QStringView NothingFound = u"見つかりませんでした";
 // Directly after the number.
 inline constexpr QStringView MatchesFound = u"件検索されました。";
 
+// Text in the pane that the document does not hold.
+inline constexpr QStringView GiveUpUnparsedText =
+    u"編集ペインのテキストは構文エラーのため、ドキュメントに反映されていません。\n"
+    u"このテキストを破棄しますか？\n\n"
+    u"「いいえ」を選択すると、編集に戻ります。";
+
 // Moving and copying nodes.
 inline constexpr QStringView EntityNotDeclaredHere =
     u"挿入するノードは、このドキュメントで同じ内容に宣言されていない実体を参照しています。";

@@ -109,11 +109,14 @@ void PathQuery::SelectByPath() {
         Q_EMIT statusText(texts::NothingFound.toString());
         return;
     }
+    // Both below have the box show the path of what the pane shows.
+    const QString query = cboPath_.Text();
+    if (!selection_.mayLeavePane())
+        return;
     tvw_.setTreeVisible(false);
     // From here on nothing stops the query, so that the tree comes back.
     TreeItem first;
     controls::ignoringErrors([&] { first = mark(matches); });
-    const QString query = cboPath_.Text();
     controls::ignoringErrors([&] {
         selection_.ShowNode(first, true);
         first.EnsureVisible();

@@ -95,6 +95,11 @@ DragAndDrop::DragAndDrop(const document::DocumentState &state, TreeBuilder &buil
 // ---- The source
 
 controls::DragOffer DragAndDrop::tvw_OLEStartDrag() {
+    // After a question the button is up, and there is no drag any more.
+    if (hasUnparsedText()) {
+        mayLeavePane();
+        return {};
+    }
     m_nodDrag = m_nodDown;
     if (!m_nodDrag)
         return {};
@@ -193,7 +198,7 @@ Qt::DropAction DragAndDrop::takeDropped(const DragPoint &point, const QMimeData 
         return Qt::IgnoreAction;
     if (!state_.showsDocument())
         return openDropped(data);
-    if (!insertDropped(target, data))
+    if (!mayLeavePane() || !insertDropped(target, data))
         return Qt::IgnoreAction;
     Q_EMIT documentModified();
     // Moved, a file would be removed from where it is.

@@ -3,6 +3,9 @@
 #include "tree/node_removal.h"
 #include "tree/node_text.h"
 
+#include <functional>
+#include <optional>
+
 class QMimeData;
 
 namespace quillon::tree {
@@ -37,6 +40,11 @@ public:
     void tvw_OLECompleteDrag(Qt::DropAction effect);
     /// The drag has gone elsewhere or was given up: what was selected before is so again.
     void bringSelectionBack();
+
+    /// Asked ahead of a drop that changes the document, and of a drag that may take a node away,
+    /// about what is in the edit pane alone; false stops it.
+    std::function<bool()> mayLeavePane = [] { return true; };
+    std::function<bool()> hasUnparsedText = [] { return false; };
 
     /// The item that a mouse button went down on last.
     controls::TreeItem m_nodDown;

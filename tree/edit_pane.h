@@ -17,6 +17,7 @@ public:
         m_bFilling = true;
         txtEdit_.setText(text);
         m_bFilling = false;
+        isUnparsed = false;
     }
     /// The same for the markup of a node: UTF-8, coloured as XML.
     void fillMarkup(const QByteArray &utf8) {
@@ -24,6 +25,7 @@ public:
         txtEdit_.setLanguage(controls::TextBox::Language::Xml);
         txtEdit_.setText(utf8);
         m_bFilling = false;
+        isUnparsed = false;
     }
     /// The same for the value of a node.
     void fillValue(const QString &text) {
@@ -38,6 +40,9 @@ public:
     /// The number of the item whose content the pane holds. While a drag passes over the tree
     /// another one is selected, and what is typed must not go there.
     quint32 shownSequence = 0;
+
+    /// What was typed last does not parse: it is nowhere but in the pane.
+    bool isUnparsed = false;
 
 private:
     controls::TextBox &txtEdit_;

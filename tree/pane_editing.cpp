@@ -6,6 +6,7 @@
 #include "resources/texts.h"
 #include "tree/fragment.h"
 
+#include <QByteArrayList>
 #include <QSignalBlocker>
 
 namespace quillon::tree {
@@ -13,6 +14,44 @@ namespace quillon::tree {
 using controls::TreeItem;
 using xml::Node;
 using xml::NodeType;
+
+namespace {
+
+Node nextElement(Node node) {
+    while (node && node.nodeType() != NodeType::Element)
+        node = node.nextSibling();
+    return node;
+}
+
+/// The way down from the document to an element: which of its parent's elements each one is,
+/// 0-based. Other nodes may be counted otherwise when the document is read again.
+QByteArray pathOf(const Node &element) {
+    QByteArrayList path;
+    for (Node at = element; at.nodeType() == NodeType::Element; at = at.parentNode()) {
+        int place = 0;
+        for (Node n = nextElement(at.parentNode().firstChild()); n && !(n == at);
+             n = nextElement(n.nextSibling()))
+            ++place;
+        path.prepend(QByteArray::number(place));
+    }
+    return path.join('/');
+}
+
+/// The element at the end of such a way; the document where it leads nowhere.
+Node nodeAt(const Node &document, const QByteArray &path) {
+    Node at = document;
+    for (const QByteArray &step : path.isEmpty() ? QByteArrayList() : path.split('/')) {
+        Node child = nextElement(at.firstChild());
+        for (int place = step.toInt(); place > 0 && child; --place)
+            child = nextElement(child.nextSibling());
+        if (!child)
+            return document;
+        at = child;
+    }
+    return at;
+}
+
+} // namespace
 
 PaneEditing::PaneEditing(document::DocumentState &state, const ViewOptions &options,
                          TreeBuilder &builder, NodeRemoval &removal, LabelEditing &labels,
@@ -81,7 +120,24 @@ void PaneEditing::changeAttribute(const TreeItem &item, const Node &node) {
 }
 
 void PaneEditing::reportSyntaxError() {
+    pane_.isUnparsed = true;
+    Q_EMIT unparsedTextChanged();
     Q_EMIT statusText(resources::texts::SyntaxError.toString());
+}
+
+QByteArray PaneEditing::unparsedText() const {
+    if (!selection_.hasUnparsedText())
+        return {};
+    return pathOf(builder_.registry().Item(pane_.shownSequence)) + '\n' + pane_.textBox().utf8();
+}
+
+void PaneEditing::restoreUnparsedText(const QByteArray &kept) {
+    const qsizetype end = kept.indexOf('\n');
+    if (end < 0)
+        return;
+    const Node node = nodeAt(state_.m_DOM.node(), kept.first(end));
+    selection_.ShowNode(builder_.itemOf(node), true);
+    pane_.textBox().setText(kept.sliced(end + 1));
 }
 
 void PaneEditing::replaceDocument() {
@@ -97,6 +153,7 @@ void PaneEditing::replaceDocument() {
     const TreeItem first = tvw_.nodes().Item(1);
     tvw_.setSelectedItem(first);
     pane_.shownSequence = first.sequence();
+    pane_.isUnparsed = false;
     Q_EMIT documentModified();
     Q_EMIT statusText(QString());
 }
@@ -122,6 +179,7 @@ void PaneEditing::replaceElement(TreeItem item, const Node &node) {
     }
     tvw_.setSelectedItem(newItem);
     pane_.shownSequence = newItem.sequence();
+    pane_.isUnparsed = false;
     expanded.merge(counterparts(node, selection_.GetDOMNode(newItem), expanded));
     builder_.expandNodes(expanded);
     tvw_.setTreeVisible(true);

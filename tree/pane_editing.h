@@ -19,7 +19,16 @@ public:
     /// is told in the status bar.
     void txtEdit_Change();
 
+    /// The text that the pane holds and the document does not, with the place of its element, to be
+    /// kept outside of the program; empty when there is none.
+    QByteArray unparsedText() const;
+    /// Shows the element that such a text belongs to, with the text as if it had been typed. Where
+    /// there is no such element, the document is shown with it.
+    void restoreUnparsedText(const QByteArray &kept);
+
 Q_SIGNALS:
+    /// The pane holds such a text, or another one than before.
+    void unparsedTextChanged();
     void statusText(const QString &text);
     void documentModified();
 

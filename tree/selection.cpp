@@ -1,12 +1,14 @@
 #include "tree/selection.h"
 
 #include "platform/controls/message_box.h"
+#include "resources/texts.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
 
 namespace quillon::tree {
 
+namespace style = controls::message_style;
 using controls::TreeItem;
 using xml::Node;
 using xml::NodeType;
@@ -37,11 +39,42 @@ void Selection::ShowNode(const TreeItem &item, bool selectIt) {
     const Node node = GetDOMNode(item);
     if (!node)
         return;
-    fillPane(item, node);
+    const bool keepsText = hasUnparsedText() && item == shownItem();
+    if (!keepsText && !mayLeavePane())
+        return;
+    if (!keepsText)
+        fillPane(item, node);
     Q_EMIT buttonsChanged(buttonsFor(node));
     if (selectIt && !(tvw_.SelectedItem() == item))
         tvw_.setSelectedItem(item);
-    Q_EMIT statusText(QString());
+    Q_EMIT statusText(keepsText ? resources::texts::SyntaxError.toString() : QString());
+}
+
+TreeItem Selection::shownItem() const {
+    return tvw_.nodes().bySequence(pane_.shownSequence);
+}
+
+bool Selection::hasUnparsedText() const {
+    return pane_.isUnparsed && GetDOMNode(shownItem());
+}
+
+bool Selection::mayLeavePane() {
+    if (!hasUnparsedText())
+        return true;
+    constexpr int Ask = style::YesNo + style::Question + style::DefaultButton2;
+    const int reply = controls::showMessage(resources::texts::GiveUpUnparsedText.toString(), Ask);
+    const TreeItem shown = shownItem();
+    if (reply == controls::message_answer::Yes) {
+        pane_.isUnparsed = false;
+        RefillPane(shown);
+        Q_EMIT statusText(QString());
+        Q_EMIT unparsedTextGivenUp();
+        return true;
+    }
+    tvw_.setSelectedItem(shown);
+    pane_.textBox().setFocus();
+    Q_EMIT statusText(resources::texts::SyntaxError.toString());
+    return false;
 }
 
 void Selection::RefillPane(const TreeItem &item) {

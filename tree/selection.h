@@ -31,10 +31,19 @@ public:
               controls::PathBox &cboPath);
 
     /// Shows an item, and selects it if selectIt says so. Nothing happens for no item or an item
-    /// without a node.
+    /// without a node, nor where mayLeavePane() says no. The item that the pane shows already keeps
+    /// its text there if that does not parse.
     void ShowNode(const controls::TreeItem &item, bool selectIt);
     /// Shows an item's path and content anew, without touching buttons, selection or status bar.
     void RefillPane(const controls::TreeItem &item);
+
+    /// Whether the pane holds text for the item it shows that does not parse, so that the document
+    /// does not hold it.
+    bool hasUnparsedText() const;
+    /// To be asked before such text would go. True when there is none, or when the user gives it
+    /// up: the pane then shows its node again. Else the user goes back to it: its item is selected
+    /// and the pane has the focus.
+    bool mayLeavePane();
 
     /// The node of an item; empty for no item.
     xml::Node GetDOMNode(const controls::TreeItem &item) const;
@@ -49,8 +58,12 @@ public:
 Q_SIGNALS:
     void statusText(const QString &text);
     void buttonsChanged(const ClipboardButtons &buttons);
+    /// The user has given up text in the pane that does not parse.
+    void unparsedTextGivenUp();
 
 private:
+    /// The item that the pane shows; Nothing when it is gone.
+    controls::TreeItem shownItem() const;
     void fillPane(const controls::TreeItem &item, const xml::Node &node);
 
     const document::DocumentState &state_;

@@ -37,6 +37,7 @@ constexpr unsigned MostSeconds = 120;
 const QString FolderName = QStringLiteral("recovery");
 const QString ContentSuffix = QStringLiteral(".xml");
 const QString NameSuffix = QStringLiteral(".name");
+const QString PaneSuffix = QStringLiteral(".pane");
 const QString LockSuffix = QStringLiteral(".lock");
 
 /// Locks a base for this process. Null when another one holds it.
@@ -88,8 +89,16 @@ QString CrashRecovery::filePath(const QString &name) const {
     return workingFolder_.filePath(FolderName + QLatin1Char('/') + name);
 }
 
+bool CrashRecovery::isUnsaved() const {
+    return commands_.hasUnsavedChanges() || pane.exists();
+}
+
+bool CrashRecovery::hasSomethingToKeep() const {
+    return isUnsaved() && (state_.m_DOM.documentElement() || pane.exists());
+}
+
 void CrashRecovery::documentChanged() {
-    if (!commands_.hasUnsavedChanges()) {
+    if (!isUnsaved()) {
         discard();
         return;
     }
@@ -126,7 +135,7 @@ bool CrashRecovery::isTaken(const QString &base) const {
 
 void CrashRecovery::write() {
     // Without a root element nothing could be opened again; the copy before it was removed stays.
-    if (!commands_.hasUnsavedChanges() || !state_.m_DOM.documentElement())
+    if (!hasSomethingToKeep())
         return;
     if (child_ != 0) {
         timer_.start(pace_.longest);
@@ -161,12 +170,19 @@ void CrashRecovery::write() {
 void CrashRecovery::writeFiles() const {
     const QString path = commands_.initialPath();
     writeFile(filePath(base_ + NameSuffix), (path.isEmpty() ? state_.m_FileName : path).toUtf8());
-    writeFile(filePath(base_ + ContentSuffix), contentOf(state_.m_DOM));
+    const QString paneFile = filePath(base_ + PaneSuffix);
+    if (pane.exists())
+        writeFile(paneFile, pane.content());
+    else
+        QFile::remove(paneFile);
+    // All that a document without a root element holds stands in the pane as well.
+    writeFile(filePath(base_ + ContentSuffix),
+              state_.m_DOM.documentElement() ? contentOf(state_.m_DOM) : QByteArray());
 }
 
 void CrashRecovery::keep() {
     timer_.stop();
-    if (!commands_.hasUnsavedChanges() || !state_.m_DOM.documentElement())
+    if (!hasSomethingToKeep())
         return;
     if (child_ != 0)
         reapChild();
@@ -234,9 +250,10 @@ void CrashRecovery::discard() {
 void CrashRecovery::removeFiles(const QString &base) const {
     const QDir folder(filePath(QString()));
     // A file that was being written has a dot ahead of its name.
-    const QStringList names = folder.entryList(
-        {base + ContentSuffix, base + NameSuffix, QStringLiteral(".%1.*").arg(base)},
-        QDir::Files | QDir::Hidden);
+    const QStringList names =
+        folder.entryList({base + ContentSuffix, base + NameSuffix, base + PaneSuffix,
+                          QStringLiteral(".%1.*").arg(base)},
+                         QDir::Files | QDir::Hidden);
     for (const QString &name : names)
         QFile::remove(folder.filePath(name));
 }
@@ -292,6 +309,9 @@ void CrashRecovery::offer() {
             base_ = found.base;
             lock_ = std::move(found.lock);
             documentChanged();
+            QFile paneText(filePath(base_ + PaneSuffix));
+            if (paneText.open(QIODevice::ReadOnly))
+                pane.restore(paneText.readAll());
         }
         return;
     }

@@ -12,6 +12,7 @@
 #include <QTimer>
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -35,6 +36,15 @@ struct Recoverable {
     std::unique_ptr<QLockFile> lock;
 };
 
+/// The edit pane, as far as it holds text that the document does not.
+struct PaneText {
+    std::function<bool()> exists = [] { return false; };
+    /// The text in a form of its own; empty when there is none.
+    std::function<QByteArray()> content = [] { return QByteArray(); };
+    /// Puts such a text back, after the document that it belongs to has been opened.
+    std::function<void(const QByteArray &)> restore = [](const QByteArray &) {};
+};
+
 /// Keeps a copy of the document's unsaved changes in a folder of its own in the working folder, so
 /// that they survive the death of the program. The copy is gone once the changes are saved or given
 /// up. When the document goes without either it stays, for the next start to offer. It is written
@@ -50,8 +60,11 @@ public:
     /// Leaves the copy as it is on the disk.
     ~CrashRecovery() override;
 
-    /// The document, its modified state or its name has changed. Follows DocumentCommands by
-    /// itself; undoing and redoing are to be connected.
+    /// What is kept beside the document.
+    PaneText pane;
+
+    /// The document, its modified state or its name has changed, or the text of the pane. Follows
+    /// DocumentCommands by itself; undoing and redoing and the pane are to be connected.
     void documentChanged();
 
     /// What dead programs have left, the latest first. Clears away what is of no use to anybody.
@@ -77,6 +90,10 @@ Q_SIGNALS:
     void statusText(const QString &text);
 
 private:
+    /// Whether there is anything that is not saved,
+    bool isUnsaved() const;
+    /// and a document that can be opened again, or typing in the pane of one that is still empty.
+    bool hasSomethingToKeep() const;
     QString filePath(const QString &name) const;
     bool holdBase();
     bool isTaken(const QString &base) const;

@@ -49,6 +49,8 @@ DocumentCommands::DocumentCommands(DocumentState &state, DocumentLoader &loader,
 
 bool DocumentCommands::ConfirmSave() {
     changesGivenUp_ = false;
+    if (!mayLeavePane())
+        return false;
     if (!state_.m_Modified)
         return true;
     const int reply =
@@ -109,6 +111,8 @@ void DocumentCommands::mnuFileOpen_Click() {
 }
 
 void DocumentCommands::mnuFileReload_Click() {
+    if (!mayLeavePane())
+        return;
     if (state_.m_Modified &&
         controls::showMessage(resources::messageText(resources::message::ConfirmReload), AskLoss) !=
             answer::Yes)
@@ -132,6 +136,8 @@ bool DocumentCommands::save() {
     if (state_.m_DOM.isNull())
         return true;
     requireSomethingToSave();
+    if (!mayLeavePane())
+        return false;
     const bool hasFile = state_.m_Opened && QFileInfo(state_.m_FileName).isAbsolute();
     if (state_.m_ReadOnly || !hasFile)
         mnuFileSaveAs_Click();
@@ -146,6 +152,8 @@ void DocumentCommands::mnuFileSaveAs_Click() {
     if (state_.m_DOM.isNull())
         return;
     requireSomethingToSave();
+    if (!mayLeavePane())
+        return;
     const controls::FileDialogResult chosen =
         controls::dialogs().showSave({dialogTitle_, texts::SaveFilter.toString(),
                                       controls::file_dialog_flag::OverwritePrompt, initialPath()});
@@ -258,7 +266,7 @@ bool DocumentCommands::canUndoAll() const {
 }
 
 void DocumentCommands::mnuEditUndoAll_Click() {
-    if (!canUndoAll() ||
+    if (!canUndoAll() || !mayLeavePane() ||
         controls::showMessage(texts::LoseAllChanges.toString(), AskLoss) != answer::Yes)
         return;
     // Before the present document is given up.

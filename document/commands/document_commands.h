@@ -4,6 +4,8 @@
 
 #include <QObject>
 
+#include <functional>
+
 namespace quillon::document {
 
 /// The commands on whole documents, the modified state and the caption.
@@ -37,6 +39,10 @@ public:
     /// has no file of its own any more: saving asks for a name, and suggests the one it had.
     /// Raises what DocumentLoader::OpenFile raises.
     void openUnasked(const QString &path);
+
+    /// Asked ahead of every command that would give up what is in the edit pane alone, or save
+    /// without it; false stops the command.
+    std::function<bool()> mayLeavePane = [] { return true; };
 
     /// Asks whether changes are to be saved. False when the user cancelled, or would not have a
     /// file replaced that others have changed; True also when the save that was asked for was

@@ -113,7 +113,8 @@ void DocumentLoader::copyStylesheet(const QString &documentFolder, const QString
 
 void DocumentLoader::openRecovered(const QString &path) {
     xml::DOMDocument40 document = xml::DOMDocument40::create();
-    if (!document.load(path))
+    // Of a document that was still empty only the typing in its pane has been kept.
+    if (QFileInfo(path).size() != 0 && !document.load(path))
         throw runtime::Error(
             runtime::error_number::Fail,
             resources::texts::CannotRecover.toString().arg(path, document.parseError().reason));

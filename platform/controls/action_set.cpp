@@ -49,6 +49,7 @@ ActionSet::ActionSet(QObject *parent) : QObject(parent) {
 
 void ActionSet::addCommand(const ActionEntry &entry) {
     Command &command = commands_[entry.name];
+    command.name = entry.name;
     command.action = new QAction(this);
     QAction &action = *command.action;
     action.setObjectName(entry.name.toString());
@@ -70,8 +71,8 @@ void ActionSet::addCommand(const ActionEntry &entry) {
         guarded([&] {
             if (beforeCommand)
                 beforeCommand();
-            if (command.run && (!command.enabled || command.enabled()))
-                command.run();
+            if (!command.enabled || command.enabled())
+                runIfAllowed(command);
         });
     });
 }
@@ -93,10 +94,7 @@ void ActionSet::addButton(const ToolBarItem &item) {
     });
     if (!item.action.isEmpty()) {
         Command &command = commands_.at(item.action);
-        button.run = [&command] {
-            if (command.run)
-                command.run();
-        };
+        button.run = [this, &command] { runIfAllowed(command); };
         button.canRun = [&command] { return command.run != nullptr; };
     }
 }
@@ -113,9 +111,12 @@ void ActionSet::connectAction(QStringView name, Run run, Enabled enabled) {
 }
 
 void ActionSet::run(QStringView name) {
-    const Command &command = commands_.at(name);
-    if (command.run)
-        guarded(command.run);
+    guarded([&] { runIfAllowed(commands_.at(name)); });
+}
+
+void ActionSet::runIfAllowed(const Command &command) const {
+    if (command.run && (!mayRun || mayRun(command.name)))
+        command.run();
 }
 
 void ActionSet::showStates(QStringView menu) {

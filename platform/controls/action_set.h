@@ -49,6 +49,10 @@ public:
     /// Called ahead of every command that an action or a button runs.
     Run beforeCommand;
 
+    /// Asked with the name of a command ahead of every one that applies, whatever runs it; false
+    /// stops it.
+    std::function<bool(QStringView)> mayRun;
+
     /// Gives the entries of a menu that is opening their states.
     void showStates(QStringView menu);
     /// Enables all commands of a menu, so that their keys reach them.
@@ -67,6 +71,7 @@ public:
 
 private:
     struct Command {
+        QStringView name;
         QAction *action = nullptr;
         Run run;
         Enabled enabled;
@@ -78,6 +83,7 @@ private:
         Enabled canRun = [] { return false; };
     };
 
+    void runIfAllowed(const Command &command) const;
     void addCommand(const resources::ActionEntry &entry);
     void addButton(const resources::ToolBarItem &item);
     void fill(QToolBar &bar, std::span<const resources::ToolBarItem> items);

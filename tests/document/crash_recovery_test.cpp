@@ -22,8 +22,14 @@ protected:
 
     std::unique_ptr<CrashRecovery> start(const system::WorkingFolder &at,
                                          document::RecoveryPace pace = {}) {
-        return std::make_unique<CrashRecovery>(state(), editor().commands, at,
+        auto made = std::make_unique<CrashRecovery>(state(), editor().commands, at,
                                                runtime::Clock{[this] { return time; }}, pace);
+        made->pane = editor().recovery.pane;
+        QObject::connect(&editor().paneEditing, &tree::PaneEditing::unparsedTextChanged, made.get(),
+                         &CrashRecovery::documentChanged);
+        QObject::connect(&editor().selection, &tree::Selection::unparsedTextGivenUp, made.get(),
+                         &CrashRecovery::documentChanged);
+        return made;
     }
     /// A change, and what it leads to on the disk.
     void change(const QString &caption, const QString &text) {
@@ -96,6 +102,49 @@ TEST_F(CrashRecoveryTest, WhatWasNotSavedComesBackAsADocumentWithoutAFile) {
     EXPECT_EQ(read("saved.xml"), "\xEF\xBB\xBF<r>\r\n <a>newer</a></r>");
     EXPECT_EQ(read("doc.xml"), "\xEF\xBB\xBF<r>\r\n <a>old</a></r>");
     EXPECT_FALSE(QFileInfo::exists(left.filePath("recovery")));
+}
+
+TEST_F(CrashRecoveryTest, TextThatDoesNotParseComesBackInThePane) {
+    open("<r>t<a/><!--c--><b>2</b></r>");
+    change("b", "<b>2</b");
+    EXPECT_FALSE(state().m_Modified);
+    crash();
+    restart();
+    dialogs.answerMessage(6);
+    recovery->offer();
+    EXPECT_EQ(xml(), "<r>t<a/><!--c--><b>2</b></r>");
+    EXPECT_EQ(tvw().SelectedItem(), item("b"));
+    EXPECT_EQ(txtEdit().Text(), "<b>2</b");
+    EXPECT_EQ(status(), "構文エラー");
+    dialogs.answerMessage(6);
+    EXPECT_TRUE(editor().selection.mayLeavePane());
+    EXPECT_EQ(txtEdit().Text(), "<b>2</b>");
+
+    // All that there is of a document that is still empty.
+    state().m_Modified = false;
+    recovery = start(kept, soon);
+    editor().commands.mnuFileNew_Click();
+    change("#document", "<!--n--><r>");
+    QDir(left.path()).removeRecursively();
+    crash();
+    restart();
+    dialogs.answerMessage(6);
+    recovery->offer();
+    EXPECT_EQ(txtEdit().Text(), "<!--n--><r>");
+    type("<!--n--><r/>");
+    EXPECT_EQ(xml(), "<!--n--><r/>");
+}
+
+TEST_F(CrashRecoveryTest, TextThatDoesNotParseIsKeptOnlyUntilItIsGivenUp) {
+    open("<r><a/></r>");
+    change("a", "<a>");
+    EXPECT_EQ(files(kept).filter(".pane").size(), 1);
+    dialogs.answerMessage(6);
+    editor().selection.ShowNode(item("r"), true);
+    EXPECT_EQ(files(kept), QStringList());
+    change("a", "<a/");
+    change("a", "<a k='1'/>");
+    EXPECT_EQ(files(kept).filter(".pane"), QStringList()) << "by now the document has it";
 }
 
 TEST_F(CrashRecoveryTest, ADocumentThatDiesAgainIsRecoveredUnderTheSameName) {

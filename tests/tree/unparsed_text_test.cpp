@@ -1,0 +1,161 @@
+#include "platform/controls/message_box.h"
+#include "resources/texts.h"
+#include "tests/support/editor_window.h"
+
+#include <QAction>
+#include <QMimeData>
+#include <QSignalSpy>
+#include <QTest>
+
+namespace quillon::test {
+
+namespace {
+
+constexpr int Yes = controls::message_answer::Yes;
+constexpr int No = controls::message_answer::No;
+
+const QByteArray Document = "<doc><a>1</a><b>2</b></doc>";
+const QString Broken = "<a>1</a";
+
+/// A document whose element `a` is shown with text in the pane that does not parse.
+class UnparsedText : public EditorWindow {
+protected:
+    void SetUp() override {
+        form->show();
+        open(Document);
+        editor().builder.ExpandSubtree(tvw().nodes().Item(1));
+    }
+    void typeBroken() {
+        select("a");
+        type(Broken);
+        ASSERT_EQ(status(), "構文エラー");
+    }
+    void run(QStringView command) { form->actions().action(command)->trigger(); }
+
+    struct Way {
+        const char *name;
+        std::function<void()> go;
+    };
+    /// All the ways in which the text could go, beside those that lead out of the window.
+    std::vector<Way> ways() {
+        std::vector<Way> ways{
+            {"click", [this] { tvw().selectAsUser(item("b")); }},
+            {"key", [this] { QTest::keyClick(&tvw(), Qt::Key_Down); }},
+            {"collapse", [this] { tvw().setExpandedAsUser(item("doc"), false); }},
+            {"search", [this] { editor().captionSearch.SearchForward(item("doc"), "b"); }},
+            {"query",
+             [this] {
+                 cboPath().setText("/doc/b");
+                 editor().pathQuery.SelectByPath();
+             }},
+            {"show", [this] { editor().selection.ShowNode(item("b"), true); }},
+            {"label", [this] { tvw().StartLabelEdit(); }},
+            {"tree key", [this] { QTest::keyClick(&tvw(), Qt::Key_X, Qt::ControlModifier); }},
+            {"drag",
+             [this] {
+                 editor().dragAndDrop.m_nodDown = item("a");
+                 EXPECT_EQ(editor().dragAndDrop.tvw_OLEStartDrag().data, nullptr);
+             }},
+            {"drop",
+             [this] {
+                 QMimeData data;
+                 data.setText("<x/>");
+                 editor().dragAndDrop.tvw_OLEDragDrop(
+                     {item("b"), {}, Qt::CopyAction, Qt::CopyAction}, data);
+             }},
+            {"save as", [this] { editor().commands.mnuFileSaveAs_Click(); }},
+        };
+        for (const char *command :
+             {"mnuEditUndo", "mnuEditCut", "mnuEditPaste", "mnuNodeAddElement", "mnuNodeAddText",
+              "mnuNodeInsComment", "mnuNodeMoveDown", "mnuEditDelete", "mnuNodeDelete",
+              "mnuEditRename", "mnuViewText", "mnuToolRemoveText", "mnuToolSend", "mnuFileSave",
+              "mnuFileNew", "mnuFileOpen", "mnuFileReload", "mnuFileClose", "mnuFileQuit"})
+            ways.push_back({command, [this, command] { run(QString(command)); }});
+        return ways;
+    }
+};
+
+TEST_F(UnparsedText, IsAskedAboutBeforeItGoes) {
+    select("b");
+    type("<b>3</b>");
+    select("a");
+    run(u"mnuEditCopy");
+    const QByteArray before = xml();
+    for (const Way &way : ways()) {
+        SCOPED_TRACE(way.name);
+        typeBroken();
+        const size_t asked = dialogs.messages.size();
+        dialogs.answerMessage(No);
+        way.go();
+        ASSERT_EQ(dialogs.messages.size(), asked + 1);
+        EXPECT_EQ(dialogs.messages.back().text, resources::texts::GiveUpUnparsedText.toString());
+        // Yes and No, and No for Return and Escape.
+        EXPECT_EQ(dialogs.messages.back().style, 4 + 32 + 256);
+        EXPECT_EQ(xml(), before);
+        EXPECT_EQ(txtEdit().Text(), Broken);
+        EXPECT_EQ(tvw().SelectedItem(), item("a"));
+        EXPECT_EQ(status(), "構文エラー");
+        EXPECT_EQ(form->focusWidget(), &txtEdit());
+        ASSERT_TRUE(editor().selection.hasUnparsedText());
+    }
+    EXPECT_EQ(read("doc.xml"), Document);
+
+    // Going on with it, the user makes it part of the document.
+    type("<a>4</a>");
+    EXPECT_EQ(xml(), "<doc><a>4</a><b>3</b></doc>");
+    select("b");
+}
+
+TEST_F(UnparsedText, GoesWhenTheUserSaysSo) {
+    typeBroken();
+    dialogs.answerMessage(Yes);
+    tvw().selectAsUser(item("b"));
+    EXPECT_EQ(txtEdit().utf8(), "<b>2</b>");
+    EXPECT_EQ(status(), "");
+    // Once is enough for a command that does several of these things.
+    typeBroken();
+    dialogs.answerMessage(Yes);
+    run(u"mnuNodeMoveDown");
+    EXPECT_EQ(xml(), "<doc><b>2</b><a>1</a></doc>");
+    typeBroken();
+    dialogs.answerMessage(Yes);
+    run(u"mnuFileSave");
+    EXPECT_EQ(read("doc.xml"), "<doc><b>2</b><a>1</a></doc>");
+    EXPECT_EQ(txtEdit().utf8(), "<a>1</a>") << "the pane shows what has been saved";
+    typeBroken();
+    dialogs.answerMessage(Yes);
+    run(u"mnuFileClose");
+    EXPECT_FALSE(state().m_DOM);
+}
+
+TEST_F(UnparsedText, StaysWithoutAQuestionWhereNothingHappensToIt) {
+    typeBroken();
+    tvw().selectAsUser(item("a"));
+    editor().selection.ShowNode(item("a"), true);
+    for (const char *command :
+         {"mnuEditCopy", "mnuNodeExpand", "mnuViewLock", "mnuToolPreviewSync"})
+        run(QString(command));
+    run(u"mnuViewLock");
+    EXPECT_EQ(txtEdit().Text(), Broken);
+    // Nor is anybody asked about a text that the document has, or an emptied one.
+    type("<a>5</a>");
+    select("5");
+    type("");
+    select("b");
+    EXPECT_EQ(xml(), "<doc><a>5</a><b>2</b></doc>");
+}
+
+TEST_F(UnparsedText, OfTheDocumentIsNoOther) {
+    select("#document");
+    type("<doc><a>");
+    dialogs.answerMessage(No);
+    tvw().selectAsUser(item("a"));
+    EXPECT_EQ(tvw().SelectedItem(), item("#document"));
+    type("<doc><c/></doc>");
+    EXPECT_EQ(xml(), "<doc><c/></doc>");
+    select("c");
+}
+
+} // namespace
+
+} // namespace quillon::test
