@@ -307,7 +307,7 @@ TEST_F(EditingTest, RenamingAttributes) {
     EXPECT_EQ(selected(), "name");
     EXPECT_TRUE(modified());
     editor().history.UndoCommand();
-    EXPECT_EQ(xml(), "<doc other='2' name=\"1\"/>");
+    EXPECT_EQ(xml(), "<doc other='2' name='1'/>");
     EXPECT_EQ(selected(), "name");
     editor().history.RedoCommand();
     EXPECT_EQ(xml(), "<doc other='2'/>");
