@@ -36,6 +36,9 @@ Editor::Editor(Surroundings given, controls::TreeView &tvw, controls::TextBox &t
              surroundings.clock, longWork),
       commands(state, loader, builder, history, tvw, pane, surroundings.applicationFolder),
       recovery(state, commands, workingFolder, surroundings.clock) {
+    commands.beforeOverwriting = [this](const QString &path, std::string_view bytes) {
+        recovery.keepForSaving(path, bytes);
+    };
     wireStatusTexts();
     wireModifications();
     wireHistory();

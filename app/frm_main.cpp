@@ -33,12 +33,11 @@ constexpr int PathTopTwips = 30;
 
 } // namespace
 
-frmMain::frmMain(bool startedAlone, Surroundings surroundings)
-    : startedAlone_(startedAlone), tbr(new QToolBar(this)), tbrMove(new QToolBar(tbr)),
-      picPath(new QWidget(tbr)), cboPath(new controls::PathBox(picPath)),
-      vsp(new QSplitter(Qt::Horizontal, this)), hsp(new QSplitter(Qt::Vertical)),
-      tvw(new controls::TreeView), txtEdit(new controls::TextBox), ie(new controls::Browser),
-      sbr(new QLabel), validationButton_(new QPushButton) {
+frmMain::frmMain(Surroundings surroundings)
+    : tbr(new QToolBar(this)), tbrMove(new QToolBar(tbr)), picPath(new QWidget(tbr)),
+      cboPath(new controls::PathBox(picPath)), vsp(new QSplitter(Qt::Horizontal, this)),
+      hsp(new QSplitter(Qt::Vertical)), tvw(new controls::TreeView), txtEdit(new controls::TextBox),
+      ie(new controls::Browser), sbr(new QLabel), validationButton_(new QPushButton) {
     setAttribute(Qt::WA_DeleteOnClose);
     menus_ = std::make_unique<controls::ActionMenus>(actions_, *menuBar());
     editor_ =

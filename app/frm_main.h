@@ -29,9 +29,7 @@ class frmMain : public QMainWindow {
     Q_OBJECT
 
 public:
-    /// `startedAlone`: no other instance was running when this one started, so this one clears
-    /// the working folder away in the end.
-    explicit frmMain(bool startedAlone, Surroundings surroundings = Surroundings::ofProgram());
+    explicit frmMain(Surroundings surroundings = Surroundings::ofProgram());
     ~frmMain() override;
 
     bool OpenFile(const QString &path) { return editor_->loader.OpenFile(path); }
@@ -92,7 +90,6 @@ private:
     void enableClipboardButtons(const tree::ClipboardButtons &buttons);
     QString handle() const;
 
-    bool startedAlone_;
     /// Where the splitters are to stand once there is a window to split, in pixels.
     int firstSplitLeft_ = 0;
     int firstSplitTop_ = 0;

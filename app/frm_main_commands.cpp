@@ -263,7 +263,11 @@ void frmMain::connectButtons() {
     connect(&editor_->loader, &document::DocumentLoader::documentOpened, this,
             [this] { enableDocumentButtons(true); });
     document::DocumentCommands &commands = editor_->commands;
-    connect(&commands, &document::DocumentCommands::captionChanged, this, &QWidget::setWindowTitle);
+    connect(&commands, &document::DocumentCommands::captionChanged, this, [this](QString caption) {
+        // Written once, Qt takes it for the place of a mark of its own.
+        const QString mark = QStringLiteral("[*]");
+        setWindowTitle(caption.replace(mark, mark + mark));
+    });
     connect(&commands, &document::DocumentCommands::documentCreated, this,
             [this] { enableDocumentButtons(true); });
     connect(&commands, &document::DocumentCommands::cleared, this, [this] {

@@ -1,6 +1,7 @@
 #include "app/frm_main.h"
 #include "platform/controls/error_boundary.h"
 #include "platform/controls/message_box.h"
+#include "platform/runtime/file_names.h"
 #include "platform/runtime/numbers.h"
 #include "tools/options_dialog.h"
 
@@ -65,8 +66,7 @@ void frmMain::endSession() {
 void frmMain::leave() {
     editor_->settings.maximized = isMaximized();
     editor_->settings.save(placement(), !isMinimized() && !isMaximized());
-    if (startedAlone_)
-        ignoringErrors([this] { document::clearWorkingFolder(editor_->workingFolder); });
+    editor_->workingFolder.leave();
     ignoringErrors([this] { companion_.execute(QStringLiteral("REMOVE ") + handle()); });
 }
 
@@ -152,8 +152,10 @@ void frmMain::takeFont(const QString &name, qint16 size) {
 void frmMain::showRecentFiles() {
     std::vector<controls::ActionMenus::Element> elements;
     for (const QString &path : editor_->recentFiles.read())
-        elements.push_back(
-            {QStringLiteral("&%1 %2").arg(elements.size() + 1).arg(doubledAmpersands(path)), path});
+        elements.push_back({QStringLiteral("&%1 %2")
+                                .arg(elements.size() + 1)
+                                .arg(doubledAmpersands(runtime::shownPath(path))),
+                            path});
     menus_->setElements(
         u"mnuFileMRUFiles", elements,
         [this](int, const QString &path) { editor_->commands.mnuFileMRUFiles_Click(path); }, 1);

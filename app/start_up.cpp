@@ -6,12 +6,13 @@
 #include "platform/controls/browser_profile.h"
 #include "platform/controls/dialogs.h"
 #include "platform/controls/error_boundary.h"
+#include "platform/runtime/file_access.h"
+#include "platform/runtime/file_names.h"
 #include "platform/runtime/paths.h"
 #include "platform/runtime/stack_limit.h"
 #include "platform/system/companion_link.h"
 #include "platform/system/instance_lock.h"
 #include "platform/system/termination_signals.h"
-#include "platform/system/working_folder.h"
 #include "resources/texts.h"
 
 #include <QDBusServiceWatcher>
@@ -59,43 +60,35 @@ void startCompanion() {
         untilRegistered.exec();
 }
 
-/// Windows that clients ask for leave the working folder alone: another one may be using it.
-std::unique_ptr<Window> makeClientsWindow() {
-    return std::make_unique<Window>(false);
+std::unique_ptr<Window> makeWindow() {
+    return std::make_unique<Window>();
 }
 
-int runStandAlone(bool startedAlone, const QString &path) {
+int runStandAlone(const QString &path) {
     frmSplash splash;
     splash.show();
     QCoreApplication::processEvents();
 
-    Window window(startedAlone);
-    if (!path.isEmpty() && QFileInfo(path).isFile())
+    Window window;
+    if (runtime::fileKind(path) != runtime::FileKind::Missing)
         controls::guarded([&] { window.OpenFile(path); });
     window.setVisible(true);
     splash.close();
     if (frmMain *const form = window.form())
         controls::guarded([form] { form->editor().recovery.offer(); });
 
-    AutomationServer server(system::sessionBus(), makeClientsWindow);
+    AutomationServer server(system::sessionBus(), makeWindow);
     server.start();
     return QApplication::exec();
 }
 
 /// The program as the bus starts it: it shows nothing of its own.
-int serveClients(bool startedAlone) {
-    AutomationServer server(system::sessionBus(), makeClientsWindow);
+int serveClients() {
+    AutomationServer server(system::sessionBus(), makeWindow);
     if (!server.start())
         return EXIT_FAILURE;
     server.waitForFirstClient();
-    const int result = QApplication::exec();
-    if (startedAlone) {
-        controls::ignoringErrors([] {
-            document::clearWorkingFolder(
-                system::WorkingFolder(runtime::workingFolder(runtime::applicationFolder())));
-        });
-    }
-    return result;
+    return QApplication::exec();
 }
 
 } // namespace
@@ -113,7 +106,7 @@ QString commandLinePath(const QStringList &arguments) {
 int Main(int argc, char **argv) {
     QStringList arguments;
     for (int i = 1; i < argc; ++i)
-        arguments.append(QString::fromLocal8Bit(argv[i]));
+        arguments.append(runtime::decodedPath(argv[i]));
     // All of it is the file's path, so Qt must not look for switches of its own in it.
     int programOnly = 1;
     controls::Application application(programOnly, argv);
@@ -135,8 +128,7 @@ int Main(int argc, char **argv) {
         startCompanion();
         QCoreApplication::processEvents();
     }
-    return startedByBus ? serveClients(instance.startedAlone())
-                        : runStandAlone(instance.startedAlone(), commandLinePath(arguments));
+    return startedByBus ? serveClients() : runStandAlone(commandLinePath(arguments));
 }
 
 } // namespace quillon::app

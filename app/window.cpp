@@ -1,11 +1,11 @@
 #include "app/window.h"
 
-#include <QFileInfo>
+#include "platform/runtime/paths.h"
 
 namespace quillon::app {
 
-Window::Window(bool startedAlone, Surroundings surroundings) {
-    auto *form = new frmMain(startedAlone, std::move(surroundings));
+Window::Window(Surroundings surroundings) {
+    auto *form = new frmMain(std::move(surroundings));
     hWnd_ = static_cast<qint32>(form->winId());
     form->ClearStatus();
     m_frmMain = form;
@@ -16,8 +16,7 @@ QVariant Window::OpenFile(const QString &path) {
     frmMain *const form = m_frmMain;
     // What is remembered must lead to the same file from any folder.
     if (form && form->editor().selection.mayLeavePane())
-        form->editor().commands.openUnasked(path.isEmpty() ? path
-                                                           : QFileInfo(path).absoluteFilePath());
+        form->editor().commands.openUnasked(runtime::absolutePath(path));
     return {};
 }
 

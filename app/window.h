@@ -14,9 +14,8 @@ class Window : public QObject {
     Q_OBJECT
 
 public:
-    /// Makes the window, empty and not shown. `startedAlone`: no other instance of the program
-    /// was running when this one started.
-    explicit Window(bool startedAlone, Surroundings surroundings = Surroundings::ofProgram());
+    /// Makes the window, empty and not shown.
+    explicit Window(Surroundings surroundings = Surroundings::ofProgram());
 
     /// The handle of the window, as it was when the window was made.
     qint32 hWnd() const { return hWnd_; }

@@ -62,7 +62,7 @@ void openAndPrint(int argc, char **argv, const char *task, const char *path) {
     qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
     const auto start = std::chrono::steady_clock::now();
     controls::Application application(argc, argv);
-    auto *form = new app::frmMain(true, {folder.path(), {}, {}});
+    auto *form = new app::frmMain({folder.path(), {}, {}});
     form->ClearStatus();
     if (!form->OpenFile(QString::fromLocal8Bit(path)))
         std::_Exit(EXIT_FAILURE);

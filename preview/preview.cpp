@@ -4,6 +4,7 @@
 #include "platform/controls/error_boundary.h"
 #include "platform/controls/message_box.h"
 #include "platform/runtime/error.h"
+#include "platform/runtime/file_names.h"
 #include "platform/runtime/paths.h"
 #include "platform/xml/xslt.h"
 #include "resources/messages.h"
@@ -167,10 +168,10 @@ DOMDocument40 Preview::builtInStylesheet() const {
 }
 
 void Preview::show(const QString &page, const QString &extension, const QString &subject) {
-    const QString path = workingFolder_.fileToWrite(QStringLiteral("preview.") + extension);
+    const QString path = workingFolder_.fileToWrite(system::working_name::PreviewStem + extension);
     QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(Utf8Mark) < 0 ||
-        file.write(page.toUtf8()) < 0 || !file.flush())
+    if (!file.open(QIODevice::WriteOnly, QFile::ReadOwner | QFile::WriteOwner) ||
+        file.write(Utf8Mark) < 0 || file.write(page.toUtf8()) < 0 || !file.flush())
         throw runtime::Error(runtime::error_number::DeviceIo,
                              texts::CannotWritePreview.toString().arg(path, file.errorString()));
     file.close();
@@ -203,10 +204,9 @@ void Preview::mnuToolSelXSL_Click() {
          stylesheetFolder_.isEmpty() ? state_.folder() : stylesheetFolder_});
     if (chosen.path.isEmpty())
         return;
-    m_strXslPath = workingFolder_.fileToWrite(QFileInfo(chosen.path).fileName());
+    m_strXslPath = workingFolder_.fileToWrite(runtime::shownPath(runtime::fileName(chosen.path)));
     stylesheetFolder_ = QFileInfo(chosen.path).absolutePath();
     system::copyFile(chosen.path, m_strXslPath);
-    system::makeWritable(m_strXslPath);
     ShowPreview(state_.m_DOM.node());
 }
 
@@ -221,7 +221,7 @@ void Preview::mnuFilePrint_Click() {
     if (!ShowPreview(state_.m_DOM.node()))
         return;
     auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
-    printer->setDocName(runtime::fileName(state_.m_FileName));
+    printer->setDocName(runtime::shownPath(runtime::fileName(state_.m_FileName)));
     if (controls::dialogs().choosePrinter(*printer))
         ie_.print(std::move(printer));
 }

@@ -3,6 +3,7 @@
 #include "platform/controls/dialogs.h"
 #include "platform/controls/message_box.h"
 #include "platform/runtime/error.h"
+#include "platform/runtime/file_names.h"
 #include "platform/runtime/paths.h"
 #include "platform/xml/child_process.h"
 #include "platform/xml/schema_validator.h"
@@ -22,6 +23,8 @@ namespace quillon::preview {
 namespace text = resources::validation_text;
 
 namespace {
+
+const xml::SaveOptions WorkingCopy{.readOnly = xml::ReadOnlyFile::Replace, .ownerOnly = true};
 
 /// Lines ahead of the root element in the working copy for a DTD.
 constexpr int HeaderLines = 2;
@@ -56,11 +59,10 @@ void Validation::mnuToolVerifyNew_Click() {
             .path;
     if (chosen.isEmpty())
         return;
-    m_strSchemaFile = runtime::fileName(chosen);
+    m_strSchemaFile = runtime::shownPath(runtime::fileName(chosen));
     schemaFolder_ = QFileInfo(chosen).absolutePath();
     const QString copy = workingFolder_.fileToWrite(m_strSchemaFile);
     system::copyFile(chosen, copy);
-    system::makeWritable(copy);
     mnuToolVerify_Click();
 }
 
@@ -72,7 +74,7 @@ void Validation::mnuToolVerify_Click() {
 }
 
 QString Validation::workingCopyPath() const {
-    const QString name = QStringLiteral("document.xml");
+    const QString name = system::working_name::ValidatedCopy;
     // A schema of that name must not be overwritten by the copy of the document.
     return workingFolder_.fileToWrite(m_strSchemaFile == name ? u'_' + name : name);
 }
@@ -143,7 +145,7 @@ void Validation::writeForDtd(const xml::Node &root, const QByteArray &encoding) 
                          root.nodeName().toUtf8() + " SYSTEM \"" + m_strSchemaFile.toUtf8() +
                          "\">\r\n" + root.xml()))
         throw runtime::Error(written.parseError().errorCode, written.parseError().reason);
-    written.save(workingCopyPath(), xml::ReadOnlyFile::Replace);
+    written.save(workingCopyPath(), WorkingCopy);
 }
 
 std::vector<xml::SchemaError> Validation::validateDtd(xml::DOMDocument40 &copy) const {
@@ -165,7 +167,7 @@ std::vector<xml::SchemaError> Validation::validateDtd(xml::DOMDocument40 &copy) 
 }
 
 std::vector<xml::SchemaError> Validation::validateXsd(xml::DOMDocument40 &copy) const {
-    state_.m_DOM.save(workingCopyPath(), xml::ReadOnlyFile::Replace);
+    state_.m_DOM.save(workingCopyPath(), WorkingCopy);
     loadWorkingCopy(copy);
     return xml::validateByXsd(copy, schemaCopyPath(), partFolders());
 }
@@ -175,7 +177,7 @@ std::vector<xml::SchemaError> Validation::validateXdr(xml::DOMDocument40 &copy) 
     const QString attribute = QStringLiteral("xmlns");
     clone.documentElement().removeAttribute(attribute);
     clone.documentElement().setAttribute(attribute, xdr::AddressPrefix + m_strSchemaFile);
-    clone.save(workingCopyPath(), xml::ReadOnlyFile::Replace);
+    clone.save(workingCopyPath(), WorkingCopy);
     loadWorkingCopy(copy);
     xml::DOMDocument40 schema = xml::DOMDocument40::create();
     if (!schema.load(schemaCopyPath()))

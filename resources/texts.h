@@ -20,6 +20,9 @@ inline constexpr QStringView OpenDialogTitle = u"開く";
 inline constexpr QStringView SaveDialogTitle = u"名前を付けて保存";
 inline constexpr QStringView FontDialogTitle = u"フォント";
 inline constexpr QStringView OpenReadOnly = u"読み取り専用で開く(&R)";
+inline constexpr QStringView OtherNames = u"UTF-8 以外の名前(&U):";
+inline constexpr QStringView OtherNamesName = u"名前が UTF-8 でないファイル";
+inline constexpr QStringView ChooseOtherName = u"ここからファイルを選択できます";
 inline constexpr QStringView FileNotFound =
     u"%1\nファイルが見つかりません。ファイル名を確認してください。";
 inline constexpr QStringView FolderNotFound =
@@ -52,6 +55,19 @@ inline constexpr QStringView CannotKeepChanges =
     u"異常終了に備えた変更の控えを作業フォルダーに書き込めません。ドキュメントを保存してください。";
 inline constexpr QStringView CannotRecover =
     u"復元できませんでした。変更の控えは次のファイルに残っています。\n%1\n\n%2";
+
+// The working folder. %1 is the folder, or the file, %2 the reason, or where it was to be copied,
+// %3 the reason.
+inline constexpr QStringView CannotUseWorkingFolder = u"作業フォルダーを使用できません: %1\n%2";
+inline constexpr QStringView NoFolderThere = u"フォルダー以外のものが同じ名前で存在します。";
+inline constexpr QStringView FolderOfAnotherUser = u"他のユーザーのフォルダーです。";
+inline constexpr QStringView CannotCopy = u"%1 を次の場所にコピーできません: %2\n%3";
+
+/// %1 is the instruction.
+inline constexpr QStringView UnreadableStylesheetLink =
+    u"次の命令の href "
+    u"を読み取れないため、スタイルシートを作業フォルダーにコピーできませんでした。\n"
+    u"ドキュメントは開かれています。\n\n%1";
 
 // Status bar.
 inline constexpr QStringView SyntaxError = u"構文エラー";

@@ -20,6 +20,8 @@ QString systemReason(int error) {
         return QStringLiteral("フォルダーが見つかりません。");
     case EISDIR:
         return QStringLiteral("同じ名前のフォルダーがあります。");
+    case ELOOP:
+        return QStringLiteral("シンボリック リンクが循環しています。");
     case ENAMETOOLONG:
         return QStringLiteral("ファイル名が長すぎます。");
     default:

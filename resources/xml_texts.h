@@ -45,6 +45,9 @@ inline const QString AttributeInUse =
 
 // Loading
 inline const QString CannotOpen = QStringLiteral("指定されたファイルを開くことができません: %1");
+inline const QString CannotOpenSpecial =
+    QStringLiteral("デバイス、パイプ、ソケットを開くことはできません: %1");
+inline const QString CannotOpenFolder = QStringLiteral("フォルダーを開くことはできません: %1");
 inline const QString NoElement = QStringLiteral("XML ドキュメントには最上位の要素が必要です。");
 inline const QString UnexpectedEnd = QStringLiteral("ファイルが途中で終わっています。");
 inline const QString InvalidToken = QStringLiteral("無効な文字または構文があります。");
@@ -76,10 +79,12 @@ inline const QString SourceNotWritten =
     QStringLiteral("ドキュメントの変更していない部分を書き出せないため、保存できません。");
 inline const QString NotReadableAgain = QStringLiteral(
     "エンコード '%1' で書き出した内容を元どおりに読み出せないため、保存できません。");
-inline const QString CannotReplaceInFolder = QStringLiteral(
-    "ファイルを保存できません: %1\nフォルダーに書き込む権限がないため、ファイルを安全に"
-    "置き換えることができません。別のフォルダーに保存してください。");
 inline const QString CannotSave = QStringLiteral("ファイルを保存できません: %1\n%2");
+inline const QString CannotSaveToSpecial =
+    QStringLiteral("ファイルを保存できません: %1\nデバイス、パイプ、ソケットには保存できません。");
+inline const QString CannotPutBack = QStringLiteral(
+    "ファイルへの書き込みが途中で失敗し、元の内容に戻すこともできませんでした: %1\n%2\n"
+    "ドキュメントを閉じずに、別の場所に保存してください。");
 
 /// The system's reason for a failed file operation, by its errno.
 QString systemReason(int error);

@@ -1,6 +1,7 @@
 #include "tools/tree_printing.h"
 
 #include "platform/controls/dialogs.h"
+#include "platform/runtime/file_names.h"
 #include "platform/runtime/numbers.h"
 #include "platform/runtime/paths.h"
 #include "resources/texts.h"
@@ -78,7 +79,7 @@ QString TreePrinting::connector(const std::vector<bool> &siblingFollows, qint16 
 
 void TreePrinting::mnuFilePrintTree_Click() {
     QPrinter printer(QPrinter::HighResolution);
-    printer.setDocName(runtime::fileName(state_.m_FileName));
+    printer.setDocName(runtime::shownPath(runtime::fileName(state_.m_FileName)));
     if (controls::dialogs().choosePrinter(printer))
         print(printer);
 }

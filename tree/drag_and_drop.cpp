@@ -1,6 +1,9 @@
 #include "tree/drag_and_drop.h"
 
 #include "platform/controls/error_boundary.h"
+#include "platform/runtime/error.h"
+#include "platform/runtime/file_access.h"
+#include "platform/runtime/file_names.h"
 #include "tree/node_mime_data.h"
 
 #include <QUrl>
@@ -20,8 +23,10 @@ constexpr QLatin1String TextFormat("text/plain");
 /// The first local file on offer, or an empty path.
 QString fileOf(const QMimeData &data) {
     for (const QUrl &url : data.urls()) {
+        // Not toLocalFile(), which loses what is not UTF-8.
         if (url.isLocalFile())
-            return url.toLocalFile();
+            return runtime::decodedPath(
+                QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1()));
     }
     return {};
 }
@@ -33,10 +38,12 @@ Qt::DropAction allowed(Qt::DropAction wanted, const DragPoint &point) {
     return point.possible.testFlag(Qt::CopyAction) ? Qt::CopyAction : Qt::IgnoreAction;
 }
 
-/// A file's document as text; empty when the file does not parse.
+/// A file's document as text; empty when the file does not parse. Raises for a folder, a device or
+/// the like.
 QString contentOf(const QString &path) {
     xml::DOMDocument40 document = xml::DOMDocument40::create();
-    document.load(path);
+    if (!document.load(path) && !runtime::isRegularFile(path))
+        throw runtime::Error(runtime::error_number::Fail, document.parseError().reason);
     return QString::fromUtf8(document.xml());
 }
 

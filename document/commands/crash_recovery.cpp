@@ -3,6 +3,7 @@
 #include "platform/controls/error_boundary.h"
 #include "platform/controls/message_box.h"
 #include "platform/runtime/error.h"
+#include "platform/runtime/file_names.h"
 #include "platform/system/instance_lock.h"
 #include "platform/xml/atomic_file.h"
 #include "resources/texts.h"
@@ -11,6 +12,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QSet>
 
 #include <algorithm>
@@ -34,7 +36,6 @@ namespace {
 /// A writer that takes longer hangs.
 constexpr unsigned MostSeconds = 120;
 
-const QString FolderName = QStringLiteral("recovery");
 const QString ContentSuffix = QStringLiteral(".xml");
 const QString NameSuffix = QStringLiteral(".name");
 const QString PaneSuffix = QStringLiteral(".pane");
@@ -43,7 +44,10 @@ const QString LockSuffix = QStringLiteral(".lock");
 /// Locks a base for this process. Null when another one holds it.
 std::unique_ptr<QLockFile> lockFor(const QString &path) {
     auto lock = system::processLock(path);
-    return lock->tryLock(0) ? std::move(lock) : nullptr;
+    if (!lock->tryLock(0))
+        return nullptr;
+    QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner);
+    return lock;
 }
 
 /// In the document's own encoding; where that cannot hold its text, as UTF-8, which the byte order
@@ -58,7 +62,13 @@ QByteArray contentOf(const xml::DOMDocument40 &document) {
 
 void writeFile(const QString &path, const QByteArray &bytes) {
     xml::writeFileAtomically(path, std::string_view(bytes.constData(), std::size_t(bytes.size())),
-                             xml::ReadOnlyFile::Keep);
+                             {.ownerOnly = true});
+}
+
+/// What holdBase() calls its files. Everything else in the folder is none of the program's.
+bool isBase(const QString &name) {
+    static const QRegularExpression base(QStringLiteral("^[0-9]{14}-[0-9]+(-[0-9]+)?$"));
+    return base.match(name).hasMatch();
 }
 
 /// The name a recovered document is shown under. One that is recovered again keeps it.
@@ -86,7 +96,7 @@ CrashRecovery::~CrashRecovery() {
 }
 
 QString CrashRecovery::filePath(const QString &name) const {
-    return workingFolder_.filePath(FolderName + QLatin1Char('/') + name);
+    return workingFolder_.filePath(system::working_name::Recovery + QLatin1Char('/') + name);
 }
 
 bool CrashRecovery::isUnsaved() const {
@@ -116,8 +126,12 @@ bool CrashRecovery::holdBase() {
     const QString stem = QStringLiteral("%1-%2")
                              .arg(runtime::timeStamp(clock_.now()))
                              .arg(QCoreApplication::applicationPid());
-    if (!QDir().mkpath(filePath(QString())))
+    try {
+        workingFolder_.create();
+        system::makePrivateFolder(filePath(QString()));
+    } catch (const runtime::Error &) {
         return false;
+    }
     // Only this process could have the first name, for another window or for a document it has
     // left.
     constexpr int MostInASecond = 100;
@@ -169,15 +183,19 @@ void CrashRecovery::write() {
 
 void CrashRecovery::writeFiles() const {
     const QString path = commands_.initialPath();
-    writeFile(filePath(base_ + NameSuffix), (path.isEmpty() ? state_.m_FileName : path).toUtf8());
     const QString paneFile = filePath(base_ + PaneSuffix);
     if (pane.exists())
         writeFile(paneFile, pane.content());
     else
         QFile::remove(paneFile);
     // All that a document without a root element holds stands in the pane as well.
-    writeFile(filePath(base_ + ContentSuffix),
-              state_.m_DOM.documentElement() ? contentOf(state_.m_DOM) : QByteArray());
+    writeFiles(path.isEmpty() ? state_.m_FileName : path,
+               state_.m_DOM.documentElement() ? contentOf(state_.m_DOM) : QByteArray());
+}
+
+void CrashRecovery::writeFiles(const QString &name, const QByteArray &content) const {
+    writeFile(filePath(base_ + NameSuffix), name.toUtf8());
+    writeFile(filePath(base_ + ContentSuffix), content);
 }
 
 void CrashRecovery::keep() {
@@ -189,6 +207,14 @@ void CrashRecovery::keep() {
     if (!holdBase())
         throw runtime::Error(runtime::error_number::Fail, texts::CannotKeepChanges.toString());
     writeFiles();
+}
+
+void CrashRecovery::keepForSaving(const QString &path, std::string_view bytes) {
+    if (child_ != 0)
+        reapChild();
+    if (!holdBase())
+        throw runtime::Error(runtime::error_number::Fail, texts::CannotKeepChanges.toString());
+    writeFiles(path, QByteArray::fromRawData(bytes.data(), qsizetype(bytes.size())));
 }
 
 void CrashRecovery::leaveForNextStart() {
@@ -260,9 +286,14 @@ void CrashRecovery::removeFiles(const QString &base) const {
 
 std::vector<Recoverable> CrashRecovery::find() const {
     const QDir folder(filePath(QString()));
+    if (!system::isOwnFolder(folder.path()))
+        return {};
     QSet<QString> bases;
-    for (const QString &name : folder.entryList(QDir::Files | QDir::Hidden))
-        bases.insert(name.section(QLatin1Char('.'), 0, 0, QString::SectionSkipEmpty));
+    for (const QString &name : folder.entryList(QDir::Files | QDir::Hidden)) {
+        const QString base = name.section(QLatin1Char('.'), 0, 0, QString::SectionSkipEmpty);
+        if (isBase(base))
+            bases.insert(base);
+    }
     std::vector<Recoverable> found;
     for (const QString &base : bases) {
         auto lock = lockFor(folder.filePath(base + LockSuffix));
@@ -273,9 +304,9 @@ std::vector<Recoverable> CrashRecovery::find() const {
             continue;
         }
         QFile name(folder.filePath(base + NameSuffix));
-        const bool isNamed = name.open(QIODevice::ReadOnly);
-        found.push_back(
-            {isNamed ? QString::fromUtf8(name.readAll()) : base, base, std::move(lock)});
+        if (system::isOwnFile(folder.filePath(base + ContentSuffix)) &&
+            system::isOwnFile(name.fileName()) && name.open(QIODevice::ReadOnly))
+            found.push_back({QString::fromUtf8(name.readAll()), base, std::move(lock)});
     }
     // A base starts with the time.
     std::ranges::sort(found, std::greater<>(), &Recoverable::base);
@@ -287,9 +318,9 @@ void CrashRecovery::offer() {
         const QString content = filePath(found.base + ContentSuffix);
         const QString time =
             QFileInfo(content).lastModified().toString(QStringLiteral("yyyy/MM/dd HH:mm"));
-        const int reply =
-            controls::showMessage(texts::OfferRecovery.toString().arg(found.name, time),
-                                  style::YesNoCancel + style::Question);
+        const int reply = controls::showMessage(
+            texts::OfferRecovery.toString().arg(runtime::shownPath(found.name), time),
+            style::YesNoCancel + style::Question);
         if (reply == controls::message_answer::Cancel)
             return;
         if (reply == controls::message_answer::No) {
@@ -310,30 +341,10 @@ void CrashRecovery::offer() {
             lock_ = std::move(found.lock);
             documentChanged();
             QFile paneText(filePath(base_ + PaneSuffix));
-            if (paneText.open(QIODevice::ReadOnly))
+            if (system::isOwnFile(paneText.fileName()) && paneText.open(QIODevice::ReadOnly))
                 pane.restore(paneText.readAll());
         }
         return;
-    }
-}
-
-void clearWorkingFolder(const system::WorkingFolder &workingFolder) {
-    const QString spared = workingFolder.filePath(FolderName);
-    QDir().rmdir(spared);
-    if (!QFileInfo::exists(spared)) {
-        workingFolder.remove();
-        return;
-    }
-    const auto entries =
-        QDir(workingFolder.path())
-            .entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
-    for (const QFileInfo &entry : entries) {
-        if (entry.fileName() == FolderName)
-            continue;
-        if (entry.isDir() && !entry.isSymLink())
-            QDir(entry.filePath()).removeRecursively();
-        else
-            QFile::remove(entry.filePath());
     }
 }
 

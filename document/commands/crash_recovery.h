@@ -14,6 +14,7 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <string_view>
 #include <vector>
 
 namespace quillon::document {
@@ -82,6 +83,10 @@ public:
     /// The same for a document that goes while the program goes on. What changes from then on gets
     /// a copy of its own.
     void leaveForNextStart();
+    /// Keeps what is about to be written over a file in its place, until the document is saved,
+    /// closed or given up: when the program dies half-way, the next start offers it under the name
+    /// of the file. It is on the disk on return; raises when that fails.
+    void keepForSaving(const QString &path, std::string_view bytes);
 
 Q_SIGNALS:
     /// The changes made up to when the writing began are on the disk.
@@ -103,6 +108,7 @@ private:
     void write();
     /// The copy itself, in whatever process.
     void writeFiles() const;
+    void writeFiles(const QString &name, const QByteArray &content) const;
     void childEnded();
     /// Says once that there is no writing, and goes on trying.
     void tryAgain();
@@ -124,9 +130,5 @@ private:
     int child_ = 0;
     std::unique_ptr<QSocketNotifier> childEnd_;
 };
-
-/// Removes the working folder, all but what a CrashRecovery of any program, living or dead, has
-/// in it. To be called when the program ends, after it has discarded its own.
-void clearWorkingFolder(const system::WorkingFolder &workingFolder);
 
 } // namespace quillon::document

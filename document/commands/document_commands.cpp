@@ -3,6 +3,7 @@
 #include "platform/controls/dialogs.h"
 #include "platform/controls/message_box.h"
 #include "platform/runtime/error.h"
+#include "platform/runtime/file_names.h"
 #include "resources/messages.h"
 #include "resources/texts.h"
 
@@ -97,9 +98,9 @@ void DocumentCommands::mnuFileOpen_Click() {
     if (!ConfirmSave())
         return;
     dialogTitle_ = texts::OpenDialogTitle.toString();
-    const controls::FileDialogResult chosen =
-        controls::dialogs().showOpen({dialogTitle_, texts::OpenFilter.toString(),
-                                      controls::file_dialog_flag::FileMustExist, initialPath()});
+    const controls::FileDialogResult chosen = controls::dialogs().showOpen(
+        {dialogTitle_, texts::OpenFilter.toString(), controls::file_dialog_flag::FileMustExist,
+         runtime::shownPath(initialPath())});
     if (chosen.path.isEmpty())
         return;
     ClearStatus();
@@ -154,9 +155,9 @@ void DocumentCommands::mnuFileSaveAs_Click() {
     requireSomethingToSave();
     if (!mayLeavePane())
         return;
-    const controls::FileDialogResult chosen =
-        controls::dialogs().showSave({dialogTitle_, texts::SaveFilter.toString(),
-                                      controls::file_dialog_flag::OverwritePrompt, initialPath()});
+    const controls::FileDialogResult chosen = controls::dialogs().showSave(
+        {dialogTitle_, texts::SaveFilter.toString(), controls::file_dialog_flag::OverwritePrompt,
+         runtime::shownPath(initialPath())});
     if (!chosen.path.isEmpty())
         SaveFile(chosen.path);
 }
@@ -223,9 +224,10 @@ void DocumentCommands::checkFileOnDisk() {
 void DocumentCommands::SaveFile(const QString &path) {
     // Saving replaces the file, so a read-only one needs no deleting first: a save that fails
     // leaves it as it was.
-    const QFileInfo file(path);
-    const bool readOnly = file.isFile() && !file.permission(QFile::WriteOwner);
-    state_.m_DOM.save(path, readOnly ? xml::ReadOnlyFile::Replace : xml::ReadOnlyFile::Keep);
+    state_.m_DOM.save(path, {.readOnly = xml::ReadOnlyFile::Replace,
+                             .beforeOverwriting = [&](std::string_view bytes) {
+                                 beforeOverwriting(path, bytes);
+                             }});
     loader_.setFileOnDisk(FileOnDisk::of(path));
     suggestedPath_.clear();
     savedState_ = history_.current();
@@ -236,7 +238,7 @@ void DocumentCommands::SaveFile(const QString &path) {
 }
 
 void DocumentCommands::UpdateStatus(const QString &path) {
-    QString name = runtime::fileName(path);
+    QString name = runtime::shownPath(runtime::fileName(path));
     state_.m_FileName = path;
     if (state_.m_Modified)
         name += QStringLiteral(" *");
@@ -253,8 +255,9 @@ void DocumentCommands::DocumentModified() {
         state_.m_Modified = true;
         // Without the read-only mark, which comes back with the next UpdateStatus; that is meant
         // so.
-        const QString name =
-            state_.m_FileName.isEmpty() ? newDocumentName() : runtime::fileName(state_.m_FileName);
+        const QString name = state_.m_FileName.isEmpty()
+                                 ? newDocumentName()
+                                 : runtime::shownPath(runtime::fileName(state_.m_FileName));
         Q_EMIT captionChanged(caption(name, u" *"));
     }
     history_.TakeSnapshot();

@@ -5,6 +5,7 @@
 #include <QObject>
 
 #include <functional>
+#include <string_view>
 
 namespace quillon::document {
 
@@ -70,6 +71,10 @@ public:
     QString initialPath() const;
     /// Tells, when it is so, that the file has changed on disk since it was opened.
     void checkFileOnDisk();
+
+    /// Is to keep what is about to be written over a file in its place, where it survives a crash
+    /// half-way; raises when it cannot. To be set before anything is saved.
+    std::function<void(const QString &path, std::string_view bytes)> beforeOverwriting;
 
 Q_SIGNALS:
     void captionChanged(const QString &caption);

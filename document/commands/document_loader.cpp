@@ -3,13 +3,19 @@
 #include "platform/controls/error_boundary.h"
 #include "platform/controls/message_box.h"
 #include "platform/runtime/error.h"
+#include "platform/runtime/file_access.h"
+#include "platform/runtime/file_names.h"
 #include "platform/runtime/numbers.h"
 #include "platform/runtime/strings.h"
 #include "resources/messages.h"
 #include "resources/texts.h"
+#include "resources/xml_texts.h"
 
 #include <QFileInfo>
 #include <QScopeGuard>
+
+#include <filesystem>
+#include <system_error>
 
 namespace quillon::document {
 
@@ -21,10 +27,40 @@ using runtime::mid;
 namespace {
 
 bool isReadOnlyFile(const QString &path) {
-    const QFileInfo file(path);
-    if (!file.isFile())
+    if (!runtime::isRegularFile(path))
         runtime::raise(runtime::error_number::FileNotFound);
-    return !file.permission(QFile::WriteOwner);
+    return !runtime::mayWrite(path);
+}
+
+/// A larger stylesheet is none.
+constexpr qint64 MostStylesheetBytes = 16 * 1024 * 1024;
+/// So much of a faulty instruction is shown.
+constexpr qsizetype ShownCharacters = 200;
+
+/// Refuses at once what must not be opened, let alone be copied.
+void requireOrdinaryFile(const QString &path) {
+    namespace text = resources::xml_text;
+    const QString shown = runtime::shownPath(path);
+    const auto refuse = [](const QString &reason) {
+        throw runtime::Error(runtime::error_number::Fail, reason);
+    };
+    const runtime::FileKind kind = runtime::fileKind(path);
+    if (kind == runtime::FileKind::Special)
+        refuse(text::CannotOpenSpecial.arg(shown));
+    if (kind == runtime::FileKind::Folder)
+        refuse(text::CannotOpenFolder.arg(shown));
+    if (runtime::fileSize(path) > xml::MaxFileSize)
+        refuse(text::TooLarge);
+}
+
+/// Whether the file's content really stands in a folder, wherever links lead.
+bool liesIn(const QString &folder, const QString &file) {
+    const auto real = [](const QString &path) {
+        std::error_code error;
+        return std::filesystem::canonical(runtime::encodedPath(path).toStdString(), error);
+    };
+    const std::filesystem::path found = real(file);
+    return !found.empty() && found.parent_path() == real(folder);
 }
 
 } // namespace
@@ -41,6 +77,7 @@ DocumentLoader::DocumentLoader(DocumentState &state, tree::TreeBuilder &builder,
 bool DocumentLoader::OpenFile(const QString &fileName) {
     if (fileName.isEmpty())
         return false;
+    requireOrdinaryFile(fileName);
     Q_EMIT statusText(resources::texts::Loading.toString());
     // Also when an error leads out of here.
     const auto clearStatus = qScopeGuard([this] { Q_EMIT statusText(QString()); });
@@ -55,7 +92,7 @@ bool DocumentLoader::OpenFile(const QString &fileName) {
         state_.m_DOM = state_.failedLoad = document;
     const bool readOnly = state_.m_ReadOnly || isReadOnlyFile(fileName);
     // A file that does not parse is copied, too.
-    const QString backup = backUp(fileName);
+    const QString backup = backUp(fileName, !document.documentElement().isNull());
     if (!document.documentElement()) {
         controls::showMessage(resources::messageText(resources::message::CannotParse),
                               controls::message_style::Exclamation);
@@ -67,7 +104,7 @@ bool DocumentLoader::OpenFile(const QString &fileName) {
     state_.m_ReadOnly = readOnly;
     state_.m_BackupPath = backup;
     builder_.BuildTree(state_.m_DOM, true);
-    copyStylesheets(fileName);
+    const xml::Node faulty = copyStylesheets(fileName);
     showFromTop();
     state_.m_Modified = false;
     state_.m_Opened = true;
@@ -75,24 +112,44 @@ bool DocumentLoader::OpenFile(const QString &fileName) {
     Q_EMIT documentOpened();
     history_.ResetUndoHistory();
     recentFiles_.add(fileName);
+    // The document as such is open, whatever is wrong with its stylesheet.
+    if (faulty)
+        controls::showMessage(resources::texts::UnreadableStylesheetLink.toString().arg(
+                                  QString::fromUtf8(faulty.xml()).left(ShownCharacters)),
+                              controls::message_style::Exclamation);
     return true;
 }
 
-QString DocumentLoader::backUp(const QString &fileName) const {
-    const QString path =
-        workingFolder_.fileToWrite(runtime::timeStamp(clock_.now()) + QStringLiteral(".bak"));
-    system::copyFile(fileName, path);
-    return path;
+QString DocumentLoader::backUp(const QString &fileName, bool replacesDocument) {
+    const QString stamp = runtime::timeStamp(clock_.now());
+    // In the same second a copy goes over this window's own, but never over another window's, nor
+    // over that of a document which stays.
+    for (int number = 1;; ++number) {
+        const QString name = number == 1 ? stamp : QStringLiteral("%1-%2").arg(stamp).arg(number);
+        const QString path = workingFolder_.fileToWrite(name + system::working_name::BackupSuffix);
+        const bool mayGo = path == ownBackup_ && (replacesDocument || path != state_.m_BackupPath);
+        if (system::copyFile(fileName, path,
+                             mayGo ? system::ExistingFile::Replace : system::ExistingFile::Keep))
+            return ownBackup_ = path;
+    }
 }
 
-void DocumentLoader::copyStylesheets(const QString &fileName) {
+xml::Node DocumentLoader::copyStylesheets(const QString &fileName) {
     const QString folder = QFileInfo(fileName).absolutePath();
     state_.stylesheetFiles.clear();
+    xml::Node faulty;
     for (xml::Node child = state_.m_DOM.node().firstChild(); child; child = child.nextSibling()) {
-        if (child.nodeType() == xml::NodeType::ProcessingInstruction &&
-            child.nodeName() == QLatin1String("xml-stylesheet"))
+        if (child.nodeType() != xml::NodeType::ProcessingInstruction ||
+            child.nodeName() != QLatin1String("xml-stylesheet"))
+            continue;
+        try {
             copyStylesheet(folder, child.text());
+        } catch (const runtime::Error &) {
+            if (!faulty)
+                faulty = child;
+        }
     }
+    return faulty;
 }
 
 void DocumentLoader::copyStylesheet(const QString &documentFolder, const QString &data) {
@@ -101,12 +158,15 @@ void DocumentLoader::copyStylesheet(const QString &documentFolder, const QString
     const qsizetype p = instr(data, u"href=");
     const QStringView quote = mid(data, p + 5, 1);
     const QStringView rest = mid(data, p + 6);
-    const QString href =
-        left(rest, instr(rest, quote) - 1).toString().replace(QLatin1Char('\\'), QLatin1Char('/'));
+    const QString href = left(rest, instr(rest, quote) - 1).toString();
+    const QString original = documentFolder + QLatin1Char('/') + href;
+    // The document may come from a stranger, and name whatever it likes.
+    if (href.contains(u'\\') || !system::WorkingFolder::isFree(href) ||
+        !liesIn(documentFolder, original))
+        return;
     controls::ignoringErrors([&] {
-        const QString copy = workingFolder_.filePath(href);
-        system::copyFile(documentFolder + QLatin1Char('/') + href, copy);
-        system::makeWritable(copy);
+        system::copyFile(original, workingFolder_.fileToWrite(href), system::ExistingFile::Replace,
+                         MostStylesheetBytes);
         state_.stylesheetFiles.append(href);
     });
 }

@@ -27,7 +27,8 @@ public:
     /// Loads a file and keeps a copy of it in the working folder. False when it has no document
     /// element, after a message. Raises when the file cannot be read or copied. In both cases what
     /// was shown is still the document, with its state and history; an empty window is left with a
-    /// document that has nothing in it. An empty name gives False and changes nothing.
+    /// document that has nothing in it. An empty name gives False and changes nothing, and so does
+    /// a folder, a device or the like, or a file that is too large, which raises.
     bool OpenFile(const QString &fileName);
 
     /// Loads a file that was kept for a document whose program died, and shows it. It is no file
@@ -56,8 +57,10 @@ Q_SIGNALS:
 
 private:
     /// The path of the copy.
-    QString backUp(const QString &fileName) const;
-    void copyStylesheets(const QString &fileName);
+    QString backUp(const QString &fileName, bool replacesDocument);
+    /// Copies what the document's instructions name. Gives the first instruction that could not be
+    /// understood; Nothing when there is none.
+    xml::Node copyStylesheets(const QString &fileName);
     void copyStylesheet(const QString &documentFolder, const QString &data);
     void showFromTop();
     void expandTopLevel();
@@ -72,6 +75,8 @@ private:
     runtime::Clock clock_;
     controls::LongWork &longWork_;
     FileOnDisk fileOnDisk_;
+    /// The copy that this window made last.
+    QString ownBackup_;
 };
 
 } // namespace quillon::document

@@ -1,13 +1,13 @@
 #include "document/commands/file_on_disk.h"
 
-#include <QFileInfo>
+#include "platform/runtime/file_access.h"
 
 namespace quillon::document {
 
 FileOnDisk FileOnDisk::of(const QString &path) {
-    const QFileInfo info(path);
-    return info.exists() ? FileOnDisk{path, info.lastModified(), info.size()}
-                         : FileOnDisk{path, {}, -1};
+    return runtime::fileKind(path) != runtime::FileKind::Missing
+               ? FileOnDisk{path, runtime::fileModified(path), runtime::fileSize(path)}
+               : FileOnDisk{path, {}, -1};
 }
 
 bool FileOnDisk::hasChanged() const {

@@ -1,6 +1,6 @@
 #include "document/commands/recent_files.h"
 
-#include <QFileInfo>
+#include "platform/runtime/file_access.h"
 
 namespace quillon::document {
 
@@ -24,7 +24,7 @@ QStringList RecentFiles::read() const {
         const QString path = store_.GetSetting(section(), keyOf(i));
         if (path.isEmpty())
             break;
-        if (QFileInfo(path).isFile() && !files.contains(path, Qt::CaseInsensitive))
+        if (runtime::isRegularFile(path) && !files.contains(path, Qt::CaseInsensitive))
             files.append(path);
     }
     return files;

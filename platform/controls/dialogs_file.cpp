@@ -1,17 +1,25 @@
 #include "platform/controls/dialogs.h"
 #include "platform/controls/message_box.h"
+#include "platform/runtime/file_access.h"
+#include "platform/runtime/file_names.h"
+#include "platform/runtime/paths.h"
 #include "resources/texts.h"
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QStringList>
 #include <QTreeView>
+
+#include <filesystem>
+#include <system_error>
 
 namespace quillon::controls {
 
@@ -50,6 +58,53 @@ QList<Filter> parseFilter(const QString &filter) {
     return filters;
 }
 
+/// The entries of a folder that Qt leaves out, as their names are not UTF-8, and what is in such
+/// folders: as people read them, below the folder.
+void listOtherNames(const QString &folder, const QString &shownBefore, bool all,
+                    const QStringList &patterns, QStringList &found) {
+    constexpr qsizetype Most = 500;
+    std::error_code error;
+    std::filesystem::directory_iterator entry(runtime::encodedPath(folder).toStdString(), error);
+    for (; !error && entry != std::filesystem::directory_iterator() && found.size() < Most;
+         entry.increment(error)) {
+        const QString path =
+            runtime::decodedPath(QByteArray::fromStdString(entry->path().native()));
+        const QString name = runtime::fileName(path);
+        if (!all && !runtime::hasForeignBytes(name))
+            continue;
+        const QString shown = shownBefore + runtime::shownPath(name);
+        std::error_code unknown;
+        if (entry->is_directory(unknown) && !entry->is_symlink(unknown))
+            listOtherNames(path, shown + u'/', true, patterns, found);
+        else if (patterns.isEmpty() || QDir::match(patterns, runtime::fileName(shown)))
+            found.append(shown);
+    }
+}
+
+/// The path whose parts read like those of a path, where they do not exist as they are written;
+/// the path itself when there is none.
+QString resolved(const QString &path) {
+    if (runtime::fileKind(path) != runtime::FileKind::Missing)
+        return path;
+    QString found;
+    for (const QString &part : path.split(u'/', Qt::SkipEmptyParts)) {
+        const QString folder = found + u'/';
+        found = folder + part;
+        if (runtime::fileKind(found) != runtime::FileKind::Missing)
+            continue;
+        std::error_code error;
+        std::filesystem::directory_iterator entry(runtime::encodedPath(folder).toStdString(),
+                                                  error);
+        for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
+            const QString name =
+                runtime::decodedPath(QByteArray::fromStdString(entry->path().filename().native()));
+            if (runtime::shownPath(name) == part)
+                found = folder + name;
+        }
+    }
+    return runtime::fileKind(found) == runtime::FileKind::Missing ? path : found;
+}
+
 /// Qt's own dialog and not the desktop's, which has no place for the read-only box and no say in
 /// what may be chosen.
 class FileDialog : public QFileDialog {
@@ -70,27 +125,78 @@ public:
             selectFile(request.path);
         else if (!request.folder.isEmpty())
             setDirectory(request.folder);
+        if (mode == AcceptOpen)
+            addOtherNames();
         if (mode == AcceptOpen && !(flags_ & file_dialog_flag::HideReadOnly))
             addReadOnlyBox();
     }
 
     FileDialogResult run() {
+        showOtherNames();
         if (exec() != Accepted)
             return {QString(), flags_};
         if (readOnlyBox_)
             flags_ = (flags_ & ~file_dialog_flag::ReadOnly) |
                      (readOnlyBox_->isChecked() ? file_dialog_flag::ReadOnly : 0);
-        return {QFileInfo(selectedFiles().constFirst()).absoluteFilePath(), flags_};
+        return {chosenPath(), flags_};
     }
 
 protected:
     void accept() override {
         const QString path = selectedFiles().value(0);
-        if (path.isEmpty() || QFileInfo(path).isDir() || mayChoose(path))
+        if (path.isEmpty() || QFileInfo(path).isDir() || mayChoose(chosenPath()))
             QFileDialog::accept();
     }
 
 private:
+    QString chosenPath() const {
+        const QString path = QFileInfo(selectedFiles().value(0)).absoluteFilePath();
+        const QString known = runtime::decodedPath(QFile::encodeName(path));
+        return acceptMode() == AcceptOpen ? resolved(known) : known;
+    }
+
+    /// A list of what Qt's own does not show; hidden where it would be empty.
+    void addOtherNames() {
+        auto *grid = qobject_cast<QGridLayout *>(layout());
+        if (!grid)
+            return;
+        otherNames_ = new QComboBox(this);
+        otherNames_->setAccessibleName(texts::OtherNamesName.toString());
+        otherNames_->setPlaceholderText(texts::ChooseOtherName.toString());
+        otherNamesLabel_ = new QLabel(texts::OtherNames.toString(), this);
+        otherNamesLabel_->setBuddy(otherNames_);
+        const int row = grid->rowCount();
+        grid->addWidget(otherNamesLabel_, row, 0);
+        grid->addWidget(otherNames_, row, 1, 1, -1);
+        connect(this, &QFileDialog::directoryEntered, this, &FileDialog::showOtherNames);
+        connect(this, &QFileDialog::filterSelected, this, &FileDialog::showOtherNames);
+        connect(otherNames_, &QComboBox::textActivated, this, [this](const QString &name) {
+            if (auto *list = findChild<QListView *>(QStringLiteral("listView")))
+                list->selectionModel()->clearSelection();
+            if (auto *edit = findChild<QLineEdit *>(QStringLiteral("fileNameEdit")))
+                edit->setText(name);
+        });
+    }
+
+    void showOtherNames() {
+        if (!otherNames_)
+            return;
+        QStringList patterns;
+        for (const Filter &filter : filters_) {
+            if (filter.nameFilter() == selectedNameFilter() ||
+                filter.description.trimmed() == selectedNameFilter())
+                patterns = filter.patterns;
+        }
+        QStringList names;
+        listOtherNames(directory().absolutePath(), QString(), false, patterns, names);
+        names.sort();
+        otherNames_->clear();
+        otherNames_->addItems(names);
+        otherNames_->setCurrentIndex(-1);
+        otherNamesLabel_->setVisible(!names.isEmpty());
+        otherNames_->setVisible(!names.isEmpty());
+    }
+
     /// Qt's own sizes cut off all but short names.
     void giveNamesRoom() {
         resize(sizeHint().expandedTo(QSize(760, 480)));
@@ -143,18 +249,19 @@ private:
     /// Tells the user why not, or asks, as the flags want it.
     bool mayChoose(const QString &path) {
         using namespace file_dialog_flag;
-        const QFileInfo file(path);
-        if (flags_ & FileMustExist && !file.exists()) {
+        const bool exists = runtime::fileKind(path) != runtime::FileKind::Missing;
+        const QString folder = path.left(path.lastIndexOf(u'/') + 1);
+        if (flags_ & FileMustExist && !exists) {
             showMessage(texts::FileNotFound.toString().arg(path), message_style::Exclamation,
                         windowTitle());
             return false;
         }
-        if (flags_ & PathMustExist && !QFileInfo(file.absolutePath()).isDir()) {
+        if (flags_ & PathMustExist && runtime::fileKind(folder) != runtime::FileKind::Folder) {
             showMessage(texts::FolderNotFound.toString().arg(path), message_style::Exclamation,
                         windowTitle());
             return false;
         }
-        if (acceptMode() == AcceptSave && flags_ & OverwritePrompt && file.exists())
+        if (acceptMode() == AcceptSave && flags_ & OverwritePrompt && exists)
             return showMessage(texts::ConfirmOverwrite.toString().arg(path),
                                message_style::YesNo | message_style::Exclamation |
                                    message_style::DefaultButton2,
@@ -165,6 +272,8 @@ private:
     int flags_;
     QList<Filter> filters_;
     QCheckBox *readOnlyBox_ = nullptr;
+    QComboBox *otherNames_ = nullptr;
+    QLabel *otherNamesLabel_ = nullptr;
 };
 
 } // namespace

@@ -1,12 +1,27 @@
 #include "platform/runtime/paths.h"
 
+#include "platform/runtime/file_names.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QLocale>
 #include <QStandardPaths>
 
+#include <filesystem>
+#include <system_error>
+#include <unistd.h>
+
 namespace quillon::runtime {
+
+namespace {
+
+bool hasOthersWorkingFolder(const QString &folder) {
+    const QFileInfo there(workingFolder(folder));
+    return there.isDir() && !there.isSymLink() && there.ownerId() != ::geteuid();
+}
+
+} // namespace
 
 QString programFolder() {
     return QCoreApplication::applicationDirPath();
@@ -18,7 +33,7 @@ QString applicationFolder() {
 }
 
 QString applicationFolder(const QString &executableFolder, const QString &dataFolder) {
-    if (QFileInfo(executableFolder).isWritable())
+    if (QFileInfo(executableFolder).isWritable() && !hasOthersWorkingFolder(executableFolder))
         return executableFolder;
     // When this fails, the first file written there reports it.
     QDir().mkpath(dataFolder);
@@ -27,6 +42,16 @@ QString applicationFolder(const QString &executableFolder, const QString &dataFo
 
 QString workingFolder(const QString &applicationFolder) {
     return applicationFolder + QStringLiteral("/Temp");
+}
+
+QString absolutePath(const QString &path) {
+    if (path.isEmpty())
+        return path;
+    if (path.startsWith(u'/'))
+        return QDir::cleanPath(path);
+    std::error_code error;
+    const std::string here = std::filesystem::current_path(error).native();
+    return QDir::cleanPath(decodedPath(QByteArray::fromStdString(here)) + u'/' + path);
 }
 
 QString fileName(const QString &path) {

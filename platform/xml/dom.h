@@ -6,7 +6,10 @@
 #include <QByteArray>
 #include <QString>
 
+#include <functional>
+#include <limits>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 namespace quillon::xml {
@@ -220,8 +223,22 @@ struct ParseError {
     QString url;
 };
 
+/// The most bytes that a file to be loaded may have.
+inline constexpr qint64 MaxFileSize = std::numeric_limits<int>::max();
+
 /// What a save does with a file whose owner may not write it.
 enum class ReadOnlyFile { Keep, Replace };
+
+/// How a file is written.
+struct SaveOptions {
+    ReadOnlyFile readOnly = ReadOnlyFile::Keep;
+    /// A file that is made is for its owner alone.
+    bool ownerOnly = false;
+    /// Called with the bytes to be written before a file is overwritten in its place, as the only
+    /// way to write it: it is to put them where they survive a crash half-way, or to raise. Empty:
+    /// no file is written in this way.
+    std::function<void(std::string_view)> beforeOverwriting = {};
+};
 
 /// A document. The handle is a reference: copies of it name the same document.
 class DOMDocument40 {
@@ -247,12 +264,13 @@ public:
     const ParseError &parseError() const;
 
     /// Writes the document to a file in its own encoding, with its byte order mark and line ends.
-    /// At any instant a reader finds the old file or the new one, whole; permissions and links
-    /// survive. Raises with the reason when that fails; the old file is then untouched. A
+    /// At any instant a reader finds the old file or the new one, whole, unless the options allow
+    /// for more; access rights and links survive. Raises with the reason when that fails; the old
+    /// file is then as it was. A
     /// character that the encoding cannot hold becomes a numeric reference in text and attribute
     /// values, and anywhere else stops the save before the file is touched. A read-only file is
     /// kept, which raises, or replaced by one that is not.
-    void save(const QString &path, ReadOnlyFile readOnly = ReadOnlyFile::Keep) const;
+    void save(const QString &path, const SaveOptions &options = {}) const;
     /// The bytes that save() writes, for other receivers. Raises as save() does.
     QByteArray serialize() const;
 

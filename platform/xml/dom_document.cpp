@@ -1,4 +1,6 @@
 #include "platform/runtime/error.h"
+#include "platform/runtime/file_access.h"
+#include "platform/runtime/file_names.h"
 #include "platform/xml/arena.h"
 #include "platform/xml/atomic_file.h"
 #include "platform/xml/dom.h"
@@ -11,6 +13,7 @@
 #include <QFile>
 
 #include <algorithm>
+#include <fcntl.h>
 
 namespace quillon::xml {
 
@@ -49,13 +52,20 @@ bool loadFrom(Arena &arena, Decoded decoded, bool fromFile,
     return false;
 }
 
-bool readFile(const QString &path, std::string &bytes, QString &error) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        error = file.errorString();
-        return false;
-    }
-    // The size is only a guess for what is not a plain file.
+/// Null when the file has been read, else why not.
+QString readFile(const QString &path, std::string &bytes) {
+    const QString shown = runtime::shownPath(path);
+    // Looked at before it is opened: that alone may wait for ever, or have an effect.
+    if (runtime::fileKind(path) == runtime::FileKind::Special)
+        return text::CannotOpenSpecial.arg(shown);
+    if (runtime::fileSize(path) > MaxFileSize)
+        return text::TooLarge;
+    QFile file;
+    const int descriptor =
+        ::open(runtime::encodedPath(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (descriptor < 0 || !file.open(descriptor, QIODevice::ReadOnly, QFile::AutoCloseHandle))
+        return text::CannotOpen.arg(shown);
+    // The size is only a guess: another program may be writing.
     bytes.resize(static_cast<std::size_t>(std::max<qint64>(file.size(), 0)));
     std::size_t used = 0;
     for (;;) {
@@ -63,16 +73,14 @@ bool readFile(const QString &path, std::string &bytes, QString &error) {
             bytes.resize(used + 65536);
         const qint64 count =
             file.read(bytes.data() + used, static_cast<qint64>(bytes.size() - used));
-        if (count < 0) {
-            error = file.errorString();
-            return false;
-        }
+        if (count < 0)
+            return text::CannotOpen.arg(shown);
         if (count == 0)
             break;
         used += static_cast<std::size_t>(count);
     }
     bytes.resize(used);
-    return true;
+    return {};
 }
 
 } // namespace
@@ -84,11 +92,10 @@ DOMDocument40 DOMDocument40::create() {
 bool DOMDocument40::load(const QString &path, const runtime::Progress &progress) {
     Arena &arena = HandleAccess::arena(*this);
     std::string bytes;
-    QString error;
-    if (!readFile(path, bytes, error)) {
+    if (const QString error = readFile(path, bytes); !error.isNull()) {
         arena.clear();
         arena.parseError.errorCode = CannotLocate;
-        arena.parseError.reason = text::CannotOpen.arg(path);
+        arena.parseError.reason = error;
         arena.parseError.url = path;
         return false;
     }
@@ -111,8 +118,8 @@ const ParseError &DOMDocument40::parseError() const {
     return HandleAccess::arena(*this).parseError;
 }
 
-void DOMDocument40::save(const QString &path, ReadOnlyFile readOnly) const {
-    writeFileAtomically(path, serializeDocument(HandleAccess::arena(*this)), readOnly);
+void DOMDocument40::save(const QString &path, const SaveOptions &options) const {
+    writeFileAtomically(path, serializeDocument(HandleAccess::arena(*this)), options);
 }
 
 QByteArray DOMDocument40::serialize() const {

@@ -7,7 +7,6 @@
 #include "resources/xml_texts.h"
 
 #include <algorithm>
-#include <limits>
 #include <set>
 
 namespace quillon::xml {
@@ -363,7 +362,7 @@ ParseError Parser::failure() const {
 }
 
 ParseError Parser::run() {
-    if (bytes_.size() > static_cast<std::size_t>(std::numeric_limits<int>::max()))
+    if (bytes_.size() > static_cast<std::size_t>(MaxFileSize))
         return {ErrorBase, text::TooLarge, 0, 0, 0, {}, {}};
     if (startsWithEncodingSign(bytes_))
         return {ErrorBase + 0x08, text::InvalidToken, 1, 1, 0, {}, {}};

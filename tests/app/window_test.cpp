@@ -36,7 +36,7 @@ TEST_F(WindowTest, ThePathBoxReachesTheRightEdge) {
 TEST_F(WindowTest, TheSplittersStandWhereTheyStoodTheSessionBefore) {
     const system::SettingsStore store(path("settings.ini"));
     const auto session = [&] {
-        form = std::make_unique<app::frmMain>(true, app::Surroundings{folder.path(), store, {}});
+        form = std::make_unique<app::frmMain>(app::Surroundings{folder.path(), store, {}});
         show();
         // A part of the window gets taller, as the status bar does once its font is known.
         form->statusBar()->setMinimumHeight(form->statusBar()->height() + 10);
@@ -122,11 +122,16 @@ TEST_F(WindowTest, ClosingAsksAndClearsTheWorkingFolderAway) {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_FALSE(window);
 
-    // Another instance was running: the folder is left alone.
+    // Another window, of whatever instance, has its copies there.
+    auto *first =
+        new app::frmMain({folder.path(), system::SettingsStore(path("settings.ini")), {}});
     auto *second =
-        new app::frmMain(false, {folder.path(), system::SettingsStore(path("settings.ini")), {}});
-    second->close();
-    EXPECT_TRUE(QDir(path("Temp")).exists());
+        new app::frmMain({folder.path(), system::SettingsStore(path("settings.ini")), {}});
+    ASSERT_TRUE(second->OpenFile(write("doc.xml", "<r/>")));
+    EXPECT_TRUE(first->close());
+    EXPECT_FALSE(working().isEmpty());
+    EXPECT_TRUE(second->close());
+    EXPECT_FALSE(QDir(path("Temp")).exists());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 

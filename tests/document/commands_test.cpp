@@ -277,7 +277,7 @@ TEST_F(CommandsTest, AFailedSaveKeepsEverything) {
     EXPECT_TRUE(failure(path("doc.xml")).contains("é"));
     EXPECT_EQ(read("doc.xml"), sjis);
     root.removeChild(comment);
-    EXPECT_TRUE(failure("/dev/full").contains("空き領域"));
+    EXPECT_TRUE(failure("/dev/full").contains("デバイス"));
     EXPECT_TRUE(failure(path("gone/doc.xml")).contains("フォルダー"));
     EXPECT_TRUE(state().m_Modified);
     EXPECT_EQ(title(), "doc.xml * - Quillon XML Editor");

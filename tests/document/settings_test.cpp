@@ -26,7 +26,6 @@ protected:
             old->close();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         form = std::make_unique<app::frmMain>(
-            true,
             app::Surroundings{folder.path(), system::SettingsStore(path("settings.ini")), {}});
     }
 };

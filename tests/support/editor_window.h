@@ -76,7 +76,6 @@ protected:
     QDateTime time = QDateTime::fromString("2001-12-31T23:59:59", Qt::ISODate);
     ScriptedDialogs dialogs;
     std::unique_ptr<app::frmMain> form = std::make_unique<app::frmMain>(
-        true,
         app::Surroundings{folder.path(), system::SettingsStore(folder.filePath("settings.ini")),
                           runtime::Clock{[this] { return time; }}});
 };

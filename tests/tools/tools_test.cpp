@@ -32,9 +32,8 @@ public:
 class ToolsTest : public EditorWindow {
 protected:
     ToolsTest() {
-        form = std::make_unique<app::frmMain>(
-            true, app::Surroundings{folder.path(), system::SettingsStore(path("settings.ini")),
-                                    runtime::Clock{}, shell});
+        form = std::make_unique<app::frmMain>(app::Surroundings{
+            folder.path(), system::SettingsStore(path("settings.ini")), runtime::Clock{}, shell});
     }
     std::shared_ptr<RecordingShell> shell = std::make_shared<RecordingShell>();
 };

@@ -11,6 +11,9 @@
 #include <QTest>
 #include <QUrl>
 
+#include <cstdio>
+#include <unistd.h>
+
 using namespace quillon;
 using controls::TreeItem;
 
@@ -399,6 +402,21 @@ TEST_F(Drag, ANodeIsNoTypingInThePane) {
     EXPECT_TRUE(txtEdit().utf8().contains("text"));
 }
 
+TEST_F(Drag, DroppedFilesNeedNotHaveUtf8NamesAndMustBeFiles) {
+    const QByteArray name = folder.path().toUtf8() + "/\x95\x5c.xml";
+    ASSERT_TRUE(QFile::rename(write("made.xml", "<root/>"), path("renamed.xml")));
+    ASSERT_EQ(::rename(path("renamed.xml").toUtf8().constData(), name.constData()), 0);
+    QMimeData data;
+    data.setData("text/uri-list", "file://" + name.toPercentEncoding("/") + "\r\n");
+    EXPECT_NE(drop(beside(), data, Ctrl), Qt::IgnoreAction);
+    EXPECT_EQ(xml(), "<root/>");
+    EXPECT_EQ(::unlink(name.constData()), 0);
+    dialogs.answerMessage(controls::message_answer::Ok);
+    drop(placeOf("root"), *fileData({QString("/dev/zero")}), None);
+    EXPECT_TRUE(dialogs.messages.back().text.contains("/dev/zero"));
+    EXPECT_EQ(xml(), "<root/>");
+}
+
 TEST_F(Drag, OpensWhatIsDroppedWhileNoDocumentIsOpen) {
     const QString file = write("dropped.xml", "<root/>");
     EXPECT_EQ(hover(beside(), *fileData({file}), None, Qt::CopyAction), Qt::CopyAction);
@@ -441,7 +459,7 @@ TEST_F(Drag, OffersTheNodePressedLast) {
 // Over another process the desktop reports what was said while hovering, not what the drop did.
 TEST_F(Drag, AMoveToAnotherWindowWaitsForItsConfirmation) {
     openExpanded(Document);
-    app::frmMain other(false, {folder.path(), system::SettingsStore(path("other.ini")), {}});
+    app::frmMain other({folder.path(), system::SettingsStore(path("other.ini")), {}});
     other.setAttribute(Qt::WA_DeleteOnClose, false);
     tree::DragAndDrop target(other.editor().state, other.editor().builder, other.editor().nodeText,
                              other.editor().removal, *other.findChild<controls::TreeView *>("tvw"));

@@ -1,5 +1,6 @@
 #include "platform/controls/dialogs.h"
 #include "platform/controls/message_box.h"
+#include "platform/runtime/file_names.h"
 #include "tests/support/scripted_dialogs.h"
 
 #include <QApplication>
@@ -13,8 +14,11 @@
 #include <QTest>
 #include <QTimer>
 
+#include <fcntl.h>
 #include <functional>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 using namespace quillon::controls;
 using quillon::test::ScriptedDialogs;
@@ -91,6 +95,50 @@ TEST_F(FileDialogs, OpenReportsTheReadOnlyBox) {
         EXPECT_EQ(chosen.path, path("old.xml"));
         EXPECT_EQ(chosen.flags, tick ? 4097 : 4096);
     }
+}
+
+TEST_F(FileDialogs, NamesThatAreNotUtf8AreListedApart) {
+    const QByteArray folder = folder_.path().toUtf8() + "/\x8e\xa6";
+    ASSERT_EQ(::mkdir(folder.constData(), 0700), 0);
+    const QByteArray names[] = {folder_.path().toUtf8() + "/\x95\x5c.xml", folder + "/a.xml",
+                                folder_.path().toUtf8() + "/\x95\x5c.txt"};
+    for (const QByteArray &name : names)
+        ::close(::open(name.constData(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600));
+    for (const int at : {0, 1}) {
+        whenOpen<QFileDialog>([&](QFileDialog &dialog) {
+            QComboBox *list = nullptr;
+            for (auto *box : dialog.findChildren<QComboBox *>()) {
+                if (!box->accessibleName().isEmpty() && box->isVisible())
+                    list = box;
+            }
+            ASSERT_NE(list, nullptr);
+            ASSERT_EQ(list->count(), 2);
+            EXPECT_EQ(list->itemText(1), QStringLiteral("表.xml"));
+            EXPECT_EQ(list->itemText(0), QStringLiteral("示/a.xml"));
+            list->setCurrentIndex(1 - at);
+            Q_EMIT list->textActivated(list->currentText());
+            QTest::keyClick(dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit")),
+                            Qt::Key_Return);
+        });
+        const auto chosen =
+            desktop_.showOpen({QString(), filter_, 4096, QString(), folder_.path()});
+        EXPECT_EQ(quillon::runtime::encodedPath(chosen.path), names[at]);
+    }
+    whenOpen<QFileDialog>(
+        [&](QFileDialog &dialog) { enter(dialog, folder_.filePath(QStringLiteral("表.xml"))); });
+    EXPECT_EQ(quillon::runtime::encodedPath(
+                  desktop_.showOpen({QString(), filter_, 4096, QString()}).path),
+              names[0]);
+    for (const QByteArray &name : names)
+        ::unlink(name.constData());
+    ::rmdir(folder.constData());
+    // Where there is none, there is no list.
+    whenOpen<QFileDialog>([&](QFileDialog &dialog) {
+        for (auto *box : dialog.findChildren<QComboBox *>())
+            EXPECT_TRUE(!box->isVisible() || box->accessibleName().isEmpty());
+        dialog.reject();
+    });
+    desktop_.showOpen({QString(), filter_, 4096, QString(), folder_.path()});
 }
 
 TEST_F(FileDialogs, OpenRefusesWhatItsFlagsExclude) {

@@ -259,7 +259,7 @@ TEST(Save, ReplacesTheFileWholeOrNotAtAll) {
     ASSERT_EQ(::chmod(files.path("old.xml").toUtf8().constData(), 0440), 0);
     EXPECT_THROW(parsed("<x/>").save(files.path("old.xml")), runtime::Error);
     EXPECT_EQ(files.read("old.xml"), "<new/>");
-    document.save(files.path("old.xml"), ReadOnlyFile::Replace);
+    document.save(files.path("old.xml"), {.readOnly = ReadOnlyFile::Replace});
     ASSERT_EQ(::stat(files.path("old.xml").toUtf8().constData(), &status), 0);
     EXPECT_EQ(status.st_mode & 07777, 0640u);
 
