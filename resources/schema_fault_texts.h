@@ -1,5 +1,6 @@
 #pragma once
 
+#include "resources/translation.h"
 #include "resources/validation_texts.h"
 #include "resources/xml_texts.h"
 
@@ -8,12 +9,7 @@
 /// What is wrong with a schema or a DTD, and with XML that libxml2 reads for validation.
 namespace quillon::resources::schema_fault {
 
-/// What the schema compiler says after the names ahead of it, as a pattern, and the same in
-/// Japanese; %1 and %2 are the groups. Names come without their namespaces. The first match holds.
-struct Translation {
-    QStringView pattern;
-    QStringView text;
-};
+/// What the schema compiler says after the names ahead of it. Names come without their namespaces.
 inline constexpr Translation Translations[] = {
     {u"The QName value '(.*)' does not resolve to a\\(n\\) (?:simple |complex )?type definition\\.",
      u"型 '%1' は宣言されていません。"},

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QStringView>
+#include "resources/translation.h"
 
 /// What is said of transformations that fail. %1, %2 stand for what the sentence names.
 namespace quillon::resources::xslt_text {
@@ -23,12 +23,7 @@ inline constexpr QStringView UnknownInstruction = u"XSLT 1.0 に xsl:%1 とい�
 inline constexpr QStringView UnknownMessage =
     u"スタイルシートの処理中に、内容を特定できないエラーが発生しました。";
 
-/// What the processor says, as a pattern, and the same in Japanese; %1 to %3 are the groups, and
-/// nothing is said for an empty text. The first pattern that fits counts.
-struct Translation {
-    QStringView pattern;
-    QStringView text;
-};
+/// What the processor says. Nothing is said for an empty text.
 inline constexpr Translation Translations[] = {
     // These only follow others that say more, or are no errors.
     {u"XPath evaluation returned no result\\.", u""},
@@ -157,7 +152,8 @@ inline constexpr Translation Translations[] = {
      u"属性セット '%1' が循環しています。"},
     {u"xsl:attribute-set : (?:unexpected child|child of unexpected type).*",
      u"xsl:attribute-set に書けるのは xsl:attribute だけです。"},
-    {u"XSLT-variable: There must be no child nodes.*", u"xsl:variable に属性 select がある場合、内容を書くことはできません。"},
+    {u"XSLT-variable: There must be no child nodes.*",
+     u"xsl:variable に属性 select がある場合、内容を書くことはできません。"},
     {u"(?:XSLT-(?:variable|param): )?Redefinition of (?:variable|parameter|variable or parameter) "
      u"'(.*)'\\.|redefinition of global variable (.*)|Global (?:variable|parameter) (.*) already "
      u"defined",

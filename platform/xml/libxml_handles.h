@@ -4,6 +4,7 @@
 
 #include <libxml/tree.h>
 #include <memory>
+#include <string_view>
 
 namespace quillon::xml {
 
@@ -16,12 +17,6 @@ struct Releaser {
     }
 };
 
-/// A text that libxml2 has allocated. Its function to release one is a variable.
-struct TextReleaser {
-    void operator()(xmlChar *text) const { xmlFree(text); }
-};
-using LibxmlText = std::unique_ptr<xmlChar, TextReleaser>;
-
 using XmlDocument = std::unique_ptr<xmlDoc, Releaser<xmlFreeDoc>>;
 
 /// The library's UTF-8 character type.
@@ -33,6 +28,17 @@ inline const xmlChar *utf8(const QByteArray &text) {
 }
 inline const char *bytes(const xmlChar *text) {
     return reinterpret_cast<const char *>(text);
+}
+/// Empty for none.
+inline std::string_view view(const xmlChar *text) {
+    return text ? std::string_view(bytes(text)) : std::string_view();
+}
+
+/// Takes over a text that libxml2 has allocated; null for none.
+inline QByteArray taken(xmlChar *text) {
+    const QByteArray copy(bytes(text));
+    xmlFree(text);
+    return copy;
 }
 
 } // namespace quillon::xml

@@ -1,6 +1,8 @@
 #include "platform/xml/libxml_tree.h"
 
 #include "platform/xml/document_type.h"
+#include "platform/xml/libxml_handles.h"
+#include "platform/xml/libxml_walk.h"
 #include "platform/xml/values.h"
 
 #include <algorithm>
@@ -16,15 +18,6 @@ namespace {
 /// Size of the first block; each further one is larger than the one before.
 constexpr std::size_t FirstBlock = 16 * 1024;
 
-/// Null-terminated, as the texts of the name table and string literals are.
-const xmlChar *toXml(std::string_view text) {
-    return reinterpret_cast<const xmlChar *>(text.data());
-}
-
-std::string_view toView(const xmlChar *text) {
-    return text ? std::string_view(reinterpret_cast<const char *>(text)) : std::string_view();
-}
-
 /// libxml2 leaves the field to its users, who may keep a number in it.
 void *asPrivate(std::uintptr_t ordinal) {
     return reinterpret_cast<void *>(ordinal);
@@ -33,9 +26,8 @@ void *asPrivate(std::uintptr_t ordinal) {
 /// As written, prefix and all.
 template <typename T>
 std::string qualifiedName(const T *node) {
-    const std::string local(toView(node->name));
-    return node->ns && node->ns->prefix ? std::string(toView(node->ns->prefix)) + ':' + local
-                                        : local;
+    const std::string local(view(node->name));
+    return node->ns && node->ns->prefix ? std::string(view(node->ns->prefix)) + ':' + local : local;
 }
 
 LibxmlTree::Ordinal fromPrivate(const void *field) {
@@ -114,7 +106,8 @@ const LibxmlTree::Writer::Name &LibxmlTree::Writer::name(std::uint32_t id) {
     const std::string_view text = arena_.names->utf8(id);
     const std::size_t colon = text.find(':');
     const std::string_view prefix = text.substr(0, colon == text.npos ? 0 : colon);
-    name.whole = name.local = toXml(text);
+    // The texts of the name table end in a null byte.
+    name.whole = name.local = utf8(text.data());
     name.hasPrefix = colon != text.npos;
     if (name.hasPrefix)
         name.local += colon + 1;
@@ -243,7 +236,7 @@ void LibxmlTree::Writer::add(Number n) {
 
 void LibxmlTree::Writer::leave() {
     for (const xmlNs *declaration = current_->nsDef; declaration; declaration = declaration->next)
-        scopes_[toView(declaration->prefix)].pop_back();
+        scopes_[view(declaration->prefix)].pop_back();
     current_ = current_->parent;
 }
 
@@ -274,7 +267,7 @@ LibxmlTree::LibxmlTree(const Arena &arena)
     : names_(arena.names), nodes_(FirstBlock), texts_(FirstBlock) {
     xmlNamespace_.type = XML_LOCAL_NAMESPACE;
     xmlNamespace_.href = XML_XML_NAMESPACE;
-    xmlNamespace_.prefix = toXml("xml");
+    xmlNamespace_.prefix = utf8("xml");
     document_.type = XML_DOCUMENT_NODE;
     document_.doc = &document_;
     document_.standalone = -1;
@@ -290,21 +283,13 @@ LibxmlTree::~LibxmlTree() {
 void LibxmlTree::indexIdentifiers(const QByteArray &documentType) {
     const IdentifierNames declared = identifierNames(documentType);
     const xmlNode *top = reinterpret_cast<const xmlNode *>(&document_);
-    const xmlNode *node = top->children;
-    while (node) {
+    for (const xmlNode *node = top; node; node = followingNode(node)) {
         for (xmlAttr *at = node->type == XML_ELEMENT_NODE ? node->properties : nullptr; at;
              at = at->next) {
-            const bool isXmlId = at->ns == &xmlNamespace_ && xmlStrEqual(at->name, toXml("id"));
+            const bool isXmlId = at->ns == &xmlNamespace_ && xmlStrEqual(at->name, utf8("id"));
             if (isXmlId || declared.contains({qualifiedName(node), qualifiedName(at)}))
                 xmlAddID(nullptr, &document_, at->children->content, at);
         }
-        if (node->type == XML_ELEMENT_NODE && node->children) {
-            node = node->children;
-            continue;
-        }
-        while (node != top && !node->next)
-            node = node->parent;
-        node = node == top ? nullptr : node->next;
     }
 }
 
@@ -338,7 +323,7 @@ LibxmlTree::Ordinal LibxmlTree::ordinalOf(const xmlNode *node) {
     const auto *element = reinterpret_cast<const xmlNode *>(ns->next);
     for (; element && element->type == XML_ELEMENT_NODE; element = element->parent) {
         for (const xmlNs *at = element->nsDef; at; at = at->next) {
-            if (toView(at->prefix) == toView(ns->prefix))
+            if (view(at->prefix) == view(ns->prefix))
                 return *at->href == 0 ? 0 : fromPrivate(at->_private);
         }
     }

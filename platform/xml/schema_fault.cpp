@@ -1,6 +1,7 @@
 #include "platform/xml/schema_fault.h"
 
 #include "platform/xml/libxml_handles.h"
+#include "platform/xml/libxml_message.h"
 #include "resources/schema_fault_texts.h"
 
 #include <QRegularExpression>
@@ -17,10 +18,7 @@ QString given(const char *utf8) {
 }
 
 QString attributeOf(const xmlNode &node, const char *name) {
-    xmlChar *value = xmlGetNoNsProp(&node, utf8(name));
-    const QString result = QString::fromUtf8(bytes(value));
-    xmlFree(value);
-    return result;
+    return QString::fromUtf8(taken(xmlGetNoNsProp(&node, utf8(name))));
 }
 
 /// An element of a schema as its author knows it: with the name that it declares or refers to.
@@ -34,22 +32,6 @@ QString describe(const xmlNode *node) {
     return name.isEmpty() ? tag : QStringLiteral("%1 '%2'").arg(tag, name);
 }
 
-QString translated(const QString &said, int code) {
-    for (const fault::Translation &known : fault::Translations) {
-        const QRegularExpression pattern(
-            QRegularExpression::anchoredPattern(known.pattern.toString()));
-        const QRegularExpressionMatch match = pattern.match(said);
-        if (!match.hasMatch())
-            continue;
-        const QString text = known.text.toString();
-        if (pattern.captureCount() == 0)
-            return text;
-        return pattern.captureCount() == 1 ? text.arg(match.captured(1))
-                                           : text.arg(match.captured(1), match.captured(2));
-    }
-    return fault::Other.toString().arg(code);
-}
-
 QString xsdFault(const xmlError &error) {
     static const QRegularExpression namespaceOfName(QStringLiteral("'\\{[^}']*\\}"));
     static const QRegularExpression head(
@@ -59,7 +41,8 @@ QString xsdFault(const xmlError &error) {
     const QString said =
         given(error.message).trimmed().replace(namespaceOfName, QStringLiteral("'"));
     const QRegularExpressionMatch match = head.match(said);
-    const QString sentence = translated(said.mid(match.capturedLength()), error.code);
+    const QString sentence = translated(said.mid(match.capturedLength()), fault::Translations)
+                                 .value_or(fault::Other.toString().arg(error.code));
     const QString element = describe(static_cast<const xmlNode *>(error.node));
     const QString attribute = match.captured(1);
     if (element.isEmpty())

@@ -16,18 +16,15 @@ namespace text = resources::validation_text;
 
 namespace {
 
-QString toString(const xmlChar *utf8) {
-    return QString::fromUtf8(reinterpret_cast<const char *>(utf8));
-}
-
 /// The qualified name of the element that an error is about.
 QString elementName(const xmlNode *node) {
     if (node && node->type == XML_ATTRIBUTE_NODE)
         node = node->parent;
     if (!node || node->type != XML_ELEMENT_NODE)
         return {};
-    const QString name = toString(node->name);
-    return node->ns && node->ns->prefix ? toString(node->ns->prefix) + u':' + name : name;
+    const QString name = QString::fromUtf8(bytes(node->name));
+    return node->ns && node->ns->prefix ? QString::fromUtf8(bytes(node->ns->prefix)) + u':' + name
+                                        : name;
 }
 
 /// Longer values are cut.
@@ -37,21 +34,16 @@ QString shortened(const QString &value) {
     return value.size() <= LongestValue ? value : value.left(LongestValue) + u'…';
 }
 
-/// Takes over what the library has allocated.
-QString taken(xmlChar *value) {
-    const QString result = toString(value);
-    xmlFree(value);
-    return shortened(result);
-}
-
 QString attributeValue(const xmlNode *node, const QString &name) {
     if (!node || node->type != XML_ELEMENT_NODE)
         return {};
-    return taken(xmlGetProp(node, utf8(localNameOf(name).toUtf8())));
+    return shortened(QString::fromUtf8(taken(xmlGetProp(node, utf8(localNameOf(name).toUtf8())))));
 }
 
 QString contentOf(const xmlNode *node) {
-    return node && node->type == XML_ELEMENT_NODE ? taken(xmlNodeGetContent(node)) : QString();
+    if (!node || node->type != XML_ELEMENT_NODE)
+        return {};
+    return shortened(QString::fromUtf8(taken(xmlNodeGetContent(node))));
 }
 
 /// The part of a sentence that a pattern's group matches; empty when it does not match.

@@ -1,33 +1,18 @@
 #include "platform/xml/schema_references.h"
 
 #include "platform/xml/libxml_handles.h"
+#include "platform/xml/libxml_walk.h"
 #include "platform/xml/schema_session.h"
 
 #include <algorithm>
 #include <libxml/hash.h>
 #include <libxml/list.h>
 #include <libxml/valid.h>
-#include <string_view>
 #include <tuple>
 
 namespace quillon::xml {
 
 namespace {
-
-/// Calls a function for every node, in document order.
-template <typename Visit>
-void visitNodes(xmlDoc *doc, Visit &&visit) {
-    for (xmlNode *at = xmlDocGetRootElement(doc); at;) {
-        visit(*at);
-        if (at->type == XML_ELEMENT_NODE && at->children) {
-            at = at->children;
-            continue;
-        }
-        while (at->type != XML_DOCUMENT_NODE && !at->next)
-            at = at->parent;
-        at = at->type == XML_DOCUMENT_NODE ? nullptr : at->next;
-    }
-}
 
 QString localPart(const QString &expandedName) {
     return expandedName.mid(expandedName.indexOf(u'}') + 1);
@@ -43,17 +28,16 @@ bool carries(xmlNode &element, QString value) {
         if (QString::fromUtf8(bytes(text)) == value)
             return true;
     }
-    const LibxmlText content(xmlNodeGetContent(&element));
-    return QString::fromUtf8(bytes(content.get())).contains(value);
+    return QString::fromUtf8(taken(xmlNodeGetContent(&element))).contains(value);
 }
 
 /// The texts of the elements that hold nothing else.
 QSet<QString> plainTexts(xmlDoc *doc) {
     QSet<QString> texts;
-    visitNodes(doc, [&](const xmlNode &node) {
-        if (node.type == XML_TEXT_NODE && !node.next && node.parent->children == &node)
-            texts.insert(QString::fromUtf8(bytes(node.content)).trimmed());
-    });
+    for (const xmlNode *at = xmlDocGetRootElement(doc); at; at = followingNode(at)) {
+        if (at->type == XML_TEXT_NODE && !at->next && at->parent->children == at)
+            texts.insert(QString::fromUtf8(bytes(at->content)).trimmed());
+    }
     return texts;
 }
 
@@ -101,10 +85,10 @@ qint64 ElementsByLine::find(const xmlError &error) {
 void ElementsByLine::fill() {
     if (!elements_.empty())
         return;
-    visitNodes(doc_, [this](xmlNode &node) {
-        if (node.type == XML_ELEMENT_NODE)
-            elements_.emplace(node.line, &node);
-    });
+    for (xmlNode *at = xmlDocGetRootElement(doc_); at; at = followingNode(at)) {
+        if (at->type == XML_ELEMENT_NODE)
+            elements_.emplace(at->line, at);
+    }
 }
 
 std::vector<Reference> danglingReferences(xmlDoc *doc) {
@@ -119,7 +103,7 @@ std::vector<Reference> danglingReferences(xmlDoc *doc) {
                   [&](const Reference &found) { return texts.contains(found.value); });
     std::ranges::sort(search.found, {}, [](const Reference &found) {
         return std::tuple(SchemaSession::elementIndex(found.attribute->parent),
-                          std::string_view(bytes(found.attribute->name)), found.value);
+                          view(found.attribute->name), found.value);
     });
     return std::move(search.found);
 }

@@ -18,19 +18,13 @@ namespace {
 
 using XPathObject = std::unique_ptr<xmlXPathObject, Releaser<xmlXPathFreeObject>>;
 
-QString taken(xmlChar *text) {
-    const QString result = QString::fromUtf8(bytes(text));
-    xmlFree(text);
-    return result;
-}
-
 QStringList valuesOf(xmlXPathObject *object) {
     if (object->type != XPATH_NODESET && object->type != XPATH_XSLT_TREE)
-        return {taken(xmlXPathCastToString(object))};
+        return {QString::fromUtf8(taken(xmlXPathCastToString(object)))};
     QStringList values;
     const xmlNodeSet *nodes = object->nodesetval;
     for (int i = 0; nodes && i < nodes->nodeNr; ++i)
-        values.append(taken(xmlXPathCastNodeToString(nodes->nodeTab[i])));
+        values.append(QString::fromUtf8(taken(xmlXPathCastNodeToString(nodes->nodeTab[i]))));
     return values;
 }
 
@@ -62,7 +56,7 @@ void compareValues(xmlXPathParserContextPtr context, int count, Qt::CaseSensitiv
     if (count != 3)
         return xmlXPathErr(context, XPATH_INVALID_ARITY);
     const XPathObject right(valuePop(context));
-    const QString comparison = taken(xmlXPathPopString(context));
+    const QString comparison = QString::fromUtf8(taken(xmlXPathPopString(context)));
     const XPathObject left(valuePop(context));
     const QStringList rightValues = valuesOf(right.get());
     const QStringList leftValues = valuesOf(left.get());

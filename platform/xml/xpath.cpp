@@ -27,10 +27,6 @@ using Context = std::unique_ptr<xmlXPathContext, Releaser<xmlXPathFreeContext>>;
 using Compiled = std::unique_ptr<xmlXPathCompExpr, Releaser<xmlXPathFreeCompExpr>>;
 using Result = std::unique_ptr<xmlXPathObject, Releaser<xmlXPathFreeObject>>;
 
-std::string toStd(const xmlChar *text) {
-    return text ? reinterpret_cast<const char *>(text) : std::string();
-}
-
 /// Keeps libxml2 from printing what it has told the error handler anyway.
 class Silence {
 public:
@@ -111,12 +107,12 @@ void Query::onError(void *data, xmlError *error) {
 }
 
 xmlXPathFunction Query::onFunction(void *data, const xmlChar *name, const xmlChar *) {
-    static_cast<Query *>(data)->failure_.function = toStd(name);
+    static_cast<Query *>(data)->failure_.function = view(name);
     return nullptr;
 }
 
 xmlXPathObject *Query::onVariable(void *data, const xmlChar *name, const xmlChar *) {
-    static_cast<Query *>(data)->failure_.variable = toStd(name);
+    static_cast<Query *>(data)->failure_.variable = view(name);
     return nullptr;
 }
 
@@ -129,7 +125,7 @@ void Query::declarePrefixes() {
             continue;
         for (const xmlNs *ns = node->nsDef; ns; ns = ns->next) {
             // Inner declarations come first and hide outer ones.
-            if (ns->prefix && prefixes_.insert(toStd(ns->prefix)).second)
+            if (ns->prefix && prefixes_.emplace(view(ns->prefix)).second)
                 xmlXPathRegisterNs(context_.get(), ns->prefix, ns->href);
         }
     }

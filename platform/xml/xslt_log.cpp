@@ -1,5 +1,6 @@
 #include "platform/xml/xslt_log.h"
 
+#include "platform/xml/libxml_message.h"
 #include "resources/xslt_texts.h"
 
 #include <QRegularExpression>
@@ -24,31 +25,11 @@ constexpr qsizetype MostMessages = 4;
 
 /// A message of the processor in Japanese. Of one that is not known no more than that there was
 /// one.
-QString translated(const QString &said) {
+QString inJapanese(const QString &said) {
     // Names of files are shown as the user knows them.
     const QString message =
         said.contains(QStringLiteral("file:/")) ? QUrl::fromPercentEncoding(said.toUtf8()) : said;
-    for (const text::Translation &known : text::Translations) {
-        const QRegularExpression pattern(
-            QRegularExpression::anchoredPattern(known.pattern.toString()),
-            QRegularExpression::DotMatchesEverythingOption);
-        const QRegularExpressionMatch match = pattern.match(message);
-        if (!match.hasMatch())
-            continue;
-        const QString text = known.text.toString();
-        // All at once, so that what a group holds is not taken for the place of another.
-        switch (pattern.captureCount()) {
-        case 0:
-            return text;
-        case 1:
-            return text.arg(match.captured(1));
-        case 2:
-            return text.arg(match.captured(1), match.captured(2));
-        default:
-            return text.arg(match.captured(1), match.captured(2), match.captured(3));
-        }
-    }
-    return text::UnknownMessage.toString();
+    return translated(message, text::Translations).value_or(text::UnknownMessage.toString());
 }
 
 } // namespace
@@ -90,7 +71,7 @@ void XsltLog::onXmlError(void *log, xmlErrorPtr error) {
     self.recursion_ = self.recursion_ ||
                       error->code == XML_XPATH_EXPRESSION_OK + int(XPATH_RECURSION_LIMIT_EXCEEDED);
     // Its position is one in the expression; libxslt says where the expression stands.
-    QString message = translated(QString::fromUtf8(error->message).trimmed());
+    QString message = inJapanese(QString::fromUtf8(error->message).trimmed());
     if (error->str1)
         message = text::InExpression.toString().arg(message, QString::fromUtf8(error->str1));
     self.add(message, {}, 0);
@@ -114,16 +95,16 @@ void XsltLog::onXsltError(void *log, const char *format, ...) {
         }
         self.recursion_ = self.recursion_ || said.contains(QStringLiteral("otentially infinite")) ||
                           said.contains(QStringLiteral("otential infinite"));
-        self.add(translated(said), self.nextUrl_, self.nextLine_);
+        self.add(inJapanese(said), self.nextUrl_, self.nextLine_);
     } else if (const auto match = place.match(said); match.hasMatch()) {
         self.placeGiven_ = true;
         self.nextUrl_ = match.captured(1).toUtf8();
         self.nextLine_ = match.captured(2).toInt();
     } else if (std::strcmp(format, NotCompiled) == 0) {
         // Said of an instruction without a fallback; the processor passes over it.
-        self.addFailure(translated(said));
+        self.addFailure(inJapanese(said));
     } else if (!said.isEmpty()) {
-        self.add(translated(said), {}, 0);
+        self.add(inJapanese(said), {}, 0);
     }
 }
 

@@ -1,6 +1,7 @@
 #include "platform/xml/xslt_output.h"
 
 #include "platform/runtime/error.h"
+#include "platform/xml/libxml_walk.h"
 #include "resources/xslt_texts.h"
 
 #include <libxml/HTMLtree.h>
@@ -34,21 +35,12 @@ bool isHtml(const xmlDoc &result, xsltStylesheet &stylesheet) {
     return method ? xmlStrEqual(method, utf8("html")) : result.type == XML_HTML_DOCUMENT_NODE;
 }
 
-/// The node that follows in document order.
-xmlNodePtr following(xmlNodePtr node) {
-    if (node->type == XML_ELEMENT_NODE && node->children)
-        return node->children;
-    while (node && !node->next)
-        node = node->parent;
-    return node ? node->next : nullptr;
-}
-
 /// Declares the character set of the text in memory, as callers of the parser service expect it.
 void addMeta(xmlDoc &result) {
     xmlNodePtr node = result.children;
     while (node && !(node->type == XML_ELEMENT_NODE && !node->ns &&
                      xmlStrcasecmp(node->name, utf8("head")) == 0))
-        node = following(node);
+        node = followingNode(node);
     if (!node)
         return;
     xmlNodePtr meta = xmlNewDocNode(&result, nullptr, utf8("META"), nullptr);

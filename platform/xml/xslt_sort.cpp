@@ -24,10 +24,7 @@ using Collator = std::unique_ptr<UCollator, Releaser<ucol_close>>;
 
 /// The value of an attribute of xsl:sort, which may be a template; null without one.
 QByteArray valueOf(xsltTransformContextPtr context, xmlNodePtr sort, const char *attribute) {
-    xmlChar *value = xsltEvalAttrValueTemplate(context, sort, utf8(attribute), nullptr);
-    const QByteArray result(bytes(value));
-    xmlFree(value);
-    return result;
+    return taken(xsltEvalAttrValueTemplate(context, sort, utf8(attribute), nullptr));
 }
 
 Collator openCollator(const QByteArray &language, const QByteArray &caseOrder) {

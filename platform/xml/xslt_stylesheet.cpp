@@ -1,6 +1,7 @@
 #include "platform/xml/xslt_stylesheet.h"
 
 #include "platform/xml/libxml_handles.h"
+#include "platform/xml/libxml_walk.h"
 #include "platform/xml/xpath_expression.h"
 #include "platform/xml/xslt_log.h"
 #include "resources/xslt_texts.h"
@@ -65,10 +66,6 @@ bool isOneOf(std::string_view name, const std::array<std::string_view, N> &all) 
     return std::find(all.begin(), all.end(), name) != all.end();
 }
 
-std::string_view view(const xmlChar *text) {
-    return text ? std::string_view(bytes(text)) : std::string_view();
-}
-
 template <typename T>
 bool isIn(const T &node, std::string_view ns) {
     return node.ns && view(node.ns->href) == ns;
@@ -79,10 +76,7 @@ bool isElement(const xmlNode *node, std::string_view ns, std::string_view name) 
 }
 
 std::string valueOf(const xmlAttr &attribute) {
-    xmlChar *value = xmlNodeListGetString(attribute.doc, attribute.children, 1);
-    const std::string result(view(value));
-    xmlFree(value);
-    return result;
+    return taken(xmlNodeListGetString(attribute.doc, attribute.children, 1)).toStdString();
 }
 
 /// What the value of an attribute of a stylesheet is.
@@ -169,25 +163,16 @@ bool isKnown(const xmlNode *element) {
 }
 
 void escapeHref(xmlNodePtr element) {
-    if (xmlChar *href = xmlGetNoNsProp(element, utf8("href"))) {
-        xmlSetProp(element, utf8("href"), utf8(escapedReference(href)));
-        xmlFree(href);
-    }
+    const QByteArray href = taken(xmlGetNoNsProp(element, utf8("href")));
+    if (!href.isNull())
+        xmlSetProp(element, utf8("href"), utf8(escapedReference(utf8(href))));
 }
 
 /// The element that comes next in document order, not one inside `element` if that is passed over.
 xmlNodePtr following(xmlNodePtr element, bool passOver) {
-    xmlNodePtr node = element;
-    do {
-        if (!passOver && node->type == XML_ELEMENT_NODE && node->children) {
-            node = node->children;
-            continue;
-        }
-        passOver = false;
-        while (node && !node->next)
-            node = node->parent && node->parent->type == XML_ELEMENT_NODE ? node->parent : nullptr;
-        node = node ? node->next : nullptr;
-    } while (node && node->type != XML_ELEMENT_NODE);
+    xmlNodePtr node = followingNode(element, !passOver);
+    while (node && node->type != XML_ELEMENT_NODE)
+        node = followingNode(node);
     return node;
 }
 
@@ -195,10 +180,7 @@ xmlNodePtr following(xmlNodePtr element, bool passOver) {
 
 QByteArray escapedReference(const xmlChar *reference) {
     constexpr char Kept[] = "%:/?#[]@!$&'()*+,;=";
-    xmlChar *escaped = xmlURIEscapeStr(reference, utf8(Kept));
-    const QByteArray result(bytes(escaped));
-    xmlFree(escaped);
-    return result;
+    return taken(xmlURIEscapeStr(reference, utf8(Kept)));
 }
 
 bool prepareStylesheet(xmlDocPtr stylesheet, const QByteArray &url, XsltLog &log) {
