@@ -283,7 +283,7 @@ void Translator::instruction(const Node &element) {
     };
     const QString name = dialectName(element);
     if (element.getAttribute(QStringLiteral("expr")))
-        refuse(text::WdScriptRefused, element.nodeName() + QStringLiteral(" expr"));
+        refuse(text::WdScriptRefused, text::WdExprOf.toString().arg(element.nodeName()));
     if (name == u"script")
         refuse(text::WdScriptRefused, element.nodeName());
     const auto handler = handlers.find(name);
@@ -409,7 +409,8 @@ void Translator::copy(const Node &element) {
 void Translator::eval(const Node &element) {
     const auto expression = translateWdScript(element.text());
     if (!expression)
-        refuse(text::WdScriptRefused, element.text().trimmed());
+        refuse(text::WdScriptRefused,
+               element.text().trimmed().isEmpty() ? element.nodeName() : element.text().trimmed());
     if (!expression->select.isEmpty()) {
         start("value-of");
         attribute("select", expression->select);

@@ -8,8 +8,12 @@
 namespace quillon::xml {
 
 void refuseWdPattern(const QString &construct, const QString &pattern) {
-    throw runtime::Error(runtime::error_number::Fail,
-                         resources::xslt_text::WdPatternRefused.toString().arg(construct, pattern));
+    namespace text = resources::xslt_text;
+    QString sentence = text::WdPatternRefused.toString().arg(construct, pattern);
+    if (construct.isEmpty())
+        sentence = pattern.trimmed().isEmpty() ? text::WdPatternEmpty.toString()
+                                               : text::WdPatternUnfinished.toString().arg(pattern);
+    throw runtime::Error(runtime::error_number::Fail, sentence);
 }
 
 std::vector<WdToken> wdTokens(const QString &pattern) {

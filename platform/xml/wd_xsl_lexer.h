@@ -21,6 +21,8 @@ struct WdToken {
 /// and for a string or operator that does not end.
 std::vector<WdToken> wdTokens(const QString &pattern);
 
+/// Raises Fail for a construct that has no equivalent, or, without one, for a pattern that ends too
+/// early.
 [[noreturn]] void refuseWdPattern(const QString &construct, const QString &pattern);
 
 } // namespace quillon::xml

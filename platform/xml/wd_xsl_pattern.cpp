@@ -2,7 +2,6 @@
 
 #include "platform/xml/wd_xsl_functions.h"
 #include "platform/xml/wd_xsl_lexer.h"
-#include "resources/xslt_texts.h"
 
 #include <QHash>
 #include <QStringList>
@@ -84,9 +83,7 @@ private:
         return found;
     }
     [[noreturn]] void refuse(const QString &construct) const {
-        refuseWdPattern(construct.isEmpty() ? resources::xslt_text::WdPatternEnd.toString()
-                                            : construct,
-                        pattern_);
+        refuseWdPattern(construct, pattern_);
     }
 
     QString disjunction();

@@ -42,6 +42,9 @@ inline constexpr char DomFunctionsNamespace[] = "urn:quillon-xml-editor:dom";
 /// An element is transformed as if it were a document of its own: "/" is a document with that
 /// element as its only child; namespaces declared further up hold.
 ///
+/// Run-time errors that XSLT 1.0 lets a processor recover from are passed over: document() gives no
+/// nodes for what is out of reach, for instance.
+///
 /// The modules of EXSLT that libexslt has and msxsl:node-set can be used. xsl:sort orders text as
 /// its language does, which is Japanese where `lang` does not say (xslt_sort.h). A stylesheet in
 /// the namespace http://www.w3.org/TR/WD-xsl is translated first (wd_xsl.h).

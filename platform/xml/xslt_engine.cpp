@@ -32,7 +32,7 @@ constexpr int MaxTemplateDepth = 20'000;
 }
 
 [[noreturn]] void fail(QStringView sentence, const QString &detail) {
-    throw runtime::Error(runtime::error_number::Fail, sentence.toString().arg(detail));
+    throw runtime::Error(runtime::error_number::Fail, sentence.toString().arg(detail).trimmed());
 }
 
 void registerFunctions() {
@@ -70,6 +70,7 @@ XmlDocument apply(xsltStylesheet *stylesheet, xmlDoc *source, XsltLog &log) {
     const TransformContext context(xsltNewTransformContext(stylesheet, source));
     context->maxTemplateDepth = MaxTemplateDepth;
     xsltSetTransformErrorFunc(context.get(), &log, XsltLog::onXsltError);
+    log.follow(context.get());
     xsltSetCtxtSortFunc(context.get(), sortNodes);
     // A function that is there is not replaced, so it is removed first.
     xmlXPathRegisterFunc(context->xpathCtxt, utf8("document"), nullptr);

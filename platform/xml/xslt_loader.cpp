@@ -39,6 +39,14 @@ void reportParseFailure(const QByteArray &content, const QByteArray &url, int li
     loaderLog->addFailure(error.reason, url, error.line);
 }
 
+/// A file by the name that a stylesheet would call it by.
+QString shownName(const QUrl &file) {
+    const QUrl folder = QUrl::fromEncoded(loaderLog->mainUrl()).adjusted(QUrl::RemoveQuery);
+    if (folder.isParentOf(file))
+        return file.path().mid(folder.path().size());
+    return file.isLocalFile() ? file.toLocalFile() : file.toString();
+}
+
 /// Parses a text in UTF-8, whatever its declaration says.
 xmlDocPtr parse(const QByteArray &content, const QByteArray &url, xmlDictPtr dictionary) {
     using ParserContext = std::unique_ptr<xmlParserCtxt, Releaser<xmlFreeParserCtxt>>;
@@ -60,13 +68,15 @@ xmlDocPtr parse(const QByteArray &content, const QByteArray &url, xmlDictPtr dic
 xmlDocPtr loadDocument(const xmlChar *uri, xmlDictPtr dictionary, int /*options*/, void * /*ctxt*/,
                        xsltLoadType type) {
     // document('') asks for the stylesheet. libxslt takes the one it has when there is no file.
-    if (loaderLog->mainUrl() == bytes(uri))
+    if (QByteArray(bytes(uri)).split('#').first() == loaderLog->mainUrl())
         return nullptr;
     const QUrl asked = QUrl::fromEncoded(bytes(uri));
     const QString path = asked.isLocalFile() ? allowedFolders.find(asked.toLocalFile()) : QString();
     QFile file(path);
     if (path.isEmpty() || !file.open(QIODevice::ReadOnly)) {
-        loaderLog->addFailure(text::FileOutOfReach.toString().arg(asked.toString()));
+        // Without its document document() gives no nodes, as XSLT 1.0 has it.
+        if (type == XSLT_LOAD_STYLESHEET)
+            loaderLog->addFailure(text::FileOutOfReach.toString().arg(shownName(asked)));
         return nullptr;
     }
     const QByteArray url = QUrl::fromLocalFile(path).toEncoded();

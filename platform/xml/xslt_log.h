@@ -4,6 +4,7 @@
 #include <QStringList>
 
 #include <libxml/xmlerror.h>
+#include <libxslt/xsltInternals.h>
 
 namespace quillon::xml {
 
@@ -24,6 +25,9 @@ public:
     /// Takes note of an error that makes the transformation fail even where the processor goes on.
     /// url is that of a file, or empty; line is 1-based, or 0.
     void addFailure(const QString &message, const QByteArray &url = {}, int line = 0);
+    /// The transformation whose errors come from now on. One that XSLT 1.0 lets the processor
+    /// recover from is passed over: the transformation has a result in spite of it.
+    void follow(xsltTransformContextPtr transform) { transform_ = transform; }
     /// Forgets everything: for what turned out not to matter.
     void clear() { *this = XsltLog(mainUrl_); }
 
@@ -39,6 +43,8 @@ public:
 
 private:
     void add(const QString &message, const QByteArray &url, int line);
+    void addPlaced(QString said);
+    void addNotCompiled(const QString &said);
 
     QByteArray mainUrl_;
     QStringList messages_;
@@ -48,10 +54,16 @@ private:
     bool endsWithInstruction_ = true;
     bool failure_ = false;
     bool recursion_ = false;
+    /// libxslt has reported an error that is not passed over.
+    bool failed_ = false;
+    xsltTransformContextPtr transform_ = nullptr;
     /// libxslt has said where the error is that it describes next: here.
     bool placeGiven_ = false;
     QByteArray nextUrl_;
     int nextLine_ = 0;
+    QString nextElement_;
+    /// A global variable refers to itself.
+    bool circular_ = false;
 };
 
 } // namespace quillon::xml

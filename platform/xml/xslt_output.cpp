@@ -52,6 +52,21 @@ void addMeta(xmlDoc &result) {
         xmlAddChild(node, meta);
 }
 
+/// Puts a space where comments have what they may not: "--" in them, or "-" at their end.
+void separateHyphens(xmlDoc &result) {
+    for (auto *node = reinterpret_cast<xmlNode *>(&result); node; node = followingNode(node)) {
+        if (node->type != XML_COMMENT_NODE)
+            continue;
+        QByteArray text(bytes(node->content));
+        for (qsizetype at = text.indexOf("--"); at >= 0; at = text.indexOf("--", at))
+            text.insert(++at, ' ');
+        if (text.endsWith('-'))
+            text += ' ';
+        if (text != bytes(node->content))
+            xmlNodeSetContent(node, utf8(text));
+    }
+}
+
 void nameUtf16InDeclaration(QByteArray &text) {
     constexpr char Written[] = "encoding=\"UTF-8\"";
     if (!text.startsWith("<?xml "))
@@ -70,6 +85,7 @@ QByteArray serializeResult(xmlDoc &result, xsltStylesheet &stylesheet, qint64 li
     // Without an encoding libxml2 writes numbers for what is beyond ASCII in attributes.
     if (!result.encoding)
         result.encoding = xmlStrdup(utf8("UTF-8"));
+    separateHyphens(result);
     Limited output{{}, limit};
     xmlOutputBufferPtr buffer = xmlOutputBufferCreateIO(Limited::write, nullptr, &output, nullptr);
     const bool html = isHtml(result, stylesheet);

@@ -194,6 +194,10 @@ bool prepareStylesheet(xmlDocPtr stylesheet, const QByteArray &url, XsltLog &log
         const bool isTopLevel = element->parent == root && isIn(*root, XsltNamespace);
         if (isTopLevel && isElement(element, ScriptNamespace, "script"))
             return refuse(text::ScriptNotSupported.toString(), element);
+        if (isTopLevel && !element->ns)
+            return refuse(text::TopLevelWithoutNamespace.toString().arg(
+                              QString::fromUtf8(bytes(element->name))),
+                          element);
         if (!isKnown(element))
             return refuse(
                 text::UnknownInstruction.toString().arg(QString::fromUtf8(bytes(element->name))),

@@ -1,15 +1,9 @@
 #include "tests/platform/xml/xslt_test_support.h"
 
-#include <QRegularExpression>
-
-#include <gmock/gmock.h>
-
-/// What stylesheets may say, and what is said of those that are wrong.
+/// What stylesheets may say.
 namespace quillon::xml::test {
 
 namespace {
-
-using testing::HasSubstr;
 
 /// A stylesheet as it stands, without the version and the prefixes of stylesheet().
 std::string bareSheet(const std::string &attributes, const std::string &content) {
@@ -95,12 +89,6 @@ TEST(XsltLanguage, WhatIsOnlyWarnedOfIsCarriedOut) {
     for (const auto &c : cases)
         EXPECT_EQ(transformed(source, bareSheet(c.attributes, c.content)), c.result)
             << c.attributes << c.content;
-
-    // Whatever it warns of first, what it says of an error is the error and its line.
-    const std::string reason = failure(source, bareSheet("", "\n\n" + atRoot("<xsl:value-of/>")));
-    EXPECT_THAT(reason, HasSubstr("xsl:value-of に属性 select がありません。 (3 行目)"));
-    EXPECT_THAT(failure(source, bareSheet("version='2.0'", atRoot(later))),
-                HasSubstr("XSLT 1.0 に xsl:later という要素はありません。"));
 }
 
 TEST(XsltLanguage, TheModulesOfExsltAreThere) {
@@ -117,10 +105,6 @@ TEST(XsltLanguage, TheModulesOfExsltAreThere) {
                                        "<xsl:value-of select='dyn:evaluate(\"//a\")'/>"
                                        "<xsl:value-of select='date:year(\"2001-02-03\")'/>"))),
         "632001");
-    EXPECT_THAT(failure("<d/>", bareSheet(open, "<func:function name='my:f'><func:result "
-                                                "select='my:f()'/></func:function>" +
-                                                    atRoot("<xsl:value-of select='my:f()'/>"))),
-                HasSubstr("深すぎる"));
 }
 
 TEST(XsltLanguage, PartsAreDecodedAsTheMainFileIs) {
@@ -188,74 +172,37 @@ TEST(XsltLanguage, TextIsSortedAsItsLanguageAsks) {
         "2301");
 }
 
-TEST(XsltLanguage, FaultsAreToldInJapanese) {
+TEST(XsltLanguage, ErrorsThatXsltLetsAProcessorRecoverFromLeaveThePage) {
     const Files folder;
-    folder.write("open.xsl", "<xsl:stylesheet xmlns:xsl='http://www.w3.org/1999/XSL/Transform'>\n"
-                             "<a></b></xsl:stylesheet>");
-    folder.write("bytes.xsl", "<?xml version='1.0' encoding='Shift_JIS'?><a>\x87</a>");
-    folder.write("other.xsl", "<a/>");
-    folder.write("日本.xsl", "<a/>");
-    const std::string value = "<xsl:value-of select=\"";
+    const std::string copied = "<xsl:for-each select='//@*'><xsl:copy/></xsl:for-each>";
     const struct {
-        std::string content;
-        const char *sentence;
+        std::string body;
+        const char *result;
     } cases[] = {
-        {atRoot(value + "a[\"/>"), "XPath 式の構文が正しくありません。式: a["},
-        {atRoot(value + "'a\"/>"), "XPath 式の文字列が閉じていません。"},
-        {atRoot(value + "f()\"/>"), "関数 'f' はありません。"},
-        {atRoot(value + "x:f()\"/>"), "関数 'f' の接頭辞 'x' は宣言されていません。"},
-        {atRoot(value + "concat('a')\"/>"), "関数の引数の数が正しくありません。"},
-        {atRoot(value + "format-number(1, '0', 'f')\"/>"), "数値書式 'f' は"},
-        {atRoot(value + "generate-id(1)\"/>"), "関数 generate-id() の引数の型が正しくありません。"},
-        {atRoot(value + "generate-id(1, 2)\"/>"),
-         "関数 generate-id() の引数の数が正しくありません。"},
-        {atRoot("<xsl:for-each select='1'/>"), "select の式の結果がノードではありません。"},
-        {atRoot("<xsl:for-each select='a'><xsl:sort select='a['/></xsl:for-each>"),
-         "xsl:sort の select の式 'a[' が正しくありません。"},
-        {atRoot("<xsl:variable name='v' select='1]'/>"),
-         "xsl:variable の select の式 '1]' が正しくありません。"},
-        {atRoot("<xsl:variable name='v'/><xsl:variable name='v'/>"),
-         "変数 'v' が二重に定義されています。"},
-        {"<xsl:variable name='v' select='$v'/>" + atRoot(value + "$v\"/>"),
-         "変数 'v' の定義が循環しています。"},
-        {atRoot("<xsl:element name='1'/>"), "xsl:element の名前 '1' が正しくありません。"},
-        {atRoot("<xsl:element name='x:a'/>"), "名前 'x:a' の接頭辞は宣言されていません。"},
-        {atRoot("<a>b<xsl:attribute name='c'/></a>"), "属性を追加することはできません。"},
-        {atRoot("<xsl:attribute/>"), "xsl:attribute に属性 name がありません。"},
-        {atRoot("<a b='{'/>"), "属性 b の値の '{' に対応する括弧がありません。"},
-        {atRoot("<xsl:choose/>"), "xsl:choose に内容がありません。"},
-        {atRoot("<xsl:call-template name='t'/>"), "テンプレート 't' がありません。"},
-        {atRoot("<xsl:call-template/>"), "属性 name がありません。"},
-        {atRoot("<xsl:when test='1'/>"), "この位置では使用できません。"},
-        {"<xsl:template match='a['/>", "パターン 'a[' が正しくありません。"},
-        {"<xsl:template match='x:a'/>", "接頭辞 'x' は宣言されていません。"},
-        {"<xsl:template/>", "属性 match または name が必要です。"},
-        {"<xsl:key match='a' use='b'/>", "xsl:key に属性 name がありません。"},
-        {"<xsl:import/>", "xsl:import に属性 href がありません。"},
-        {"<xsl:output/><xsl:import href='other.xsl'/>", "ほかの要素より前に"},
-        {"<a/>", "最上位の要素 a には名前空間が必要です。"},
-        {"text", "この位置に文字を書くことはできません: text"},
-        {"<xsl:import href='open.xsl'/>", "(open.xsl、2 行目)"},
-        {"<xsl:import href='bytes.xsl'/>", "(bytes.xsl、1 行目)"},
-        {"<xsl:import href='日本.xsl'/>", "スタイルシートではありません。"},
-        {"<xsl:include href='日本.xsl'/>", "日本.xsl"},
-        {"<xsl:import href='http://127.0.0.1:9/x.xsl'/>",
-         "'http://127.0.0.1:9/x.xsl' を読み込むことはできません。"},
-        {"<xsl:import href='absent.xsl'/>", "absent.xsl' を読み込むことはできません。"},
-        {atRoot("<exsl:document href='o.xml'>x</exsl:document>"),
-         "スタイルシートからファイルに書き込むことはできません。"},
-        {atRoot(value + "document('open.xsl')\"/>"), "(open.xsl、2 行目)"},
+        {"<r><xsl:attribute name='a'>1</xsl:attribute>x<xsl:attribute name='b'>2</xsl:attribute>"
+         "<y/></r>",
+         "<r a=\"1\">x<y/></r>"},
+        {"<r><xsl:attribute name='{\"xmlns\"}'>u</xsl:attribute>x</r>", "<r>x</r>"},
+        {"<r>x" + copied + "</r>", "<r>x</r>"},
+        {copied + "<r/>", "<r/>"},
+        {"<r>x<xsl:copy-of select='/d/namespace::n'/></r>", "<r>x</r>"},
+        {"<xsl:comment>---a-</xsl:comment>", "<!--- - -a- -->"},
+        {"<r><xsl:processing-instruction name='p'>?></xsl:processing-instruction>x</r>",
+         "<r>x</r>"},
+        {"<r><xsl:value-of select=\"concat('x', document('absent.xml'), "
+         "document('http://127.0.0.1:9/x.xml'))\"/></r>",
+         "<r>x</r>"},
+        {"<r>x<xsl:fallback>no</xsl:fallback></r>", "<r>x</r>"},
+        // What is only warned of does not count against it.
+        {"<r><xsl:number value='-1'/><xsl:attribute name='b'/></r>", "<r>0</r>"},
     };
-    // Whatever English there is: words of more than one letter outside names of the stylesheet.
-    const QRegularExpression english(QStringLiteral("[A-Za-z]{2,} [a-z]{2,}"));
-    for (const auto &c : cases) {
-        const std::string reason =
-            failure("<d><a/></d>", stylesheet(c.content), {{folder.path(".")}});
-        EXPECT_THAT(reason, HasSubstr(c.sentence)) << c.content;
-        EXPECT_FALSE(english.match(q(reason)).hasMatch()) << reason;
-        EXPECT_THAT(reason, testing::Not(HasSubstr("特定できない"))) << c.content;
-    }
-    EXPECT_THAT(failure("<d/>", "<a/>"), HasSubstr("スタイルシートではありません。"));
+    for (const auto &c : cases)
+        EXPECT_EQ(
+            transformed("<d k='v' xmlns:n='urn:n'/>",
+                        stylesheet("<xsl:output omit-xml-declaration='yes'/>" + atRoot(c.body)),
+                        {{folder.path(".")}}),
+            c.result + std::string("\n"))
+            << c.body;
 }
 
 } // namespace

@@ -95,31 +95,7 @@ TEST(Xslt, ExtensionFunctions) {
               "723");
 }
 
-TEST(Xslt, FaultsAreReportedWithMessageAndLine) {
-    const struct {
-        std::string content;
-        std::vector<std::string> parts;
-    } cases[] = {
-        {"<xsl:template match='/'>\n<xsl:value-of select='a[%2'/></xsl:template>",
-         {"スタイルシートに誤りがあります。", "a[%2", "(2 行目)"}},
-        {"\n<xsl:template match='/'><xsl:nonsense/></xsl:template>",
-         {"XSLT 1.0 に xsl:nonsense という要素はありません。 (2 行目)"}},
-        {"<xsl:template match='/'>\n\n<xsl:value-of select='$v'/></xsl:template>",
-         {"スタイルシートを適用できませんでした。", "変数 'v' は宣言されていません。", "(3 行目)"}},
-        {"<xsl:template match='/'><xsl:for-each select='%2['/></xsl:template>",
-         {"xsl:for-each の select の式 '%2[' が正しくありません。"}},
-        {"<xsl:template match='/'><xsl:message>first</xsl:message>\n<xsl:message "
-         "terminate='yes'>だめ %d</xsl:message></xsl:template>",
-         {"スタイルシートが処理を中止しました。", "だめ %d"}},
-        {"\n<msxsl:script language='JScript' implements-prefix='u'>f</msxsl:script>",
-         {"msxsl:script", "(2 行目)"}},
-    };
-    for (const auto &c : cases) {
-        const std::string reason = failure("<d/>", stylesheet(c.content));
-        for (const std::string &part : c.parts)
-            EXPECT_THAT(reason, HasSubstr(part));
-        EXPECT_THAT(reason, testing::Not(HasSubstr("first")));
-    }
+TEST(Xslt, MessagesThatDoNotEndItChangeNothing) {
     EXPECT_EQ(transformed("<d/>", stylesheet("<xsl:output method='text'/><xsl:template match='/'>"
                                              "<xsl:message>m</xsl:message>x</xsl:template>")),
               "x");
@@ -165,12 +141,9 @@ TEST(Xslt, ReadsNothingElse) {
          {path, "file://" + path, std::string("link.xml"), std::string("absent.xml"),
           std::string("../") + path, std::string("http://127.0.0.1:9/x.xml"),
           std::string("/dev/zero")}) {
-        const std::string reason = failure("<d/>", textOf("document('" + name + "')"), options);
-        EXPECT_THAT(reason, HasSubstr("スタイルシートを適用できませんでした。")) << name;
-        EXPECT_THAT(reason, HasSubstr("を読み込むことはできません。")) << name;
-        EXPECT_THAT(reason, testing::Not(HasSubstr("SECRET")));
+        EXPECT_EQ(transformed("<d/>", textOf("document('" + name + "')"), options), "") << name;
     }
-    EXPECT_THAT(failure("<d/>", textOf("document('link.xml')")), HasSubstr("link.xml"));
+    EXPECT_EQ(transformed("<d/>", textOf("document('link.xml')")), "");
     EXPECT_THAT(
         failure("<d/>",
                 stylesheet("<xsl:import href='" + other.path("secret.xsl").toStdString() + "'/>"),
