@@ -26,9 +26,10 @@ QString preview(const DOMDocument40 &document) {
     return transformNode(document.node(), previewStylesheet());
 }
 
-/// The preview of a document, without head and style.
+/// The preview of a document, without head and style, and without the numbers of its nodes.
 std::string body(const std::string &source) {
-    return preview(parsed(source)).section("<body class=\"st\">", 1).toStdString();
+    static const QRegularExpression number(" data-node=\"\\d+\"");
+    return preview(parsed(source)).section("<body class=\"st\">", 1).remove(number).toStdString();
 }
 
 /// Every id of the preview with the text of its element, in order.
