@@ -125,6 +125,7 @@ inline const QString XdrUnknownAttribute =
 inline const QString XdrMissingAttribute = QStringLiteral("要素 '%2' に属性 '%1' が必要です。");
 inline const QString XdrInvalidAttribute =
     QStringLiteral("要素 '%2' の属性 '%1' の値 '%3' が正しくありません。");
+inline const QString XdrEmptyAttribute = QStringLiteral("要素 '%2' の属性 '%1' の値が空です。");
 inline const QString XdrDuplicate = QStringLiteral("'%1' という名前の宣言が重複しています。");
 inline const QString XdrUndefinedType =
     QStringLiteral("'%1' という名前の %2 が宣言されていません。");

@@ -45,11 +45,13 @@ void raiseXPathError(const XPathExpression &expression, const XPathFailure &fail
     switch (failure.code) {
     case XPATH_EXPR_ERROR:
     case XPATH_INVALID_OPERAND:
+    case XPATH_START_LITERAL_ERROR:
         raise(expression, syntaxSentence(expression, stop), stop);
     case XPATH_INVALID_PREDICATE_ERROR:
         raise(expression, text::BracketExpected, stop);
+    case XPATH_UNCLOSED_ERROR:
+        raise(expression, text::ParenthesisExpected, stop);
     case XPATH_UNFINISHED_LITERAL_ERROR:
-    case XPATH_START_LITERAL_ERROR:
         // It takes up all the rest.
         raise(expression, text::UnclosedLiteral,
               expression.tokenAt(expression.utf8().empty() ? 0 : expression.utf8().size() - 1));

@@ -91,7 +91,9 @@ void SchemaReader::fail(const Node &at, const QString &reason) const {
 }
 
 void SchemaReader::failValue(const Node &at, const QString &attribute, const QString &value) const {
-    fail(at, text::XdrInvalidAttribute.arg(attribute, at.nodeName(), value));
+    fail(at, value.trimmed().isEmpty()
+                 ? text::XdrEmptyAttribute.arg(attribute, at.nodeName())
+                 : text::XdrInvalidAttribute.arg(attribute, at.nodeName(), value));
 }
 
 void SchemaReader::declare(const Node &schemaElement) {
@@ -189,7 +191,7 @@ std::optional<qint64> SchemaReader::readLength(const Node &from, const QString &
     if (!given)
         return {};
     if (!isValue({Type::Ui4}, *given))
-        failValue(from, name, *given);
+        failValue(from, QStringLiteral("dt:") + name, *given);
     return given->trimmed().toLongLong();
 }
 
@@ -221,7 +223,10 @@ std::optional<Datatype> SchemaReader::readDatatype(const Node &declaration) cons
         found = true;
         readLimits(child, datatype);
     });
-    if (datatype && (datatype->type == Type::Enumeration) == datatype->values.isEmpty())
+    if (datatype && datatype->type == Type::Enumeration && datatype->values.isEmpty())
+        fail(declaration,
+             text::XdrMissingAttribute.arg(QStringLiteral("dt:values"), declaration.nodeName()));
+    if (datatype && datatype->type != Type::Enumeration && !datatype->values.isEmpty())
         failValue(declaration, QStringLiteral("dt:values"), datatype->values.join(u' '));
     if (datatype && datatype->minLength && datatype->maxLength &&
         *datatype->minLength > *datatype->maxLength)
@@ -267,6 +272,8 @@ void SchemaReader::readAttribute(const Node &use, const QHash<QString, Attribute
     const std::optional<QString> typeName = use.getAttribute(QStringLiteral("type"));
     if (!typeName)
         fail(use, text::XdrMissingAttribute.arg(QStringLiteral("type"), use.nodeName()));
+    if (typeName->isEmpty())
+        failValue(use, QStringLiteral("type"), *typeName);
     const Schema &schema = schemaOf(use, *typeName, kind);
     const QString localName = xml::localNameOf(*typeName);
     const auto own = &schema == &schema_ ? local.constFind(localName) : local.constEnd();
@@ -344,6 +351,8 @@ const ElementType *SchemaReader::resolveElement(const Node &use) {
     const std::optional<QString> typeName = use.getAttribute(QStringLiteral("type"));
     if (!typeName)
         fail(use, text::XdrMissingAttribute.arg(QStringLiteral("type"), use.nodeName()));
+    if (typeName->isEmpty())
+        failValue(use, QStringLiteral("type"), *typeName);
     const ElementType *type = schemaOf(use, *typeName, kind).element(xml::localNameOf(*typeName));
     if (!type)
         fail(use, text::XdrUndefinedType.arg(*typeName, kind));
