@@ -113,6 +113,9 @@ TEST(XsltSentences, Instructions) {
                                             "xsl:if の test の式が空です。 (3 行目)"},
             {"<xsl:when test='1'/>", Faulty + "xsl:when はこの位置では使用できません。 (3 行目)"},
             {"<xsl:choose/>", Failed + "xsl:choose に内容がありません。 (3 行目)"},
+            // What can be recovered from makes nothing of an error before it.
+            {"<r><xsl:choose/>a<xsl:attribute name='b'/></r>",
+             Failed + "xsl:choose に内容がありません。 (3 行目)"},
             {"<xsl:choose><xsl:otherwise/></xsl:choose>",
              Failed + "xsl:choose は xsl:when で始まらなければなりません。 (3 行目)"},
             {"<xsl:variable/>", Faulty + "xsl:variable に属性 name がありません。 (3 行目)"},
