@@ -81,7 +81,9 @@ TEST_F(FileDialogs, OpenReportsTheReadOnlyBox) {
     for (const bool tick : {true, false}) {
         whenOpen<QFileDialog>([&](QFileDialog &dialog) {
             EXPECT_EQ(dialog.windowTitle(), QStringLiteral("開く"));
-            EXPECT_EQ(dialog.selectedNameFilter(), QStringLiteral("XML File(*.xml)"));
+            const auto *types = dialog.findChild<QComboBox *>(QStringLiteral("fileTypeCombo"));
+            ASSERT_NE(types, nullptr);
+            EXPECT_EQ(types->currentText(), QStringLiteral("XML File(*.xml)"));
             EXPECT_EQ(dialog.nameFilters().last(), QStringLiteral("すべて(*.*) (*)"));
             auto *box = dialog.findChild<QCheckBox *>();
             ASSERT_NE(box, nullptr);

@@ -120,7 +120,7 @@ TEST(WdXsl, PatternsWithoutEquivalentNameTheConstruct) {
 
 TEST(WdXsl, OnlyTemplatesOutputAndTheLastMatchWins) {
     const std::string source = "<r>t<a i='1'>x</a><b>y</b></r>";
-    EXPECT_EQ(transformed(source, oldSheet("")).find('t', 60), std::string::npos);
+    EXPECT_EQ(transformed(source, oldSheet("")), transformed("<r/>", oldSheet("")));
     EXPECT_EQ(output(source, "<xsl:apply-templates/>"), "");
     EXPECT_EQ(output(source, "<xsl:apply-templates select='r/*'/>",
                      "<xsl:template match='a'>1</xsl:template>"

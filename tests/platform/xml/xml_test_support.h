@@ -6,8 +6,13 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <arpa/inet.h>
 #include <gtest/gtest.h>
+#include <netinet/in.h>
+#include <poll.h>
 #include <string>
+#include <sys/socket.h>
+#include <unistd.h>
 
 namespace quillon::xml::test {
 
@@ -61,5 +66,33 @@ inline std::string reloaded(const Files &files, const std::string &bytes) {
 inline QString q(const std::string &utf8) {
     return QString::fromStdString(utf8);
 }
+
+/// A server on this machine that answers nobody and knows whether somebody has called.
+class Listener {
+public:
+    Listener() {
+        EXPECT_EQ(::bind(socket_, asAny(), sizeof address_), 0);
+        EXPECT_EQ(::listen(socket_, 1), 0);
+        socklen_t size = sizeof address_;
+        EXPECT_EQ(::getsockname(socket_, asAny(), &size), 0);
+    }
+    ~Listener() { ::close(socket_); }
+    Listener(const Listener &) = delete;
+    Listener &operator=(const Listener &) = delete;
+
+    std::string url(const std::string &name) const {
+        return "http://127.0.0.1:" + std::to_string(ntohs(address_.sin_port)) + "/" + name;
+    }
+    bool wasCalled() const {
+        pollfd calls{socket_, POLLIN, 0};
+        return ::poll(&calls, 1, 0) != 0;
+    }
+
+private:
+    sockaddr *asAny() { return reinterpret_cast<sockaddr *>(&address_); }
+
+    int socket_ = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_in address_{AF_INET, 0, {htonl(INADDR_LOOPBACK)}, {}};
+};
 
 } // namespace quillon::xml::test

@@ -1,6 +1,7 @@
 #include "platform/runtime/error.h"
 #include "preview/xdr/xdr_validator.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -286,7 +287,11 @@ TEST(Xdr, DocumentsNameTheirSchemas) {
     EXPECT_EQ(validate(root + "><a/></r>"), "00d");
     EXPECT_EQ(validate("<r xmlns='urn:unknown'/>"), "224");
     EXPECT_THROW(validate("<r xmlns='x-schema:none.xml'/>"), runtime::Error);
-    EXPECT_THROW(validate("<r xmlns='x-schema:../../../etc/passwd'/>"), runtime::Error);
+    const QTemporaryDir outside;
+    ASSERT_TRUE(QFile::copy(folder.filePath("two.xml"), outside.filePath("two.xml")));
+    const QString upward = QDir(folder.path()).relativeFilePath(outside.filePath("two.xml"));
+    ASSERT_TRUE(upward.startsWith("../") && QFile::exists(folder.filePath(upward)));
+    EXPECT_THROW(validate("<a xmlns='x-schema:" + upward + "'/>"), runtime::Error);
 
     const QString inlined = "<d><Schema name='s' xmlns='urn:schemas-microsoft-com:xml-data'>"
                             "<ElementType name='r' content='empty'/></Schema>";
