@@ -9,7 +9,8 @@ on_own_screen() {
     mkdir -p -m 700 "$folder/run"
     env -i PATH="$PATH" LC_ALL=C.UTF-8 HOME="$folder" XDG_CONFIG_HOME="$folder/config" \
         XDG_DATA_HOME="$folder/share" XDG_RUNTIME_DIR="$folder/run" QT_QPA_PLATFORM=xcb \
-        xvfb-run -a -s "-screen 0 1280x800x24" dbus-run-session -- "$@" || status=$?
+        "$(dirname "${BASH_SOURCE[0]}")/../support/on_virtual_screen.sh" dbus-run-session -- "$@" ||
+        status=$?
     rm -rf "$folder"
     return "$status"
 }

@@ -20,10 +20,19 @@ trap 'kill "$editor" 2>/dev/null || true; wait 2>/dev/null || true' EXIT
 
 holds() { grep -qF -- "$2" "$1"; }
 ended() { ! kill -0 "$editor" 2>/dev/null; }
-has_box() { [ "$(titles | wc -l)" -ge 2 ]; }
 # Without a window manager nobody gives the focus back when a box closes.
 focus() { xdotool search --onlyvisible --class '^quillon$' windowfocus; }
 has_no_box() { [ "$(titles | wc -l)" -eq 1 ]; }
+# Keys reach a box only once it has the focus, some time after it is seen.
+focus_box() {
+    local id
+    for id in $(xdotool search --onlyvisible --class '^quillon$'); do
+        xprop -id "$id" _NET_WM_WINDOW_TYPE | grep -q DIALOG || continue
+        xdotool windowfocus "$id" && [ "$(xdotool getwindowfocus)" = "$id" ]
+        return
+    done
+    return 1
+}
 
 "$folder/quillon" "$folder/my" file.xml &
 editor=$!
@@ -48,13 +57,13 @@ xdotool type --delay 20 "newer"
 xdotool key Return
 until_true "the second change is marked" titled "$name * - Quillon XML Editor"
 xdotool key alt+f x
-until_true "a question comes" has_box
+until_true "a question comes" focus_box
 xdotool key Escape
 until_true "cancelling keeps the window" has_no_box
 titled "$name * - Quillon XML Editor" || fail "the document is still there"
 focus
 xdotool key alt+f x
-until_true "the question comes again" has_box
+until_true "the question comes again" focus_box
 xdotool key Return
 until_true "the program ends" ended
 holds "$folder/my file.xml" "<a>newer</a>" || fail "the answer yes saves: $(cat "$folder/my file.xml")"
@@ -74,7 +83,7 @@ until_true "the program ends with the session" ended
 holds "$folder/my file.xml" "<a>newer</a>" || fail "the file is as it was"
 "$folder/quillon" &
 editor=$!
-until_true "recovery is offered" has_box
+until_true "recovery is offered" focus_box
 xdotool key Return
 until_true "the change is back" titled "$name (復元) * - Quillon XML Editor"
 echo "the journey went well"
