@@ -1,6 +1,7 @@
 #include "edit/node_commands.h"
 
 #include "platform/controls/message_box.h"
+#include "platform/runtime/strings.h"
 #include "resources/messages.h"
 #include "resources/texts.h"
 
@@ -88,7 +89,7 @@ void NodeCommands::CopyNode(const TreeItem &item) {
     const tree::DepartingNode node(selection_.GetDOMNode(item),
                                    selection_.GetDOMNode(item.Parent()));
     auto data = std::make_unique<QMimeData>();
-    data->setText(QString::fromUtf8(node.text()));
+    data->setText(runtime::fromUtf8(node.text()));
     data->setData(tree::NodeFormat, node.packed());
     QGuiApplication::clipboard()->setMimeData(data.release());
 }

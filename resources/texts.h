@@ -153,7 +153,7 @@ inline constexpr QStringView LegalNotice = u"Copyright (C) 2026 Quillon XML Edit
 
 // Entities. %1 is the name of one.
 inline constexpr QStringView DocumentTypeInUse =
-    u"ドキュメントの中で実体 %1 が参照されているため、文書型宣言を削除できません。";
+    u"ドキュメントの中で実体 %1 が参照されているため、\n文書型宣言を削除できません。";
 inline constexpr QStringView EntityReferenceStays = u"実体 %1 の参照は移動できません。";
 
 // An entry of the tree's context menu that no menu of the menu bar has.

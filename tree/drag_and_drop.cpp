@@ -121,7 +121,8 @@ controls::DragOffer DragAndDrop::tvw_OLEStartDrag() {
         [this, item = m_nodDrag] { controls::guarded([&] { completeMove(item); }); },
         Qt::QueuedConnection);
     controls::DragOffer offer{std::move(data)};
-    if (state_.m_ReadOnly)
+    // A reference cannot be deleted, so a move would leave it twice.
+    if (state_.m_ReadOnly || registry.Item(m_nodDrag).nodeType() == NodeType::EntityReference)
         offer.actions = Qt::CopyAction;
     return offer;
 }
@@ -131,7 +132,8 @@ void DragAndDrop::tvw_OLECompleteDrag(Qt::DropAction effect) {
     const TreeItem dragged = std::exchange(m_nodDrag, {});
     unconfirmed_ = {};
     const bool isUnconfirmed = std::exchange(awaitsConfirmation_, false);
-    if (effect != Qt::MoveAction || state_.m_ReadOnly)
+    if (effect != Qt::MoveAction || state_.m_ReadOnly ||
+        builder_.registry().Item(dragged).nodeType() == NodeType::EntityReference)
         return;
     if (isUnconfirmed)
         unconfirmed_ = dragged;

@@ -1,5 +1,7 @@
 #include "tree/node_mime_data.h"
 
+#include "platform/runtime/strings.h"
+
 namespace quillon::tree {
 
 namespace {
@@ -46,7 +48,7 @@ QVariant NodeMimeData::retrieveData(const QString &format, QMetaType type) const
         // Bytes are for another process.
         if (type.id() == QMetaType::QByteArray && !isWithinBounds(utf8))
             return QString();
-        return QString::fromUtf8(utf8);
+        return runtime::fromUtf8(utf8);
     }
     if (format == NodeFormat) {
         const QByteArray packed = node_.packed();

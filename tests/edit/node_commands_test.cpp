@@ -273,7 +273,7 @@ TEST_F(NodeCommandsTest, ADocumentTypeStaysWhileItsEntitiesAreReferredTo) {
         dialogs.answerMessage(1);
         (nodes().*command)();
         EXPECT_EQ(dialogs.messages.back().text,
-                  "ドキュメントの中で実体 e が参照されているため、文書型宣言を削除できません。");
+                  "ドキュメントの中で実体 e が参照されているため、\n文書型宣言を削除できません。");
         EXPECT_EQ(dialogs.messages.back().style, 48);
     }
     EXPECT_EQ(clipboard(), "before");

@@ -342,6 +342,16 @@ TEST_F(Drag, NothingIsMovedFromWhereItMayNotBe) {
     const QByteArray before = xml();
     drag.tvw_OLECompleteDrag(Qt::MoveAction);
     EXPECT_EQ(xml(), before);
+
+    // Nor does a reference, which cannot be deleted, go away.
+    state().m_ReadOnly = false;
+    dialogs.answerMessage(1);
+    openExpanded("<!DOCTYPE r [<!ENTITY e 'E'>]><r>&e;<other/></r>");
+    dialogs.answerMessage(1);
+    press("e");
+    EXPECT_EQ(drag.tvw_OLEStartDrag().actions, Qt::DropActions(Qt::CopyAction));
+    drag.tvw_OLECompleteDrag(Qt::MoveAction);
+    EXPECT_TRUE(item("e"));
 }
 
 TEST_F(Drag, ADragThatComesToNothingLeavesTheSelection) {

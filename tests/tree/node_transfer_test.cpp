@@ -44,6 +44,7 @@ TEST_F(NodeTransfer, ANodeArrivesAsWhatItWas) {
         {"<r>&lt;e/></r>", "#text", "<r>&lt;e/></r>"},
         {"<r> blanks </r>", "#text", "<r> blanks </r>"},
         {"<r>&#32;</r>", "#text", "<r>&#32;</r>"},
+        {"<r>\xEF\xBB\xBFt</r>", "#text", "<r>\xEF\xBB\xBFt</r>"},
         {"<r><![CDATA[k=\"v\"<&]]></r>", "#cdata-section", "<r><![CDATA[k=\"v\"<&]]></r>"},
         {"<r><!--k=\"v\"--></r>", "#comment", "<r><!--k=\"v\"--></r>"},
         {"<r><e  k='&gt;' ><f></f></e></r>", "e", "<r><e  k='&gt;' ><f></f></e></r>"},
@@ -58,6 +59,8 @@ TEST_F(NodeTransfer, ANodeArrivesAsWhatItWas) {
         EXPECT_EQ(flat(), c.result);
         state().m_Modified = false;
     }
+    copyAndPaste("<r>\xEF\xBB\xBFt</r>", "#text", "<r/>", "r");
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QChar(0xFEFF) + QString("t"));
 }
 
 TEST_F(NodeTransfer, NamespacesComeAlongWhereTheyAreNeeded) {
