@@ -1,5 +1,6 @@
 #include "platform/system/working_folder.h"
 
+#include "platform/runtime/descriptor.h"
 #include "platform/runtime/error.h"
 #include "platform/runtime/file_names.h"
 #include "resources/texts.h"
@@ -44,23 +45,10 @@ bool look(const QString &path, struct stat &status) {
     return ::lstat(bytesOf(path).constData(), &status) == 0;
 }
 
-class Descriptor {
-public:
-    Descriptor(const QString &path, int flags, mode_t mode = 0)
-        : fd_(::open(bytesOf(path).constData(), flags | O_CLOEXEC, mode)) {}
-    ~Descriptor() {
-        if (fd_ >= 0)
-            ::close(fd_);
-    }
-    Descriptor(const Descriptor &) = delete;
-    Descriptor &operator=(const Descriptor &) = delete;
-
-    int get() const { return fd_; }
-    int release() { return std::exchange(fd_, -1); }
-
-private:
-    int fd_;
-};
+/// Without the descriptor being inherited by programs that are started.
+int openFile(const QString &path, int flags, mode_t mode = 0) {
+    return ::open(bytesOf(path).constData(), flags | O_CLOEXEC, mode);
+}
 
 /// 0, or the errno of what went wrong.
 int copyBytes(int from, int to) {
@@ -69,15 +57,10 @@ int copyBytes(int from, int to) {
         const ssize_t count = ::read(from, block.data(), block.size());
         if (count == 0)
             return 0;
-        if (count < 0 && errno != EINTR)
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0 || !runtime::writeAll(to, {block.data(), static_cast<std::size_t>(count)}))
             return errno;
-        for (ssize_t done = 0; done < count;) {
-            const ssize_t written =
-                ::write(to, block.data() + done, static_cast<std::size_t>(count - done));
-            if (written < 0 && errno != EINTR)
-                return errno;
-            done += std::max<ssize_t>(written, 0);
-        }
     }
 }
 
@@ -161,7 +144,7 @@ void WorkingFolder::hold() const {
     for (int tries = 0; tries < MostTries; ++tries) {
         if (lock_ >= 0)
             ::close(lock_);
-        lock_ = Descriptor(filePath(LockName), O_RDWR | O_CREAT | O_NOFOLLOW, 0600).release();
+        lock_ = openFile(filePath(LockName), O_RDWR | O_CREAT | O_NOFOLLOW, 0600);
         if (lock_ < 0)
             return;
         // What has been cleared away in this moment is made once more.
@@ -174,7 +157,8 @@ void WorkingFolder::hold() const {
 }
 
 void WorkingFolder::note(const QString &name) const {
-    const Descriptor list(filePath(ListName), O_RDWR | O_CREAT | O_APPEND | O_NOFOLLOW, 0600);
+    const runtime::Descriptor list(
+        openFile(filePath(ListName), O_RDWR | O_CREAT | O_APPEND | O_NOFOLLOW, 0600));
     QFile file;
     if (list.get() < 0 || !file.open(list.get(), QIODevice::ReadWrite | QIODevice::Append))
         return;
@@ -227,13 +211,13 @@ bool copyFile(const QString &from, const QString &to, ExistingFile existing,
     struct stat target {};
     if (look(to, target) && target.st_dev == source.st_dev && target.st_ino == source.st_ino)
         return true;
-    const Descriptor input(from, O_RDONLY | O_NONBLOCK);
+    const runtime::Descriptor input(openFile(from, O_RDONLY | O_NONBLOCK));
     if (input.get() < 0)
         throw runtime::Error(error_number::PermissionDenied,
                              resources::xml_text::CannotOpen.arg(runtime::shownPath(from)));
     if (existing == ExistingFile::Replace)
         ::unlink(bytesOf(to).constData());
-    const Descriptor output(to, O_WRONLY | O_CREAT | O_EXCL, 0600);
+    const runtime::Descriptor output(openFile(to, O_WRONLY | O_CREAT | O_EXCL, 0600));
     if (output.get() < 0 && errno == EEXIST)
         return false;
     if (output.get() < 0)

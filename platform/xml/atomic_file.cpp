@@ -1,5 +1,6 @@
 #include "platform/xml/atomic_file.h"
 
+#include "platform/runtime/descriptor.h"
 #include "platform/runtime/error.h"
 #include "platform/runtime/file_access.h"
 #include "platform/runtime/file_names.h"
@@ -24,6 +25,9 @@ namespace quillon::xml {
 namespace text = resources::xml_text;
 namespace error_number = runtime::error_number;
 
+using runtime::Descriptor;
+using runtime::writeAll;
+
 namespace {
 
 [[noreturn]] void fail(const QString &path, int error) {
@@ -34,34 +38,6 @@ namespace {
                                                                 : error_number::DeviceIo;
     throw runtime::Error(number,
                          text::CannotSave.arg(runtime::shownPath(path), text::systemReason(error)));
-}
-
-class Descriptor {
-public:
-    explicit Descriptor(int fd) : fd_(fd) {}
-    ~Descriptor() {
-        if (fd_ >= 0)
-            ::close(fd_);
-    }
-    Descriptor(const Descriptor &) = delete;
-    Descriptor &operator=(const Descriptor &) = delete;
-
-    int get() const { return fd_; }
-
-private:
-    int fd_;
-};
-
-bool writeAll(int fd, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t count = ::write(fd, bytes.data(), bytes.size());
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count <= 0)
-            return false;
-        bytes.remove_prefix(static_cast<std::size_t>(count));
-    }
-    return true;
 }
 
 bool readAll(int fd, std::string &bytes) {
