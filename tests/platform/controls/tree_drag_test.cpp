@@ -34,7 +34,7 @@ protected:
              [](const DragPoint &, const QMimeData &) { return Qt::IgnoreAction; },
              [](Qt::DropAction) {}});
         view_.show();
-        QApplication::setActiveWindow(&view_);
+        view_.activateWindow();
         QApplication::processEvents();
     }
 

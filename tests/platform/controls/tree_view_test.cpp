@@ -42,7 +42,7 @@ protected:
         add({}, "b");
         view_.nodes().setExpandedSubtree(a, true);
         view_.show();
-        QApplication::setActiveWindow(&view_);
+        view_.activateWindow();
         view_.setFocus();
         QApplication::processEvents();
         QObject::connect(&view_, &TreeView::NodeClick, &view_,
