@@ -47,7 +47,11 @@ frmMain::frmMain(Surroundings surroundings)
     // What is being typed into a caption belongs to the document that the command is about.
     actions_.beforeCommand = [this] { tvw->EndLabelEdit(); };
     actions_.mayRun = [this](QStringView command) {
-        return !needsPane(command) || editor_->selection.mayLeavePane();
+        if (!needsPane(command))
+            return true;
+        // What was typed is the latest step, so giving it up is all that is undone.
+        const bool isUndone = command == u"mnuEditUndo" && editor_->selection.hasUnparsedText();
+        return editor_->selection.mayLeavePane() && !isUndone;
     };
     treeKeys_ = std::make_unique<TreeKeys>(*tvw, *editor_, actions_);
     keepHandle();

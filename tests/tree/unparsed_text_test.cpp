@@ -106,6 +106,19 @@ TEST_F(UnparsedText, IsAskedAboutBeforeItGoes) {
     select("b");
 }
 
+TEST_F(UnparsedText, IsTheStepThatIsUndone) {
+    select("a");
+    type("<a>9</a>");
+    const QByteArray before = xml();
+    typeBroken();
+    dialogs.answerMessage(Yes);
+    run(u"mnuEditUndo");
+    EXPECT_EQ(xml(), before);
+    EXPECT_EQ(txtEdit().Text(), "<a>9</a>");
+    run(u"mnuEditUndo");
+    EXPECT_NE(xml(), before);
+}
+
 TEST_F(UnparsedText, GoesWhenTheUserSaysSo) {
     typeBroken();
     dialogs.answerMessage(Yes);
