@@ -183,7 +183,9 @@ TEST_F(BrowserTest, APageThatDoesNotAnswerIsStopped) {
 }
 
 TEST_F(BrowserTest, TheNextPageIsShownWhenTheOneBeforeWasStopped) {
-    show("<script>setTimeout(() => { for (;;) ; })</script>");
+    show("<script>setTimeout(() => { alert('on and on'); for (;;) ; })</script>");
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] { return hasSaid("プレビューのページからのメッセージ: on and on"); }, Patience));
     show("<body>next");
     EXPECT_TRUE(hasSaid("プレビューのページが応答しないため、停止しました。"));
     EXPECT_EQ(script("document.body.innerText").toString().trimmed(), "next");
