@@ -1,18 +1,18 @@
 #include "app/editor.h"
 
-#include "platform/controls/error_boundary.h"
+#include "view/controls/error_boundary.h"
 
 namespace quillon::app {
 
 using controls::guarded;
-using controls::TreeItem;
+using items::TreeItem;
 
 Surroundings Surroundings::ofProgram() {
     return {runtime::applicationFolder(), {}, {}, std::make_shared<system::Shell>()};
 }
 
 Editor::Editor(Surroundings given, controls::TreeView &tvw, controls::TextBox &txtEdit,
-               controls::PathBox &cboPath, controls::Browser &ie, controls::LongWork &longWork)
+               controls::PathBox &cboPath, browser::Browser &ie, controls::LongWork &longWork)
     : surroundings(std::move(given)),
       workingFolder(runtime::workingFolder(surroundings.applicationFolder)),
       recentFiles(surroundings.settings), settings(surroundings.settings), pane(txtEdit),
@@ -54,10 +54,10 @@ void Editor::wireStatusTexts() {
     connect(&captionSearch, &search::CaptionSearch::statusText, this, &Editor::statusText);
     connect(&pathQuery, &search::PathQuery::statusText, this, &Editor::statusText);
     connect(&preview, &preview::Preview::statusText, this, &Editor::statusText);
-    connect(&validation, &preview::Validation::statusText, this, &Editor::statusText);
+    connect(&validation, &validation::Validation::statusText, this, &Editor::statusText);
     connect(&loader, &document::DocumentLoader::statusText, this, &Editor::statusText);
     connect(&commands, &document::DocumentCommands::statusText, this, &Editor::statusText);
-    connect(&recovery, &document::CrashRecovery::statusText, this, &Editor::statusText);
+    connect(&recovery, &recovery::CrashRecovery::statusText, this, &Editor::statusText);
 }
 
 void Editor::wireModifications() {
@@ -73,7 +73,7 @@ void Editor::wireModifications() {
 
 void Editor::wireHistory() {
     connect(&history, &edit::UndoHistory::undoButtonChanged, &recovery,
-            &document::CrashRecovery::documentChanged);
+            &recovery::CrashRecovery::documentChanged);
 }
 
 void Editor::wireTree(controls::TreeView &tvw) {
@@ -124,7 +124,7 @@ void Editor::wirePreview() {
                 if (std::exchange(shown, opened) != opened)
                     preview.forgetPlace();
             });
-    const auto forgetErrors = &preview::Validation::clear;
+    const auto forgetErrors = &validation::Validation::clear;
     connect(&commands, &document::DocumentCommands::cleared, &validation, forgetErrors);
     connect(&loader, &document::DocumentLoader::documentOpened, &validation, forgetErrors);
     connect(&loader, &document::DocumentLoader::statusUpdateRequested, &validation, forgetErrors);
@@ -137,7 +137,7 @@ void Editor::wirePane(controls::TextBox &txtEdit) {
     recovery.pane = {[this] { return selection.hasUnparsedText(); },
                      [this] { return paneEditing.unparsedText(); },
                      [this](const QByteArray &kept) { paneEditing.restoreUnparsedText(kept); }};
-    const auto changed = &document::CrashRecovery::documentChanged;
+    const auto changed = &recovery::CrashRecovery::documentChanged;
     connect(&paneEditing, &tree::PaneEditing::unparsedTextChanged, &recovery, changed);
     connect(&selection, &tree::Selection::unparsedTextGivenUp, &recovery, changed);
     connect(&txtEdit, &controls::TextBox::Change, this,

@@ -1,9 +1,7 @@
 #pragma once
 
-#include "document/commands/crash_recovery.h"
-#include "document/commands/document_commands.h"
-#include "document/commands/document_loader.h"
-#include "document/commands/settings.h"
+#include "document/document_commands.h"
+#include "document/document_loader.h"
 #include "edit/node_commands.h"
 #include "edit/node_creation.h"
 #include "edit/undo_history.h"
@@ -11,9 +9,10 @@
 #include "platform/system/shell.h"
 #include "platform/system/working_folder.h"
 #include "preview/preview.h"
-#include "preview/validation.h"
+#include "recovery/crash_recovery.h"
 #include "search/caption_search.h"
 #include "search/path_query.h"
+#include "settings/settings.h"
 #include "tools/tool_commands.h"
 #include "tools/tree_printing.h"
 #include "tools/view_commands.h"
@@ -23,6 +22,7 @@
 #include "tree/node_text.h"
 #include "tree/pane_editing.h"
 #include "tree/selection.h"
+#include "validation/validation.h"
 
 #include <QObject>
 
@@ -48,15 +48,15 @@ class Editor : public QObject {
 
 public:
     Editor(Surroundings surroundings, controls::TreeView &tvw, controls::TextBox &txtEdit,
-           controls::PathBox &cboPath, controls::Browser &ie, controls::LongWork &longWork);
+           controls::PathBox &cboPath, browser::Browser &ie, controls::LongWork &longWork);
 
     const Surroundings surroundings;
     const system::WorkingFolder workingFolder;
     const document::RecentFiles recentFiles;
-    document::Settings settings;
+    settings::Settings settings;
 
-    document::DocumentState state;
-    tree::ViewOptions options;
+    state::DocumentState state;
+    state::ViewOptions options;
 
     tree::EditPane pane;
     tree::TreeBuilder builder;
@@ -75,7 +75,7 @@ public:
     search::PathQuery pathQuery;
 
     preview::Preview preview;
-    preview::Validation validation;
+    validation::Validation validation;
 
     tools::ToolCommands tools;
     tools::ViewCommands view;
@@ -83,7 +83,7 @@ public:
 
     document::DocumentLoader loader;
     document::DocumentCommands commands;
-    document::CrashRecovery recovery;
+    recovery::CrashRecovery recovery;
 
 Q_SIGNALS:
     /// A text for the status bar, whoever has one.

@@ -1,8 +1,8 @@
 #include "bench/check_bench.h"
 
-#include "app/frm_main.h"
+#include "app/main_window/frm_main.h"
 #include "bench/report.h"
-#include "platform/controls/dialogs.h"
+#include "view/controls/dialogs.h"
 
 #include <QEventLoop>
 #include <QFile>
@@ -119,11 +119,11 @@ void measureValidation(Table &table, app::frmMain &form, const QString &path) {
 }
 
 void measurePreview(Table &table, app::frmMain &form) {
-    auto &ie = *form.findChild<controls::Browser *>(QStringLiteral("ie"));
+    auto &ie = *form.findChild<browser::Browser *>(QStringLiteral("ie"));
     const auto show = [&] {
         bool shown = false;
         QEventLoop untilShown;
-        QObject::connect(&ie, &controls::Browser::NavigateComplete, &untilShown, [&](bool ok) {
+        QObject::connect(&ie, &browser::Browser::NavigateComplete, &untilShown, [&](bool ok) {
             shown = ok;
             untilShown.quit();
         });

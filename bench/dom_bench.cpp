@@ -1,7 +1,7 @@
 #include "bench/dom_bench.h"
 
 #include "bench/report.h"
-#include "platform/xml/dom.h"
+#include "platform/xml/dom/dom.h"
 
 #include <cstring>
 #include <expat.h>

@@ -1,8 +1,8 @@
 #include "bench/edit_bench.h"
 
-#include "app/frm_main.h"
+#include "app/main_window/frm_main.h"
 #include "bench/report.h"
-#include "platform/xml/xpath.h"
+#include "platform/xml/query/xpath.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

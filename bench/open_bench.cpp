@@ -1,10 +1,10 @@
 #include "bench/open_bench.h"
 
-#include "app/start_up.h"
-#include "app/window.h"
+#include "app/start_up/start_up.h"
+#include "app/main_window/window.h"
 #include "bench/check_bench.h"
 #include "bench/edit_bench.h"
-#include "platform/controls/error_boundary.h"
+#include "view/controls/error_boundary.h"
 
 #include <QTemporaryDir>
 
@@ -27,8 +27,8 @@ xml::Node firstText(const xml::DOMDocument40 &document) {
     return node;
 }
 
-controls::TreeItem itemOf(app::Editor &editor, controls::TreeView &tvw, const xml::Node &node) {
-    controls::TreeItem found;
+items::TreeItem itemOf(app::Editor &editor, controls::TreeView &tvw, const xml::Node &node) {
+    items::TreeItem found;
     editor.builder.registry().forEach([&](quint32 sequence, quint32 number) {
         if (number == node.number())
             found = tvw.nodes().bySequence(sequence);

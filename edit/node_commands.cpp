@@ -1,9 +1,9 @@
 #include "edit/node_commands.h"
 
-#include "platform/controls/message_box.h"
 #include "platform/runtime/strings.h"
 #include "resources/messages.h"
 #include "resources/texts.h"
+#include "view/controls/message_box.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -12,8 +12,8 @@
 namespace quillon::edit {
 
 namespace style = controls::message_style;
-using controls::Relationship;
-using controls::TreeItem;
+using items::Relationship;
+using items::TreeItem;
 using xml::Node;
 using xml::NodeType;
 
@@ -41,7 +41,7 @@ bool isMovable(const Node &node) {
 
 } // namespace
 
-NodeCommands::NodeCommands(const document::DocumentState &state, tree::TreeBuilder &builder,
+NodeCommands::NodeCommands(const state::DocumentState &state, tree::TreeBuilder &builder,
                            tree::NodeRemoval &removal, tree::NodeText &nodeText,
                            tree::Selection &selection, controls::TreeView &tvw)
     : state_(state), builder_(builder), removal_(removal), nodeText_(nodeText),

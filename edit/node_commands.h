@@ -1,7 +1,7 @@
 #pragma once
 
-#include "document/state/document_state.h"
 #include "edit/undo_history.h"
+#include "state/document_state.h"
 #include "tree/node_removal.h"
 #include "tree/node_text.h"
 #include "tree/selection.h"
@@ -37,17 +37,17 @@ class NodeCommands : public QObject {
     Q_OBJECT
 
 public:
-    NodeCommands(const document::DocumentState &state, tree::TreeBuilder &builder,
+    NodeCommands(const state::DocumentState &state, tree::TreeBuilder &builder,
                  tree::NodeRemoval &removal, tree::NodeText &nodeText, tree::Selection &selection,
                  controls::TreeView &tvw);
 
     EditMenuStates mnuEdit_Click() const;
     NodeMenuStates mnuNode_Click() const;
 
-    void CopyNode(const controls::TreeItem &item);
+    void CopyNode(const items::TreeItem &item);
     /// Pastes the clipboard's node, or else its text, at an item; returns the item of the new node,
     /// or none when nothing was inserted, which leaves the document as it was.
-    controls::TreeItem PasteNode(const controls::TreeItem &item);
+    items::TreeItem PasteNode(const items::TreeItem &item);
 
     void mnuEditCopy_Click();
     void mnuEditCut_Click();
@@ -66,11 +66,11 @@ Q_SIGNALS:
     void pasteEnabled();
 
 private:
-    controls::TreeItem insertClipboard(const controls::TreeItem &item);
+    items::TreeItem insertClipboard(const items::TreeItem &item);
     /// Puts a copy of the selected node at the place named, removes the node and shows the copy.
-    void moveSelected(controls::TreeItem relItem, controls::Relationship relationship);
+    void moveSelected(items::TreeItem relItem, items::Relationship relationship);
 
-    const document::DocumentState &state_;
+    const state::DocumentState &state_;
     tree::TreeBuilder &builder_;
     tree::NodeRemoval &removal_;
     tree::NodeText &nodeText_;

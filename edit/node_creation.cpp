@@ -6,8 +6,8 @@
 
 namespace quillon::edit {
 
-using controls::Relationship;
-using controls::TreeItem;
+using items::Relationship;
+using items::TreeItem;
 using xml::DOMDocument40;
 using xml::Node;
 using xml::NodeType;
@@ -26,7 +26,7 @@ struct HashOfString {
 
 } // namespace
 
-NodeCreation::NodeCreation(const document::DocumentState &state, tree::TreeBuilder &builder,
+NodeCreation::NodeCreation(const state::DocumentState &state, tree::TreeBuilder &builder,
                            tree::Selection &selection, controls::TreeView &tvw)
     : state_(state), builder_(builder), selection_(selection), tvw_(tvw) {}
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "document/state/document_state.h"
+#include "state/document_state.h"
 #include "tree/selection.h"
 #include "tree/tree_builder.h"
 
@@ -14,12 +14,12 @@ class NodeCreation : public QObject {
     Q_OBJECT
 
 public:
-    NodeCreation(const document::DocumentState &state, tree::TreeBuilder &builder,
+    NodeCreation(const state::DocumentState &state, tree::TreeBuilder &builder,
                  tree::Selection &selection, controls::TreeView &tvw);
 
     /// The first of baseText1, baseText2, ... that no child item of parentItem shows. Captions
     /// count up to their first "=". Raises Overflow past 32767.
-    QString MakeUniqueName(const controls::TreeItem &parentItem, const QString &baseText) const;
+    QString MakeUniqueName(const items::TreeItem &parentItem, const QString &baseText) const;
 
     // A command that does not apply to the selected node does nothing.
     void mnuNodeAddElement_Click();
@@ -50,7 +50,7 @@ private:
     void insert(Create create, const QString &baseText);
     xml::NodeType selectedKind() const;
 
-    const document::DocumentState &state_;
+    const state::DocumentState &state_;
     tree::TreeBuilder &builder_;
     tree::Selection &selection_;
     controls::TreeView &tvw_;

@@ -8,7 +8,7 @@
 
 namespace quillon::edit {
 
-using controls::TreeItem;
+using items::TreeItem;
 
 namespace {
 
@@ -57,7 +57,7 @@ TreeItem replacedChild(const TreeItem &parent, const std::vector<quint32> &befor
 
 } // namespace
 
-UndoHistory::UndoHistory(document::DocumentState &state, tree::TreeBuilder &builder,
+UndoHistory::UndoHistory(state::DocumentState &state, tree::TreeBuilder &builder,
                          tree::Selection &selection, controls::TreeView &tvw)
     : state_(state), builder_(builder), selection_(selection), tvw_(tvw) {}
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "document/state/document_state.h"
 #include "edit/undo_redo.h"
+#include "state/document_state.h"
 #include "tree/selection.h"
 #include "tree/tree_builder.h"
 
@@ -14,8 +14,8 @@ class UndoHistory : public QObject {
     Q_OBJECT
 
 public:
-    UndoHistory(document::DocumentState &state, tree::TreeBuilder &builder,
-                tree::Selection &selection, controls::TreeView &tvw);
+    UndoHistory(state::DocumentState &state, tree::TreeBuilder &builder, tree::Selection &selection,
+                controls::TreeView &tvw);
 
     /// Forgets everything; the document as it is now becomes the state to start from.
     void ResetUndoHistory();
@@ -46,9 +46,9 @@ private:
     /// The numbers of the selected node and of those above it, from the bottom up.
     std::vector<quint32> selectedPath() const;
     /// The item itself, or the lowest item above it that can be selected without expanding one.
-    controls::TreeItem shownAncestor(controls::TreeItem item) const;
+    items::TreeItem shownAncestor(items::TreeItem item) const;
 
-    document::DocumentState &state_;
+    state::DocumentState &state_;
     tree::TreeBuilder &builder_;
     tree::Selection &selection_;
     controls::TreeView &tvw_;

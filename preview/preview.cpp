@@ -1,14 +1,14 @@
 #include "preview/preview.h"
 
-#include "platform/controls/dialogs.h"
-#include "platform/controls/error_boundary.h"
-#include "platform/controls/message_box.h"
 #include "platform/runtime/error.h"
 #include "platform/runtime/file_names.h"
 #include "platform/runtime/paths.h"
-#include "platform/xml/xslt.h"
+#include "platform/xml/transform/xslt.h"
 #include "resources/messages.h"
 #include "resources/texts.h"
+#include "view/controls/dialogs.h"
+#include "view/controls/error_boundary.h"
+#include "view/controls/message_box.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -53,8 +53,8 @@ void requireParsed(const DOMDocument40 &document) {
 
 } // namespace
 
-Preview::Preview(const document::DocumentState &state, tree::TreeBuilder &builder,
-                 tree::Selection &selection, controls::TreeView &tvw, controls::Browser &ie,
+Preview::Preview(const state::DocumentState &state, tree::TreeBuilder &builder,
+                 tree::Selection &selection, controls::TreeView &tvw, browser::Browser &ie,
                  const system::WorkingFolder &workingFolder, controls::LongWork &longWork,
                  std::function<PreviewFont()> font)
     : state_(state), builder_(builder), selection_(selection), tvw_(tvw), ie_(ie),
@@ -70,9 +70,9 @@ Preview::Preview(const document::DocumentState &state, tree::TreeBuilder &builde
                 tryToRender(node, Asked::No);
         });
     });
-    connect(&ie_, &controls::Browser::clicked, this,
+    connect(&ie_, &browser::Browser::clicked, this,
             [this](const QString &id) { controls::guarded([&] { m_doc_onclick(id); }); });
-    connect(&ie_, &controls::Browser::statusText, this, &Preview::statusText);
+    connect(&ie_, &browser::Browser::statusText, this, &Preview::statusText);
 }
 
 void Preview::requestPreview(const Node &node) {

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "document/state/document_state.h"
-#include "platform/controls/browser.h"
-#include "platform/controls/long_work.h"
 #include "platform/system/working_folder.h"
+#include "state/document_state.h"
 #include "tree/selection.h"
 #include "tree/tree_builder.h"
+#include "view/browser/browser.h"
+#include "view/controls/long_work.h"
 
 #include <QObject>
 #include <QTimer>
@@ -26,8 +26,8 @@ class Preview : public QObject {
     Q_OBJECT
 
 public:
-    Preview(const document::DocumentState &state, tree::TreeBuilder &builder,
-            tree::Selection &selection, controls::TreeView &tvw, controls::Browser &ie,
+    Preview(const state::DocumentState &state, tree::TreeBuilder &builder,
+            tree::Selection &selection, controls::TreeView &tvw, browser::Browser &ie,
             const system::WorkingFolder &workingFolder, controls::LongWork &longWork,
             std::function<PreviewFont()> font);
 
@@ -68,17 +68,17 @@ private:
 
     bool tryToRender(const xml::Node &node, Asked asked);
     void render(const xml::Node &node, Asked asked);
-    /// Pages of one subject keep their place; see controls::Browser::Navigate().
+    /// Pages of one subject keep their place; see browser::Browser::Navigate().
     void show(const QString &page, const QString &extension, const QString &subject);
     xml::DOMDocument40 stylesheet(const QString &path) const;
     xml::DOMDocument40 builtInStylesheet() const;
     void showNotice();
 
-    const document::DocumentState &state_;
+    const state::DocumentState &state_;
     tree::TreeBuilder &builder_;
     tree::Selection &selection_;
     controls::TreeView &tvw_;
-    controls::Browser &ie_;
+    browser::Browser &ie_;
     const system::WorkingFolder &workingFolder_;
     controls::LongWork &longWork_;
     std::function<PreviewFont()> font_;

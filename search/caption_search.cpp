@@ -1,15 +1,15 @@
 #include "search/caption_search.h"
 
-#include "platform/controls/dialogs.h"
 #include "platform/runtime/error.h"
 #include "platform/runtime/like.h"
 #include "resources/texts.h"
+#include "view/controls/dialogs.h"
 
 #include <limits>
 
 namespace quillon::search {
 
-using controls::TreeItem;
+using items::TreeItem;
 namespace texts = resources::texts;
 
 CaptionSearch::CaptionSearch(controls::TreeView &tvw, tree::Selection &selection)
@@ -50,7 +50,7 @@ bool CaptionSearch::SearchBackward(const TreeItem &start, const QString &pattern
 }
 
 bool CaptionSearch::search(const TreeItem &start, int step, const QString &pattern) {
-    const controls::Nodes &nodes = tvw_.nodes();
+    const items::Nodes &nodes = tvw_.nodes();
     const int count = nodes.Count();
     // Positions have 16 bits here; that is meant so.
     if (count > std::numeric_limits<qint16>::max())

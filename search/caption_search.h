@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/controls/tree_view.h"
 #include "tree/selection.h"
+#include "view/controls/tree_view.h"
 
 #include <QObject>
 
@@ -26,9 +26,9 @@ public:
 
     /// Selects the first item after `start` (before it) whose whole caption matches, or says in
     /// the status bar that there is none. True when one was found. Raises InvalidPattern.
-    bool SearchForward(const controls::TreeItem &start, const QString &pattern);
+    bool SearchForward(const items::TreeItem &start, const QString &pattern);
     /// Nothing happens for no start item.
-    bool SearchBackward(const controls::TreeItem &start, const QString &pattern);
+    bool SearchBackward(const items::TreeItem &start, const QString &pattern);
 
     /// The pattern of this window; empty for none.
     const QString &pattern() const { return m_strFind; }
@@ -38,7 +38,7 @@ Q_SIGNALS:
 
 private:
     /// Selects the first match after `start` in steps of +1 or -1, and tells whether there was one.
-    bool search(const controls::TreeItem &start, int step, const QString &pattern);
+    bool search(const items::TreeItem &start, int step, const QString &pattern);
 
     controls::TreeView &tvw_;
     tree::Selection &selection_;

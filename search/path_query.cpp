@@ -1,14 +1,14 @@
 #include "search/path_query.h"
 
-#include "platform/controls/error_boundary.h"
 #include "platform/runtime/error.h"
-#include "platform/xml/xpath.h"
+#include "platform/xml/query/xpath.h"
 #include "resources/texts.h"
+#include "view/controls/error_boundary.h"
 
 namespace quillon::search {
 
-using controls::TreeItem;
-using controls::TreeStore;
+using items::TreeItem;
+using items::TreeStore;
 using xml::Node;
 using xml::NodeType;
 namespace texts = resources::texts;
@@ -18,7 +18,7 @@ namespace {
 /// Expands what is above many items, looking at each item above them once however many there are.
 class AncestorExpansion {
 public:
-    explicit AncestorExpansion(controls::Nodes &nodes) : nodes_(nodes) {}
+    explicit AncestorExpansion(items::Nodes &nodes) : nodes_(nodes) {}
 
     void expandAbove(TreeStore::Slot slot) {
         const TreeStore &store = nodes_.store();
@@ -36,7 +36,7 @@ private:
         return done_[slot];
     }
 
-    controls::Nodes &nodes_;
+    items::Nodes &nodes_;
     std::vector<bool> done_;
 };
 
@@ -136,7 +136,7 @@ Node PathQuery::contextNode() const {
 }
 
 TreeItem PathQuery::mark(const std::vector<Node> &matches) {
-    controls::Nodes &nodes = tvw_.nodes();
+    items::Nodes &nodes = tvw_.nodes();
     const TreeStore &store = nodes.store();
     nodes.clearBold();
     AncestorExpansion ancestors(nodes);

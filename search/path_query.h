@@ -1,10 +1,10 @@
 #pragma once
 
-#include "platform/controls/long_work.h"
-#include "platform/controls/path_box.h"
-#include "platform/controls/tree_view.h"
 #include "tree/node_registry.h"
 #include "tree/selection.h"
+#include "view/controls/long_work.h"
+#include "view/controls/path_box.h"
+#include "view/controls/tree_view.h"
 
 #include <QObject>
 
@@ -34,7 +34,7 @@ private:
     xml::Node contextNode() const;
     /// Makes the items of these nodes bold, and no others, and expands the items above them.
     /// Returns the first item marked, or Nothing.
-    controls::TreeItem mark(const std::vector<xml::Node> &matches);
+    items::TreeItem mark(const std::vector<xml::Node> &matches);
     void remember(const QString &query);
 
     controls::TreeView &tvw_;

@@ -1,8 +1,8 @@
 #include "tools/options_dialog.h"
 
-#include "platform/controls/dialogs.h"
-#include "platform/controls/error_boundary.h"
 #include "resources/texts.h"
+#include "view/controls/dialogs.h"
+#include "view/controls/error_boundary.h"
 
 #include <QDialogButtonBox>
 #include <QDir>
@@ -22,7 +22,7 @@
 
 namespace quillon::tools {
 
-using document::ExternalEditor;
+using settings::ExternalEditor;
 namespace texts = resources::texts;
 
 namespace {
@@ -268,7 +268,7 @@ void OptionsDialog::enableButtons() {
     const int count = list_->count();
     for (QWidget *control : std::initializer_list<QWidget *>{remove_, name_, program_, browse_})
         control->setEnabled(row >= 0);
-    add_->setEnabled(count < document::MostExternalEditors);
+    add_->setEnabled(count < settings::MostExternalEditors);
     up_->setEnabled(row > 0);
     down_->setEnabled(row >= 0 && row < count - 1);
 }

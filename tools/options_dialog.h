@@ -1,6 +1,6 @@
 #pragma once
 
-#include "document/state/external_editor.h"
+#include "settings/external_editor.h"
 
 #include <QDialog>
 #include <QString>
@@ -19,7 +19,7 @@ namespace quillon::tools {
 
 /// What the options dialog shows at first, and what the user has made of it.
 struct Options {
-    std::vector<document::ExternalEditor> editors;
+    std::vector<settings::ExternalEditor> editors;
     /// Font of the edit pane and the tree; the size in points.
     QString fontName;
     int fontSize = 0;
@@ -64,7 +64,7 @@ private:
     /// Tells what is wrong with the editor of a row, or that nothing is, beside its fields.
     void showFaults(int row);
 
-    std::vector<document::ExternalEditor> editors_;
+    std::vector<settings::ExternalEditor> editors_;
     bool clearRecentFiles_ = false;
 
     QListWidget *list_;

@@ -1,13 +1,13 @@
 #include "tools/tool_commands.h"
 
-#include "platform/controls/dialogs.h"
-#include "platform/controls/message_box.h"
 #include "platform/runtime/error.h"
 #include "platform/runtime/paths.h"
 #include "platform/system/http_post.h"
 #include "resources/messages.h"
 #include "resources/texts.h"
 #include "tools/value_clearing.h"
+#include "view/controls/dialogs.h"
+#include "view/controls/message_box.h"
 
 namespace quillon::tools {
 
@@ -27,7 +27,7 @@ bool mayRedirect(const QUrl &target, bool withDocument) {
 
 } // namespace
 
-ToolCommands::ToolCommands(const document::DocumentState &state, tree::TreeBuilder &builder,
+ToolCommands::ToolCommands(const state::DocumentState &state, tree::TreeBuilder &builder,
                            system::Shell &shell, controls::LongWork &longWork)
     : state_(state), builder_(builder), shell_(shell), longWork_(longWork) {}
 

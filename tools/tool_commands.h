@@ -1,9 +1,9 @@
 #pragma once
 
-#include "document/state/document_state.h"
-#include "platform/controls/long_work.h"
 #include "platform/system/shell.h"
+#include "state/document_state.h"
 #include "tree/tree_builder.h"
+#include "view/controls/long_work.h"
 
 #include <QObject>
 
@@ -14,7 +14,7 @@ class ToolCommands : public QObject {
     Q_OBJECT
 
 public:
-    ToolCommands(const document::DocumentState &state, tree::TreeBuilder &builder,
+    ToolCommands(const state::DocumentState &state, tree::TreeBuilder &builder,
                  system::Shell &shell, controls::LongWork &longWork);
 
     /// Removes all text and empties all attribute values but namespace declarations, after a
@@ -37,7 +37,7 @@ Q_SIGNALS:
     void previewRequested(const quillon::xml::Node &node);
 
 private:
-    const document::DocumentState &state_;
+    const state::DocumentState &state_;
     tree::TreeBuilder &builder_;
     system::Shell &shell_;
     controls::LongWork &longWork_;

@@ -1,10 +1,10 @@
 #include "tools/tree_printing.h"
 
-#include "platform/controls/dialogs.h"
 #include "platform/runtime/file_names.h"
 #include "platform/runtime/numbers.h"
 #include "platform/runtime/paths.h"
 #include "resources/texts.h"
+#include "view/controls/dialogs.h"
 
 #include <QFile>
 #include <QFontMetricsF>
@@ -14,7 +14,7 @@
 
 namespace quillon::tools {
 
-using controls::TreeItem;
+using items::TreeItem;
 
 namespace {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "document/state/document_state.h"
-#include "platform/controls/long_work.h"
-#include "platform/controls/tree_view.h"
+#include "state/document_state.h"
+#include "view/controls/long_work.h"
+#include "view/controls/tree_view.h"
 
 #include <QFont>
 #include <QPrinter>
@@ -43,7 +43,7 @@ private:
 /// its caption and the branches that lead to it.
 class TreePrinting {
 public:
-    TreePrinting(const document::DocumentState &state, controls::TreeView &tvw,
+    TreePrinting(const state::DocumentState &state, controls::TreeView &tvw,
                  controls::LongWork &longWork)
         : state_(state), tvw_(tvw), longWork_(longWork) {}
 
@@ -60,11 +60,11 @@ public:
 
 private:
     /// False when it was stopped.
-    bool printItems(QPrinter &printer, const controls::TreeItem &first,
+    bool printItems(QPrinter &printer, const items::TreeItem &first,
                     const runtime::Progress &progress);
-    void PrintTreeNode(PrintSurface &surface, const controls::TreeItem &item, qint16 depth);
+    void PrintTreeNode(PrintSurface &surface, const items::TreeItem &item, qint16 depth);
 
-    const document::DocumentState &state_;
+    const state::DocumentState &state_;
     controls::TreeView &tvw_;
     controls::LongWork &longWork_;
     std::vector<bool> levelFlags_;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/xml/dom.h"
+#include "platform/xml/dom/dom.h"
 
 namespace quillon::tools {
 

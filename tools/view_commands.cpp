@@ -1,14 +1,14 @@
 #include "tools/view_commands.h"
 
-#include "platform/controls/dialogs.h"
 #include "platform/runtime/numbers.h"
+#include "view/controls/dialogs.h"
 
 namespace quillon::tools {
 
-using controls::TreeItem;
+using items::TreeItem;
 using xml::NodeType;
 
-ViewCommands::ViewCommands(const document::DocumentState &state, tree::ViewOptions &options,
+ViewCommands::ViewCommands(const state::DocumentState &state, state::ViewOptions &options,
                            tree::TreeBuilder &builder, tree::Selection &selection,
                            controls::TreeView &tvw)
     : state_(state), options_(options), builder_(builder), selection_(selection), tvw_(tvw) {}

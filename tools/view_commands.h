@@ -1,9 +1,9 @@
 #pragma once
 
-#include "document/state/document_state.h"
+#include "state/document_state.h"
+#include "state/view_options.h"
 #include "tree/selection.h"
 #include "tree/tree_builder.h"
-#include "tree/view_options.h"
 
 #include <QObject>
 
@@ -14,7 +14,7 @@ class ViewCommands : public QObject {
     Q_OBJECT
 
 public:
-    ViewCommands(const document::DocumentState &state, tree::ViewOptions &options,
+    ViewCommands(const state::DocumentState &state, state::ViewOptions &options,
                  tree::TreeBuilder &builder, tree::Selection &selection, controls::TreeView &tvw);
 
     /// Has another font chosen; nothing when the user cancels.
@@ -32,10 +32,10 @@ Q_SIGNALS:
     void fontChosen(const QString &name, qint16 size);
 
 private:
-    void changeSubtree(void (tree::TreeBuilder::*change)(const controls::TreeItem &));
+    void changeSubtree(void (tree::TreeBuilder::*change)(const items::TreeItem &));
 
-    const document::DocumentState &state_;
-    tree::ViewOptions &options_;
+    const state::DocumentState &state_;
+    state::ViewOptions &options_;
     tree::TreeBuilder &builder_;
     tree::Selection &selection_;
     controls::TreeView &tvw_;

@@ -1,10 +1,10 @@
 #include "tree/drag_and_drop.h"
 
-#include "platform/controls/error_boundary.h"
 #include "platform/runtime/error.h"
 #include "platform/runtime/file_access.h"
 #include "platform/runtime/file_names.h"
 #include "tree/node_mime_data.h"
+#include "view/controls/error_boundary.h"
 
 #include <QUrl>
 
@@ -13,7 +13,7 @@
 namespace quillon::tree {
 
 using controls::DragPoint;
-using controls::TreeItem;
+using items::TreeItem;
 using xml::NodeType;
 
 namespace {
@@ -82,7 +82,7 @@ bool pathBeginsWith(const TreeItem &item, const TreeItem &start) {
 
 } // namespace
 
-DragAndDrop::DragAndDrop(const document::DocumentState &state, TreeBuilder &builder,
+DragAndDrop::DragAndDrop(const state::DocumentState &state, TreeBuilder &builder,
                          NodeText &nodeText, NodeRemoval &removal, controls::TreeView &tvw)
     : state_(state), builder_(builder), nodeText_(nodeText), removal_(removal), tvw_(tvw) {
     connect(&tvw, &controls::TreeView::MouseDown, this, [this](const TreeItem &item) {

@@ -17,7 +17,7 @@ class DragAndDrop : public QObject {
 
 public:
     /// Becomes the drag handlers of the tree, which must not be dragged in any more when this goes.
-    DragAndDrop(const document::DocumentState &state, TreeBuilder &builder, NodeText &nodeText,
+    DragAndDrop(const state::DocumentState &state, TreeBuilder &builder, NodeText &nodeText,
                 NodeRemoval &removal, controls::TreeView &tvw);
 
     /// Begins to drag the item pressed last and offers its node, of a read-only document only for
@@ -47,9 +47,9 @@ public:
     std::function<bool()> hasUnparsedText = [] { return false; };
 
     /// The item that a mouse button went down on last.
-    controls::TreeItem m_nodDown;
+    items::TreeItem m_nodDown;
     /// The item that is dragged out of this tree; Nothing when none is.
-    controls::TreeItem m_nodDrag;
+    items::TreeItem m_nodDrag;
 
 Q_SIGNALS:
     /// A file was dropped while no document was open.
@@ -59,15 +59,15 @@ Q_SIGNALS:
     void documentModified();
 
 private:
-    void completeMove(const controls::TreeItem &item);
+    void completeMove(const items::TreeItem &item);
     /// Whether what is dragged may not go to an item because of where it comes from.
-    bool isOwnPlace(const controls::TreeItem &target) const;
-    bool isWithinDragged(const controls::TreeItem &target) const;
-    controls::TreeItem insertDropped(const controls::TreeItem &target, const QMimeData &data);
+    bool isOwnPlace(const items::TreeItem &target) const;
+    bool isWithinDragged(const items::TreeItem &target) const;
+    items::TreeItem insertDropped(const items::TreeItem &target, const QMimeData &data);
     Qt::DropAction takeDropped(const controls::DragPoint &point, const QMimeData &data);
     Qt::DropAction openDropped(const QMimeData &data);
 
-    const document::DocumentState &state_;
+    const state::DocumentState &state_;
     TreeBuilder &builder_;
     NodeText &nodeText_;
     NodeRemoval &removal_;
@@ -76,11 +76,11 @@ private:
     bool isOfUse_ = true;
     bool isFile_ = false;
     /// What was selected before the drag selected what it passes over.
-    std::optional<controls::TreeItem> selectedBefore_;
+    std::optional<items::TreeItem> selectedBefore_;
     /// The drag has entered a window that will confirm a move.
     bool awaitsConfirmation_ = false;
     /// The item moved to another window that has not been heard from yet.
-    controls::TreeItem unconfirmed_;
+    items::TreeItem unconfirmed_;
 };
 
 } // namespace quillon::tree

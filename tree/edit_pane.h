@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/controls/text_box.h"
+#include "view/controls/text_box.h"
 
 namespace quillon::tree {
 

@@ -1,11 +1,11 @@
 #include "tree/label_editing.h"
 
-#include "platform/controls/message_box.h"
 #include "platform/runtime/error.h"
+#include "view/controls/message_box.h"
 
 namespace quillon::tree {
 
-using controls::TreeItem;
+using items::TreeItem;
 using xml::Node;
 using xml::NodeType;
 
@@ -16,7 +16,7 @@ constexpr qsizetype DocumentCaptionLength = 9;
 
 } // namespace
 
-LabelEditing::LabelEditing(const document::DocumentState &state, const ViewOptions &options,
+LabelEditing::LabelEditing(const state::DocumentState &state, const state::ViewOptions &options,
                            TreeBuilder &builder, controls::TreeView &tvw, EditPane &pane)
     : state_(state), options_(options), builder_(builder), tvw_(tvw), pane_(pane) {}
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/controls/tree_nodes.h"
+#include "platform/items/tree_nodes.h"
+#include "state/view_options.h"
 #include "tree/node_registry.h"
-#include "tree/view_options.h"
 
 #include <QStringList>
 
@@ -23,9 +23,9 @@ QString imageKeyOf(const xml::Node &node);
 const QStringList &imageKeys();
 
 /// Makes the captions and images of the tree from the DOM when the control asks for them.
-class NodeCaptions final : public controls::CaptionSource {
+class NodeCaptions final : public items::CaptionSource {
 public:
-    NodeCaptions(const NodeRegistry &registry, const ViewOptions &options)
+    NodeCaptions(const NodeRegistry &registry, const state::ViewOptions &options)
         : registry_(registry), options_(options) {}
 
     QString caption(quint32 sequence) const override;
@@ -33,7 +33,7 @@ public:
 
 private:
     const NodeRegistry &registry_;
-    const ViewOptions &options_;
+    const state::ViewOptions &options_;
 };
 
 } // namespace quillon::tree

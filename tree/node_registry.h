@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/controls/tree_item.h"
-#include "platform/xml/dom.h"
+#include "platform/items/tree_item.h"
+#include "platform/xml/dom/dom.h"
 
 #include <vector>
 
@@ -23,7 +23,7 @@ public:
 
     /// The node registered for an item; empty when there is none.
     xml::Node Item(quint32 sequence) const;
-    xml::Node Item(const controls::TreeItem &item) const { return Item(item.sequence()); }
+    xml::Node Item(const items::TreeItem &item) const { return Item(item.sequence()); }
     /// The number of that node, 0 for none.
     quint32 number(quint32 sequence) const;
 

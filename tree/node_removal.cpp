@@ -1,12 +1,12 @@
 #include "tree/node_removal.h"
 
-#include "platform/controls/error_boundary.h"
-#include "platform/controls/message_box.h"
 #include "resources/texts.h"
+#include "view/controls/error_boundary.h"
+#include "view/controls/message_box.h"
 
 namespace quillon::tree {
 
-using controls::TreeItem;
+using items::TreeItem;
 using xml::Node;
 using xml::NodeType;
 

@@ -15,20 +15,20 @@ public:
     /// for the document item and where mayDelete() refuses. A kind that cannot be deleted is named
     /// in a message box; its item goes all the same and the document counts as modified, though the
     /// node stays. That is meant so.
-    void DeleteNode(const controls::TreeItem &item);
+    void DeleteNode(const items::TreeItem &item);
 
     /// Whether the node of an item may go. A document type has to stay, which a message box says,
     /// while anything refers to an entity: the file could not be opened any more.
-    bool mayDelete(const controls::TreeItem &item) const;
+    bool mayDelete(const items::TreeItem &item) const;
 
     /// Takes an item and all its descendants out of the registry.
-    void UnregisterTreeItem(const controls::TreeItem &item);
+    void UnregisterTreeItem(const items::TreeItem &item);
 
 Q_SIGNALS:
     void documentModified();
 
 private:
-    void removeFromDom(const controls::TreeItem &item);
+    void removeFromDom(const items::TreeItem &item);
 
     TreeBuilder &builder_;
     controls::TreeView &tvw_;

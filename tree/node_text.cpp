@@ -1,13 +1,13 @@
 #include "tree/node_text.h"
 
-#include "platform/controls/message_box.h"
 #include "platform/runtime/like.h"
 #include "platform/runtime/strings.h"
 #include "tree/fragment.h"
+#include "view/controls/message_box.h"
 
 namespace quillon::tree {
 
-using controls::TreeItem;
+using items::TreeItem;
 using runtime::like;
 using runtime::mid;
 using xml::Node;
@@ -78,7 +78,7 @@ void NodeText::declareAt(const TreeItem &target, const QString &name, const Name
 TreeItem NodeText::insertAt(const TreeItem &target, Node node) {
     const Node parent = builder_.registry().Item(target);
     TreeItem relItem = target;
-    controls::Relationship relationship = controls::Relationship::Child;
+    items::Relationship relationship = items::Relationship::Child;
     switch (parent.nodeType()) {
     case NodeType::Document:
         if (node.nodeType() != NodeType::Comment && node.nodeType() != NodeType::Element)

@@ -8,7 +8,7 @@ namespace quillon::tree {
 /// Turns XML text, as it comes from the clipboard or a drop, into a node under an item.
 class NodeText {
 public:
-    NodeText(const document::DocumentState &state, TreeBuilder &builder, controls::TreeView &tvw)
+    NodeText(const state::DocumentState &state, TreeBuilder &builder, controls::TreeView &tvw)
         : state_(state), builder_(builder), tvw_(tvw) {}
 
     /// Inserts the node that `text` stands for and returns its item, or none when nothing was
@@ -17,23 +17,23 @@ public:
     /// comment, an attribute (name="value"), a CDATA section or, for anything else, a text node,
     /// recognised in this order. The caller marks the document modified. Raises what the DOM
     /// raises, e.g. for an invalid attribute name.
-    controls::TreeItem InsertNodeFromText(const controls::TreeItem &target, const QString &text);
+    items::TreeItem InsertNodeFromText(const items::TreeItem &target, const QString &text);
 
     /// Inserts a node that has come from this program, as what it was. It may stand where the same
     /// node made from text may; instructions and the document type are not inserted. Where it
     /// needs them, what it brings along declares its namespaces anew. Else as above.
-    controls::TreeItem InsertArrivedNode(const controls::TreeItem &target, const ArrivedNode &node);
+    items::TreeItem InsertArrivedNode(const items::TreeItem &target, const ArrivedNode &node);
 
 private:
     xml::Node nodeFromText(const QString &text) const;
-    controls::TreeItem insertAt(const controls::TreeItem &target, xml::Node node);
-    controls::TreeItem insertAttribute(const controls::TreeItem &target, xml::Node attribute);
+    items::TreeItem insertAt(const items::TreeItem &target, xml::Node node);
+    items::TreeItem insertAttribute(const items::TreeItem &target, xml::Node attribute);
     /// Declares the prefix of an attribute on its new element, unless it is declared there
     /// already.
-    void declareAt(const controls::TreeItem &target, const QString &name, const Namespaces &scope,
+    void declareAt(const items::TreeItem &target, const QString &name, const Namespaces &scope,
                    const Namespaces &here);
 
-    const document::DocumentState &state_;
+    const state::DocumentState &state_;
     TreeBuilder &builder_;
     controls::TreeView &tvw_;
 };

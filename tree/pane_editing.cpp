@@ -1,17 +1,17 @@
 #include "tree/pane_editing.h"
 
-#include "platform/controls/message_box.h"
 #include "platform/runtime/error.h"
 #include "platform/runtime/strings.h"
 #include "resources/texts.h"
 #include "tree/fragment.h"
+#include "view/controls/message_box.h"
 
 #include <QByteArrayList>
 #include <QSignalBlocker>
 
 namespace quillon::tree {
 
-using controls::TreeItem;
+using items::TreeItem;
 using xml::Node;
 using xml::NodeType;
 
@@ -53,7 +53,7 @@ Node nodeAt(const Node &document, const QByteArray &path) {
 
 } // namespace
 
-PaneEditing::PaneEditing(document::DocumentState &state, const ViewOptions &options,
+PaneEditing::PaneEditing(state::DocumentState &state, const state::ViewOptions &options,
                          TreeBuilder &builder, NodeRemoval &removal, LabelEditing &labels,
                          Selection &selection, controls::TreeView &tvw, EditPane &pane)
     : state_(state), options_(options), builder_(builder), removal_(removal), labels_(labels),
@@ -171,7 +171,7 @@ void PaneEditing::replaceElement(TreeItem item, const Node &node) {
         newItem = replaceRoot(item, parsed.documentElement());
     } else {
         Node copy = parsed.documentElement();
-        controls::Relationship relationship = controls::Relationship::Previous;
+        items::Relationship relationship = items::Relationship::Previous;
         TreeItem relItem = item;
         newItem = builder_.AddNodeToTree(relItem, copy, false, relationship);
         builder_.m_bNoSync = false;

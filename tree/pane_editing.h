@@ -11,9 +11,9 @@ class PaneEditing : public QObject {
     Q_OBJECT
 
 public:
-    PaneEditing(document::DocumentState &state, const ViewOptions &options, TreeBuilder &builder,
-                NodeRemoval &removal, LabelEditing &labels, Selection &selection,
-                controls::TreeView &tvw, EditPane &pane);
+    PaneEditing(state::DocumentState &state, const state::ViewOptions &options,
+                TreeBuilder &builder, NodeRemoval &removal, LabelEditing &labels,
+                Selection &selection, controls::TreeView &tvw, EditPane &pane);
 
     /// Applies the pane's text to the selected node. Text that does not parse changes nothing and
     /// is told in the status bar.
@@ -33,16 +33,16 @@ Q_SIGNALS:
     void documentModified();
 
 private:
-    void changeText(const controls::TreeItem &item);
-    void changeAttribute(const controls::TreeItem &item, const xml::Node &node);
+    void changeText(const items::TreeItem &item);
+    void changeAttribute(const items::TreeItem &item, const xml::Node &node);
     void replaceDocument();
-    void replaceElement(controls::TreeItem item, const xml::Node &node);
-    void removeOld(const controls::TreeItem &item);
-    controls::TreeItem replaceRoot(const controls::TreeItem &item, const xml::Node &newRoot);
+    void replaceElement(items::TreeItem item, const xml::Node &node);
+    void removeOld(const items::TreeItem &item);
+    items::TreeItem replaceRoot(const items::TreeItem &item, const xml::Node &newRoot);
     void reportSyntaxError();
 
-    document::DocumentState &state_;
-    const ViewOptions &options_;
+    state::DocumentState &state_;
+    const state::ViewOptions &options_;
     TreeBuilder &builder_;
     NodeRemoval &removal_;
     LabelEditing &labels_;

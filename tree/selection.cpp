@@ -1,7 +1,7 @@
 #include "tree/selection.h"
 
-#include "platform/controls/message_box.h"
 #include "resources/texts.h"
+#include "view/controls/message_box.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -9,7 +9,7 @@
 namespace quillon::tree {
 
 namespace style = controls::message_style;
-using controls::TreeItem;
+using items::TreeItem;
 using xml::Node;
 using xml::NodeType;
 
@@ -20,7 +20,7 @@ constexpr qsizetype DocumentPrefixLength = 10;
 
 } // namespace
 
-Selection::Selection(const document::DocumentState &state, const ViewOptions &options,
+Selection::Selection(const state::DocumentState &state, const state::ViewOptions &options,
                      const NodeRegistry &registry, controls::TreeView &tvw, EditPane &pane,
                      controls::PathBox &cboPath)
     : clipboardHasText([] { return !QGuiApplication::clipboard()->text().isEmpty(); }),

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "document/state/document_state.h"
-#include "platform/controls/path_box.h"
-#include "platform/controls/tree_view.h"
+#include "state/document_state.h"
+#include "state/view_options.h"
 #include "tree/edit_pane.h"
 #include "tree/node_registry.h"
-#include "tree/view_options.h"
+#include "view/controls/path_box.h"
+#include "view/controls/tree_view.h"
 
 #include <QObject>
 
@@ -26,16 +26,16 @@ class Selection : public QObject {
     Q_OBJECT
 
 public:
-    Selection(const document::DocumentState &state, const ViewOptions &options,
+    Selection(const state::DocumentState &state, const state::ViewOptions &options,
               const NodeRegistry &registry, controls::TreeView &tvw, EditPane &pane,
               controls::PathBox &cboPath);
 
     /// Shows an item, and selects it if selectIt says so. Nothing happens for no item or an item
     /// without a node, nor where mayLeavePane() says no. The item that the pane shows already keeps
     /// its text there if that does not parse.
-    void ShowNode(const controls::TreeItem &item, bool selectIt);
+    void ShowNode(const items::TreeItem &item, bool selectIt);
     /// Shows an item's path and content anew, without touching buttons, selection or status bar.
-    void RefillPane(const controls::TreeItem &item);
+    void RefillPane(const items::TreeItem &item);
 
     /// Whether the pane holds text for the item it shows that does not parse, so that the document
     /// does not hold it.
@@ -46,7 +46,7 @@ public:
     bool mayLeavePane();
 
     /// The node of an item; empty for no item.
-    xml::Node GetDOMNode(const controls::TreeItem &item) const;
+    xml::Node GetDOMNode(const items::TreeItem &item) const;
     xml::Node GetSelectedDOMNode() const;
 
     /// Which buttons apply to a node while the tree has its present selection.
@@ -63,11 +63,11 @@ Q_SIGNALS:
 
 private:
     /// The item that the pane shows; Nothing when it is gone.
-    controls::TreeItem shownItem() const;
-    void fillPane(const controls::TreeItem &item, const xml::Node &node);
+    items::TreeItem shownItem() const;
+    void fillPane(const items::TreeItem &item, const xml::Node &node);
 
-    const document::DocumentState &state_;
-    const ViewOptions &options_;
+    const state::DocumentState &state_;
+    const state::ViewOptions &options_;
     const NodeRegistry &registry_;
     controls::TreeView &tvw_;
     EditPane &pane_;

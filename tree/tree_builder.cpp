@@ -1,6 +1,6 @@
 #include "tree/tree_builder.h"
 
-#include "platform/controls/message_box.h"
+#include "view/controls/message_box.h"
 #include "platform/runtime/error.h"
 #include "platform/runtime/numbers.h"
 #include "resources/messages.h"
@@ -13,7 +13,7 @@
 
 namespace quillon::tree {
 
-using controls::TreeItem;
+using items::TreeItem;
 using xml::Node;
 using xml::NodeType;
 
@@ -46,15 +46,15 @@ bool isTreeKind(NodeType kind) {
 /// Adds an item for every node of a walk.
 class Mirror final : public xml::NodeVisitor {
 public:
-    Mirror(controls::Nodes &nodes, NodeRegistry &registry, const TreeItem &relItem,
-           controls::Relationship relationship)
+    Mirror(items::Nodes &nodes, NodeRegistry &registry, const TreeItem &relItem,
+           items::Relationship relationship)
         : nodes_(nodes), registry_(registry), relationship_(relationship), path_{relItem} {}
 
     void enter(quint32 number, NodeType kind) override {
         const quint32 sequence = newNodeSequence();
         const bool top = path_.size() == 1;
         path_.push_back(nodes_.Add(path_.back(),
-                                   top ? relationship_ : controls::Relationship::Child, sequence));
+                                   top ? relationship_ : items::Relationship::Child, sequence));
         registry_.setNumber(sequence, number);
         if (top)
             topItem_ = path_.back();
@@ -68,9 +68,9 @@ public:
     quint32 stranger() const { return stranger_; }
 
 private:
-    controls::Nodes &nodes_;
+    items::Nodes &nodes_;
     NodeRegistry &registry_;
-    controls::Relationship relationship_;
+    items::Relationship relationship_;
     std::vector<TreeItem> path_;
     TreeItem topItem_;
     quint32 stranger_ = 0;
@@ -82,7 +82,7 @@ QString NewNodeKey() {
     return QString::number(newNodeSequence()) + QStringLiteral("Node");
 }
 
-TreeBuilder::TreeBuilder(document::DocumentState &state, const ViewOptions &options,
+TreeBuilder::TreeBuilder(state::DocumentState &state, const state::ViewOptions &options,
                          controls::TreeView &tvw)
     : state_(state), tvw_(tvw), captions_(m_dicNode, options) {
     tvw_.nodes().setCaptionSource(&captions_);

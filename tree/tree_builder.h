@@ -1,11 +1,11 @@
 #pragma once
 
-#include "document/state/document_state.h"
-#include "platform/controls/tree_view.h"
+#include "state/document_state.h"
+#include "view/controls/tree_view.h"
 #include "tree/counterparts.h"
 #include "tree/node_captions.h"
 #include "tree/node_registry.h"
-#include "tree/view_options.h"
+#include "state/view_options.h"
 
 #include <QObject>
 
@@ -24,10 +24,10 @@ class TreeBuilder : public QObject {
     Q_OBJECT
 
 public:
-    using Relationship = controls::Relationship;
-    using TreeItem = controls::TreeItem;
+    using Relationship = items::Relationship;
+    using TreeItem = items::TreeItem;
 
-    TreeBuilder(document::DocumentState &state, const ViewOptions &options,
+    TreeBuilder(state::DocumentState &state, const state::ViewOptions &options,
                 controls::TreeView &tvw);
 
     const NodeRegistry &registry() const { return m_dicNode; }
@@ -94,7 +94,7 @@ private:
     bool refuseUnderDocument(const xml::Node &copy);
     TreeItem mirror(const TreeItem &relItem, const xml::Node &node, Relationship relationship);
 
-    document::DocumentState &state_;
+    state::DocumentState &state_;
     controls::TreeView &tvw_;
     NodeRegistry m_dicNode;
     NodeCaptions captions_;

@@ -1,6 +1,6 @@
 #include "app/automation/automation_server.h"
 
-#include "platform/controls/error_boundary.h"
+#include "view/controls/error_boundary.h"
 
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>

@@ -1,6 +1,6 @@
 #include "app/automation/window_object.h"
 
-#include "platform/controls/error_boundary.h"
+#include "view/controls/error_boundary.h"
 
 #include <QApplication>
 #include <QDBusConnection>

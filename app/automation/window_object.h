@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/window.h"
+#include "app/main_window/window.h"
 
 #include <QDBusContext>
 #include <QDBusVariant>

@@ -1,7 +1,7 @@
 #include "app/automation/automation_server.h"
-#include "platform/controls/message_box.h"
 #include "tests/support/private_bus.h"
 #include "tests/support/scripted_dialogs.h"
+#include "view/controls/message_box.h"
 
 #include <QCoreApplication>
 #include <QDBusInterface>

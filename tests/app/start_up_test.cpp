@@ -1,5 +1,5 @@
-#include "app/splash.h"
-#include "app/start_up.h"
+#include "app/start_up/splash.h"
+#include "app/start_up/start_up.h"
 
 #include <QLabel>
 #include <QTest>

@@ -1,4 +1,4 @@
-#include "app/window.h"
+#include "app/main_window/window.h"
 #include "tests/support/editor_window.h"
 
 #include <QAccessible>

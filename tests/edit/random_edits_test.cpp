@@ -16,14 +16,14 @@ protected:
     /// Items and nodes in step: the same children in the same order, attributes first. Renaming
     /// an element reverses the nodes but not the items, so it is followed by a rebuild here.
     void expectAgreement() {
-        const controls::Nodes &nodes = tvw().nodes();
+        const items::Nodes &nodes = tvw().nodes();
         ASSERT_GE(nodes.Count(), 1);
         ASSERT_EQ(node(nodes.Item(1)), state().m_DOM.node());
         for (int i = 1; i <= nodes.Count(); ++i) {
-            const controls::TreeItem at = nodes.Item(i);
+            const items::TreeItem at = nodes.Item(i);
             const xml::Node shown = node(at);
             ASSERT_TRUE(shown) << i;
-            controls::TreeItem child = at.Child();
+            items::TreeItem child = at.Child();
             for (int a = 0; a < shown.attributes().length(); ++a, child = child.Next())
                 ASSERT_EQ(node(child).nodeName(), shown.attributes().item(a).nodeName());
             for (xml::Node n = shown.firstChild(); n; n = n.nextSibling(), child = child.Next())
@@ -31,8 +31,8 @@ protected:
             ASSERT_FALSE(child);
         }
     }
-    xml::Node node(const controls::TreeItem &at) { return editor().builder.registry().Item(at); }
-    controls::TreeItem anyItem() {
+    xml::Node node(const items::TreeItem &at) { return editor().builder.registry().Item(at); }
+    items::TreeItem anyItem() {
         return tvw().nodes().Item(1 + int(random() % unsigned(tvw().nodes().Count())));
     }
     void act() {

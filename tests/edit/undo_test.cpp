@@ -78,8 +78,8 @@ TEST_F(UndoTest, ExpansionComesBackAsItWas) {
     edit("1");
     // Nodes inserted ahead of what is expanded, and what follows in the order of adding.
     for (int i = 0; i < 3; ++i) {
-        controls::TreeItem rel = item("a");
-        auto before = controls::Relationship::Previous;
+        items::TreeItem rel = item("a");
+        auto before = items::Relationship::Previous;
         xml::Node made = state().m_DOM.createElement("n");
         editor().builder.AddNodeToTree(rel, made, false, before).setExpanded(true);
     }

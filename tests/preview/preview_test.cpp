@@ -21,10 +21,10 @@ constexpr int Patience = 120'000;
 class PreviewTest : public EditorWindow {
 protected:
     preview::Preview &preview() { return editor().preview; }
-    controls::Browser &ie() { return *form->findChild<controls::Browser *>("ie"); }
+    browser::Browser &ie() { return *form->findChild<browser::Browser *>("ie"); }
     /// Waits until the page asked for last is shown, in its place in the window.
     void waitForPage() {
-        QSignalSpy shown(&ie(), &controls::Browser::NavigateComplete);
+        QSignalSpy shown(&ie(), &browser::Browser::NavigateComplete);
         ASSERT_TRUE(shown.count() > 0 || shown.wait(Patience));
         ASSERT_TRUE(QTest::qWaitFor(
             [this] { return script("innerWidth").toInt() == ie().view()->width(); }, Patience));
@@ -154,7 +154,7 @@ TEST_F(PreviewTest, AnAttributePreviewsItsElement) {
     EXPECT_FALSE(preview().previewsWhole());
     EXPECT_TRUE(previewFile("htm").contains("名"));
     EXPECT_FALSE(previewFile("htm").contains(">doc<"));
-    const controls::TreeItem before = tvw().SelectedItem();
+    const items::TreeItem before = tvw().SelectedItem();
     preview().m_doc_onclick("1.1");
     EXPECT_EQ(tvw().SelectedItem(), before) << "clicks in the preview of a node do nothing";
 }

@@ -1,4 +1,4 @@
-#include "tests/platform/xml/xslt_test_support.h"
+#include "tests/platform/xml/transform/xslt_test_support.h"
 
 #include <QRegularExpression>
 

@@ -28,7 +28,7 @@ protected:
     }
     QStringList bold() {
         QStringList captions;
-        controls::Nodes &nodes = tvw().nodes();
+        items::Nodes &nodes = tvw().nodes();
         for (int i = 1; i <= nodes.Count(); ++i) {
             if (nodes.Item(i).Bold())
                 captions.append(nodes.Item(i).Text());
@@ -72,7 +72,7 @@ TEST_F(SearchTest, CaptionsMatchAsAWholeInTheOrderOfTheItems) {
     EXPECT_FALSE(captionSearch.SearchBackward({}, "item"));
     EXPECT_TRUE(texts.isEmpty() || lastText().isEmpty()) << "without a start nothing is said";
 
-    const controls::TreeItem top = tvw().nodes().Item(1);
+    const items::TreeItem top = tvw().nodes().Item(1);
     EXPECT_FALSE(captionSearch.SearchForward(top, "Item"));
     EXPECT_TRUE(captionSearch.SearchForward(top, "item*"));
     EXPECT_EQ(selected(), "items");
@@ -114,7 +114,7 @@ TEST_F(SearchTest, PositionsHaveSixteenBits) {
     EXPECT_FALSE(captionSearch.SearchForward(tvw().SelectedItem(), "d"));
     editor().nodeText.InsertNodeFromText(item("r"), "<e/>");
     ASSERT_EQ(tvw().nodes().Count(), 32'768);
-    const controls::TreeItem start = item("r");
+    const items::TreeItem start = item("r");
     for (const auto direction :
          {&search::CaptionSearch::SearchForward, &search::CaptionSearch::SearchBackward}) {
         try {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/frm_main.h"
+#include "app/main_window/frm_main.h"
 #include "tests/support/scripted_dialogs.h"
 
 #include <QDir>
@@ -18,7 +18,7 @@ class EditorWindow : public testing::Test {
 protected:
     /// The parts of the window under the names the program gives them.
     app::Editor &editor() { return form->editor(); }
-    document::DocumentState &state() { return editor().state; }
+    state::DocumentState &state() { return editor().state; }
     controls::TreeView &tvw() { return *form->findChild<controls::TreeView *>("tvw"); }
     controls::TextBox &txtEdit() { return *form->findChild<controls::TextBox *>("txtEdit"); }
     controls::PathBox &cboPath() { return *form->findChild<controls::PathBox *>("cboPath"); }
@@ -45,8 +45,8 @@ protected:
         form->UpdateStatus(path(name));
     }
     /// The first item with a caption; Nothing when there is none.
-    controls::TreeItem item(const QString &caption) {
-        controls::Nodes &nodes = tvw().nodes();
+    items::TreeItem item(const QString &caption) {
+        items::Nodes &nodes = tvw().nodes();
         for (int i = 1; i <= nodes.Count(); ++i) {
             if (nodes.Item(i).Text() == caption)
                 return nodes.Item(i);
@@ -57,15 +57,15 @@ protected:
         ASSERT_TRUE(item(caption)) << caption.toStdString();
         editor().selection.ShowNode(item(caption), true);
     }
-    QStringList captions(const controls::TreeItem &parent) {
+    QStringList captions(const items::TreeItem &parent) {
         QStringList out;
-        for (controls::TreeItem child = parent.Child(); child; child = child.Next())
+        for (items::TreeItem child = parent.Child(); child; child = child.Next())
             out.append(child.Text());
         return out;
     }
     QStringList expanded() {
         QStringList out;
-        tvw().nodes().forEachExpanded([&](const controls::TreeItem &at) { out.append(at.Text()); });
+        tvw().nodes().forEachExpanded([&](const items::TreeItem &at) { out.append(at.Text()); });
         return out;
     }
     /// What a user's typing does: the pane holds another text.

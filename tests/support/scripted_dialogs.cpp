@@ -1,6 +1,6 @@
 #include "tests/support/scripted_dialogs.h"
 
-#include "platform/controls/message_box.h"
+#include "view/controls/message_box.h"
 
 #include <QPrinter>
 

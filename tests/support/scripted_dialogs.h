@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/controls/dialogs.h"
+#include "view/controls/dialogs.h"
 
 #include <deque>
 #include <vector>

@@ -16,7 +16,7 @@ namespace quillon::test {
 
 namespace {
 
-using document::ExternalEditor;
+using settings::ExternalEditor;
 using tools::Options;
 using tools::OptionsDialog;
 

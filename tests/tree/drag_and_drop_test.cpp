@@ -1,7 +1,7 @@
-#include "platform/controls/message_box.h"
 #include "tests/support/editor_window.h"
 #include "tree/drag_and_drop.h"
 #include "tree/node_transfer.h"
+#include "view/controls/message_box.h"
 
 #include <QApplication>
 #include <QDropEvent>
@@ -15,7 +15,7 @@
 #include <unistd.h>
 
 using namespace quillon;
-using controls::TreeItem;
+using items::TreeItem;
 
 namespace {
 

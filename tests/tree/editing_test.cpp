@@ -25,7 +25,7 @@ protected:
         return accepted;
     }
     QString selected() { return tvw().SelectedItem().Text(); }
-    controls::TreeItem paste(const QString &target, const QString &text) {
+    items::TreeItem paste(const QString &target, const QString &text) {
         return editor().nodeText.InsertNodeFromText(item(target), text);
     }
     bool modified() { return std::exchange(state().m_Modified, false); }
@@ -200,12 +200,12 @@ TEST_F(EditingTest, TypingKeepsWhatWasExpandedBelow) {
     };
     for (const auto &c : cases) {
         open("<r><a><b/></a><c k='1'/><c k='2'/></r>");
-        for (const controls::TreeItem &wanted : {item("a"), item("k=\"2\"").Parent()})
-            controls::TreeItem(wanted).setExpanded(true);
+        for (const items::TreeItem &wanted : {item("a"), item("k=\"2\"").Parent()})
+            items::TreeItem(wanted).setExpanded(true);
         select(c.shown);
         const auto found = [&] {
             QStringList names;
-            tvw().nodes().forEachExpanded([&](const controls::TreeItem &at) {
+            tvw().nodes().forEachExpanded([&](const items::TreeItem &at) {
                 const xml::Node node = editor().selection.GetDOMNode(at);
                 names.append(node.getAttribute("k").value_or(node.nodeName()));
             });

@@ -1,7 +1,7 @@
-#include "platform/controls/message_box.h"
 #include "platform/runtime/error.h"
 #include "tests/support/editor_window.h"
 #include "tree/node_mime_data.h"
+#include "view/controls/message_box.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

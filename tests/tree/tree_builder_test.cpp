@@ -10,8 +10,8 @@ namespace quillon::tree {
 
 namespace {
 
-using controls::Relationship;
-using controls::TreeItem;
+using items::Relationship;
+using items::TreeItem;
 using xml::Node;
 
 class TreeBuilderTest : public testing::Test {
@@ -48,8 +48,8 @@ protected:
         return builder.AddNodeToTree(relItem, node, false, relationship);
     }
 
-    document::DocumentState state;
-    ViewOptions options;
+    state::DocumentState state;
+    state::ViewOptions options;
     controls::TreeView tvw;
     TreeBuilder builder{state, options, tvw};
     test::ScriptedDialogs dialogs;

@@ -1,6 +1,6 @@
-#include "platform/controls/message_box.h"
 #include "resources/texts.h"
 #include "tests/support/editor_window.h"
+#include "view/controls/message_box.h"
 
 #include <QAction>
 #include <QMimeData>

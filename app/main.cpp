@@ -1,6 +1,0 @@
-#include "app/start_up.h"
-
-int main(int argc, char **argv) {
-    quillon::app::prepareProcess();
-    return quillon::app::Main(argc, argv);
-}

@@ -1,0 +1,198 @@
+#include "app/main_window/frm_main.h"
+
+#include "resources/texts.h"
+#include "view/controls/error_boundary.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QMenuBar>
+#include <QOpenGLContext>
+#include <QOpenGLWidget>
+#include <QPushButton>
+#include <QScreen>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+namespace quillon::app {
+
+using controls::guarded;
+using controls::ignoringErrors;
+namespace texts = resources::texts;
+
+namespace {
+
+constexpr QSize DesignSize(1000, 680);
+/// Roughly what a window manager puts around a window.
+constexpr QSize FrameSize(16, 40);
+/// The path box stands this far below the top of its place on the toolbar.
+constexpr int PathTopTwips = 30;
+
+} // namespace
+
+frmMain::frmMain(Surroundings surroundings)
+    : tbr(new QToolBar(this)), tbrMove(new QToolBar(tbr)), picPath(new QWidget(tbr)),
+      cboPath(new controls::PathBox(picPath)), vsp(new QSplitter(Qt::Horizontal, this)),
+      hsp(new QSplitter(Qt::Vertical)), tvw(new controls::TreeView), txtEdit(new controls::TextBox),
+      ie(new browser::Browser), sbr(new QLabel), validationButton_(new QPushButton) {
+    setAttribute(Qt::WA_DeleteOnClose);
+    menus_ = std::make_unique<controls::ActionMenus>(actions_, *menuBar());
+    editor_ =
+        std::make_unique<Editor>(std::move(surroundings), *tvw, *txtEdit, *cboPath, *ie, longWork_);
+    // Nodes are moved within the tree; in the pane they would be typing.
+    txtEdit->refuseDropsOf(tree::NodeFormat);
+    // What is being typed into a caption belongs to the document that the command is about.
+    actions_.beforeCommand = [this] { tvw->EndLabelEdit(); };
+    actions_.mayRun = [this](QStringView command) {
+        if (!needsPane(command))
+            return true;
+        // What was typed is the latest step, so giving it up is all that is undone.
+        const bool isUndone = command == u"mnuEditUndo" && editor_->selection.hasUnparsedText();
+        return editor_->selection.mayLeavePane() && !isUndone;
+    };
+    treeKeys_ = std::make_unique<TreeKeys>(*tvw, *editor_, actions_);
+    keepHandle();
+    layOut();
+    nameForAccessibility();
+    connectFileCommands();
+    connectEditCommands();
+    connectViewCommands();
+    connectNodeCommands();
+    connectToolCommands();
+    connectPreview();
+    connectContextMenu();
+    connectButtons();
+    Form_Initialize();
+    Form_Load();
+}
+
+frmMain::~frmMain() = default;
+
+void frmMain::layOut() {
+    fillToolBar();
+    hsp->addWidget(txtEdit);
+    hsp->addWidget(ie);
+    vsp->addWidget(tvw);
+    vsp->addWidget(hsp);
+    // The splitters keep their places whatever becomes of the room behind them. The status bar, for
+    // one, gets taller after the window is shown.
+    for (QSplitter *splitter : {vsp, hsp}) {
+        splitter->setStretchFactor(0, 0);
+        splitter->setStretchFactor(1, 1);
+    }
+    vsp->setChildrenCollapsible(false);
+    setCentralWidget(vsp);
+
+    statusBar()->addWidget(sbr, 1);
+    statusBar()->addPermanentWidget(validationButton_);
+    validationButton_->hide();
+    // A long text must not widen the window.
+    sbr->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    sbr->setTextFormat(Qt::PlainText);
+    const QRect available = QGuiApplication::primaryScreen()->availableGeometry();
+    resize(DesignSize.boundedTo(available.size() - FrameSize));
+    move(available.topLeft() +
+         QPoint(available.width() - width(), available.height() - height()) / 2);
+    firstSplitLeft_ = DesignSize.width() * 2 / 5;
+    firstSplitTop_ = DesignSize.height() / 2;
+}
+
+void frmMain::keepHandle() {
+    // The browser draws through OpenGL, and a window that takes such a child in gets another
+    // handle unless it has had one from the start. Without OpenGL the browser does without, too.
+    // So it does on platforms that show nothing; they may offer OpenGL all the same, as offscreen
+    // does beside an X display, and then crash when they draw such a window.
+    const QString platform = QGuiApplication::platformName();
+    const bool isDesktop = platform == u"xcb" || platform.startsWith(u"wayland");
+    QOpenGLContext context;
+    if (!isDesktop || !context.create())
+        return;
+    auto *openGl = new QOpenGLWidget(this);
+    openGl->hide();
+}
+
+void frmMain::fillToolBar() {
+    tbr->setMovable(false);
+    tbr->setContextMenuPolicy(Qt::PreventContextMenu);
+    tbr->setIconSize(QSize(20, 20));
+    actions_.fillToolBar(*tbr);
+    tbrMove->setIconSize(tbr->iconSize());
+    actions_.fillMoveToolBar(*tbrMove);
+    tbr->addWidget(tbrMove);
+
+    auto *column = new QVBoxLayout(picPath);
+    column->setContentsMargins(0, PathTopTwips / TwipsPerPixel, 0, 0);
+    column->addWidget(cboPath);
+    cboPath->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    picPath->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    tbr->addWidget(picPath);
+    addToolBar(tbr);
+    // The path box reaches the right edge of the window.
+    QMargins margins = tbr->layout()->contentsMargins();
+    margins.setRight(0);
+    tbr->layout()->setContentsMargins(margins);
+}
+
+void frmMain::nameForAccessibility() {
+    const auto name = [](QWidget *widget, const char *objectName, QStringView accessibleName) {
+        widget->setObjectName(QLatin1String(objectName));
+        widget->setAccessibleName(accessibleName.toString());
+    };
+    name(tbr, "tbr", texts::ToolBarName);
+    name(tbrMove, "tbrMove", texts::MoveToolBarName);
+    name(picPath, "picPath", texts::PathName);
+    name(cboPath, "cboPath", texts::PathName);
+    name(vsp, "vsp", texts::ColumnsName);
+    name(hsp, "hsp", texts::RowsName);
+    name(tvw, "tvw", texts::TreeName);
+    name(txtEdit, "txtEdit", texts::PaneName);
+    name(ie, "ie", texts::PreviewName);
+    sbr->setObjectName(QStringLiteral("sbr"));
+    validationButton_->setObjectName(QStringLiteral("validationButton"));
+    tbr->setWindowTitle(texts::ToolBarName.toString());
+}
+
+void frmMain::Form_Load() {
+    ignoringErrors([this] {
+        if (companion_.open())
+            companion_.execute(QStringLiteral("ADD ") + handle());
+    });
+}
+
+QString frmMain::handle() const {
+    return QString::number(static_cast<qint32>(winId()));
+}
+
+void frmMain::closeEvent(QCloseEvent *event) {
+    bool unload = false;
+    guarded([this] { tvw->EndLabelEdit(); });
+    guarded([&] {
+        if (editor_->commands.ConfirmSave()) {
+            editor_->commands.leaveDocument();
+            unload = true;
+        }
+    });
+    event->setAccepted(unload);
+    if (unload)
+        guarded([this] { Form_Unload(); });
+}
+
+void frmMain::changeEvent(QEvent *event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && editor_)
+        guarded([this] { editor_->commands.checkFileOnDisk(); });
+}
+
+void frmMain::showStatus(const QString &text) {
+    sbr->setText(text);
+    sbr->setToolTip(text);
+    sbr->setAccessibleName(text);
+    // What follows a text that something takes its time may keep the event loop waiting.
+    if (!text.isEmpty())
+        sbr->repaint();
+}
+
+} // namespace quillon::app

@@ -1,0 +1,119 @@
+#pragma once
+
+#include "app/editor.h"
+#include "app/main_window/tree_keys.h"
+#include "app/main_window/validation_list.h"
+#include "platform/system/companion_link.h"
+#include "view/browser/browser.h"
+#include "view/controls/action_menus.h"
+#include "view/controls/action_set.h"
+#include "view/controls/long_work.h"
+#include "view/controls/path_box.h"
+#include "view/controls/text_box.h"
+#include "view/controls/tree_view.h"
+
+#include <QMainWindow>
+
+#include <memory>
+
+class QLabel;
+class QPushButton;
+class QSplitter;
+class QToolBar;
+
+namespace quillon::app {
+
+/// The main window. It puts the controls together, connects the subsystems to them and holds no
+/// logic of theirs. It deletes itself when it has been closed.
+class frmMain : public QMainWindow {
+    Q_OBJECT
+
+public:
+    explicit frmMain(Surroundings surroundings = Surroundings::ofProgram());
+    ~frmMain() override;
+
+    bool OpenFile(const QString &path) { return editor_->loader.OpenFile(path); }
+    void UpdateStatus(const QString &path) { editor_->commands.UpdateStatus(path); }
+    void ClearStatus() { editor_->commands.ClearStatus(); }
+
+    /// What is to be done when the session ends and nobody can be asked any more: unsaved changes
+    /// are kept for the next start.
+    void endSession();
+
+    Editor &editor() { return *editor_; }
+    controls::ActionSet &actions() { return actions_; }
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+
+private:
+    static constexpr int TwipsPerPixel = 15;
+
+    void Form_Initialize();
+    void Form_Load();
+    void Form_Unload();
+    /// What every end of the window has in common.
+    void leave();
+
+    /// The window's handle is known outside, so it must not change.
+    void keepHandle();
+    void layOut();
+    void fillToolBar();
+    void nameForAccessibility();
+
+    /// Whether a command changes what the pane shows or sends the document away, so that text in
+    /// the pane that does not parse must be asked about. The commands on files ask for themselves.
+    static bool needsPane(QStringView command);
+    /// Enables a command while a document is open.
+    controls::ActionSet::Enabled hasDocument() const;
+    void connectFileCommands();
+    void connectEditCommands();
+    void connectViewCommands();
+    void connectNodeCommands();
+    void connectToolCommands();
+    void connectPreview();
+    void connectContextMenu();
+    void connectButtons();
+
+    settings::Placement placement() const;
+    void place(const settings::Placement &placement);
+    void takeFont(const QString &name, qint16 size);
+    void mnuToolOption_Click();
+    void showExternalEditors();
+    void showRecentFiles();
+    void showValidationErrors();
+
+    void showStatus(const QString &text);
+    void enableDocumentButtons(bool enabled);
+    void enableClipboardButtons(const tree::ClipboardButtons &buttons);
+    QString handle() const;
+
+    /// Where the splitters are to stand once there is a window to split, in pixels.
+    int firstSplitLeft_ = 0;
+    int firstSplitTop_ = 0;
+    bool wasShown_ = false;
+    controls::ActionSet actions_;
+
+    QToolBar *tbr;
+    QToolBar *tbrMove;
+    QWidget *picPath;
+    controls::PathBox *cboPath;
+    QSplitter *vsp;
+    QSplitter *hsp;
+    controls::TreeView *tvw;
+    controls::TextBox *txtEdit;
+    browser::Browser *ie;
+    QLabel *sbr;
+    QPushButton *validationButton_;
+
+    controls::LongWork longWork_{*this};
+    std::unique_ptr<controls::ActionMenus> menus_;
+    std::unique_ptr<Editor> editor_;
+    std::unique_ptr<TreeKeys> treeKeys_;
+    ValidationList *validationList_ = nullptr;
+    system::CompanionLink companion_;
+};
+
+} // namespace quillon::app

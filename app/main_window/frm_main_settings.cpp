@@ -1,0 +1,165 @@
+#include "app/main_window/frm_main.h"
+#include "platform/runtime/file_names.h"
+#include "platform/runtime/numbers.h"
+#include "tools/options_dialog.h"
+#include "view/controls/error_boundary.h"
+#include "view/controls/message_box.h"
+
+#include <QAction>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QSplitter>
+
+namespace quillon::app {
+
+using controls::guarded;
+using controls::ignoringErrors;
+
+namespace {
+
+/// So much of a window's upper edge must be on a screen for it to be found and moved.
+constexpr QSize Grip(80, 20);
+/// Smaller than this, a window shows nothing of use.
+constexpr QSize LeastSize(320, 240);
+
+bool isOnAScreen(const QRect &window) {
+    const QList<QScreen *> screens = QGuiApplication::screens();
+    return std::any_of(screens.begin(), screens.end(), [&](const QScreen *screen) {
+        const QRect seen = screen->availableGeometry().intersected(window);
+        return seen.width() >= Grip.width() && seen.height() >= Grip.height() &&
+               window.top() >= screen->availableGeometry().top();
+    });
+}
+
+QString doubledAmpersands(QString text) {
+    return text.replace(QLatin1Char('&'), QStringLiteral("&&"));
+}
+
+} // namespace
+
+void frmMain::Form_Initialize() {
+    settings::Settings &settings = editor_->settings;
+    settings.report = [](const QString &text) {
+        controls::showMessage(text, controls::message_style::Exclamation);
+    };
+    settings::Placement placed = placement();
+    settings.load(placed);
+    place(placed);
+    if (settings.maximized)
+        setWindowState(windowState() | Qt::WindowMaximized);
+    ignoringErrors([&] { takeFont(settings.fontName, settings.fontSize); });
+    showExternalEditors();
+    ignoringErrors([this] { editor_->workingFolder.create(); });
+}
+
+void frmMain::Form_Unload() {
+    editor_->recovery.discard();
+    leave();
+}
+
+void frmMain::endSession() {
+    guarded([this] { tvw->EndLabelEdit(); });
+    ignoringErrors([this] { editor_->recovery.keep(); });
+    ignoringErrors([this] { leave(); });
+}
+
+void frmMain::leave() {
+    editor_->settings.maximized = isMaximized();
+    editor_->settings.save(placement(), !isMinimized() && !isMaximized());
+    editor_->workingFolder.leave();
+    ignoringErrors([this] { companion_.execute(QStringLiteral("REMOVE ") + handle()); });
+}
+
+settings::Placement frmMain::placement() const {
+    const auto twips = [](int pixels) { return pixels * TwipsPerPixel; };
+    settings::Placement placed;
+    placed.left = twips(x());
+    placed.top = twips(y());
+    placed.width = twips(width());
+    placed.height = twips(height());
+    placed.splitLeft = twips(wasShown_ ? vsp->sizes().value(0) : firstSplitLeft_);
+    placed.splitTop = twips(wasShown_ ? hsp->sizes().value(0) : firstSplitTop_);
+    return placed;
+}
+
+void frmMain::place(const settings::Placement &placed) {
+    const auto pixels = [](int twips) { return twips / TwipsPerPixel; };
+    const QRect window(pixels(placed.left), pixels(placed.top), pixels(placed.width),
+                       pixels(placed.height));
+    const bool isSeen = isOnAScreen(window);
+    const QScreen *screen =
+        isSeen ? QGuiApplication::screenAt(window.center()) : QGuiApplication::primaryScreen();
+    const QRect available = screen ? screen->availableGeometry() : window;
+    resize(window.size().boundedTo(available.size()).expandedTo(LeastSize));
+    move(isSeen ? window.topLeft() : available.topLeft());
+    firstSplitLeft_ = pixels(placed.splitLeft);
+    firstSplitTop_ = pixels(placed.splitTop);
+}
+
+void frmMain::showEvent(QShowEvent *event) {
+    QMainWindow::showEvent(event);
+    if (std::exchange(wasShown_, true))
+        return;
+    // Only now the splitters have a size to divide.
+    const auto split = [](QSplitter &splitter, int first, int whole) {
+        splitter.setSizes({first, std::max(1, whole - first - splitter.handleWidth())});
+    };
+    split(*vsp, firstSplitLeft_, centralWidget()->width());
+    split(*hsp, firstSplitTop_, centralWidget()->height());
+}
+
+void frmMain::showExternalEditors() {
+    std::vector<controls::ActionMenus::Element> elements;
+    for (const settings::ExternalEditor &editor : editor_->settings.editors)
+        elements.push_back({editor.name, editor.path});
+    menus_->setElements(
+        u"mnuToolOpen", elements,
+        [this](int, const QString &program) { editor_->tools.mnuToolOpen_Click(program); }, 0);
+    actions_.action(u"mnuToolLine3")->setVisible(!elements.empty());
+    actions_.action(u"mnuToolOpenEditor")->setVisible(!elements.empty());
+}
+
+void frmMain::mnuToolOption_Click() {
+    settings::Settings &settings = editor_->settings;
+    tools::Options present;
+    present.editors = settings.editors;
+    present.fontName = settings.fontName;
+    present.fontSize = settings.fontSize;
+    tools::OptionsDialog dialog(present, editor_->recentFiles.read().size(), this);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const tools::Options chosen = dialog.options();
+    settings.editors = chosen.editors;
+    settings.saveEditors();
+    takeFont(chosen.fontName, runtime::toInteger(qint64(chosen.fontSize)));
+    showExternalEditors();
+    // The places behind a shorter list have to be emptied, too, or old entries come back.
+    if (chosen.clearRecentFiles)
+        editor_->recentFiles.write(QStringList(document::RecentFiles::MaxWritten));
+}
+
+void frmMain::takeFont(const QString &name, qint16 size) {
+    editor_->settings.fontName = name;
+    editor_->settings.fontSize = size;
+    txtEdit->setTextFont(name, size);
+    tvw->setFont(QFont(name, size));
+    // The path box keeps its size; that is meant so.
+    QFont pathFont = cboPath->font();
+    pathFont.setFamily(name);
+    cboPath->setFont(pathFont);
+}
+
+void frmMain::showRecentFiles() {
+    std::vector<controls::ActionMenus::Element> elements;
+    for (const QString &path : editor_->recentFiles.read())
+        elements.push_back({QStringLiteral("&%1 %2")
+                                .arg(elements.size() + 1)
+                                .arg(doubledAmpersands(runtime::shownPath(path))),
+                            path});
+    menus_->setElements(
+        u"mnuFileMRUFiles", elements,
+        [this](int, const QString &path) { editor_->commands.mnuFileMRUFiles_Click(path); }, 1);
+    actions_.action(u"mnuFileMRU")->setEnabled(!elements.empty());
+}
+
+} // namespace quillon::app

@@ -1,0 +1,134 @@
+#include "app/start_up/start_up.h"
+
+#include "app/automation/automation_server.h"
+#include "app/start_up/splash.h"
+#include "app/main_window/window.h"
+#include "platform/runtime/file_access.h"
+#include "platform/runtime/file_names.h"
+#include "platform/runtime/paths.h"
+#include "platform/runtime/stack_limit.h"
+#include "platform/system/companion_link.h"
+#include "platform/system/instance_lock.h"
+#include "platform/system/termination_signals.h"
+#include "resources/texts.h"
+#include "view/browser/browser_profile.h"
+#include "view/controls/dialogs.h"
+#include "view/controls/error_boundary.h"
+
+#include <QDBusServiceWatcher>
+#include <QEventLoop>
+#include <QFileInfo>
+#include <QIcon>
+#include <QTimer>
+
+#include <cstdlib>
+#include <memory>
+
+namespace quillon::app {
+
+namespace {
+
+/// How long the companion may take to be there for the first window.
+constexpr int CompanionMs = 1000;
+
+/// The session ends, and nobody can be asked any more.
+void endSession() {
+    for (QWidget *widget : QApplication::topLevelWidgets()) {
+        if (auto *form = qobject_cast<frmMain *>(widget))
+            form->endSession();
+    }
+    // Destructors would take the copies of unsaved changes away.
+    std::_Exit(EXIT_SUCCESS);
+}
+
+/// The companion is there, once it has been started, before the first window registers with it.
+void startCompanion() {
+    const QString folder = runtime::programFolder();
+    QDBusConnection bus = system::sessionBus();
+    if (!bus.isConnected() ||
+        !QFileInfo(folder + QLatin1Char('/') + QLatin1String(system::CompanionFileName))
+             .isExecutable())
+        return;
+    QDBusServiceWatcher watcher(QLatin1String(system::CompanionBusName), bus,
+                                QDBusServiceWatcher::WatchForRegistration);
+    QEventLoop untilRegistered;
+    QObject::connect(&watcher, &QDBusServiceWatcher::serviceRegistered, &untilRegistered,
+                     &QEventLoop::quit);
+    QTimer::singleShot(CompanionMs, &untilRegistered, &QEventLoop::quit);
+    system::startCompanion(folder);
+    if (!system::CompanionLink(bus).open())
+        untilRegistered.exec();
+}
+
+std::unique_ptr<Window> makeWindow() {
+    return std::make_unique<Window>();
+}
+
+int runStandAlone(const QString &path) {
+    frmSplash splash;
+    splash.show();
+    QCoreApplication::processEvents();
+
+    Window window;
+    if (runtime::fileKind(path) != runtime::FileKind::Missing)
+        controls::guarded([&] { window.OpenFile(path); });
+    window.setVisible(true);
+    splash.close();
+    if (frmMain *const form = window.form())
+        controls::guarded([form] { form->editor().recovery.offer(); });
+
+    AutomationServer server(system::sessionBus(), makeWindow);
+    server.start();
+    return QApplication::exec();
+}
+
+/// The program as the bus starts it: it shows nothing of its own.
+int serveClients() {
+    AutomationServer server(system::sessionBus(), makeWindow);
+    if (!server.start())
+        return EXIT_FAILURE;
+    server.waitForFirstClient();
+    return QApplication::exec();
+}
+
+} // namespace
+
+void prepareProcess() {
+    runtime::raiseStackLimit();
+    browser::prepareBrowser();
+}
+
+QString commandLinePath(const QStringList &arguments) {
+    const QString line = arguments.join(QLatin1Char(' '));
+    return line.startsWith(QLatin1Char('"')) ? line.mid(1).chopped(line.size() > 1 ? 1 : 0) : line;
+}
+
+int Main(int argc, char **argv) {
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments.append(runtime::decodedPath(argv[i]));
+    // All of it is the file's path, so Qt must not look for switches of its own in it.
+    int programOnly = 1;
+    controls::Application application(programOnly, argv);
+    application.setApplicationName(QStringLiteral("quillon"));
+    application.setApplicationDisplayName(QString());
+    application.setApplicationVersion(QStringLiteral(QUILLON_VERSION));
+    application.setDesktopFileName(QStringLiteral("quillon"));
+    application.setWindowIcon(QIcon(QStringLiteral(":/icons/quillon.svg")));
+    controls::installDialogTexts();
+
+    const bool startedByBus = qEnvironmentVariableIsSet(AutomationServer::StartedByBusVariable);
+    // What the user starts from the program is started by the user.
+    qunsetenv(AutomationServer::StartedByBusVariable);
+
+    const system::TerminationSignals signals;
+    QObject::connect(&signals, &system::TerminationSignals::received, &application, endSession);
+    const system::InstanceLock instance;
+    if (instance.startedAlone()) {
+        startCompanion();
+        QCoreApplication::processEvents();
+    }
+    return startedByBus ? serveClients() : runStandAlone(commandLinePath(arguments));
+}
+
+} // namespace quillon::app

@@ -1,0 +1,311 @@
+#include "document/document_commands.h"
+
+#include "platform/runtime/error.h"
+#include "platform/runtime/file_names.h"
+#include "resources/messages.h"
+#include "resources/texts.h"
+#include "view/controls/dialogs.h"
+#include "view/controls/message_box.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QScopeGuard>
+#include <QScopedValueRollback>
+
+namespace quillon::document {
+
+namespace texts = resources::texts;
+namespace style = controls::message_style;
+namespace answer = controls::message_answer;
+
+namespace {
+
+constexpr int AskSave = style::YesNoCancel + style::Question;
+constexpr int AskLoss = style::YesNo + style::Question + style::DefaultButton2;
+
+QString newDocumentName() {
+    return texts::NewDocument.toString();
+}
+
+QString caption(const QString &name, QStringView marks) {
+    return name + marks.toString() + QStringLiteral(" - ") + texts::ApplicationTitle.toString();
+}
+
+} // namespace
+
+DocumentCommands::DocumentCommands(state::DocumentState &state, DocumentLoader &loader,
+                                   tree::TreeBuilder &builder, edit::UndoHistory &history,
+                                   controls::TreeView &tvw, tree::EditPane &pane,
+                                   QString applicationFolder)
+    : state_(state), loader_(loader), builder_(builder), history_(history), tvw_(tvw), pane_(pane),
+      applicationFolder_(std::move(applicationFolder)) {
+    connect(&loader_, &DocumentLoader::statusUpdateRequested, this,
+            &DocumentCommands::UpdateStatus);
+    connect(&loader_, &DocumentLoader::replacing, this, &DocumentCommands::leaveDocument);
+    connect(&loader_, &DocumentLoader::documentOpened, this, [this] {
+        suggestedPath_.clear();
+        savedState_.reset();
+    });
+}
+
+bool DocumentCommands::ConfirmSave() {
+    changesGivenUp_ = false;
+    if (!mayLeavePane())
+        return false;
+    if (!state_.m_Modified)
+        return true;
+    const int reply =
+        controls::showMessage(resources::messageText(resources::message::ConfirmSave), AskSave);
+    if (reply == answer::Yes)
+        return save();
+    changesGivenUp_ = reply == answer::No;
+    return reply != answer::Cancel;
+}
+
+bool DocumentCommands::hasUnsavedChanges() const {
+    return state_.m_Modified || (savedState_ && savedState_ != history_.current());
+}
+
+void DocumentCommands::leaveDocument() {
+    if (hasUnsavedChanges() && !changesGivenUp_)
+        Q_EMIT unsavedLeaving();
+}
+
+void DocumentCommands::mnuFileNew_Click() {
+    const QScopedValueRollback answered(changesGivenUp_);
+    if (!ConfirmSave())
+        return;
+    ClearStatus();
+    const QString standard = applicationFolder_ + QStringLiteral("/default.xml");
+    if (QFileInfo(standard).isFile()) {
+        loader_.OpenFile(standard);
+    } else {
+        state_.m_DOM = xml::DOMDocument40::create();
+        builder_.BuildTree(state_.m_DOM, true);
+        tvw_.setFocus();
+        Q_EMIT documentCreated();
+        history_.ResetUndoHistory();
+    }
+    // A copy of the standard document is no state that this one was opened in.
+    state_.m_BackupPath.clear();
+    state_.m_FileName.clear();
+    state_.m_ReadOnly = state_.m_Opened = state_.m_Modified = false;
+    UpdateStatus(newDocumentName());
+}
+
+void DocumentCommands::mnuFileOpen_Click() {
+    const QScopedValueRollback answered(changesGivenUp_);
+    if (!ConfirmSave())
+        return;
+    dialogTitle_ = texts::OpenDialogTitle.toString();
+    const controls::FileDialogResult chosen = controls::dialogs().showOpen(
+        {dialogTitle_, texts::OpenFilter.toString(), controls::file_dialog_flag::FileMustExist,
+         runtime::shownPath(initialPath())});
+    if (chosen.path.isEmpty())
+        return;
+    ClearStatus();
+    state_.m_ReadOnly = (chosen.flags & controls::file_dialog_flag::ReadOnly) != 0;
+    // An empty window is not read-only.
+    const auto none = qScopeGuard([this] { state_.m_ReadOnly &= state_.showsDocument(); });
+    if (loader_.OpenFile(chosen.path))
+        UpdateStatus(chosen.path);
+}
+
+void DocumentCommands::mnuFileReload_Click() {
+    if (!mayLeavePane())
+        return;
+    if (state_.m_Modified &&
+        controls::showMessage(resources::messageText(resources::message::ConfirmReload), AskLoss) !=
+            answer::Yes)
+        return;
+    const QScopedValueRollback answered(changesGivenUp_, state_.m_Modified);
+    loader_.OpenFile(state_.m_FileName);
+    UpdateStatus(state_.m_FileName);
+}
+
+void DocumentCommands::mnuFileClose_Click() {
+    const QScopedValueRollback answered(changesGivenUp_);
+    if (ConfirmSave())
+        ClearStatus();
+}
+
+void DocumentCommands::mnuFileSave_Click() {
+    save();
+}
+
+bool DocumentCommands::save() {
+    if (state_.m_DOM.isNull())
+        return true;
+    requireSomethingToSave();
+    if (!mayLeavePane())
+        return false;
+    const bool hasFile = state_.m_Opened && QFileInfo(state_.m_FileName).isAbsolute();
+    if (state_.m_ReadOnly || !hasFile)
+        mnuFileSaveAs_Click();
+    else if (mayOverwrite())
+        SaveFile(state_.m_FileName);
+    else
+        return false;
+    return true;
+}
+
+void DocumentCommands::mnuFileSaveAs_Click() {
+    if (state_.m_DOM.isNull())
+        return;
+    requireSomethingToSave();
+    if (!mayLeavePane())
+        return;
+    const controls::FileDialogResult chosen = controls::dialogs().showSave(
+        {dialogTitle_, texts::SaveFilter.toString(), controls::file_dialog_flag::OverwritePrompt,
+         runtime::shownPath(initialPath())});
+    if (!chosen.path.isEmpty())
+        SaveFile(chosen.path);
+}
+
+void DocumentCommands::mnuFileMRUFiles_Click(const QString &path) {
+    const QScopedValueRollback answered(changesGivenUp_);
+    if (!ConfirmSave())
+        return;
+    ClearStatus();
+    if (loader_.OpenFile(path))
+        UpdateStatus(path);
+}
+
+bool DocumentCommands::openRecovered(const QString &path, const QString &name,
+                                     const QString &original) {
+    const QScopedValueRollback answered(changesGivenUp_);
+    if (!ConfirmSave())
+        return false;
+    loader_.openRecovered(path);
+    state_.m_ReadOnly = state_.m_Opened = false;
+    state_.m_Modified = true;
+    suggestedPath_ = QFileInfo(original).isAbsolute() ? original : QString();
+    UpdateStatus(name);
+    return true;
+}
+
+void DocumentCommands::openUnasked(const QString &path) {
+    // What is being typed into a caption is one of the changes.
+    tvw_.EndLabelEdit();
+    const QString shown = initialPath();
+    if (!loader_.OpenFile(path) && state_.showsDocument()) {
+        suggestedPath_ = shown;
+        state_.m_Opened = false;
+    }
+    UpdateStatus(path);
+}
+
+void DocumentCommands::requireSomethingToSave() const {
+    if (!state_.showsDocument())
+        throw runtime::Error(runtime::error_number::Fail, texts::NothingToSave.toString());
+}
+
+QString DocumentCommands::initialPath() const {
+    if (!suggestedPath_.isEmpty())
+        return suggestedPath_;
+    return QFileInfo(state_.m_FileName).isAbsolute() ? state_.m_FileName : QString();
+}
+
+bool DocumentCommands::isChangedOnDisk() const {
+    return state_.m_Opened && loader_.fileOnDisk().path == state_.m_FileName &&
+           loader_.fileOnDisk().hasChanged();
+}
+
+bool DocumentCommands::mayOverwrite() const {
+    return !isChangedOnDisk() ||
+           controls::showMessage(texts::OverwriteChangedFile.toString(), AskLoss) == answer::Yes;
+}
+
+void DocumentCommands::checkFileOnDisk() {
+    if (isChangedOnDisk())
+        Q_EMIT statusText(texts::FileChangedOnDisk.toString());
+}
+
+void DocumentCommands::SaveFile(const QString &path) {
+    // Saving replaces the file, so a read-only one needs no deleting first: a save that fails
+    // leaves it as it was.
+    state_.m_DOM.save(path, {.readOnly = xml::ReadOnlyFile::Replace,
+                             .beforeOverwriting = [&](std::string_view bytes) {
+                                 beforeOverwriting(path, bytes);
+                             }});
+    loader_.setFileOnDisk(FileOnDisk::of(path));
+    suggestedPath_.clear();
+    savedState_ = history_.current();
+    state_.m_Modified = false;
+    state_.m_Opened = true;
+    state_.m_ReadOnly = false;
+    UpdateStatus(path);
+}
+
+void DocumentCommands::UpdateStatus(const QString &path) {
+    QString name = runtime::shownPath(runtime::fileName(path));
+    state_.m_FileName = path;
+    if (state_.m_Modified)
+        name += QStringLiteral(" *");
+    Q_EMIT captionChanged(caption(name, state_.m_ReadOnly ? texts::ReadOnlyMark : QStringView()));
+    Q_EMIT previewRequested(state_.m_DOM.node());
+}
+
+void DocumentCommands::DocumentModified() {
+    // Pasting into an empty tree, for one, has changed nothing that could be saved or undone.
+    if (!state_.showsDocument())
+        return;
+    changesGivenUp_ = false;
+    if (!state_.m_Modified) {
+        state_.m_Modified = true;
+        // Without the read-only mark, which comes back with the next UpdateStatus; that is meant
+        // so.
+        const QString name = state_.m_FileName.isEmpty()
+                                 ? newDocumentName()
+                                 : runtime::shownPath(runtime::fileName(state_.m_FileName));
+        Q_EMIT captionChanged(caption(name, u" *"));
+    }
+    history_.TakeSnapshot();
+    Q_EMIT documentModified();
+}
+
+bool DocumentCommands::canUndoAll() const {
+    return !state_.m_BackupPath.isEmpty() && state_.m_Modified;
+}
+
+void DocumentCommands::mnuEditUndoAll_Click() {
+    if (!canUndoAll() || !mayLeavePane() ||
+        controls::showMessage(texts::LoseAllChanges.toString(), AskLoss) != answer::Yes)
+        return;
+    // Before the present document is given up.
+    if (!QFileInfo(state_.m_BackupPath).isFile())
+        runtime::raise(runtime::error_number::FileNotFound);
+    // What is compared with the disk stays the user's file, not its copy.
+    const FileOnDisk userFile = loader_.fileOnDisk();
+    const QString suggestedPath = suggestedPath_;
+    const bool wasOpened = state_.m_Opened;
+    // Loading makes another copy and gives the member its name.
+    const QString backup = state_.m_BackupPath;
+    const QScopedValueRollback answered(changesGivenUp_, true);
+    loader_.OpenFile(backup);
+    loader_.setFileOnDisk(userFile);
+    suggestedPath_ = suggestedPath;
+    state_.m_Opened = wasOpened;
+    state_.m_Modified = true;
+    UpdateStatus(state_.m_FileName);
+}
+
+void DocumentCommands::ClearStatus() {
+    leaveDocument();
+    suggestedPath_.clear();
+    savedState_.reset();
+    state_.m_DOM = state_.failedLoad = {};
+    state_.m_BackupPath.clear();
+    builder_.registry().reset({}, 1);
+    state_.m_FileName.clear();
+    state_.m_Modified = state_.m_Opened = state_.m_ReadOnly = false;
+    pane_.fillValue(QString());
+    pane_.textBox().setLocked(true);
+    tvw_.setTreeVisible(false);
+    tvw_.nodes().Clear();
+    tvw_.setTreeVisible(true);
+    Q_EMIT captionChanged(texts::ApplicationTitle.toString());
+    Q_EMIT cleared();
+}
+
+} // namespace quillon::document

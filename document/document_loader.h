@@ -1,0 +1,82 @@
+#pragma once
+
+#include "document/file_on_disk.h"
+#include "document/recent_files.h"
+#include "edit/undo_history.h"
+#include "platform/runtime/paths.h"
+#include "platform/system/working_folder.h"
+#include "state/document_state.h"
+#include "tree/selection.h"
+#include "tree/tree_builder.h"
+#include "view/controls/long_work.h"
+
+#include <QObject>
+
+namespace quillon::document {
+
+/// Turns a file, or a string of XML, into the current document and shows it.
+class DocumentLoader : public QObject {
+    Q_OBJECT
+
+public:
+    DocumentLoader(state::DocumentState &state, tree::TreeBuilder &builder,
+                   tree::Selection &selection, edit::UndoHistory &history, controls::TreeView &tvw,
+                   const system::WorkingFolder &workingFolder, const RecentFiles &recentFiles,
+                   runtime::Clock clock, controls::LongWork &longWork);
+
+    /// Loads a file and keeps a copy of it in the working folder. False when it has no document
+    /// element, after a message. Raises when the file cannot be read or copied. In both cases what
+    /// was shown is still the document, with its state and history; an empty window is left with a
+    /// document that has nothing in it. An empty name gives False and changes nothing, and so does
+    /// a folder, a device or the like, or a file that is too large, which raises.
+    bool OpenFile(const QString &fileName);
+
+    /// Loads a file that was kept for a document whose program died, and shows it. It is no file
+    /// of the user's: not copied, not remembered. Raises Fail with the reason when it cannot be
+    /// read or parsed; the document is then the one before.
+    void openRecovered(const QString &path);
+
+    /// Loads a text. One that does not parse is shown, without a message, as an empty document;
+    /// that is meant so.
+    void LoadXML(const QString &xmlText);
+
+    /// The file last loaded or saved, as it then stood on disk.
+    const FileOnDisk &fileOnDisk() const { return fileOnDisk_; }
+    void setFileOnDisk(const FileOnDisk &file) { fileOnDisk_ = file; }
+
+Q_SIGNALS:
+    /// A text for the status bar while something takes its time.
+    void statusText(const QString &text);
+    /// The document is about to be replaced: the new one can be shown. Whoever raises here keeps
+    /// it from going.
+    void replacing();
+    /// A document has been opened from a file: the commands on documents apply.
+    void documentOpened();
+    /// UpdateStatus is wanted for a document that has this name.
+    void statusUpdateRequested(const QString &name);
+
+private:
+    /// The path of the copy.
+    QString backUp(const QString &fileName, bool replacesDocument);
+    /// Copies what the document's instructions name. Gives the first instruction that could not be
+    /// understood; Nothing when there is none.
+    xml::Node copyStylesheets(const QString &fileName);
+    void copyStylesheet(const QString &documentFolder, const QString &data);
+    void showFromTop();
+    void expandTopLevel();
+
+    state::DocumentState &state_;
+    tree::TreeBuilder &builder_;
+    tree::Selection &selection_;
+    edit::UndoHistory &history_;
+    controls::TreeView &tvw_;
+    const system::WorkingFolder &workingFolder_;
+    const RecentFiles &recentFiles_;
+    runtime::Clock clock_;
+    controls::LongWork &longWork_;
+    FileOnDisk fileOnDisk_;
+    /// The copy that this window made last.
+    QString ownBackup_;
+};
+
+} // namespace quillon::document

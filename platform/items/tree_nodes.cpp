@@ -1,0 +1,234 @@
+#include "platform/items/tree_nodes.h"
+
+#include "platform/runtime/error.h"
+
+#include <QFont>
+
+namespace quillon::items {
+
+using Slot = TreeStore::Slot;
+
+Nodes::Nodes(QObject *parent) : QAbstractItemModel(parent) {}
+
+TreeItem Nodes::Add(const TreeItem &relative, Relationship relationship, quint32 sequence) {
+    const Slot to = slotOf(relative);
+    const bool asChild = relationship == Relationship::Child;
+    if (to == 0 && !asChild)
+        runtime::raise(runtime::error_number::InvalidProcedureCall);
+    const Slot parent = asChild ? to : store_.parent(to);
+    const Slot before = asChild ? 0 : to;
+
+    if (!isAnnounced(parent))
+        return item(store_.insert(sequence, parent, before));
+    store_.checkSequence(sequence);
+    endAnnounce();
+    beginAnnounce(parent, before);
+    const Slot slot = store_.insert(sequence, parent, before);
+    announced_ = slot;
+    if (build_ == Build::None)
+        endAnnounce();
+    return item(slot);
+}
+
+bool Nodes::isAnnounced(Slot parent) const {
+    switch (build_) {
+    case Build::Whole:
+        return false;
+    case Build::Subtree:
+        // Slots ascend: everything below the announced item comes after it.
+        return announced_ == 0 || parent < announced_;
+    case Build::None:
+        break;
+    }
+    return true;
+}
+
+void Nodes::beginAnnounce(Slot parent, Slot before) {
+    const quint32 row =
+        before != 0 ? store_.row(before) : static_cast<quint32>(store_.children(parent).size());
+    beginInsertRows(indexOf(parent), static_cast<int>(row), static_cast<int>(row));
+}
+
+void Nodes::endAnnounce() {
+    if (announced_ == 0)
+        return;
+    announced_ = 0;
+    endInsertRows();
+}
+
+void Nodes::Remove(const TreeItem &item) {
+    const Slot top = slotOf(item);
+    if (top == 0)
+        return;
+    const auto row = static_cast<int>(store_.row(top));
+    beginRemoveRows(indexOf(store_.parent(top)), row, row);
+    store_.remove(top, [this](Slot slot) {
+        captions_.remove(slot);
+        bold_.remove(slot);
+    });
+    endRemoveRows();
+}
+
+void Nodes::Clear() {
+    endBuild();
+    beginResetModel();
+    store_.clear();
+    captions_.clear();
+    bold_.clear();
+    ++generation_;
+    endResetModel();
+}
+
+TreeItem Nodes::Item(int index) const {
+    if (index < 1 || index > Count())
+        return {};
+    return item(store_.live().select(static_cast<quint32>(index) - 1));
+}
+
+TreeItem Nodes::bySequence(quint32 sequence) const {
+    return item(store_.slotOf(sequence));
+}
+
+TreeItem Nodes::item(Slot slot) const {
+    if (slot == 0)
+        return {};
+    // A handle changes its item through the collection whether or not that was found const.
+    return {const_cast<Nodes *>(this), store_.sequenceOf(slot), generation_};
+}
+
+void Nodes::beginBuild(int reserve) {
+    store_.reserve(static_cast<quint32>(reserve));
+    build_ = Count() == 0 ? Build::Whole : Build::Subtree;
+    if (build_ == Build::Whole)
+        beginResetModel();
+}
+
+void Nodes::endBuild() {
+    if (std::exchange(build_, Build::None) == Build::Whole)
+        endResetModel();
+    else
+        endAnnounce();
+}
+
+QString Nodes::caption(Slot slot) const {
+    if (const auto own = captions_.constFind(slot); own != captions_.constEnd())
+        return *own;
+    return source_ != nullptr ? source_->caption(store_.sequenceOf(slot)) : QString();
+}
+
+void Nodes::setCaption(Slot slot, const QString &text) {
+    captions_.remove(slot);
+    if (caption(slot) != text)
+        captions_.insert(slot, text);
+    emitDataChanged(slot, {});
+}
+
+void Nodes::setExpanded(Slot slot, bool expanded) {
+    if (store_.expanded().test(slot) == expanded)
+        return;
+    store_.setExpanded(slot, expanded);
+    if (build_ == Build::None)
+        Q_EMIT expansionChanged(item(slot), expanded);
+}
+
+void Nodes::setExpandedSubtree(const TreeItem &item, bool expanded) {
+    const Slot top = slotOf(item);
+    if (top == 0)
+        return;
+    for (Slot slot = top; slot != 0; slot = store_.nextInSubtree(slot, top)) {
+        if (!expanded || store_.firstChild(slot) != 0)
+            store_.setExpanded(slot, expanded);
+    }
+    if (build_ == Build::None)
+        Q_EMIT expansionChanged(item, expanded);
+}
+
+void Nodes::expandAncestors(const TreeItem &item) {
+    const Slot slot = slotOf(item);
+    if (slot == 0)
+        return;
+    for (Slot at = store_.parent(slot); at != TreeStore::Root; at = store_.parent(at))
+        setExpanded(at, true);
+}
+
+void Nodes::setBold(Slot slot, bool bold) {
+    if (bold_.contains(slot) == bold)
+        return;
+    if (bold)
+        bold_.insert(slot);
+    else
+        bold_.remove(slot);
+    emitDataChanged(slot, {Qt::FontRole});
+}
+
+void Nodes::clearBold() {
+    if (bold_.isEmpty())
+        return;
+    bold_.clear();
+    Q_EMIT appearanceChanged();
+}
+
+void Nodes::emitDataChanged(Slot slot, const QList<int> &roles) {
+    if (build_ != Build::None)
+        return;
+    const QModelIndex index = indexOf(slot);
+    Q_EMIT dataChanged(index, index, roles);
+}
+
+QModelIndex Nodes::indexOf(Slot slot) const {
+    return slot == 0 ? QModelIndex() : createIndex(static_cast<int>(store_.row(slot)), 0, slot);
+}
+
+QModelIndex Nodes::index(int row, int column, const QModelIndex &parent) const {
+    if (row < 0 || column != 0)
+        return {};
+    const auto &children = store_.children(slotAt(parent));
+    if (static_cast<size_t>(row) >= children.size())
+        return {};
+    return createIndex(row, 0, children[static_cast<size_t>(row)]);
+}
+
+QModelIndex Nodes::parent(const QModelIndex &child) const {
+    return child.isValid() ? indexOf(store_.parent(slotAt(child))) : QModelIndex();
+}
+
+int Nodes::rowCount(const QModelIndex &parent) const {
+    return static_cast<int>(store_.children(slotAt(parent)).size());
+}
+
+bool Nodes::hasChildren(const QModelIndex &parent) const {
+    return store_.firstChild(slotAt(parent)) != 0;
+}
+
+Qt::ItemFlags Nodes::flags(const QModelIndex &index) const {
+    if (!index.isValid())
+        return Qt::NoItemFlags;
+    return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsEditable | Qt::ItemIsDragEnabled;
+}
+
+QVariant Nodes::data(const QModelIndex &index, int role) const {
+    const Slot slot = slotAt(index);
+    if (slot == 0)
+        return {};
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+        return caption(slot);
+    case Qt::DecorationRole:
+        if (const int image = source_ != nullptr ? source_->image(store_.sequenceOf(slot)) : -1;
+            image >= 0 && image < images_.size())
+            return images_[image];
+        return {};
+    case Qt::FontRole:
+        if (bold_.contains(slot)) {
+            QFont font;
+            font.setBold(true);
+            return font;
+        }
+        return {};
+    default:
+        return {};
+    }
+}
+
+} // namespace quillon::items

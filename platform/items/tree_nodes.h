@@ -1,0 +1,141 @@
+#pragma once
+
+#include "platform/items/tree_item.h"
+#include "platform/items/tree_store.h"
+
+#include <QAbstractItemModel>
+#include <QHash>
+#include <QIcon>
+#include <QSet>
+
+namespace quillon::items {
+
+/// Says what the items of a tree look like. Asked again and again, whenever something is shown.
+class CaptionSource {
+public:
+    virtual ~CaptionSource() = default;
+
+    virtual QString caption(quint32 sequence) const = 0;
+    /// 0-based place in the image list; -1 for no image.
+    virtual int image(quint32 sequence) const = 0;
+};
+
+/// How a new item stands to the one it is added to.
+enum class Relationship {
+    /// Its last child.
+    Child,
+    /// The sibling before it.
+    Previous,
+};
+
+/// The items of a tree view: a collection by number, a tree, and the model that Qt's views show.
+/// Fit for millions of items: captions and images are not kept but asked from a CaptionSource, and
+/// Qt's row numbers exist only where a view has looked.
+class Nodes : public QAbstractItemModel {
+    Q_OBJECT
+
+public:
+    explicit Nodes(QObject *parent = nullptr);
+
+    /// The source must outlive the items; without one, captions are empty unless set.
+    void setCaptionSource(const CaptionSource *source) { source_ = source; }
+    void setImageList(const QList<QIcon> &images) { images_ = images; }
+
+    /// Adds an item and returns it. Nothing as the relative makes a top-level item of a Child. The
+    /// sequence number must be positive and greater than that of all items since the collection
+    /// was last cleared; numbers left out cost as much memory as items. Raises
+    /// InvalidProcedureCall for a number that is not, and for Previous to Nothing.
+    TreeItem Add(const TreeItem &relative, Relationship relationship, quint32 sequence);
+    /// Removes an item with all items below it. Not between beginBuild() and endBuild().
+    void Remove(const TreeItem &item);
+    /// Removes everything; ends a build that an error has left open.
+    void Clear();
+
+    int Count() const { return static_cast<int>(store_.live().count()); }
+    /// The item at a 1-based index, see TreeItem::Index(); Nothing outside 1..Count().
+    TreeItem Item(int index) const;
+    /// The live item with that number, or Nothing.
+    TreeItem bySequence(quint32 sequence) const;
+
+    /// From here to endBuild() many items are added, about `reserve` of them; nobody is told of
+    /// each. A build that finds the collection empty ends with one reset of the model. Otherwise
+    /// each new item below an old one is announced together with all that comes below it, which
+    /// must be added right after it.
+    void beginBuild(int reserve);
+    void endBuild();
+
+    /// Expands the item and everything below it that has children, or collapses them all.
+    void setExpandedSubtree(const TreeItem &item, bool expanded);
+    /// Calls f(TreeItem) for all expanded items in the order in which they were added. f must not
+    /// expand or collapse any.
+    template <typename F>
+    void forEachExpanded(F &&f) {
+        store_.expanded().forEach([&](TreeStore::Slot slot) { f(item(slot)); });
+    }
+    /// Expands all items above this one.
+    void expandAncestors(const TreeItem &item);
+    /// Makes no item bold.
+    void clearBold();
+
+    const TreeStore &store() const { return store_; }
+    TreeStore::Slot slotOf(const TreeItem &item) const {
+        return item.nodes_ == this && item.generation_ == generation_
+                   ? store_.slotOf(item.sequence_)
+                   : 0;
+    }
+    /// The item in a slot; Nothing for slot 0.
+    TreeItem item(TreeStore::Slot slot) const;
+    /// Conversions between items and the model's indexes; Nothing is the invalid index.
+    TreeItem itemAt(const QModelIndex &index) const { return item(slotAt(index)); }
+    QModelIndex indexOf(const TreeItem &item) const { return indexOf(slotOf(item)); }
+    static TreeStore::Slot slotAt(const QModelIndex &index) {
+        return static_cast<TreeStore::Slot>(index.internalId());
+    }
+    QModelIndex indexOf(TreeStore::Slot slot) const;
+
+    QModelIndex index(int row, int column, const QModelIndex &parent = {}) const override;
+    QModelIndex parent(const QModelIndex &child) const override;
+    using QAbstractItemModel::parent;
+    int rowCount(const QModelIndex &parent = {}) const override;
+    int columnCount(const QModelIndex &) const override { return 1; }
+    bool hasChildren(const QModelIndex &parent = {}) const override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+    QVariant data(const QModelIndex &index, int role) const override;
+
+Q_SIGNALS:
+    /// An item, or with it everything below, has been expanded or collapsed.
+    void expansionChanged(const quillon::items::TreeItem &item, bool expanded);
+    /// The weight of many items has changed.
+    void appearanceChanged();
+    /// A view should scroll to this item; its ancestors are expanded.
+    void revealRequested(const quillon::items::TreeItem &item);
+
+private:
+    friend class TreeItem;
+
+    enum class Build { None, Whole, Subtree };
+
+    QString caption(TreeStore::Slot slot) const;
+    void setCaption(TreeStore::Slot slot, const QString &text);
+    void setExpanded(TreeStore::Slot slot, bool expanded);
+    void setBold(TreeStore::Slot slot, bool bold);
+
+    /// Whether the next item under parent has to be announced.
+    bool isAnnounced(TreeStore::Slot parent) const;
+    void beginAnnounce(TreeStore::Slot parent, TreeStore::Slot before);
+    void endAnnounce();
+    void emitDataChanged(TreeStore::Slot slot, const QList<int> &roles);
+
+    TreeStore store_;
+    quint32 generation_ = 0;
+    const CaptionSource *source_ = nullptr;
+    QList<QIcon> images_;
+    QHash<TreeStore::Slot, QString> captions_;
+    QSet<TreeStore::Slot> bold_;
+
+    Build build_ = Build::None;
+    /// The item whose rowsInserted is outstanding in a subtree build, or 0.
+    TreeStore::Slot announced_ = 0;
+};
+
+} // namespace quillon::items

@@ -1,0 +1,145 @@
+#include "platform/xml/io/output.h"
+
+#include "platform/runtime/error.h"
+#include "platform/runtime/strings.h"
+#include "platform/xml/storage/values.h"
+#include "resources/xml_texts.h"
+
+#include <array>
+
+namespace quillon::xml {
+
+namespace {
+
+/// The length of the UTF-8 sequence that starts with `lead`.
+std::size_t sequenceLength(char lead) {
+    const auto c = static_cast<unsigned char>(lead);
+    return c < 0x80 ? 1 : c < 0xE0 ? 2 : c < 0xF0 ? 3 : 4;
+}
+
+std::string_view characterAt(std::string_view text, std::size_t at) {
+    return text.substr(at, sequenceLength(text[at]));
+}
+
+char32_t codePoint(std::string_view character) {
+    static constexpr std::array<unsigned char, 5> LeadBits = {0, 0x7F, 0x1F, 0x0F, 0x07};
+    char32_t c = static_cast<unsigned char>(character[0]) & LeadBits[character.size()];
+    for (const char next : character.substr(1))
+        c = c << 6 | (static_cast<unsigned char>(next) & 0x3F);
+    return c;
+}
+
+/// The position, from `start` on, of the first character that the encoding cannot hold behind the
+/// one ahead of it; the end of the text when there is none. (Some encodings have one code for two
+/// characters, which then reads back as a third.)
+std::size_t firstUnheld(const EncodedText &target, std::string_view text, std::size_t start) {
+    std::size_t previous = start;
+    for (std::size_t at = start; at < text.size();) {
+        const std::size_t next = at + characterAt(text, at).size();
+        if (!target.canHold(text.substr(previous, next - previous)))
+            return at;
+        previous = at;
+        at = next;
+    }
+    return text.size();
+}
+
+} // namespace
+
+bool MemoryOutput::verbatim(const SourceText &source, std::uint32_t start, std::uint32_t end) {
+    const std::string_view slice = source.slice(start, end);
+    if (source.hasCarriageReturn && slice.find('\r') != slice.npos)
+        markup(normalizeLineEnds(slice));
+    else
+        markup(slice);
+    return true;
+}
+
+void MemoryOutput::markup(std::string_view text) {
+    bytes_.append(text.data(), qsizetype(text.size()));
+}
+
+std::string FileOutput::withLineEnds(std::string_view text) const {
+    const std::string_view end = lineEnd_ == LineEnd::CRLF ? "\r\n" : "\r";
+    std::string out;
+    out.reserve(text.size() + text.size() / 16);
+    for (std::size_t i = 0; i < text.size();) {
+        const std::size_t lf = text.find('\n', i);
+        out.append(text, i, lf == text.npos ? lf : lf - i);
+        if (lf == text.npos)
+            break;
+        out += end;
+        i = lf + 1;
+    }
+    return out;
+}
+
+bool FileOutput::verbatim(const SourceText &source, std::uint32_t start, std::uint32_t end) {
+    if (!source.keepsLineEnds && lineEnd_ != LineEnd::LF)
+        return bytes_.append(withLineEnds(source.slice(start, end)));
+    if (source.keepsLineEnds && source.codec == bytes_.codec())
+        return bytes_.appendRead(source.utf8, source.originals, start, end);
+    return bytes_.append(source.slice(start, end));
+}
+
+void FileOutput::failFor(std::string_view rest) const {
+    if (rest.empty())
+        throw runtime::Error(runtime::error_number::Fail,
+                             resources::xml_text::NotReadableAgain.arg(encodingName_));
+    const std::string_view character = characterAt(rest, 0);
+    throw runtime::Error(
+        runtime::error_number::Fail,
+        resources::xml_text::Unencodable.arg(
+            runtime::fromUtf8(character),
+            QString::number(codePoint(character), 16).toUpper().rightJustified(4, QLatin1Char('0')),
+            encodingName_));
+}
+
+void FileOutput::markup(std::string_view text) {
+    const std::string converted = lineEnd_ == LineEnd::LF ? std::string() : withLineEnds(text);
+    if (lineEnd_ != LineEnd::LF)
+        text = converted;
+    if (!bytes_.append(text))
+        failFor(text.substr(firstUnheld(bytes_, text, 0)));
+}
+
+void FileOutput::characters(std::string_view text) {
+    const std::string converted = lineEnd_ == LineEnd::LF ? std::string() : withLineEnds(text);
+    if (lineEnd_ != LineEnd::LF)
+        text = converted;
+    if (bytes_.append(text))
+        return;
+    // One character that the encoding lacks must not have a long text looked at one by one.
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t lineEnd = text.find_first_of("\r\n", at);
+        const std::size_t next = lineEnd == text.npos ? text.size() : lineEnd + 1;
+        const std::string_view line = text.substr(at, next - at);
+        if (!bytes_.append(line))
+            charactersOfLine(line);
+        at = next;
+    }
+}
+
+void FileOutput::charactersOfLine(std::string_view line) {
+    for (std::size_t at = 0; at < line.size();) {
+        const std::size_t unheld = firstUnheld(bytes_, line, at);
+        std::string run(line.substr(at, unheld - at));
+        at = unheld;
+        if (at < line.size()) {
+            const std::string_view character = characterAt(line, at);
+            run += "&#" + std::to_string(codePoint(character)) + ";";
+            at += character.size();
+        }
+        if (!bytes_.append(run))
+            failFor({});
+    }
+}
+
+std::string FileOutput::take() {
+    std::optional<std::string> bytes = bytes_.take();
+    if (!bytes)
+        failFor({});
+    return std::move(*bytes);
+}
+
+} // namespace quillon::xml

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "platform/xml/io/encoded_text.h"
+#include "platform/xml/storage/source_text.h"
+
+#include <QByteArray>
+
+#include <string>
+#include <string_view>
+
+namespace quillon::xml {
+
+/// Where serialised text goes.
+class Output {
+public:
+    virtual ~Output() = default;
+    /// Whether the target holds all of this source.
+    virtual bool holds(const SourceText &source) const = 0;
+    /// Text as it was read. False, with nothing written, when the target cannot hold it.
+    virtual bool verbatim(const SourceText &source, std::uint32_t start, std::uint32_t end) = 0;
+    /// Text made here, UTF-8 with LF line ends, in which no reference may stand. Raises Fail when
+    /// the target cannot hold it.
+    virtual void markup(std::string_view text) = 0;
+    /// The same for character data, already escaped: what the target cannot hold becomes a
+    /// numeric reference.
+    virtual void characters(std::string_view text) = 0;
+};
+
+/// Collects UTF-8 with LF line ends.
+class MemoryOutput final : public Output {
+public:
+    bool holds(const SourceText &) const override { return true; }
+    bool verbatim(const SourceText &source, std::uint32_t start, std::uint32_t end) override;
+    void markup(std::string_view text) override;
+    void characters(std::string_view text) override { markup(text); }
+
+    QByteArray take() { return std::move(bytes_); }
+
+private:
+    QByteArray bytes_;
+};
+
+/// Collects the bytes of a file.
+class FileOutput final : public Output {
+public:
+    /// `mark` goes ahead of everything; `encodingName` is for messages.
+    FileOutput(const std::string &codec, LineEnd lineEnd, QString encodingName, std::string mark)
+        : bytes_(codec, std::move(mark)), lineEnd_(lineEnd),
+          encodingName_(std::move(encodingName)) {}
+
+    bool holds(const SourceText &source) const override {
+        return bytes_.isUtf8() || (source.keepsLineEnds && source.codec == bytes_.codec());
+    }
+
+    bool verbatim(const SourceText &source, std::uint32_t start, std::uint32_t end) override;
+    void markup(std::string_view text) override;
+    void characters(std::string_view text) override;
+
+    /// Raises Fail when the bytes would read back as another text.
+    std::string take();
+
+private:
+    std::string withLineEnds(std::string_view text) const;
+    void charactersOfLine(std::string_view line);
+    /// Raises Fail for the character that `rest` starts with, or, when there is none, for the way
+    /// the characters stand together.
+    [[noreturn]] void failFor(std::string_view rest) const;
+
+    EncodedText bytes_;
+    LineEnd lineEnd_;
+    QString encodingName_;
+};
+
+} // namespace quillon::xml

@@ -1,0 +1,348 @@
+#include "platform/xml/io/serializer.h"
+
+#include "platform/runtime/error.h"
+#include "platform/xml/io/output.h"
+#include "platform/xml/storage/values.h"
+#include "resources/xml_texts.h"
+
+#include <utility>
+
+namespace quillon::xml {
+
+namespace {
+
+using namespace std::string_view_literals;
+
+class Serializer {
+public:
+    Serializer(const Arena &arena, Output &output) : arena_(arena), output_(output) {}
+
+    /// Writes a node with all below it, without the layout ahead of it.
+    void write(Number top);
+
+private:
+    bool isVerbatim(const Record &r) const {
+        return r.has(record_flag::Source) && !r.has(record_flag::OwnValue);
+    }
+    /// Writes a stretch of the node's source. Stretches that follow one another are put together
+    /// first: a changed document is mostly one long stretch on either side of the change. False,
+    /// with nothing written, when the output cannot hold it.
+    bool source(Number n, std::uint32_t start, std::uint32_t end);
+    void flush();
+    /// Writes white space of the node's source.
+    void blanks(Number n, std::uint32_t start, std::uint32_t end) {
+        if (!source(n, start, end))
+            markup(normalizeLineEnds(arena_.slice(n, start, end)));
+    }
+    void markup(std::string_view text) {
+        flush();
+        output_.markup(text);
+    }
+    void characters(std::string_view text) {
+        flush();
+        output_.characters(text);
+    }
+
+    /// Writes what stands ahead of the children. False when the node is done with that.
+    bool open(Number n);
+    void close(Number n);
+    void layout(Number n);
+    void endLayout(Number n);
+    void startTag(Number n);
+    void tagBeginning(Number n);
+    void tagEnd(Number n, bool hasContent);
+    void attribute(Number n);
+    void leaf(Number n);
+    void ownLeaf(Number n);
+    bool hasEndTag(Number n) const;
+
+    const Arena &arena_;
+    Output &output_;
+    const SourceText *pending_ = nullptr;
+    std::uint32_t pendingStart_ = 0;
+    std::uint32_t pendingEnd_ = 0;
+};
+
+bool Serializer::source(Number n, std::uint32_t start, std::uint32_t end) {
+    if (start == end)
+        return true;
+    const SourceText &text = *arena_.source(n);
+    if (pending_ == &text && pendingEnd_ == start) {
+        pendingEnd_ = end;
+        return true;
+    }
+    flush();
+    if (!output_.holds(text))
+        return output_.verbatim(text, start, end);
+    pending_ = &text;
+    pendingStart_ = start;
+    pendingEnd_ = end;
+    return true;
+}
+
+void Serializer::flush() {
+    const SourceText *text = std::exchange(pending_, nullptr);
+    if (text && !output_.verbatim(*text, pendingStart_, pendingEnd_))
+        throw runtime::Error(runtime::error_number::Fail, resources::xml_text::SourceNotWritten);
+}
+
+void Serializer::write(Number top) {
+    for (Number n = top;;) {
+        if (n != top)
+            layout(n);
+        if (open(n)) {
+            n = arena_.part(n).firstChild;
+            continue;
+        }
+        while (n != top && arena_.record(n).next == 0) {
+            n = arena_.record(n).parent;
+            close(n);
+        }
+        if (n == top)
+            break;
+        n = arena_.record(n).next;
+    }
+    flush();
+}
+
+bool Serializer::open(Number n) {
+    const Record &r = arena_.record(n);
+    if (!arena_.hasPart(n)) {
+        if (r.kind == NodeType::Attribute)
+            attribute(n);
+        else
+            leaf(n);
+        return false;
+    }
+    const bool untouched = r.has(record_flag::Source) && !r.has(record_flag::TagChanged) &&
+                           !r.has(record_flag::ContentChanged);
+    if (untouched && source(n, r.start, r.end))
+        return false;
+    if (r.kind == NodeType::Element)
+        startTag(n);
+    if (arena_.part(n).firstChild != 0)
+        return true;
+    close(n);
+    return false;
+}
+
+void Serializer::close(Number n) {
+    const Record &r = arena_.record(n);
+    if (r.kind == NodeType::Document) {
+        endLayout(n);
+        return;
+    }
+    if (arena_.part(n).firstChild == 0 && !hasEndTag(n))
+        return;
+    endLayout(n);
+    const std::string_view name = arena_.names->utf8(r.name);
+    std::string_view behindName = ">";
+    if (hasEndTag(n)) {
+        const std::uint32_t start = arena_.part(n).endTagStart;
+        std::string_view tag = arena_.slice(n, start, r.end);
+        tag.remove_prefix(2);
+        behindName = tag.substr(tag.find_last_not_of(" \t\r\n>") + 1);
+        tag.remove_suffix(behindName.size());
+        // After renaming, the blanks behind the name are all that the source still has to say.
+        if (tag == name && source(n, start, r.end))
+            return;
+    }
+    markup("</");
+    markup(name);
+    markup(normalizeLineEnds(behindName));
+}
+
+bool Serializer::hasEndTag(Number n) const {
+    const Record &r = arena_.record(n);
+    return r.has(record_flag::Source) && arena_.part(n).endTagStart != r.end;
+}
+
+void Serializer::layout(Number n) {
+    const Record &r = arena_.record(n);
+    if (r.has(record_flag::OwnLayout))
+        markup(arena_.layout(n));
+    else if (r.has(record_flag::Source))
+        blanks(n, r.layoutStart, r.start);
+}
+
+void Serializer::endLayout(Number n) {
+    const Record &r = arena_.record(n);
+    if (r.has(record_flag::OwnEndLayout))
+        markup(arena_.endLayout(n));
+    else if (r.has(record_flag::Source))
+        blanks(n, arena_.part(n).contentEnd, arena_.part(n).endTagStart);
+}
+
+void Serializer::startTag(Number n) {
+    const Record &r = arena_.record(n);
+    const ElementPart &part = arena_.part(n);
+    const bool hasContent = part.firstChild != 0 || hasEndTag(n);
+    const bool sourceClosed = r.has(record_flag::Source) && part.contentStart == r.end;
+    if (r.has(record_flag::Source) && !r.has(record_flag::TagChanged) &&
+        hasContent != sourceClosed && source(n, r.start, part.contentStart))
+        return;
+    tagBeginning(n);
+    for (Number a = part.firstAttribute; a != 0; a = arena_.record(a).next) {
+        if (arena_.record(a).has(record_flag::Defaulted))
+            continue;
+        if (arena_.layout(a).empty())
+            markup(" ");
+        else
+            layout(a);
+        attribute(a);
+    }
+    tagEnd(n, hasContent);
+}
+
+void Serializer::tagBeginning(Number n) {
+    markup("<");
+    markup(arena_.names->utf8(arena_.record(n).name));
+}
+
+void Serializer::tagEnd(Number n, bool hasContent) {
+    const Record &r = arena_.record(n);
+    const ElementPart &part = arena_.part(n);
+    std::string_view end = hasContent ? ">"sv : "/>"sv;
+    if (r.has(record_flag::Source)) {
+        // Blanks and line breaks that stood ahead of the tag's end stay, but `<a />` opens as
+        // `<a>`.
+        const bool closed = part.contentStart == r.end;
+        std::string_view tag = arena_.slice(n, r.start, part.contentStart);
+        tag.remove_suffix(closed ? 2 : 1);
+        const std::size_t last = tag.find_last_not_of(" \t\r\n");
+        if (closed != hasContent)
+            blanks(n, r.start + static_cast<std::uint32_t>(last + 1),
+                   r.start + static_cast<std::uint32_t>(tag.size()));
+    }
+    markup(end);
+}
+
+void Serializer::attribute(Number n) {
+    const Record &r = arena_.record(n);
+    const bool renamed = r.has(record_flag::Renamed);
+    if (isVerbatim(r) && !renamed && source(n, r.start, r.end))
+        return;
+    markup(arena_.names->utf8(r.name));
+    if (!r.has(record_flag::Source)) {
+        markup("=\"");
+        characters(escapeAttribute(valueOf(arena_, n), '"'));
+        markup("\"");
+        return;
+    }
+    // The blanks around "=" and the kind of quote stay.
+    const std::string_view raw = arena_.slice(n, r.start, r.end);
+    const AttributeSource parts = splitAttribute(raw);
+    if (isVerbatim(r) && source(n, r.start + static_cast<std::uint32_t>(parts.nameEnd), r.end))
+        return;
+    markup(normalizeLineEnds(raw.substr(parts.nameEnd, parts.valueStart - parts.nameEnd)));
+    if (isVerbatim(r)) {
+        characters(
+            normalizeLineEnds(raw.substr(parts.valueStart, parts.valueEnd - parts.valueStart)));
+    } else {
+        const std::string value = valueOf(arena_, n);
+        characters(
+            escapeAttribute(value, raw.back(), keptReferences(value, readAttribute(arena_, n))));
+    }
+    markup(raw.substr(parts.valueEnd));
+}
+
+void Serializer::leaf(Number n) {
+    const Record &r = arena_.record(n);
+    if (!isVerbatim(r)) {
+        ownLeaf(n);
+    } else if (!source(n, r.start, r.end)) {
+        const std::string raw = normalizeLineEnds(arena_.slice(n, r.start, r.end));
+        if (r.kind == NodeType::Text)
+            characters(raw);
+        else
+            markup(raw);
+    }
+}
+
+void Serializer::ownLeaf(Number n) {
+    const Record &r = arena_.record(n);
+    const std::string value = valueOf(arena_, n);
+    const std::string_view name = arena_.names->utf8(r.name);
+    switch (r.kind) {
+    case NodeType::Text:
+        characters(escapeText(value, r.parent != 0 &&
+                                         (arena_.record(r.parent).has(record_flag::PreserveSpace) ||
+                                          arena_.properties.preserveWhiteSpace)));
+        break;
+    case NodeType::CDATASection:
+        markup(cdataMarkup(value));
+        break;
+    case NodeType::Comment:
+        markup(commentMarkup(value));
+        break;
+    case NodeType::ProcessingInstruction:
+        markup(instructionMarkup(name, value));
+        break;
+    case NodeType::EntityReference:
+        markup("&" + std::string(name) + ";");
+        break;
+    default:
+        break;
+    }
+}
+
+struct Target {
+    std::string codec;
+    std::string mark;
+    QString encodingName;
+};
+
+Target targetOf(const Arena &arena) {
+    const FileFormat &format = arena.format;
+    const std::string declared = declaredEncodingOf(arena);
+    Target target;
+    bool mark = format.byteOrderMark;
+    if (!format.codec.empty() && declared == format.declared) {
+        target.codec = format.codec;
+    } else {
+        target.codec = declared.empty() ? "UTF-8" : codecFor(declared);
+        if (target.codec.empty())
+            throw runtime::Error(
+                runtime::error_number::Fail,
+                resources::xml_text::UnknownEncoding.arg(QString::fromStdString(declared)));
+        mark = target.codec == "UTF-16" || (mark && target.codec == "UTF-8");
+    }
+    target.encodingName = QString::fromStdString(declared.empty() ? target.codec : declared);
+    if (mark && target.codec == "UTF-8")
+        target.mark = "\xEF\xBB\xBF";
+    else if (mark)
+        target.mark = target.codec == "UTF-16BE" ? "\xFE\xFF" : "\xFF\xFE";
+    return target;
+}
+
+} // namespace
+
+Number declarationOf(const Arena &arena) {
+    const Number first = arena.part(arena.documentNumber()).firstChild;
+    if (first == 0 || arena.record(first).kind != NodeType::ProcessingInstruction ||
+        arena.names->utf8(arena.record(first).name) != "xml")
+        return 0;
+    return first;
+}
+
+std::string declaredEncodingOf(const Arena &arena) {
+    const Number declaration = declarationOf(arena);
+    if (declaration == 0)
+        return {};
+    return declaredEncoding("<?xml " + valueOf(arena, declaration) + "?>");
+}
+
+QByteArray serializeNode(const Arena &arena, Number node) {
+    MemoryOutput output;
+    Serializer(arena, output).write(node);
+    return output.take();
+}
+
+std::string serializeDocument(const Arena &arena) {
+    const Target target = targetOf(arena);
+    FileOutput output(target.codec, arena.format.lineEnd, target.encodingName, target.mark);
+    Serializer(arena, output).write(arena.documentNumber());
+    return output.take();
+}
+
+} // namespace quillon::xml

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/xml/storage/arena.h"
+
+#include <string>
+#include <string_view>
+
+namespace quillon::xml {
+
+/// The markup of a node in UTF-8 with LF line ends.
+QByteArray serializeNode(const Arena &arena, Number node);
+
+/// The bytes of a whole document in its own encoding, with its byte order mark and line ends.
+/// Raises Fail for an encoding that is not supported and for a character that the encoding cannot
+/// hold where no reference can stand for it.
+std::string serializeDocument(const Arena &arena);
+
+/// The XML declaration of a document, or 0.
+Number declarationOf(const Arena &arena);
+
+/// The encoding that the document's declaration names now; empty when it names none.
+std::string declaredEncodingOf(const Arena &arena);
+
+} // namespace quillon::xml

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "platform/runtime/progress.h"
+#include "platform/xml/dom/dom.h"
+
+#include <vector>
+
+namespace quillon::xml {
+
+/// The nodes that an XPath 1.0 expression selects from a context node, in document order, each
+/// once.
+///
+/// XPath sees the document as the DOM holds it: every text and CDATA section is a node of its own,
+/// an entity reference is a text node, white space that is layout is nothing. It sees neither the
+/// XML declaration nor the document type, and xmlns attributes only on the namespace axis. The
+/// prefixes declared in scope of the context node can be used; those of the root element if that
+/// node is the document. A name without a prefix means no namespace. id() knows xml:id and what the
+/// internal subset declares as ID.
+///
+/// The first query copies the document, which later ones use until the document is changed. The
+/// expression is evaluated in a child process, whose progress is unknown.
+///
+/// Raises InvalidArgument for a context that XPath cannot see or that does not stand in the
+/// document. Raises Fail, with what is wrong between "-->" and "<--", for an expression that is no
+/// XPath, uses an undeclared prefix or an unknown function, does not select nodes, or takes too
+/// many steps or too much time; Cancelled when the progress function says so.
+std::vector<Node> selectNodes(const Node &context, const QString &expression,
+                              const runtime::Progress &progress = {});
+
+/// The element that an attribute is set on; the empty handle for one that stands nowhere and for
+/// other nodes.
+Node ownerElement(const Node &attribute);
+
+/// Frees the copy of the document that queries have left. The next change does so, too.
+void dropXPathCache(const DOMDocument40 &document);
+
+} // namespace quillon::xml

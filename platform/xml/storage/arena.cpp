@@ -1,0 +1,350 @@
+#include "platform/xml/storage/arena.h"
+
+#include "platform/runtime/error.h"
+#include "resources/xml_texts.h"
+
+#include <algorithm>
+
+namespace quillon::xml {
+
+namespace {
+
+/// Room for the numbers of one process's largest document and its edits.
+constexpr std::uint32_t MaxSlots = 0xF0000000;
+
+auto findOwn(const Page &page, std::uint16_t slot, OwnTextKind kind) {
+    return std::lower_bound(
+        page.texts.begin(), page.texts.end(), std::pair(slot, kind),
+        [](const Page::Own &own, const std::pair<std::uint16_t, OwnTextKind> &key) {
+            return std::pair(own.slot, own.kind) < key;
+        });
+}
+
+} // namespace
+
+std::size_t Page::sourceIndex(const Ref<SourceText> &source) {
+    const auto found = std::find(sources.rbegin(), sources.rend(), source);
+    if (found != sources.rend())
+        return std::size_t(sources.rend() - found) - 1;
+    if (sources.size() == MaxSources)
+        return MaxSources;
+    sources.push_back(source);
+    return sources.size() - 1;
+}
+
+Arena::Arena() : names(new NameTable), entities(std::make_shared<EntityTable>()) {
+    add(NodeType::Document, 0);
+}
+
+Arena::~Arena() = default;
+
+Ref<Arena> Arena::clone() const {
+    return Ref<Arena>(new Arena(*this));
+}
+
+void Arena::clear() {
+    derived.drop();
+    base_ += size_;
+    size_ = 0;
+    directories_.clear();
+    names = Ref<NameTable>(new NameTable);
+    entities = std::make_shared<EntityTable>();
+    format = {};
+    rootPlace = {};
+    parseError = {};
+    add(NodeType::Document, 0);
+}
+
+Page &Arena::unsharePage(std::uint32_t number) {
+    Ref<Directory> &directory = directories_[number / Directory::PageCount];
+    if (directory->isShared())
+        directory = Ref<Directory>(new Directory(*directory));
+    Ref<Page> &page = directory->pages[number % Directory::PageCount];
+    if (page->isShared())
+        page = Ref<Page>(new Page(*page));
+    return *page;
+}
+
+void Arena::addPage(std::uint32_t number) {
+    if (number / Directory::PageCount == directories_.size())
+        directories_.emplace_back(new Directory);
+    Ref<Directory> &directory = directories_[number / Directory::PageCount];
+    if (directory->isShared())
+        directory = Ref<Directory>(new Directory(*directory));
+    directory->pages[number % Directory::PageCount] = Ref<Page>(new Page);
+}
+
+std::uint32_t Arena::allocate(std::uint32_t slots) {
+    if (size_ > MaxSlots - base_ - 2)
+        throw runtime::Error(runtime::error_number::Fail, resources::xml_text::TooManyNodes);
+    const std::uint32_t at = size_;
+    size_ += slots;
+    const std::uint32_t number = (size_ - 1) / Page::SlotCount;
+    if (at == 0 || number != (at - 1) / Page::SlotCount)
+        addPage(number);
+    return at;
+}
+
+Number Arena::add(NodeType kind, std::uint32_t name) {
+    const bool withPart = kind == NodeType::Element || kind == NodeType::Document;
+    const std::uint32_t at = allocate(withPart ? 2 : 1);
+    const Number n = base_ + at;
+    Record &record = writeRecord(n);
+    record = {};
+    record.kind = kind;
+    record.name = name;
+    if (withPart)
+        writePart(n) = {};
+    return n;
+}
+
+Number Arena::add(NodeType kind, std::uint32_t name, const Ref<SourceText> &source) {
+    Number n = add(kind, name);
+    std::size_t index = writePage(n - base_).sourceIndex(source);
+    while (index == Page::MaxSources) {
+        // The page cannot take another source: waste the rest of it.
+        n = add(kind, name);
+        index = writePage(n - base_).sourceIndex(source);
+    }
+    Record &record = writeRecord(n);
+    record.source = static_cast<std::uint8_t>(index);
+    record.flags = record_flag::Source;
+    return n;
+}
+
+Number Arena::appendRead(NodeType kind, std::uint32_t name, const Ref<SourceText> &source,
+                         const SourcePlace &place, Number parent) {
+    const std::uint32_t at = allocate(kind == NodeType::Element ? 2 : 1);
+    const Number n = base_ + at;
+    Page &page = writePage(at);
+    ElementPart &parentPart = writePart(parent);
+    Number &last = kind == NodeType::Attribute ? parentPart.lastAttribute : parentPart.lastChild;
+    Number &first = kind == NodeType::Attribute ? parentPart.firstAttribute : parentPart.firstChild;
+    page.slots[indexOf(at)].record = {kind,
+                                      record_flag::Source,
+                                      static_cast<std::uint8_t>(page.sourceIndex(source)),
+                                      name,
+                                      parent,
+                                      0,
+                                      last,
+                                      place.layoutStart,
+                                      place.start,
+                                      place.end};
+    if (last != 0)
+        writeRecord(last).next = n;
+    else
+        first = n;
+    last = n;
+    if (kind == NodeType::Element)
+        writePart(n) = {0, 0, 0, 0, place.end, place.end, place.end, 0};
+    return n;
+}
+
+void Arena::bindDocument(const Ref<SourceText> &source) {
+    const std::size_t index = writePage(0).sourceIndex(source);
+    Record &record = writeRecord(base_);
+    record.source = static_cast<std::uint8_t>(index);
+    record.flags |= record_flag::Source;
+    record.start = record.layoutStart = 0;
+    record.end = static_cast<std::uint32_t>(source->utf8.size());
+}
+
+const Ref<SourceText> &Arena::source(Number n) const {
+    return page(n - base_).sources[record(n).source];
+}
+
+std::string_view Arena::ownText(Number n, OwnTextKind kind) const {
+    const Page &p = page(n - base_);
+    const auto slot = static_cast<std::uint16_t>(indexOf(n - base_));
+    const auto at = findOwn(p, slot, kind);
+    if (at == p.texts.end() || at->slot != slot || at->kind != kind)
+        return {};
+    return at->text->utf8;
+}
+
+void Arena::setOwnText(Number n, OwnTextKind kind, std::string text) {
+    derived.drop();
+    Page &p = writePage(n - base_);
+    const auto slot = static_cast<std::uint16_t>(indexOf(n - base_));
+    const auto at = p.texts.begin() + (findOwn(p, slot, kind) - p.texts.cbegin());
+    Ref<OwnText> own(new OwnText(std::move(text)));
+    if (at != p.texts.end() && at->slot == slot && at->kind == kind)
+        at->text = std::move(own);
+    else
+        p.texts.insert(at, {slot, kind, std::move(own)});
+}
+
+std::string_view Arena::layout(Number n) const {
+    const Record &r = record(n);
+    if (r.has(record_flag::OwnLayout))
+        return ownText(n, OwnTextKind::Layout);
+    return r.has(record_flag::Source) ? slice(n, r.layoutStart, r.start) : std::string_view();
+}
+
+std::string_view Arena::endLayout(Number n) const {
+    const Record &r = record(n);
+    if (r.has(record_flag::OwnEndLayout))
+        return ownText(n, OwnTextKind::EndLayout);
+    if (!r.has(record_flag::Source))
+        return {};
+    return slice(n, part(n).contentEnd, part(n).endTagStart);
+}
+
+void Arena::setLayout(Number n, std::string text) {
+    if (layout(n) == text)
+        return;
+    setOwnText(n, OwnTextKind::Layout, std::move(text));
+    writeRecord(n).flags |= record_flag::OwnLayout;
+}
+
+void Arena::setEndLayout(Number n, std::string text) {
+    if (endLayout(n) == text)
+        return;
+    setOwnText(n, OwnTextKind::EndLayout, std::move(text));
+    writeRecord(n).flags |= record_flag::OwnEndLayout;
+}
+
+void Arena::link(Number parent, Number node, Number next) {
+    derived.drop();
+    const bool attribute = record(node).kind == NodeType::Attribute;
+    const Number last = attribute ? part(parent).lastAttribute : part(parent).lastChild;
+    const Number previous = next != 0 ? record(next).previous : last;
+    Record &r = writeRecord(node);
+    r.parent = parent;
+    r.previous = previous;
+    r.next = next;
+    if (previous != 0)
+        writeRecord(previous).next = node;
+    if (next != 0)
+        writeRecord(next).previous = node;
+    ElementPart &p = writePart(parent);
+    Number &first = attribute ? p.firstAttribute : p.firstChild;
+    Number &end = attribute ? p.lastAttribute : p.lastChild;
+    if (previous == 0)
+        first = node;
+    if (next == 0)
+        end = node;
+}
+
+void Arena::unlink(Number node) {
+    derived.drop();
+    const Record r = record(node);
+    if (r.previous != 0)
+        writeRecord(r.previous).next = r.next;
+    if (r.next != 0)
+        writeRecord(r.next).previous = r.previous;
+    if (r.parent != 0) {
+        ElementPart &p = writePart(r.parent);
+        const bool attribute = r.kind == NodeType::Attribute;
+        Number &first = attribute ? p.firstAttribute : p.firstChild;
+        Number &last = attribute ? p.lastAttribute : p.lastChild;
+        if (first == node)
+            first = r.next;
+        if (last == node)
+            last = r.previous;
+    }
+    Record &w = writeRecord(node);
+    w.parent = w.previous = w.next = 0;
+}
+
+void Arena::markContentChanged(Number parent) {
+    // Where the mark stands already it stands on everything above, too.
+    for (Number n = parent; n != 0 && !record(n).has(record_flag::ContentChanged);
+         n = record(n).parent)
+        writeRecord(n).flags |= record_flag::ContentChanged;
+}
+
+Number Arena::nextInSubtree(Number node, Number top) const {
+    if (hasPart(node) && part(node).firstChild != 0)
+        return part(node).firstChild;
+    for (; node != top; node = record(node).parent) {
+        if (record(node).next != 0)
+            return record(node).next;
+    }
+    return 0;
+}
+
+Number Arena::copyOne(const Arena &from, Number node, std::vector<std::uint32_t> &nameMap) {
+    const Record r = from.record(node);
+    std::uint32_t name = r.name;
+    if (!(names == from.names)) {
+        if (nameMap.size() <= name)
+            nameMap.resize(std::max<std::size_t>(name + 1, 2 * nameMap.size()));
+        if (nameMap[name] == 0)
+            nameMap[name] = names->intern(from.names->utf8(name));
+        name = nameMap[name];
+    }
+    const bool read = r.has(record_flag::Source);
+    const Number copy = read ? add(r.kind, name, from.source(node)) : add(r.kind, name);
+    {
+        Record &w = writeRecord(copy);
+        w.flags = r.flags;
+        w.layoutStart = r.layoutStart;
+        w.start = r.start;
+        w.end = r.end;
+    }
+    if (from.hasPart(node)) {
+        const ElementPart p = from.part(node);
+        ElementPart &w = writePart(copy);
+        w.contentStart = p.contentStart;
+        w.contentEnd = p.contentEnd;
+        w.endTagStart = p.endTagStart;
+    }
+    if (r.has(record_flag::OwnValue))
+        setOwnText(copy, OwnTextKind::Value, std::string(from.ownText(node, OwnTextKind::Value)));
+    if (r.has(record_flag::OwnLayout))
+        setOwnText(copy, OwnTextKind::Layout, std::string(from.ownText(node, OwnTextKind::Layout)));
+    if (r.has(record_flag::OwnEndLayout))
+        setOwnText(copy, OwnTextKind::EndLayout,
+                   std::string(from.ownText(node, OwnTextKind::EndLayout)));
+    return copy;
+}
+
+Number Arena::addInFormOf(Number element, std::uint32_t name) {
+    std::vector<std::uint32_t> nameMap;
+    const Number copy = copyOne(*this, element, nameMap);
+    Record &record = writeRecord(copy);
+    record.name = name;
+    record.flags |= record_flag::TagChanged;
+    return copy;
+}
+
+Number Arena::copyWithAttributes(const Arena &from, Number node,
+                                 std::vector<std::uint32_t> &nameMap) {
+    const Number copy = copyOne(from, node, nameMap);
+    if (from.hasPart(node)) {
+        for (Number a = from.part(node).firstAttribute; a != 0; a = from.record(a).next)
+            link(copy, copyOne(from, a, nameMap), 0);
+    }
+    return copy;
+}
+
+Number Arena::copyFrom(const Arena &from, Number node, bool deep) {
+    std::vector<std::uint32_t> nameMap;
+    const Number top = copyWithAttributes(from, node, nameMap);
+    if (!deep) {
+        if (from.hasPart(node) && from.part(node).firstChild != 0)
+            markContentChanged(top);
+        return top;
+    }
+    Number target = top;
+    for (Number n = node;;) {
+        if (from.hasPart(n) && from.part(n).firstChild != 0) {
+            n = from.part(n).firstChild;
+        } else {
+            while (n != node && from.record(n).next == 0) {
+                n = from.record(n).parent;
+                target = record(target).parent;
+            }
+            if (n == node)
+                return top;
+            n = from.record(n).next;
+            target = record(target).parent;
+        }
+        const Number copy = copyWithAttributes(from, n, nameMap);
+        link(target, copy, 0);
+        target = copy;
+    }
+}
+
+} // namespace quillon::xml

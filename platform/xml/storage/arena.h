@@ -1,0 +1,276 @@
+#pragma once
+
+#include "platform/xml/storage/name_table.h"
+#include "platform/xml/storage/node_kind.h"
+#include "platform/xml/storage/parse_error.h"
+#include "platform/xml/storage/ref.h"
+#include "platform/xml/storage/source_text.h"
+
+#include <array>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quillon::xml {
+
+/// Number of a node in its document; 0 is no node.
+using Number = std::uint32_t;
+
+namespace record_flag {
+/// The positions in the source text are valid: the node was read.
+constexpr std::uint8_t Source = 1;
+/// The attribute list of an element is not the one that was read.
+constexpr std::uint8_t TagChanged = 2;
+/// The name of an attribute is not the one that was read.
+constexpr std::uint8_t Renamed = TagChanged;
+/// Something below is not as it was read.
+constexpr std::uint8_t ContentChanged = 4;
+/// The value stands among the page's own texts.
+constexpr std::uint8_t OwnValue = 8;
+/// The layout ahead of the node stands among the page's own texts.
+constexpr std::uint8_t OwnLayout = 16;
+/// The layout ahead of the end tag stands among the page's own texts.
+constexpr std::uint8_t OwnEndLayout = 32;
+/// An attribute that only the internal subset's default supplies.
+constexpr std::uint8_t Defaulted = 64;
+/// White space between markup is content here.
+constexpr std::uint8_t PreserveSpace = 128;
+} // namespace record_flag
+
+/// What is kept of every node. Positions are byte offsets in the source text.
+struct Record {
+    NodeType kind;
+    std::uint8_t flags;
+    /// Which of the page's sources the positions mean.
+    std::uint8_t source;
+    std::uint32_t name;
+    /// For an attribute: the element it is set on.
+    Number parent;
+    Number next;
+    Number previous;
+    /// The white space from here to `start` is the node's layout.
+    std::uint32_t layoutStart;
+    std::uint32_t start;
+    std::uint32_t end;
+
+    bool has(std::uint8_t flag) const { return (flags & flag) != 0; }
+};
+
+/// What is kept of elements and the document besides; it stands in the slot after the Record.
+struct ElementPart {
+    Number firstChild;
+    Number lastChild;
+    Number firstAttribute;
+    Number lastAttribute;
+    /// End of the start tag; equal to Record::end for `<a/>`.
+    std::uint32_t contentStart;
+    /// The white space from here to `endTagStart` is the layout ahead of the end tag.
+    std::uint32_t contentEnd;
+    std::uint32_t endTagStart;
+    std::uint32_t unused;
+};
+
+union Slot {
+    Record record;
+    ElementPart part;
+};
+static_assert(sizeof(Slot) == 32);
+
+/// Where a node stands in its source text: its layout, then the node itself.
+struct SourcePlace {
+    std::uint32_t layoutStart;
+    std::uint32_t start;
+    std::uint32_t end;
+};
+
+enum class OwnTextKind : std::uint8_t { Value, Layout, EndLayout };
+
+/// A page of slots with the texts they own. Shared between the copies of a document and copied
+/// before one of them changes it.
+struct Page final : RefCounted {
+    static constexpr std::uint32_t SlotCount = 1024;
+    static constexpr std::size_t MaxSources = 255;
+
+    /// Left as they come: allocation fills a slot before anything reads it.
+    std::array<Slot, SlotCount> slots;
+    std::vector<Ref<SourceText>> sources;
+
+    struct Own {
+        std::uint16_t slot;
+        OwnTextKind kind;
+        Ref<OwnText> text;
+    };
+    /// Ascending by slot, then kind.
+    std::vector<Own> texts;
+
+    /// The place of a source in `sources`, added when it is new; MaxSources when there is no room.
+    std::size_t sourceIndex(const Ref<SourceText> &source);
+};
+
+/// A general entity that the internal subset declares with a text of its own.
+using EntityTable = std::map<std::string, std::string, std::less<>>;
+
+enum class LineEnd : std::uint8_t { LF, CRLF, CR };
+
+/// How the file looked that a document was read from.
+struct FileFormat {
+    LineEnd lineEnd = LineEnd::LF;
+    bool byteOrderMark = false;
+    /// What the declaration said when the file was read, and the codec it was read with; both
+    /// empty for a document that was not read from a file.
+    std::string declared;
+    std::string codec;
+};
+
+/// Where the root element stood when it was last removed.
+struct RootPlace {
+    bool valid = false;
+    Number next = 0;
+    std::string layout;
+};
+
+struct ParserProperties {
+    bool preserveWhiteSpace = false;
+};
+
+/// Base of what is worked out from a document's content and kept for the next time.
+class Derived {
+public:
+    virtual ~Derived() = default;
+};
+
+/// Keeps it. A copy of the document starts with nothing.
+class DerivedKeeper {
+public:
+    DerivedKeeper() = default;
+    DerivedKeeper(const DerivedKeeper &) {}
+    DerivedKeeper &operator=(const DerivedKeeper &) = delete;
+
+    Derived *get() const { return kept_.get(); }
+    void keep(std::unique_ptr<Derived> derived) { kept_ = std::move(derived); }
+    void drop() {
+        if (kept_)
+            kept_.reset();
+    }
+
+private:
+    std::unique_ptr<Derived> kept_;
+};
+
+/// The storage of a document: numbered records on shared pages. It knows nothing of what may
+/// stand where; dom_edit.cpp does.
+class Arena final : public ArenaBase {
+public:
+    Arena();
+    ~Arena() override;
+
+    /// A second document that shares all pages with this one.
+    Ref<Arena> clone() const;
+    /// Drops all content. Numbers already given stay dead.
+    void clear();
+
+    bool isAlive(Number n) const { return n - base_ < size_; }
+    Number documentNumber() const { return base_; }
+    /// Number of slots in use, dead nodes included.
+    std::uint32_t slotCount() const { return size_; }
+
+    const Record &record(Number n) const { return slot(n - base_).record; }
+    const ElementPart &part(Number n) const { return slot(n - base_ + 1).part; }
+    /// For writing. Every reference got before may point at the state before the write.
+    Record &writeRecord(Number n) { return writeSlot(n - base_).record; }
+    ElementPart &writePart(Number n) { return writeSlot(n - base_ + 1).part; }
+    bool hasPart(Number n) const {
+        const NodeType kind = record(n).kind;
+        return kind == NodeType::Element || kind == NodeType::Document;
+    }
+
+    /// A new record (with its part) that stands nowhere and has no source.
+    Number add(NodeType kind, std::uint32_t name);
+    /// The same with positions in a source.
+    Number add(NodeType kind, std::uint32_t name, const Ref<SourceText> &source);
+    /// An element of another name that is written like `element`: its positions and its layout, but
+    /// nothing in it. It stands nowhere.
+    Number addInFormOf(Number element, std::uint32_t name);
+    /// What the parser does for every node: add(), positions and link() at the end of `parent`.
+    Number appendRead(NodeType kind, std::uint32_t name, const Ref<SourceText> &source,
+                      const SourcePlace &place, Number parent);
+
+    const Ref<SourceText> &source(Number n) const;
+    std::string_view slice(Number n, std::uint32_t start, std::uint32_t end) const {
+        return source(n)->slice(start, end);
+    }
+
+    /// Makes the document node stand for the whole of a source.
+    void bindDocument(const Ref<SourceText> &source);
+
+    /// A text that a node owns; empty when it owns none of that kind.
+    std::string_view ownText(Number n, OwnTextKind kind) const;
+    void setOwnText(Number n, OwnTextKind kind, std::string text);
+
+    /// The white space ahead of a node, or ahead of an element's end tag. Line ends as read.
+    std::string_view layout(Number n) const;
+    std::string_view endLayout(Number n) const;
+    /// Sets them; LF line ends.
+    void setLayout(Number n, std::string text);
+    void setEndLayout(Number n, std::string text);
+
+    /// Links a node as a child (or attribute) that stands nowhere yet; 0 for next appends.
+    void link(Number parent, Number node, Number next);
+    void unlink(Number node);
+    /// Notes that something below `parent`, itself included, is not as it was read.
+    void markContentChanged(Number parent);
+
+    /// Copies a node with its attributes, and its descendants when deep, from an arena (which may
+    /// be this one). The copy stands nowhere.
+    Number copyFrom(const Arena &from, Number node, bool deep);
+
+    /// The next node of a walk over everything below `top` in document order, without recursion;
+    /// 0 at the end.
+    Number nextInSubtree(Number node, Number top) const;
+
+    Ref<NameTable> names;
+    std::shared_ptr<const EntityTable> entities;
+    FileFormat format;
+    ParserProperties properties;
+    ParseError parseError;
+    RootPlace rootPlace;
+    /// What was worked out from the present content; every change drops it. (The parser adds to a
+    /// document that has just been cleared and need not.)
+    DerivedKeeper derived;
+
+private:
+    struct Directory final : RefCounted {
+        static constexpr std::uint32_t PageCount = 512;
+        std::array<Ref<Page>, PageCount> pages;
+    };
+
+    static constexpr std::uint32_t indexOf(std::uint32_t at) { return at % Page::SlotCount; }
+    const Page &page(std::uint32_t at) const {
+        const std::uint32_t number = at / Page::SlotCount;
+        return *directories_[number / Directory::PageCount]->pages[number % Directory::PageCount];
+    }
+    const Slot &slot(std::uint32_t at) const { return page(at).slots[indexOf(at)]; }
+    Page &writePage(std::uint32_t at) {
+        const std::uint32_t number = at / Page::SlotCount;
+        const Ref<Directory> &directory = directories_[number / Directory::PageCount];
+        const Ref<Page> &page = directory->pages[number % Directory::PageCount];
+        return directory->isShared() || page->isShared() ? unsharePage(number) : *page;
+    }
+    Slot &writeSlot(std::uint32_t at) { return writePage(at).slots[indexOf(at)]; }
+    Page &unsharePage(std::uint32_t number);
+    void addPage(std::uint32_t number);
+    /// Room for one node of `slots` slots; returns the position of the first.
+    std::uint32_t allocate(std::uint32_t slots);
+    Number copyOne(const Arena &from, Number node, std::vector<std::uint32_t> &nameMap);
+    Number copyWithAttributes(const Arena &from, Number node, std::vector<std::uint32_t> &nameMap);
+
+    /// The number of position 0.
+    Number base_ = 1;
+    std::uint32_t size_ = 0;
+    std::vector<Ref<Directory>> directories_;
+};
+
+} // namespace quillon::xml

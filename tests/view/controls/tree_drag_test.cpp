@@ -1,0 +1,104 @@
+#include "tests/support/scripted_dialogs.h"
+#include "view/controls/tree_view.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+using namespace quillon;
+using namespace quillon::controls;
+
+namespace {
+
+/// A shown tree of three items, one below the other, whose drags end before they begin.
+class DragSource : public testing::Test {
+protected:
+    DragSource() {
+        view_.resize(300, 200);
+        items::TreeItem parent;
+        for (quint32 i = 1; i <= 3; ++i) {
+            parent = view_.nodes().Add(parent, items::Relationship::Child, i);
+            parent.setText(QString::number(i));
+        }
+        view_.nodes().setExpandedSubtree(view_.nodes().Item(1), true);
+        view_.setDragHandlers(
+            {[this] {
+                 ++starts_;
+                 return DragOffer{};
+             },
+             [](const QMimeData &) {}, [] {}, [](const DragPoint &) { return Qt::IgnoreAction; },
+             [](const DragPoint &, const QMimeData &) { return Qt::IgnoreAction; },
+             [](Qt::DropAction) {}});
+        view_.show();
+        view_.activateWindow();
+        QApplication::processEvents();
+    }
+
+    QPoint placeOf(int index) {
+        return view_.visualRect(view_.nodes().indexOf(view_.nodes().Item(index))).topLeft() +
+               QPoint(25, 5);
+    }
+    /// Presses a button at one place and releases it at another, the way a hand does.
+    void pull(const QPoint &from, const QPoint &to, Qt::MouseButton button) {
+        QTest::mousePress(view_.viewport(), button, {}, from);
+        for (int step = 1; step <= 10; ++step) {
+            const QPoint at = from + (to - from) * step / 10;
+            QMouseEvent move(QEvent::MouseMove, at, view_.viewport()->mapToGlobal(at), Qt::NoButton,
+                             button, {});
+            QApplication::sendEvent(view_.viewport(), &move);
+        }
+        QTest::mouseRelease(view_.viewport(), button, {}, to);
+    }
+    bool isEditing() const { return view_.viewport()->findChild<QLineEdit *>() != nullptr; }
+
+    TreeView view_;
+    int starts_ = 0;
+};
+
+TEST_F(DragSource, BeginsWithALeftPullFromAnItem) {
+    const QSignalSpy clicks(&view_, &TreeView::NodeClick);
+    pull(placeOf(2), placeOf(3), Qt::LeftButton);
+    EXPECT_EQ(starts_, 1);
+    // The press selects; what the pointer crosses is not clicked, not even if no drag comes of it.
+    EXPECT_EQ(view_.SelectedItem(), view_.nodes().Item(2));
+    EXPECT_EQ(clicks.count(), 1);
+
+    pull(placeOf(2), placeOf(3), Qt::RightButton);
+    pull({150, 190}, placeOf(1), Qt::LeftButton);
+    const QPoint branch = placeOf(1) - QPoint(25 + view_.indentation() / 2, 0);
+    pull(branch, branch + QPoint(100, 60), Qt::LeftButton);
+    EXPECT_FALSE(view_.nodes().Item(1).Expanded());
+    EXPECT_EQ(starts_, 1);
+}
+
+TEST_F(DragSource, ASecondClickStillEditsUnlessItBecomesADrag) {
+    QApplication::setDoubleClickInterval(1);
+    view_.setSelectedItem(view_.nodes().Item(2));
+    pull(placeOf(2), placeOf(3), Qt::LeftButton);
+    // A timer that is started later and runs longer ends after the one that would start an edit.
+    bool later = false;
+    QTimer::singleShot(10, [&] { later = true; });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return later; }));
+    EXPECT_FALSE(isEditing());
+    // A hand that trembles does not drag.
+    view_.setSelectedItem(view_.nodes().Item(2));
+    pull(placeOf(2), placeOf(2) + QPoint(2, 1), Qt::LeftButton);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return isEditing(); }));
+}
+
+TEST_F(DragSource, TellsOfEveryPress) {
+    QSignalSpy presses(&view_, &TreeView::MouseDown);
+    QTest::mousePress(view_.viewport(), Qt::RightButton, {}, placeOf(3));
+    QTest::mousePress(view_.viewport(), Qt::LeftButton, {}, {150, 190});
+    ASSERT_EQ(presses.count(), 2);
+    EXPECT_EQ(presses[0][0].value<items::TreeItem>(), view_.nodes().Item(3));
+    EXPECT_EQ(presses[0][1].value<Qt::MouseButton>(), Qt::RightButton);
+    EXPECT_TRUE(presses[1][0].value<items::TreeItem>().isNothing());
+}
+
+} // namespace

@@ -1,0 +1,238 @@
+#include "validation/validation.h"
+
+#include "platform/runtime/error.h"
+#include "platform/runtime/file_names.h"
+#include "platform/runtime/paths.h"
+#include "platform/xml/engine/child_process.h"
+#include "platform/xml/schema/schema_validator.h"
+#include "platform/xml/schema/xdr/xdr_validator.h"
+#include "resources/messages.h"
+#include "resources/validation_texts.h"
+#include "view/controls/dialogs.h"
+#include "view/controls/message_box.h"
+
+#include <QDataStream>
+#include <QFileInfo>
+#include <QIODevice>
+#include <QScopeGuard>
+
+#include <algorithm>
+
+namespace quillon::validation {
+
+namespace text = resources::validation_text;
+
+namespace {
+
+const xml::SaveOptions WorkingCopy{.readOnly = xml::ReadOnlyFile::Replace, .ownerOnly = true};
+
+/// Lines ahead of the root element in the working copy for a DTD.
+constexpr int HeaderLines = 2;
+
+QString onOneLine(QString text) {
+    return text.replace(u'\n', u' ');
+}
+
+/// The number of lines ahead of the root element in a document as it would be saved.
+int linesAheadOfRoot(const xml::DOMDocument40 &document) {
+    const xml::Node root = document.documentElement();
+    const QByteArray whole = document.xml();
+    qsizetype prolog = 0;
+    for (xml::Node at = root.previousSibling(); at; at = at.previousSibling())
+        prolog += at.xml().size();
+    // Beyond the nodes ahead of the root there is only white space.
+    const qsizetype start = whole.indexOf(root.xml(), prolog);
+    return static_cast<int>(whole.first(std::max<qsizetype>(start, 0)).count('\n'));
+}
+
+} // namespace
+
+void Validation::mnuToolVerifyNew_Click() {
+    namespace flag = controls::file_dialog_flag;
+    const QString chosen =
+        controls::dialogs()
+            .showOpen({.title = text::DialogTitle,
+                       .filter = text::DialogFilter,
+                       .flags = flag::FileMustExist | flag::PathMustExist | flag::HideReadOnly,
+                       .path = {},
+                       .folder = schemaFolder_.isEmpty() ? state_.folder() : schemaFolder_})
+            .path;
+    if (chosen.isEmpty())
+        return;
+    m_strSchemaFile = runtime::shownPath(runtime::fileName(chosen));
+    schemaFolder_ = QFileInfo(chosen).absolutePath();
+    const QString copy = workingFolder_.fileToWrite(m_strSchemaFile);
+    system::copyFile(chosen, copy);
+    mnuToolVerify_Click();
+}
+
+void Validation::mnuToolVerify_Click() {
+    if (m_strSchemaFile.isEmpty())
+        mnuToolVerifyNew_Click();
+    else
+        VerifyDocument();
+}
+
+QString Validation::workingCopyPath() const {
+    const QString name = system::working_name::ValidatedCopy;
+    // A schema of that name must not be overwritten by the copy of the document.
+    return workingFolder_.fileToWrite(m_strSchemaFile == name ? u'_' + name : name);
+}
+
+Validation::Validate Validation::validationByKind() const {
+    const QString kind = m_strSchemaFile.right(4).toLower();
+    if (kind == QLatin1String(".dtd"))
+        return &Validation::validateDtd;
+    if (kind == QLatin1String(".xsd"))
+        return &Validation::validateXsd;
+    if (kind == QLatin1String(".xml"))
+        return &Validation::validateXdr;
+    return nullptr;
+}
+
+void Validation::VerifyDocument() {
+    const Validate validate = validationByKind();
+    if (!validate || !state_.m_DOM)
+        return;
+    clear();
+    if (!state_.m_DOM.documentElement())
+        throw runtime::Error(runtime::error_number::Fail, text::NoRoot);
+    Q_EMIT statusText(text::Validating);
+    auto clearStatus = qScopeGuard([this] { Q_EMIT statusText(QString()); });
+    try {
+        longWork_.run(text::Validating, controls::LongWork::Stop::Offered,
+                      [&](const runtime::Progress &progress) {
+                          // A child process can be stopped, and a schema cannot harm the editor.
+                          take(xml::runInChild([&] { return findings(validate); }, {}, progress));
+                      });
+    } catch (const runtime::Error &error) {
+        clearStatus.dismiss();
+        Q_EMIT statusText(onOneLine(error.description()));
+        throw;
+    }
+    clearStatus.dismiss();
+    if (errors_.empty())
+        showSuccess();
+    else
+        showFirst();
+}
+
+void Validation::clear() {
+    errors_.clear();
+    hasMoreErrors_ = false;
+    warnings_.clear();
+    Q_EMIT errorsChanged();
+}
+
+QByteArray Validation::findings(Validate validate) const {
+    xml::DOMDocument40 copy = xml::DOMDocument40::create();
+    const std::vector<xml::SchemaError> found = (this->*validate)(copy);
+    std::vector<xml::Node> nodes;
+    for (const xml::SchemaError &error : found)
+        nodes.push_back(error.node);
+    const std::vector<qint64> positions = xml::positionsOf(copy, nodes);
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    for (std::size_t i = 0; i < found.size(); ++i)
+        stream << found[i].reason << found[i].line << found[i].isWarning << positions[i];
+    return bytes;
+}
+
+void Validation::writeForDtd(const xml::Node &root, const QByteArray &encoding) const {
+    xml::DOMDocument40 written = xml::DOMDocument40::create();
+    // Only the root element: what stands outside it, a document type too, is left out on purpose.
+    if (!written.loadXML("<?xml version=\"1.0\" encoding=\"" + encoding + "\"?>\r\n<!DOCTYPE " +
+                         root.nodeName().toUtf8() + " SYSTEM \"" + m_strSchemaFile.toUtf8() +
+                         "\">\r\n" + root.xml()))
+        throw runtime::Error(written.parseError().errorCode, written.parseError().reason);
+    written.save(workingCopyPath(), WorkingCopy);
+}
+
+std::vector<xml::SchemaError> Validation::validateDtd(xml::DOMDocument40 &copy) const {
+    const xml::Node root = state_.m_DOM.documentElement();
+    try {
+        writeForDtd(root, "x-sjis");
+    } catch (const runtime::Error &) {
+        // A name or a comment, which must not be replaced by a reference, need not be Japanese.
+        writeForDtd(root, "UTF-8");
+    }
+    loadWorkingCopy(copy);
+    std::vector<xml::SchemaError> found = xml::validateByDtd(copy, schemaCopyPath(), partFolders());
+    const int shift = found.empty() ? 0 : linesAheadOfRoot(state_.m_DOM) - HeaderLines;
+    for (xml::SchemaError &error : found) {
+        if (error.line > 0)
+            error.line += shift;
+    }
+    return found;
+}
+
+std::vector<xml::SchemaError> Validation::validateXsd(xml::DOMDocument40 &copy) const {
+    state_.m_DOM.save(workingCopyPath(), WorkingCopy);
+    loadWorkingCopy(copy);
+    return xml::validateByXsd(copy, schemaCopyPath(), partFolders());
+}
+
+std::vector<xml::SchemaError> Validation::validateXdr(xml::DOMDocument40 &copy) const {
+    const xml::DOMDocument40 clone = state_.m_DOM.clone();
+    const QString attribute = QStringLiteral("xmlns");
+    clone.documentElement().removeAttribute(attribute);
+    clone.documentElement().setAttribute(attribute, xdr::AddressPrefix + m_strSchemaFile);
+    clone.save(workingCopyPath(), WorkingCopy);
+    loadWorkingCopy(copy);
+    xml::DOMDocument40 schema = xml::DOMDocument40::create();
+    if (!schema.load(schemaCopyPath()))
+        xml::raiseSchemaError(m_strSchemaFile, schema.parseError().line,
+                              schema.parseError().reason);
+    xdr::Validator validator(partFolders());
+    validator.addSchema(xdr::AddressPrefix + m_strSchemaFile, schema);
+    return validator.validate(copy);
+}
+
+void Validation::loadWorkingCopy(xml::DOMDocument40 &copy) const {
+    if (!copy.load(workingCopyPath()))
+        throw runtime::Error(copy.parseError().errorCode, copy.parseError().reason);
+}
+
+void Validation::take(const QByteArray &findings) {
+    std::vector<qint64> positions;
+    QDataStream stream(findings);
+    while (!stream.atEnd()) {
+        ValidationError error;
+        bool isWarning = false;
+        qint64 position = -1;
+        stream >> error.reason >> error.line >> isWarning >> position;
+        hasMoreErrors_ = hasMoreErrors_ || (!isWarning && errors_.size() == xml::MaxSchemaErrors);
+        if (isWarning) {
+            warnings_.append(error.reason);
+        } else if (!hasMoreErrors_) {
+            errors_.push_back(error);
+            positions.push_back(position);
+        }
+    }
+    if (errors_.empty())
+        return;
+    // Both documents have the same elements in the same order.
+    std::vector<qint64> ascending = positions;
+    std::ranges::sort(ascending);
+    const std::vector<xml::Node> nodes = xml::elementsAt(state_.m_DOM, ascending);
+    for (std::size_t i = 0; i < errors_.size(); ++i) {
+        const auto at = std::ranges::lower_bound(ascending, positions[i]) - ascending.begin();
+        errors_[i].node = nodes[static_cast<std::size_t>(at)];
+    }
+    Q_EMIT errorsChanged();
+}
+
+void Validation::showSuccess() {
+    const QString succeeded = resources::messageText(resources::message::ValidationSucceeded);
+    Q_EMIT statusText((QStringList(succeeded) + warnings_).join(QLatin1Char(' ')));
+}
+
+void Validation::showFirst() {
+    const ValidationError &first = errors_.front();
+    const QString reason =
+        first.line > 0 ? text::AtLine.arg(QString::number(first.line), first.reason) : first.reason;
+    Q_EMIT statusText(onOneLine(reason));
+    controls::showMessage(reason, controls::message_style::Exclamation);
+}
+
+} // namespace quillon::validation

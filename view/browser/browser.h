@@ -1,0 +1,101 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QTimer>
+#include <QUrl>
+#include <QWidget>
+
+#include <memory>
+
+class QPrinter;
+class QWebEngineLoadingInfo;
+class QWebEngineProfile;
+class QWebEngineView;
+
+namespace quillon::browser {
+
+class BrowserPage;
+class PageFiles;
+
+/// The pane that shows pages made by the program (`ie`). The browser behind it is made when the
+/// first page is shown; prepareBrowser() has settled before what it needs.
+///
+/// A page is a stranger: its scripts run, but reach nothing but itself and the files given to it.
+/// A link to the web that the user follows opens in the desktop's browser, after a question. Boxes
+/// of a script are lines in the status bar. A page that does not answer for some seconds is
+/// stopped.
+class Browser : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit Browser(QWidget *parent = nullptr);
+    ~Browser() override;
+
+    /// The names of files beside the next page that it may use.
+    void setFiles(const QStringList &names);
+
+    /// Shows a file, or an empty pane for "about:blank". A page that shows the same subject as the
+    /// one before it is put into its place: scrolled as far, and folded alike. An empty subject is
+    /// never the same.
+    void Navigate(const QString &path, const QString &subject = {});
+    /// Prints the page shown, or the one that is on its way, onto a printer that has been chosen.
+    void print(std::unique_ptr<QPrinter> printer);
+
+    /// The browser itself; null until the first page is shown.
+    QWebEngineView *view() const { return view_; }
+
+Q_SIGNALS:
+    /// The page that was asked for is there.
+    void NavigateComplete(bool ok);
+    /// The user has clicked an element of the page that has this id.
+    void clicked(const QString &id);
+    void statusText(const QString &text);
+
+private:
+    /// How far a new page is: the one before it is asked for its place, then it is loaded.
+    enum class Stage { Asking, Loading, Shown };
+
+    void makeView();
+    void load(const QString &place);
+    void askAndLoad();
+    void loadingChanged(const QWebEngineLoadingInfo &info);
+    void pageLoaded(bool ok);
+    void printNow();
+    void savePdf(const QByteArray &pdf) const;
+    void endPrinting();
+    void showContextMenu(const QPoint &position);
+    void offerLink(const QString &address);
+    void showMessageOfPage(const QString &text);
+    void askForLife();
+    void pageDied();
+
+    std::unique_ptr<QWebEngineProfile> profile_;
+    PageFiles *files_ = nullptr;
+    QWebEngineView *view_ = nullptr;
+    BrowserPage *page_ = nullptr;
+
+    Stage stage_ = Stage::Shown;
+    /// What was asked for last; it waits while the page before it is still on its way.
+    QString path_;
+    QString subject_;
+    bool waiting_ = false;
+    /// The address loaded last.
+    QUrl url_;
+    QString subjectShown_;
+    QStringList fileNames_;
+    /// Waits for the page, and for the printing before it.
+    std::unique_ptr<QPrinter> printer_;
+    /// In use by the browser.
+    std::unique_ptr<QPrinter> printing_;
+    int messagesOfPage_ = 0;
+
+    QTimer pulse_;
+    /// How often the page was asked for life since its last answer.
+    int unanswered_ = 0;
+    bool stopped_ = false;
+    /// The page's process has ended, and pageDied() is to come.
+    bool dead_ = false;
+};
+
+} // namespace quillon::browser

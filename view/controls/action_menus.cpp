@@ -1,0 +1,116 @@
+#include "view/controls/action_menus.h"
+
+#include "view/controls/error_boundary.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+
+#include <algorithm>
+#include <utility>
+
+namespace quillon::controls {
+
+namespace {
+
+using resources::ActionEntry;
+using resources::ActionKind;
+
+constexpr QStringView nodeMenu = u"mnuNode";
+
+} // namespace
+
+ActionMenus::ActionMenus(ActionSet &actions, QMenuBar &bar)
+    : QObject(&bar), actions_(actions), bar_(bar) {
+    std::map<QStringView, QMenu *> menus;
+    for (const ActionEntry &entry : resources::actionTable()) {
+        QAction *action = actions_.action(entry.name);
+        if (entry.kind == ActionKind::Menu)
+            menus[entry.name] = addMenu(entry.name);
+        if (entry.menu.isEmpty())
+            bar_.addAction(action);
+        else
+            menus.at(entry.menu)->addAction(action);
+        if (entry.kind == ActionKind::Array)
+            arrays_[entry.name] = {menus.at(entry.menu), {action}, {}};
+    }
+    contextMenu_ = new QMenu(&bar_);
+    contextMenu_->addActions(menus.at(nodeMenu)->actions());
+    makeStatesFollow(*contextMenu_, nodeMenu);
+}
+
+QMenu *ActionMenus::addMenu(QStringView name) {
+    auto *menu = new QMenu(&bar_);
+    actions_.action(name)->setMenu(menu);
+    opening_[name];
+    makeStatesFollow(*menu, name);
+    return menu;
+}
+
+void ActionMenus::makeStatesFollow(const QMenu &menu, QStringView name) {
+    connect(&menu, &QMenu::aboutToShow, this, [this, name] { opens(name); });
+    connect(&menu, &QMenu::aboutToHide, this, [this, name] { actions_.acceptKeys(name); });
+}
+
+void ActionMenus::opens(QStringView menu) {
+    actions_.acceptKeys(menu);
+    for (const auto &function : opening_.at(menu))
+        guarded(function);
+    actions_.showStates(menu);
+}
+
+void ActionMenus::onMenuOpening(QStringView menu, std::function<void()> function) {
+    opening_.at(menu).push_back(std::move(function));
+}
+
+void ActionMenus::setElements(QStringView array, const std::vector<Element> &elements,
+                              RunElement run, int first) {
+    const auto found = arrays_.find(array);
+    if (found == arrays_.end())
+        throw std::out_of_range("no control array " + array.toString().toStdString());
+    auto &[name, entry] = *found;
+    entry.run = std::move(run);
+    const size_t start = first == 0 ? 0 : 1;
+    for (size_t i = 0; i < elements.size(); ++i) {
+        const size_t index = start + i;
+        QAction *action = index < entry.elements.size() ? entry.elements[index] : addElement(name);
+        action->setText(elements[i].caption);
+        action->setData(elements[i].tag);
+    }
+    dropElements(entry, std::max<size_t>(start + elements.size(), 1));
+    actions_.action(name)->setVisible(elements.empty() == (start == 1));
+    ActionSet::Run runFirst;
+    if (start == 0)
+        runFirst = [this, name] { runElement(name, 0); };
+    actions_.connectAction(name, std::move(runFirst));
+}
+
+QAction *ActionMenus::addElement(QStringView name) {
+    Array &array = arrays_.at(name);
+    const size_t index = array.elements.size();
+    QAction *action = array.menu->addAction(QString());
+    action->setObjectName(QStringLiteral("%1(%2)").arg(name).arg(index));
+    connect(action, &QAction::triggered, this,
+            [this, name, index] { guarded([&] { runElement(name, index); }); });
+    array.elements.push_back(action);
+    return action;
+}
+
+void ActionMenus::dropElements(Array &array, size_t keep) {
+    for (; array.elements.size() > keep; array.elements.pop_back()) {
+        QAction *action = array.elements.back();
+        array.menu->removeAction(action);
+        // It may be the one whose function is asking for the new list.
+        action->deleteLater();
+    }
+}
+
+void ActionMenus::runElement(QStringView name, size_t index) {
+    const Array &array = arrays_.at(name);
+    // A copy, because the function may set a new list and with it another function.
+    const RunElement run = array.run;
+    if (run)
+        run(static_cast<int>(index), array.elements.at(index)->data().toString());
+}
+
+} // namespace quillon::controls

@@ -1,0 +1,82 @@
+#include "view/controls/dialogs.h"
+
+#include "resources/texts.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QFontDialog>
+#include <QGroupBox>
+#include <QInputDialog>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QTranslator>
+
+#include <utility>
+
+namespace quillon::controls {
+
+namespace {
+
+Dialogs *replaced = nullptr;
+
+} // namespace
+
+Dialogs &dialogs() {
+    static DesktopDialogs desktop;
+    return replaced ? *replaced : desktop;
+}
+
+Dialogs *setDialogs(Dialogs *replacement) {
+    return std::exchange(replaced, replacement);
+}
+
+QString DesktopDialogs::inputText(const QString &prompt) {
+    QInputDialog box(QApplication::activeWindow());
+    box.setWindowTitle(resources::texts::ApplicationTitle.toString());
+    box.setLabelText(prompt);
+    box.setOkButtonText(resources::texts::ButtonOk.toString());
+    box.setCancelButtonText(resources::texts::ButtonCancel.toString());
+    // Room for an address or a longer expression.
+    box.resize(box.fontMetrics().averageCharWidth() * 70, box.sizeHint().height());
+    return box.exec() == QDialog::Accepted ? box.textValue() : QString();
+}
+
+std::optional<FontChoice> DesktopDialogs::chooseFont(const FontChoice &present) {
+    QFont font(present.family);
+    font.setPointSizeF(present.points);
+    QFontDialog dialog(font, QApplication::activeWindow());
+    dialog.setOption(QFontDialog::DontUseNativeDialog);
+    dialog.setWindowTitle(resources::texts::FontDialogTitle.toString());
+    // Lines through and below the text are nothing that is chosen here. Their box has kept the one
+    // beside it, with the sample, from getting too low.
+    for (QGroupBox *box : dialog.findChildren<QGroupBox *>()) {
+        if (box->findChild<QCheckBox *>())
+            box->hide();
+        else
+            box->setMinimumHeight(dialog.fontMetrics().height() * 6);
+    }
+    if (dialog.exec() != QDialog::Accepted)
+        return {};
+    font = dialog.selectedFont();
+    return FontChoice{font.family(), font.pointSizeF()};
+}
+
+bool DesktopDialogs::choosePrinter(QPrinter &printer) {
+    QPrintDialog dialog(&printer, QApplication::activeWindow());
+    dialog.setOption(QAbstractPrintDialog::PrintPageRange, false);
+    return dialog.exec() == QDialog::Accepted;
+}
+
+bool installDialogTexts() {
+    // Dates and numbers in them, too.
+    QLocale::setDefault(QLocale(QLocale::Japanese, QLocale::Japan));
+    auto *translator = new QTranslator(qApp);
+    return translator->load(QLocale(QLocale::Japanese), QStringLiteral("qtbase"),
+                            QStringLiteral("_"),
+                            QLibraryInfo::path(QLibraryInfo::TranslationsPath)) &&
+           QCoreApplication::installTranslator(translator);
+}
+
+} // namespace quillon::controls

@@ -1,0 +1,56 @@
+#include "view/controls/path_box.h"
+
+#include <QAbstractItemView>
+#include <QKeyEvent>
+#include <QLineEdit>
+
+namespace quillon::controls {
+
+PathBox::PathBox(QWidget *parent) : QComboBox(parent) {
+    setEditable(true);
+    setInsertPolicy(QComboBox::NoInsert);
+    setCompleter(nullptr);
+    setDuplicatesEnabled(true);
+    // As wide as the toolbar has room, whatever is in the list.
+    setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(6);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    view()->setTextElideMode(Qt::ElideMiddle);
+    // By this the box would take text typed like an entry for a choice from the list.
+    disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
+    connect(lineEdit(), &QLineEdit::returnPressed, this, &PathBox::Enter);
+    connect(this, &QComboBox::activated, this, &PathBox::Click);
+}
+
+void PathBox::setText(const QString &text) {
+    textSet_ = text;
+    setEditText(text);
+}
+
+QStringList PathBox::List() const {
+    QStringList entries;
+    for (int i = 0; i < count(); ++i)
+        entries.append(itemText(i));
+    return entries;
+}
+
+void PathBox::AddItem(const QString &text) {
+    const QString before = Text();
+    addItem(text);
+    if (Text() == before)
+        return;
+    // A combo box makes its first entry the text.
+    setCurrentIndex(-1);
+    setEditText(before);
+}
+
+void PathBox::keyPressEvent(QKeyEvent *event) {
+    if (event->key() != Qt::Key_Escape) {
+        QComboBox::keyPressEvent(event);
+        return;
+    }
+    setEditText(textSet_);
+    lineEdit()->selectAll();
+}
+
+} // namespace quillon::controls

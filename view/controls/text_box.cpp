@@ -1,0 +1,202 @@
+#include "view/controls/text_box.h"
+
+#include "platform/runtime/strings.h"
+
+#include <QAccessible>
+#include <QScopedValueRollback>
+
+#include <algorithm>
+#include <utility>
+
+namespace quillon::controls {
+
+namespace {
+
+constexpr unsigned long notifications =
+    QsciScintillaBase::SC_MOD_INSERTTEXT | QsciScintillaBase::SC_MOD_DELETETEXT;
+
+/// The text with each line end replaced. In one pass and into storage made once, since texts can
+/// be large.
+QByteArray withLineEnds(QByteArrayView text, QByteArrayView lineEnd) {
+    QByteArray result;
+    result.reserve(text.size() + std::ranges::count(text, '\n') * (lineEnd.size() - 1));
+    while (!text.isEmpty()) {
+        const auto end = std::ranges::find_if(text, [](char c) { return c == '\n' || c == '\r'; });
+        const qsizetype length = end - text.begin();
+        result.append(text.first(length));
+        text = text.sliced(length);
+        if (text.isEmpty())
+            break;
+        result.append(lineEnd);
+        text = text.sliced(text.startsWith("\r\n") ? 2 : 1);
+    }
+    return result;
+}
+
+QByteArray withLf(const QByteArray &text) {
+    return text.contains('\r') ? withLineEnds(text, "\n") : text;
+}
+
+bool startsCharacter(char byte) {
+    return (static_cast<unsigned char>(byte) & 0xc0) != 0x80;
+}
+
+/// How many places of Text() the character takes that starts with a byte: two for a line end and
+/// for what UTF-16 writes as a pair.
+int widthInText(char byte) {
+    return byte == '\n' || static_cast<unsigned char>(byte) >= 0xf0 ? 2 : 1;
+}
+
+qsizetype lengthInText(QByteArrayView utf8) {
+    qsizetype length = 0;
+    for (const char byte : utf8)
+        length += startsCharacter(byte) ? widthInText(byte) : 0;
+    return length;
+}
+
+/// The number of bytes that make up the first `length` places of Text(), or all there are.
+qsizetype bytesOf(qsizetype length, QByteArrayView utf8) {
+    qsizetype at = 0;
+    for (; at < utf8.size(); ++at) {
+        if (!startsCharacter(utf8[at]))
+            continue;
+        if (length <= 0)
+            break;
+        length -= widthInText(utf8[at]);
+    }
+    return at;
+}
+
+} // namespace
+
+TextBox::TextBox(QWidget *parent) : QsciScintillaBase(parent) {
+    send(SCI_SETCODEPAGE, SC_CP_UTF8);
+    send(SCI_SETEOLMODE, SC_EOL_LF);
+    send(SCI_SETUNDOCOLLECTION, false);
+    send(SCI_SETMODEVENTMASK, notifications);
+    connect(this, &TextBox::SCN_MODIFIED, this, &TextBox::textChanged);
+    setUpView();
+    setTextFont(font().family(), fontInfo().pointSizeF());
+}
+
+QByteArrayView TextBox::bytes() const {
+    // Ahead of the length: this call puts the text into one piece.
+    const void *text = SendScintillaPtrResult(SCI_GETCHARACTERPOINTER);
+    return QByteArrayView(static_cast<const char *>(text), send(SCI_GETLENGTH));
+}
+
+QString TextBox::Text() const {
+    return runtime::fromUtf8(withLineEnds(bytes(), "\r\n"));
+}
+
+QByteArray TextBox::utf8() const {
+    return bytes().toByteArray();
+}
+
+void TextBox::setText(const QByteArray &utf8) {
+    stopComposing();
+    const QByteArray text = withLf(utf8);
+    if (text == bytes()) {
+        send(SCI_SETSEL, 0, 0);
+        return;
+    }
+    asOneChange([&] { replaceText(text); });
+    // Also in the midst of one of the user's actions: the caller has to know this for his own.
+    announceChange();
+}
+
+void TextBox::replaceText(const QByteArray &text) {
+    // A notification carries the text that it is about, in several copies.
+    send(SCI_SETMODEVENTMASK, QAccessible::isActive() ? notifications : 0);
+    send(SCI_SETREADONLY, false);
+    // Takes the caret back to the start. Setting the selection would do so, too, but measure the
+    // whole first line, which can be all of the text.
+    send(SCI_CLEARALL);
+    send(SCI_SETXOFFSET, 0);
+    // Forgets the longest line seen so far.
+    send(SCI_SETSCROLLWIDTH, 1);
+    SendScintilla(SCI_APPENDTEXT, static_cast<unsigned long>(text.size()), text.constData());
+    send(SCI_SETREADONLY, locked_);
+    send(SCI_SETMODEVENTMASK, notifications);
+    textChanged();
+}
+
+void TextBox::setLocked(bool locked) {
+    if (locked_ == locked)
+        return;
+    stopComposing();
+    locked_ = locked;
+    send(SCI_SETREADONLY, locked);
+    setAttribute(Qt::WA_InputMethodEnabled, !locked);
+    applyStyles();
+}
+
+qsizetype TextBox::SelStart() const {
+    return lengthInText(bytes().first(send(SCI_GETSELECTIONSTART)));
+}
+
+void TextBox::setSelStart(qsizetype start) {
+    const long at = bytesOf(start, bytes());
+    send(SCI_SETSEL, at, at);
+}
+
+qsizetype TextBox::SelLength() const {
+    const long start = send(SCI_GETSELECTIONSTART);
+    return lengthInText(bytes().sliced(start, send(SCI_GETSELECTIONEND) - start));
+}
+
+void TextBox::setSelLength(qsizetype length) {
+    const long start = send(SCI_GETSELECTIONSTART);
+    send(SCI_SETSEL, start, start + bytesOf(length, bytes().sliced(start)));
+}
+
+void TextBox::selectAll() {
+    send(SCI_SELECTALL);
+}
+
+void TextBox::cut() {
+    asOneChange([this] { send(SCI_CUT); });
+}
+
+void TextBox::copy() {
+    send(SCI_COPY);
+}
+
+void TextBox::paste() {
+    asOneChange([this] { send(SCI_PASTE); });
+}
+
+void TextBox::deleteSelection() {
+    asOneChange([this] { send(SCI_CLEAR); });
+}
+
+QByteArray TextBox::fromMimeData(const QMimeData *source, bool &rectangular) const {
+    const QByteArray text = QsciScintillaBase::fromMimeData(source, rectangular);
+    rectangular = false;
+    return withLf(text);
+}
+
+void TextBox::asOneChange(const std::function<void()> &action) {
+    {
+        const QScopedValueRollback deeper(actionDepth_, actionDepth_ + 1);
+        action();
+    }
+    if (actionDepth_ == 0)
+        announceChange();
+}
+
+void TextBox::announceChange() {
+    if (std::exchange(changed_, false))
+        Q_EMIT Change();
+}
+
+void TextBox::textChanged() {
+    fitLineNumbers();
+    if (writingUnfinished_)
+        return;
+    changed_ = true;
+    if (actionDepth_ == 0)
+        announceChange();
+}
+
+} // namespace quillon::controls

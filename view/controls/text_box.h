@@ -1,0 +1,117 @@
+#pragma once
+
+#include "view/controls/text_box_scintilla.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <functional>
+
+namespace quillon::controls {
+
+/// A multi-line text box with line numbers and colours for XML. It has no undo of its own: Ctrl+Z
+/// and Ctrl+Y are left to the window. Tab and Shift+Tab leave the box; Ctrl+Tab types a tab.
+///
+/// The text is kept with LF line ends, whatever was set, typed or pasted. While an input method is
+/// composing, its unfinished text is part of the box's but not announced by Change().
+class TextBox : public QsciScintillaBase {
+    Q_OBJECT
+
+public:
+    enum class Language { Plain, Xml };
+
+    explicit TextBox(QWidget *parent = nullptr);
+
+    /// The text with CR LF line ends.
+    QString Text() const;
+    /// The text in UTF-8 with LF line ends.
+    QByteArray utf8() const;
+    /// Replaces the text, also while the box is locked, and puts the caret at its start. This is
+    /// the quick way for large texts.
+    void setText(const QByteArray &utf8);
+    void setText(const QString &text) { setText(text.toUtf8()); }
+
+    /// A locked box is greyed; its text can be selected and copied but not edited.
+    bool Locked() const { return locked_; }
+    void setLocked(bool locked);
+
+    /// The selection as 0-based position and length in Text(), so a line end counts two. Setting
+    /// the position moves the caret there and selects nothing; setting the length then selects.
+    /// Values beyond the text are cut to it. Both scroll to the caret.
+    qsizetype SelStart() const;
+    void setSelStart(qsizetype start);
+    qsizetype SelLength() const;
+    void setSelLength(qsizetype length);
+
+    void selectAll();
+    void cut();
+    void copy();
+    void paste();
+
+    /// Has what is dragged in refused if it has a format; it can still be pasted.
+    void refuseDropsOf(const QString &format) { refusedFormat_ = format; }
+
+    void setLanguage(Language language);
+    /// The font of the text and the line numbers; `size` in points. Glyphs that the font lacks
+    /// come from others.
+    void setTextFont(const QString &family, double size);
+
+Q_SIGNALS:
+    /// The text is no longer what it was: once for each of the user's actions and for each call
+    /// that changes it.
+    void Change();
+
+protected:
+    bool event(QEvent *event) override;
+    bool viewportEvent(QEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void inputMethodEvent(QInputMethodEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dragMoveEvent(QDragMoveEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+    QByteArray fromMimeData(const QMimeData *source, bool &rectangular) const override;
+
+private:
+    long send(unsigned message, unsigned long wParam = 0, long lParam = 0) const {
+        return SendScintilla(message, wParam, lParam);
+    }
+    /// The text; good until it changes.
+    QByteArrayView bytes() const;
+    void deleteSelection();
+
+    /// Has the changes of the text that an action makes announced as one.
+    void asOneChange(const std::function<void()> &action);
+    void announceChange();
+    void textChanged();
+    void replaceText(const QByteArray &text);
+
+    void compose(QInputMethodEvent &event);
+    void stopComposing();
+
+    void setUpView();
+    void applyStyles();
+    void fitLineNumbers();
+
+    bool isRefused(const QMimeData &offered) const;
+
+    bool locked_ = false;
+    QString refusedFormat_;
+    Language language_ = Language::Plain;
+    QByteArray fontFamily_;
+    double fontSize_ = 0;
+    /// How many digits the line numbers' margin has room for.
+    int lineNumberDigits_ = 0;
+
+    /// The text holds some that an input method has not finished.
+    bool composing_ = false;
+    /// Such text is being written or taken back.
+    bool writingUnfinished_ = false;
+    /// The text has changed and this has not been announced yet.
+    bool changed_ = false;
+    /// How many actions, each started by the one before, are changing the text.
+    int actionDepth_ = 0;
+};
+
+} // namespace quillon::controls

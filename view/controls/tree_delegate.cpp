@@ -1,0 +1,72 @@
+#include "view/controls/tree_delegate.h"
+
+#include <QLineEdit>
+
+#include <algorithm>
+#include <limits>
+
+namespace quillon::controls {
+
+namespace {
+
+constexpr QChar LineBreakMark = u'↵';
+constexpr QChar CutMark = u'…';
+
+bool isLineBreak(QChar c) {
+    return c == u'\n' || c == u'\r' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
+}
+
+} // namespace
+
+TreeDelegate::TreeDelegate(InitialText initialText, Commit commit, QObject *parent)
+    : QStyledItemDelegate(parent), initialText_(std::move(initialText)),
+      commit_(std::move(commit)) {}
+
+QString TreeDelegate::displayText(const QVariant &value, const QLocale &) const {
+    const QString caption = value.toString();
+    QString drawn;
+    for (qsizetype i = 0; i < caption.size(); ++i) {
+        const QChar c = caption[i];
+        // Between the two units of one character the caption must not be cut.
+        if (i >= DrawnLength && !c.isLowSurrogate())
+            return drawn + CutMark;
+        if (!isLineBreak(c))
+            drawn += c;
+        else if (c != u'\n' || i == 0 || caption[i - 1] != u'\r')
+            drawn += LineBreakMark;
+    }
+    return drawn;
+}
+
+QWidget *TreeDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &,
+                                    const QModelIndex &index) const {
+    auto *editor = new QLineEdit(parent);
+    editor->setFrame(false);
+    editor->setMaxLength(std::numeric_limits<int>::max());
+    // The text is put in here and once: a change of the item must not overwrite what the user has
+    // typed since.
+    editor->setText(initialText_(index));
+    editor->selectAll();
+    return editor;
+}
+
+void TreeDelegate::setEditorData(QWidget *, const QModelIndex &) const {}
+
+void TreeDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
+                                        const QModelIndex &index) const {
+    // Not as wide as the contents but within the viewport, and never too narrow to type in.
+    constexpr int UsefulWidth = 120;
+    QStyledItemDelegate::updateEditorGeometry(editor, option, index);
+    QRect rect = editor->geometry();
+    const int viewportWidth = editor->parentWidget()->width();
+    rect.setLeft(std::max(0, std::min(rect.left(), viewportWidth - UsefulWidth)));
+    rect.setRight(viewportWidth - 1);
+    editor->setGeometry(rect);
+}
+
+void TreeDelegate::setModelData(QWidget *editor, QAbstractItemModel *,
+                                const QModelIndex &index) const {
+    commit_(index, qobject_cast<QLineEdit *>(editor)->text());
+}
+
+} // namespace quillon::controls
