@@ -39,18 +39,18 @@ constexpr qsizetype ShownCharacters = 200;
 
 /// Refuses at once what must not be opened, let alone be copied.
 void requireOrdinaryFile(const QString &path) {
-    namespace text = resources::xml_text;
+    namespace texts = resources::xml_texts;
     const QString shown = runtime::shownPath(path);
     const auto refuse = [](const QString &reason) {
         throw runtime::Error(runtime::error_number::Fail, reason);
     };
     const runtime::FileKind kind = runtime::fileKind(path);
     if (kind == runtime::FileKind::Special)
-        refuse(text::CannotOpenSpecial.arg(shown));
+        refuse(texts::CannotOpenSpecial.toString().arg(shown));
     if (kind == runtime::FileKind::Folder)
-        refuse(text::CannotOpenFolder.arg(shown));
+        refuse(texts::CannotOpenFolder.toString().arg(shown));
     if (runtime::fileSize(path) > xml::MaxFileSize)
-        refuse(text::TooLarge);
+        refuse(texts::TooLarge.toString());
 }
 
 /// Whether the file's content really stands in a folder, wherever links lead.

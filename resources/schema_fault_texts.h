@@ -7,7 +7,7 @@
 #include <QStringView>
 
 /// What is wrong with a schema or a DTD, and with XML that libxml2 reads for validation.
-namespace quillon::resources::schema_fault {
+namespace quillon::resources::schema_fault_texts {
 
 /// What the schema compiler says after the names ahead of it. Names come without their namespaces.
 inline constexpr Translation Translations[] = {
@@ -70,37 +70,33 @@ inline constexpr QStringView AtAttribute = u"%1 の属性 '%3': %2";
 inline constexpr QStringView Other = u"定義が正しくありません (エラー番号 %1)。";
 
 // DTDs. %1 is the element, %2 the attribute or the name.
-inline const QString DuplicateInMixed =
-    QStringLiteral("DTD で、要素 '%1' の混在内容の宣言に '%2' が重複しています。");
-inline const QString AmbiguousContent = QStringLiteral(
-    "DTD で、要素 '%1' の内容の宣言があいまいです。子要素がどの名前に一致するかを決められません。");
-inline const QString DuplicateElement =
-    QStringLiteral("DTD で、要素 '%1' の宣言が重複しています。");
-inline const QString IdWithDefault = QStringLiteral(
-    "DTD で、要素 '%1' の ID 型の属性 '%2' に既定値または固定値が指定されています。");
-inline const QString SeveralIds =
-    QStringLiteral("DTD で、要素 '%1' に ID 型の属性が 2 つ以上宣言されています。");
+inline constexpr QStringView DuplicateInMixed =
+    u"DTD で、要素 '%1' の混在内容の宣言に '%2' が重複しています。";
+inline constexpr QStringView AmbiguousContent =
+    u"DTD で、要素 '%1' の内容の宣言があいまいです。子要素がどの名前に一致するかを決められません。";
+inline constexpr QStringView DuplicateElement = u"DTD で、要素 '%1' の宣言が重複しています。";
+inline constexpr QStringView IdWithDefault =
+    u"DTD で、要素 '%1' の ID 型の属性 '%2' に既定値または固定値が指定されています。";
+inline constexpr QStringView SeveralIds =
+    u"DTD で、要素 '%1' に ID 型の属性が 2 つ以上宣言されています。";
 /// %3 is the default.
-inline const QString DefaultNotInSet = QStringLiteral(
-    "DTD で、要素 '%1' の属性 '%2' の既定値 '%3' が、列挙されている値のいずれでもありません。");
-inline const QString BadDefault =
-    QStringLiteral("DTD で、要素 '%1' の属性 '%2' の既定値が属性の型に合っていません。");
+inline constexpr QStringView DefaultNotInSet =
+    u"DTD で、要素 '%1' の属性 '%2' の既定値 '%3' が、列挙されている値のいずれでもありません。";
+inline constexpr QStringView BadDefault =
+    u"DTD で、要素 '%1' の属性 '%2' の既定値が属性の型に合っていません。";
 /// %1 is the value.
-inline const QString DuplicateToken =
-    QStringLiteral("DTD で、属性に列挙されている値 '%1' が重複しています。");
-inline const QString NotationOfEmpty =
-    QStringLiteral("DTD で、空要素 '%1' に NOTATION 型の属性 '%2' が宣言されています。");
-inline const QString DuplicateNotation =
-    QStringLiteral("DTD で、記法 '%1' の宣言が重複しています。");
-inline const QString UndeclaredNotation =
-    QStringLiteral("DTD で、記法 '%1' が宣言されていません。");
+inline constexpr QStringView DuplicateToken =
+    u"DTD で、属性に列挙されている値 '%1' が重複しています。";
+inline constexpr QStringView NotationOfEmpty =
+    u"DTD で、空要素 '%1' に NOTATION 型の属性 '%2' が宣言されています。";
+inline constexpr QStringView DuplicateNotation = u"DTD で、記法 '%1' の宣言が重複しています。";
+inline constexpr QStringView UndeclaredNotation = u"DTD で、記法 '%1' が宣言されていません。";
 
 // XML that libxml2 cannot read, beyond what xml_text says of it.
-inline const QString BadReference =
-    QStringLiteral("文字参照または実体参照の構文が正しくありません。");
-inline const QString BadDeclarationSyntax = QStringLiteral("宣言の構文が正しくありません。");
-inline const QString BadAttribute = QStringLiteral("属性の構文が正しくありません。");
-inline const QString UnclosedLiteral = QStringLiteral("引用符が閉じていません。");
-inline const QString UnknownEncoding = QStringLiteral("エンコードが正しくありません。");
+inline constexpr QStringView BadReference = u"文字参照または実体参照の構文が正しくありません。";
+inline constexpr QStringView BadDeclarationSyntax = u"宣言の構文が正しくありません。";
+inline constexpr QStringView BadAttribute = u"属性の構文が正しくありません。";
+inline constexpr QStringView UnclosedLiteral = u"引用符が閉じていません。";
+inline constexpr QStringView UnknownEncoding = u"エンコードが正しくありません。";
 
-} // namespace quillon::resources::schema_fault
+} // namespace quillon::resources::schema_fault_texts

@@ -2,7 +2,7 @@
 
 #include <cerrno>
 
-namespace quillon::resources::xml_text {
+namespace quillon::resources::xml_texts {
 
 QString systemReason(int error) {
     switch (error) {
@@ -29,4 +29,4 @@ QString systemReason(int error) {
     }
 }
 
-} // namespace quillon::resources::xml_text
+} // namespace quillon::resources::xml_texts

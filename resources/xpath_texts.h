@@ -3,7 +3,7 @@
 #include <QStringView>
 
 /// What the XML parser service says of a path query that it cannot answer.
-namespace quillon::resources::xpath_text {
+namespace quillon::resources::xpath_texts {
 
 // The sentence, and the expression with the part it is about between the arrows.
 inline constexpr QStringView Message = u"%1式: %2";
@@ -43,4 +43,4 @@ inline constexpr QStringView CannotEvaluate = u"XPath 式を評価できませ�
 inline constexpr QStringView BadContext =
     u"このノードを起点として XPath 式を評価することはできません。";
 
-} // namespace quillon::resources::xpath_text
+} // namespace quillon::resources::xpath_texts

@@ -3,7 +3,7 @@
 #include "resources/translation.h"
 
 /// What is said of transformations that fail. %1, %2 stand for what the sentence names.
-namespace quillon::resources::xslt_text {
+namespace quillon::resources::xslt_texts {
 
 inline constexpr QStringView BadStylesheet = u"スタイルシートに誤りがあります。\n%1";
 inline constexpr QStringView Failed = u"スタイルシートを適用できませんでした。\n%1";
@@ -285,4 +285,4 @@ inline constexpr QStringView WdExprOf = u"%1 の属性 expr";
 inline constexpr QStringView WdAttributeMissing =
     u"旧形式のスタイルシートの要素 <%1> に属性 %2 がありません。";
 
-} // namespace quillon::resources::xslt_text
+} // namespace quillon::resources::xslt_texts

@@ -20,7 +20,7 @@
 
 namespace quillon::validation {
 
-namespace text = resources::validation_text;
+namespace texts = resources::validation_texts;
 
 namespace {
 
@@ -51,8 +51,8 @@ void Validation::mnuToolVerifyNew_Click() {
     namespace flag = controls::file_dialog_flag;
     const QString chosen =
         controls::dialogs()
-            .showOpen({.title = text::DialogTitle,
-                       .filter = text::DialogFilter,
+            .showOpen({.title = texts::DialogTitle.toString(),
+                       .filter = texts::DialogFilter.toString(),
                        .flags = flag::FileMustExist | flag::PathMustExist | flag::HideReadOnly,
                        .path = {},
                        .folder = schemaFolder_.isEmpty() ? state_.folder() : schemaFolder_})
@@ -96,11 +96,11 @@ void Validation::VerifyDocument() {
         return;
     clear();
     if (!state_.m_DOM.documentElement())
-        throw runtime::Error(runtime::error_number::Fail, text::NoRoot);
-    Q_EMIT statusText(text::Validating);
+        throw runtime::Error(runtime::error_number::Fail, texts::NoRoot.toString());
+    Q_EMIT statusText(texts::Validating.toString());
     auto clearStatus = qScopeGuard([this] { Q_EMIT statusText(QString()); });
     try {
-        longWork_.run(text::Validating, controls::LongWork::Stop::Offered,
+        longWork_.run(texts::Validating.toString(), controls::LongWork::Stop::Offered,
                       [&](const runtime::Progress &progress) {
                           // A child process can be stopped, and a schema cannot harm the editor.
                           take(xml::runInChild([&] { return findings(validate); }, {}, progress));
@@ -230,7 +230,8 @@ void Validation::showSuccess() {
 void Validation::showFirst() {
     const ValidationError &first = errors_.front();
     const QString reason =
-        first.line > 0 ? text::AtLine.arg(QString::number(first.line), first.reason) : first.reason;
+        first.line > 0 ? texts::AtLine.toString().arg(QString::number(first.line), first.reason)
+                       : first.reason;
     Q_EMIT statusText(onOneLine(reason));
     controls::showMessage(reason, controls::message_style::Exclamation);
 }

@@ -17,8 +17,9 @@ constexpr QSize Size(640, 320);
 
 QString textOf(const validation::ValidationError &error) {
     const QString reason = QString(error.reason).replace(QLatin1Char('\n'), QLatin1Char(' '));
-    return error.line == 0 ? reason
-                           : resources::validation_text::AtLine.arg(error.line).arg(reason);
+    return error.line == 0
+               ? reason
+               : resources::validation_texts::AtLine.toString().arg(error.line).arg(reason);
 }
 
 } // namespace

@@ -70,16 +70,16 @@ void makePrivateFolder(const QString &path) {
     QDir().mkpath(QFileInfo(path).absolutePath());
     const QByteArray name = bytesOf(path);
     if (::mkdir(name.constData(), 0700) != 0 && errno != EEXIST)
-        failWithFolder(path, resources::xml_text::systemReason(errno));
+        failWithFolder(path, resources::xml_texts::systemReason(errno));
     struct stat status {};
     if (!look(path, status))
-        failWithFolder(path, resources::xml_text::systemReason(errno));
+        failWithFolder(path, resources::xml_texts::systemReason(errno));
     if (!S_ISDIR(status.st_mode))
         failWithFolder(path, texts::NoFolderThere.toString());
     if (status.st_uid != ::geteuid())
         failWithFolder(path, texts::FolderOfAnotherUser.toString());
     if ((status.st_mode & 07777) != 0700 && ::chmod(name.constData(), 0700) != 0)
-        failWithFolder(path, resources::xml_text::systemReason(errno));
+        failWithFolder(path, resources::xml_texts::systemReason(errno));
 }
 
 bool isOwnFolder(const QString &path) {
@@ -201,7 +201,7 @@ bool copyFile(const QString &from, const QString &to, ExistingFile existing,
             error == ENOSPC || error == EDQUOT ? error_number::DiskFull
                                                : error_number::PermissionDenied,
             texts::CannotCopy.toString().arg(runtime::shownPath(from), runtime::shownPath(to),
-                                             resources::xml_text::systemReason(error)));
+                                             resources::xml_texts::systemReason(error)));
     };
     struct stat source {};
     if (::stat(bytesOf(from).constData(), &source) != 0 || !S_ISREG(source.st_mode))
@@ -213,8 +213,9 @@ bool copyFile(const QString &from, const QString &to, ExistingFile existing,
         return true;
     const runtime::Descriptor input(openFile(from, O_RDONLY | O_NONBLOCK));
     if (input.get() < 0)
-        throw runtime::Error(error_number::PermissionDenied,
-                             resources::xml_text::CannotOpen.arg(runtime::shownPath(from)));
+        throw runtime::Error(
+            error_number::PermissionDenied,
+            resources::xml_texts::CannotOpen.toString().arg(runtime::shownPath(from)));
     if (existing == ExistingFile::Replace)
         ::unlink(bytesOf(to).constData());
     const runtime::Descriptor output(openFile(to, O_WRONLY | O_CREAT | O_EXCL, 0600));

@@ -17,7 +17,7 @@
 
 namespace quillon::xml {
 
-namespace text = resources::xml_text;
+namespace texts = resources::xml_texts;
 
 namespace {
 
@@ -57,14 +57,14 @@ QString readFile(const QString &path, std::string &bytes) {
     const QString shown = runtime::shownPath(path);
     // Looked at before it is opened: that alone may wait for ever, or have an effect.
     if (runtime::fileKind(path) == runtime::FileKind::Special)
-        return text::CannotOpenSpecial.arg(shown);
+        return texts::CannotOpenSpecial.toString().arg(shown);
     if (runtime::fileSize(path) > MaxFileSize)
-        return text::TooLarge;
+        return texts::TooLarge.toString();
     QFile file;
     const int descriptor =
         ::open(runtime::encodedPath(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     if (descriptor < 0 || !file.open(descriptor, QIODevice::ReadOnly, QFile::AutoCloseHandle))
-        return text::CannotOpen.arg(shown);
+        return texts::CannotOpen.toString().arg(shown);
     // The size is only a guess: another program may be writing.
     bytes.resize(static_cast<std::size_t>(std::max<qint64>(file.size(), 0)));
     std::size_t used = 0;
@@ -74,7 +74,7 @@ QString readFile(const QString &path, std::string &bytes) {
         const qint64 count =
             file.read(bytes.data() + used, static_cast<qint64>(bytes.size() - used));
         if (count < 0)
-            return text::CannotOpen.arg(shown);
+            return texts::CannotOpen.toString().arg(shown);
         if (count == 0)
             break;
         used += static_cast<std::size_t>(count);
@@ -152,7 +152,7 @@ Node DOMDocument40::documentElement() const {
 
 Node DOMDocument40::setDocumentElement(const Node &element) const {
     if (element.nodeType() != NodeType::Element)
-        throw runtime::Error(runtime::error_number::InvalidArgument, text::NoNode);
+        throw runtime::Error(runtime::error_number::InvalidArgument, texts::NoNode.toString());
     const Node root = documentElement();
     if (root)
         return node().replaceChild(element, root);
@@ -215,9 +215,9 @@ Node DOMDocument40::createProcessingInstruction(const QString &target, const QSt
     const std::string name = checkedName(target);
     if (target == QLatin1String("xml")) {
         if (!isDeclarationData(data))
-            throw runtime::Error(runtime::error_number::Fail, text::BadDeclaration);
+            throw runtime::Error(runtime::error_number::Fail, texts::BadDeclaration.toString());
     } else if (target.compare(QLatin1String("xml"), Qt::CaseInsensitive) == 0) {
-        throw runtime::Error(runtime::error_number::Fail, text::ReservedTarget);
+        throw runtime::Error(runtime::error_number::Fail, texts::ReservedTarget.toString());
     }
     return createLeaf(*this, NodeType::ProcessingInstruction, name, data);
 }

@@ -8,7 +8,7 @@
 
 namespace quillon::xml {
 
-namespace text = resources::xml_text;
+namespace texts = resources::xml_texts;
 
 namespace {
 
@@ -22,13 +22,13 @@ namespace {
 
 void requireNode(const Node &node) {
     if (node.isNull())
-        invalidArgument(text::NoNode);
+        invalidArgument(texts::NoNode.toString());
 }
 
 void requireKind(const Node &node, NodeType kind) {
     requireNode(node);
     if (node.nodeType() != kind)
-        fail(text::WrongKind.arg(TypeName(node)));
+        fail(texts::WrongKind.toString().arg(TypeName(node)));
 }
 
 /// Notes that the attribute list of an element has changed.
@@ -80,23 +80,23 @@ void checkPlace(const Node &parent, const Node &child, const Node &next, const N
     requireNode(parent);
     requireNode(child);
     if (!mayHold(parent.nodeType(), child.nodeType()))
-        fail(text::WrongKind.arg(TypeName(child)));
+        fail(texts::WrongKind.toString().arg(TypeName(child)));
     if (HandleAccess::sameArena(parent, child)) {
         for (Node n = parent; n; n = n.parentNode()) {
             if (n == child)
-                fail(text::UnderItself);
+                fail(texts::UnderItself.toString());
         }
     }
     if (isDeclaration(child)) {
         const Node first = parent.firstChild();
         if (parent.nodeType() != NodeType::Document ||
             !(first.isNull() || first == leaving || (first == next && !isDeclaration(next))))
-            fail(text::BeforeDeclaration);
+            fail(texts::BeforeDeclaration.toString());
     }
     if (parent.nodeType() != NodeType::Document)
         return;
     if (isDeclaration(next) && !(next == child) && !(next == leaving))
-        fail(text::BeforeDeclaration);
+        fail(texts::BeforeDeclaration.toString());
     bool behind = false;
     for (Node n = parent.firstChild(); n; n = n.nextSibling()) {
         behind = behind || n == next || n == leaving;
@@ -105,14 +105,14 @@ void checkPlace(const Node &parent, const Node &child, const Node &next, const N
         const NodeType kind = n.nodeType();
         if (child.nodeType() == NodeType::Element) {
             if (kind == NodeType::Element)
-                fail(text::SecondRoot);
+                fail(texts::SecondRoot.toString());
             if (kind == NodeType::DocumentType && behind)
-                fail(text::RootBeforeDocumentType);
+                fail(texts::RootBeforeDocumentType.toString());
         } else if (child.nodeType() == NodeType::DocumentType) {
             if (kind == NodeType::DocumentType)
-                fail(text::SecondDocumentType);
+                fail(texts::SecondDocumentType.toString());
             if (kind == NodeType::Element && !behind)
-                fail(text::RootBeforeDocumentType);
+                fail(texts::RootBeforeDocumentType.toString());
         }
     }
 }
@@ -130,7 +130,7 @@ void requireChild(const Node &parent, const Node &child) {
     requireNode(child);
     if (child.nodeType() == NodeType::Attribute || !(child.parentNode() == parent) ||
         !HandleAccess::sameArena(parent, child))
-        invalidArgument(text::NotAChild);
+        invalidArgument(texts::NotAChild.toString());
 }
 
 } // namespace
@@ -144,7 +144,7 @@ void Node::setNodeValue(const QString &value) const {
     case NodeType::Comment:
     case NodeType::ProcessingInstruction: {
         if (isDeclaration(*this))
-            fail(text::ReadOnlyNode);
+            fail(texts::ReadOnlyNode.toString());
         Arena &arena = HandleAccess::arena(*this);
         std::string checked = checkedValue(value);
         if (checked != valueOf(arena, number_))
@@ -152,7 +152,7 @@ void Node::setNodeValue(const QString &value) const {
         return;
     }
     default:
-        fail(text::NoValue.arg(TypeName(*this)));
+        fail(texts::NoValue.toString().arg(TypeName(*this)));
     }
 }
 
@@ -280,7 +280,7 @@ Node Node::setAttributeNode(const Node &attr) const {
     requireKind(*this, NodeType::Element);
     requireKind(attr, NodeType::Attribute);
     if (HandleAccess::arena(attr).record(attr.number_).parent != 0)
-        fail(text::AttributeInUse);
+        fail(texts::AttributeInUse.toString());
     Arena &arena = HandleAccess::arena(*this);
     const Node old = getAttributeNode(attr.nodeName());
     Number n = attr.number_;

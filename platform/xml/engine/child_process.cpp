@@ -22,7 +22,7 @@
 
 namespace quillon::xml {
 
-namespace text = resources::child_process_text;
+namespace texts = resources::child_process_texts;
 using runtime::error_number::Fail;
 
 namespace {
@@ -64,7 +64,7 @@ qint64 allowed = 0;
 
 [[noreturn]] void exhausted() {
     // The report itself needs some memory, which the limit leaves free.
-    report(Fail, text::MemoryLimit.toString().toUtf8());
+    report(Fail, texts::MemoryLimit.toString().toUtf8());
 }
 
 void *checked(void *block) {
@@ -194,11 +194,11 @@ QByteArray runInChild(const std::function<QByteArray()> &work, const ChildLimits
     if (outcome == Outcome::Cancelled)
         runtime::raise(runtime::error_number::Cancelled);
     if (outcome == Outcome::TimedOut)
-        throw runtime::Error(Fail, text::TimeLimit.toString());
+        throw runtime::Error(Fail, texts::TimeLimit.toString());
     qint32 number = 0;
     if (!WIFEXITED(status) || WEXITSTATUS(status) != EXIT_SUCCESS ||
         content.size() < qsizetype(sizeof number))
-        throw runtime::Error(Fail, text::Died.toString());
+        throw runtime::Error(Fail, texts::Died.toString());
     std::memcpy(&number, content.constData(), sizeof number);
     content.remove(0, sizeof number);
     if (number != 0)

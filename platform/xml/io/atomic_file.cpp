@@ -22,7 +22,7 @@
 
 namespace quillon::xml {
 
-namespace text = resources::xml_text;
+namespace texts = resources::xml_texts;
 namespace error_number = runtime::error_number;
 
 using runtime::Descriptor;
@@ -36,8 +36,8 @@ namespace {
         : error == EACCES || error == EPERM || error == EROFS   ? error_number::PermissionDenied
         : error == ENOENT || error == ENOTDIR || error == ELOOP ? error_number::PathNotFound
                                                                 : error_number::DeviceIo;
-    throw runtime::Error(number,
-                         text::CannotSave.arg(runtime::shownPath(path), text::systemReason(error)));
+    throw runtime::Error(number, texts::CannotSave.toString().arg(runtime::shownPath(path),
+                                                                  texts::systemReason(error)));
 }
 
 bool readAll(int fd, std::string &bytes) {
@@ -83,8 +83,9 @@ struct Target {
         if (exists && S_ISDIR(status.st_mode))
             fail(path, EISDIR);
         if (exists && !S_ISREG(status.st_mode))
-            throw runtime::Error(error_number::PermissionDenied,
-                                 text::CannotSaveToSpecial.arg(runtime::shownPath(path)));
+            throw runtime::Error(
+                error_number::PermissionDenied,
+                texts::CannotSaveToSpecial.toString().arg(runtime::shownPath(path)));
     }
 
     /// As the user named it.
@@ -225,9 +226,9 @@ void overwrite(const Target &target, std::string_view bytes) {
         return;
     const int error = errno;
     if (!overwriteWith(file.get(), old))
-        throw runtime::Error(
-            error_number::DeviceIo,
-            text::CannotPutBack.arg(runtime::shownPath(target.path), text::systemReason(error)));
+        throw runtime::Error(error_number::DeviceIo,
+                             texts::CannotPutBack.toString().arg(runtime::shownPath(target.path),
+                                                                 texts::systemReason(error)));
     fail(target.path, error);
 }
 

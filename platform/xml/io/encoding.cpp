@@ -9,7 +9,7 @@
 
 namespace quillon::xml {
 
-namespace text = resources::xml_text;
+namespace texts = resources::xml_texts;
 
 namespace {
 
@@ -147,7 +147,7 @@ Decoded decodeFile(std::string bytes) {
     const auto [sniffed, markLength] = sniff(bytes);
     result.format.byteOrderMark = markLength != 0;
     if (sniffed == "UTF-32") {
-        result.error = text::UnknownEncoding.arg(QString::fromStdString(sniffed));
+        result.error = texts::UnknownEncoding.toString().arg(QString::fromStdString(sniffed));
         return result;
     }
     const std::string_view content = std::string_view(bytes).substr(markLength);
@@ -157,9 +157,9 @@ Decoded decodeFile(std::string bytes) {
         declared = declaredEncoding(content);
         codec = declared.empty() ? "UTF-8" : codecFor(declared);
         if (codec.empty())
-            result.error = text::UnknownEncoding.arg(QString::fromStdString(declared));
+            result.error = texts::UnknownEncoding.toString().arg(QString::fromStdString(declared));
         else if (codec.rfind("UTF-16", 0) == 0)
-            result.error = text::EncodingSwitch;
+            result.error = texts::EncodingSwitch.toString();
         if (!result.error.isNull())
             return result;
     }
@@ -171,13 +171,13 @@ Decoded decodeFile(std::string bytes) {
     } else {
         const IconvConverter converter("UTF-8", codec);
         if (converter.convert(content, result.utf8) != content.size()) {
-            result.error = text::BadBytes.arg(QString::fromStdString(codec));
+            result.error = texts::BadBytes.toString().arg(QString::fromStdString(codec));
             return result;
         }
         if (codec.rfind("UTF-16", 0) != 0) {
             auto originals = findOriginals(codec, content, result.utf8);
             if (!originals) {
-                result.error = text::BadBytes.arg(QString::fromStdString(codec));
+                result.error = texts::BadBytes.toString().arg(QString::fromStdString(codec));
                 return result;
             }
             result.originals = std::move(*originals);

@@ -85,11 +85,11 @@ bool FileOutput::verbatim(const SourceText &source, std::uint32_t start, std::ui
 void FileOutput::failFor(std::string_view rest) const {
     if (rest.empty())
         throw runtime::Error(runtime::error_number::Fail,
-                             resources::xml_text::NotReadableAgain.arg(encodingName_));
+                             resources::xml_texts::NotReadableAgain.toString().arg(encodingName_));
     const std::string_view character = characterAt(rest, 0);
     throw runtime::Error(
         runtime::error_number::Fail,
-        resources::xml_text::Unencodable.arg(
+        resources::xml_texts::Unencodable.toString().arg(
             runtime::fromUtf8(character),
             QString::number(codePoint(character), 16).toUpper().rightJustified(4, QLatin1Char('0')),
             encodingName_));

@@ -11,7 +11,7 @@
 
 namespace quillon::xml {
 
-namespace text = resources::xml_text;
+namespace texts = resources::xml_texts;
 
 namespace {
 
@@ -31,20 +31,20 @@ struct Reason {
 };
 
 const Reason Reasons[] = {
-    {XML_ERROR_NO_ELEMENTS, 0x58, text::NoElement},
-    {XML_ERROR_INVALID_TOKEN, 0x08, text::InvalidToken},
-    {XML_ERROR_PARTIAL_CHAR, 0x14, text::UnexpectedEnd},
-    {XML_ERROR_UNCLOSED_TOKEN, 0x59, text::UnclosedToken},
-    {XML_ERROR_TAG_MISMATCH, 0x6D, text::MismatchedTag},
-    {XML_ERROR_DUPLICATE_ATTRIBUTE, 0x54, text::DuplicateAttribute},
-    {XML_ERROR_JUNK_AFTER_DOC_ELEMENT, 0x55, text::JunkAfterRoot},
-    {XML_ERROR_UNDEFINED_ENTITY, 0x02, text::UndefinedEntity},
-    {XML_ERROR_RECURSIVE_ENTITY_REF, 0x03, text::EntityLoop},
-    {XML_ERROR_AMPLIFICATION_LIMIT_BREACH, 0x03, text::EntityLimit},
-    {XML_ERROR_MISPLACED_XML_PI, 0x07, text::MisplacedDeclaration},
-    {XML_ERROR_XML_DECL, 0x07, text::BadDeclaration},
-    {XML_ERROR_UNCLOSED_CDATA_SECTION, 0x64, text::UnclosedCData},
-    {XML_ERROR_SYNTAX, 0x56, text::OtherSyntaxError},
+    {XML_ERROR_NO_ELEMENTS, 0x58, texts::NoElement.toString()},
+    {XML_ERROR_INVALID_TOKEN, 0x08, texts::InvalidToken.toString()},
+    {XML_ERROR_PARTIAL_CHAR, 0x14, texts::UnexpectedEnd.toString()},
+    {XML_ERROR_UNCLOSED_TOKEN, 0x59, texts::UnclosedToken.toString()},
+    {XML_ERROR_TAG_MISMATCH, 0x6D, texts::MismatchedTag.toString()},
+    {XML_ERROR_DUPLICATE_ATTRIBUTE, 0x54, texts::DuplicateAttribute.toString()},
+    {XML_ERROR_JUNK_AFTER_DOC_ELEMENT, 0x55, texts::JunkAfterRoot.toString()},
+    {XML_ERROR_UNDEFINED_ENTITY, 0x02, texts::UndefinedEntity.toString()},
+    {XML_ERROR_RECURSIVE_ENTITY_REF, 0x03, texts::EntityLoop.toString()},
+    {XML_ERROR_AMPLIFICATION_LIMIT_BREACH, 0x03, texts::EntityLimit.toString()},
+    {XML_ERROR_MISPLACED_XML_PI, 0x07, texts::MisplacedDeclaration.toString()},
+    {XML_ERROR_XML_DECL, 0x07, texts::BadDeclaration.toString()},
+    {XML_ERROR_UNCLOSED_CDATA_SECTION, 0x64, texts::UnclosedCData.toString()},
+    {XML_ERROR_SYNTAX, 0x56, texts::OtherSyntaxError.toString()},
 };
 
 /// Whether a text starts with a sign of its encoding, by which the parser would go although told
@@ -260,7 +260,7 @@ void Parser::onDocumentTypeEnd(void *data) {
     p.addMarkup(NodeType::DocumentType, p.arena_.names->intern(p.documentTypeName_), start,
                 p.eventEnd());
     if (p.entitiesNestTooDeep())
-        p.stop(text::EntityLimit);
+        p.stop(texts::EntityLimit.toString());
 }
 
 void Parser::onEntity(void *data, const XML_Char *name, int isParameter, const XML_Char *value,
@@ -343,12 +343,12 @@ ParseError Parser::failure() const {
         error.reason = reason->text;
         error.errorCode = ErrorBase + reason->number;
     } else {
-        error.reason = text::OtherSyntaxError;
+        error.reason = texts::OtherSyntaxError.toString();
         error.errorCode = ErrorBase + code;
     }
     // The end of the text without a root is reported like the end inside one.
     if (code == XML_ERROR_NO_ELEMENTS && current_ != arena_.documentNumber())
-        error.reason = text::UnexpectedEnd;
+        error.reason = texts::UnexpectedEnd.toString();
     error.line = expat::line(parser_);
     error.linepos = expat::column(parser_) + 1;
     error.filepos = std::max<qint64>(expat::byteIndex(parser_), 0);
@@ -363,9 +363,9 @@ ParseError Parser::failure() const {
 
 ParseError Parser::run() {
     if (bytes_.size() > static_cast<std::size_t>(MaxFileSize))
-        return {ErrorBase, text::TooLarge, 0, 0, 0, {}, {}};
+        return {ErrorBase, texts::TooLarge.toString(), 0, 0, 0, {}, {}};
     if (startsWithEncodingSign(bytes_))
-        return {ErrorBase + 0x08, text::InvalidToken, 1, 1, 0, {}, {}};
+        return {ErrorBase + 0x08, texts::InvalidToken.toString(), 1, 1, 0, {}, {}};
     // The text has been decoded, whatever encoding it declares.
     parser_ = XML_ParserCreate("UTF-8");
     XML_SetUserData(parser_, this);

@@ -83,7 +83,8 @@ bool Serializer::source(Number n, std::uint32_t start, std::uint32_t end) {
 void Serializer::flush() {
     const SourceText *text = std::exchange(pending_, nullptr);
     if (text && !output_.verbatim(*text, pendingStart_, pendingEnd_))
-        throw runtime::Error(runtime::error_number::Fail, resources::xml_text::SourceNotWritten);
+        throw runtime::Error(runtime::error_number::Fail,
+                             resources::xml_texts::SourceNotWritten.toString());
 }
 
 void Serializer::write(Number top) {
@@ -302,9 +303,9 @@ Target targetOf(const Arena &arena) {
     } else {
         target.codec = declared.empty() ? "UTF-8" : codecFor(declared);
         if (target.codec.empty())
-            throw runtime::Error(
-                runtime::error_number::Fail,
-                resources::xml_text::UnknownEncoding.arg(QString::fromStdString(declared)));
+            throw runtime::Error(runtime::error_number::Fail,
+                                 resources::xml_texts::UnknownEncoding.toString().arg(
+                                     QString::fromStdString(declared)));
         mark = target.codec == "UTF-16" || (mark && target.codec == "UTF-8");
     }
     target.encodingName = QString::fromStdString(declared.empty() ? target.codec : declared);

@@ -217,11 +217,11 @@ std::vector<Node> selectNodes(const Node &context, const QString &expression,
                               const runtime::Progress &progress) {
     using namespace runtime;
     if (context.isNull())
-        throw Error(error_number::InvalidArgument, resources::xml_text::NoNode);
+        throw Error(error_number::InvalidArgument, resources::xml_texts::NoNode.toString());
     LibxmlTree &tree = treeOf(HandleAccess::arena(context));
     xmlNode *start = tree.find(context.number());
     if (!start)
-        throw Error(error_number::InvalidArgument, resources::xpath_text::BadContext.toString());
+        throw Error(error_number::InvalidArgument, resources::xpath_texts::BadContext.toString());
     const XPathExpression parsed(expression.toStdString());
     const bool asksForIds = parsed.callOf("id").kind != XPathToken::Kind::End;
     const QByteArray documentType =

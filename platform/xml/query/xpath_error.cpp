@@ -7,7 +7,7 @@
 
 namespace quillon::xml {
 
-namespace text = resources::xpath_text;
+namespace texts = resources::xpath_texts;
 
 namespace {
 
@@ -16,13 +16,13 @@ namespace {
     const auto slice = [&](std::size_t from, std::size_t to) {
         return QString::fromStdString(expression.utf8().substr(from, to - from));
     };
-    const QString badText = bad.kind == XPathToken::Kind::End ? text::EndOfExpression.toString()
+    const QString badText = bad.kind == XPathToken::Kind::End ? texts::EndOfExpression.toString()
                                                               : slice(bad.start, bad.end);
     // All at once: the expression may hold what looks like a place to fill in.
-    const QString marked = text::Marked.toString().arg(slice(0, bad.start), badText,
-                                                       slice(bad.end, expression.utf8().size()));
+    const QString marked = texts::Marked.toString().arg(slice(0, bad.start), badText,
+                                                        slice(bad.end, expression.utf8().size()));
     throw runtime::Error(runtime::error_number::Fail,
-                         text::Message.toString().arg(sentence.toString(), marked));
+                         texts::Message.toString().arg(sentence.toString(), marked));
 }
 
 XPathToken whole(const XPathExpression &expression) {
@@ -32,10 +32,10 @@ XPathToken whole(const XPathExpression &expression) {
 /// What is missing, or not understood, at a token that the grammar does not take.
 QStringView syntaxSentence(const XPathExpression &expression, const XPathToken &bad) {
     if (expression.tokens().size() == 1)
-        return text::Empty;
+        return texts::Empty;
     if (bad.kind != XPathToken::Kind::End)
-        return text::Unexpected;
-    return expression.lacksParenthesis() ? text::ParenthesisExpected : text::Syntax;
+        return texts::Unexpected;
+    return expression.lacksParenthesis() ? texts::ParenthesisExpected : texts::Syntax;
 }
 
 } // namespace
@@ -48,46 +48,46 @@ void raiseXPathError(const XPathExpression &expression, const XPathFailure &fail
     case XPATH_START_LITERAL_ERROR:
         raise(expression, syntaxSentence(expression, stop), stop);
     case XPATH_INVALID_PREDICATE_ERROR:
-        raise(expression, text::BracketExpected, stop);
+        raise(expression, texts::BracketExpected, stop);
     case XPATH_UNCLOSED_ERROR:
-        raise(expression, text::ParenthesisExpected, stop);
+        raise(expression, texts::ParenthesisExpected, stop);
     case XPATH_UNFINISHED_LITERAL_ERROR:
         // It takes up all the rest.
-        raise(expression, text::UnclosedLiteral,
+        raise(expression, texts::UnclosedLiteral,
               expression.tokenAt(expression.utf8().empty() ? 0 : expression.utf8().size() - 1));
     case XPATH_VARIABLE_REF_ERROR:
-        raise(expression, text::VariableNameExpected, stop);
+        raise(expression, texts::VariableNameExpected, stop);
     case XPATH_NUMBER_ERROR:
-        raise(expression, text::NumberExpected, stop);
+        raise(expression, texts::NumberExpected, stop);
     case XPATH_INVALID_CHAR_ERROR:
     case XPATH_ENCODING_ERROR:
-        raise(expression, text::ForbiddenCharacter, stop);
+        raise(expression, texts::ForbiddenCharacter, stop);
     case XPATH_UNKNOWN_FUNC_ERROR:
-        raise(expression, text::UnknownFunction, expression.callOf(failure.function));
+        raise(expression, texts::UnknownFunction, expression.callOf(failure.function));
     case XPATH_INVALID_ARITY:
-        raise(expression, text::WrongArgumentCount, expression.callOf(failure.function));
+        raise(expression, texts::WrongArgumentCount, expression.callOf(failure.function));
     case XPATH_UNDEF_VARIABLE_ERROR:
-        raise(expression, text::UnknownVariable, expression.useOf(failure.variable));
+        raise(expression, texts::UnknownVariable, expression.useOf(failure.variable));
     case XPATH_INVALID_TYPE:
-        raise(expression, text::WrongType, whole(expression));
+        raise(expression, texts::WrongType, whole(expression));
     case XPATH_OP_LIMIT_EXCEEDED:
-        raise(expression, text::TooManySteps, whole(expression));
+        raise(expression, texts::TooManySteps, whole(expression));
     case XPATH_RECURSION_LIMIT_EXCEEDED:
-        raise(expression, text::TooDeep, whole(expression));
+        raise(expression, texts::TooDeep, whole(expression));
     case XPATH_MEMORY_ERROR:
     case XPATH_STACK_ERROR:
-        raise(expression, text::TooLarge, whole(expression));
+        raise(expression, texts::TooLarge, whole(expression));
     default:
-        raise(expression, text::CannotEvaluate, whole(expression));
+        raise(expression, texts::CannotEvaluate, whole(expression));
     }
 }
 
 void raiseUndeclaredPrefix(const XPathExpression &expression, const XPathToken &prefix) {
-    raise(expression, text::UndeclaredPrefix, prefix);
+    raise(expression, texts::UndeclaredPrefix, prefix);
 }
 
 void raiseNotNodes(const XPathExpression &expression) {
-    raise(expression, text::NotNodes, whole(expression));
+    raise(expression, texts::NotNodes, whole(expression));
 }
 
 } // namespace quillon::xml

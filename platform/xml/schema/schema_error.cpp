@@ -10,7 +10,7 @@
 
 namespace quillon::xml {
 
-namespace text = resources::validation_text;
+namespace texts = resources::validation_texts;
 
 namespace {
 
@@ -98,9 +98,9 @@ std::vector<qint64> positionsOf(const DOMDocument40 &document, const std::vector
 }
 
 void raiseSchemaError(const QString &schemaName, int line, const QString &reason) {
-    const QString place = line > 0 ? text::SchemaLine.arg(line) : QString();
+    const QString place = line > 0 ? texts::SchemaLine.toString().arg(line) : QString();
     throw runtime::Error(runtime::error_number::Fail,
-                         text::CannotLoadSchema.arg(schemaName, place + reason));
+                         texts::CannotLoadSchema.toString().arg(schemaName, place + reason));
 }
 
 } // namespace quillon::xml

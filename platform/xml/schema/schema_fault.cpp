@@ -8,8 +8,8 @@
 
 namespace quillon::xml {
 
-namespace fault = resources::schema_fault;
-namespace xml_text = resources::xml_text;
+namespace texts = resources::schema_fault_texts;
+namespace xml_texts = resources::xml_texts;
 
 namespace {
 
@@ -41,24 +41,24 @@ QString xsdFault(const xmlError &error) {
     const QString said =
         given(error.message).trimmed().replace(namespaceOfName, QStringLiteral("'"));
     const QRegularExpressionMatch match = head.match(said);
-    const QString sentence = translated(said.mid(match.capturedLength()), fault::Translations)
-                                 .value_or(fault::Other.toString().arg(error.code));
+    const QString sentence = translated(said.mid(match.capturedLength()), texts::Translations)
+                                 .value_or(texts::Other.toString().arg(error.code));
     const QString element = describe(static_cast<const xmlNode *>(error.node));
     const QString attribute = match.captured(1);
     if (element.isEmpty())
         return sentence;
-    return attribute.isEmpty() ? fault::AtElement.toString().arg(element, sentence)
-                               : fault::AtAttribute.toString().arg(element, sentence, attribute);
+    return attribute.isEmpty() ? texts::AtElement.toString().arg(element, sentence)
+                               : texts::AtAttribute.toString().arg(element, sentence, attribute);
 }
 
 QString syntaxFault(const xmlError &error) {
     switch (error.code) {
     case XML_ERR_DOCUMENT_EMPTY:
-        return xml_text::NoElement;
+        return xml_texts::NoElement.toString();
     case XML_ERR_DOCUMENT_END:
-        return xml_text::UnexpectedEnd;
+        return xml_texts::UnexpectedEnd.toString();
     case XML_ERR_INVALID_CHAR:
-        return xml_text::InvalidToken;
+        return xml_texts::InvalidToken.toString();
     case XML_ERR_INVALID_HEX_CHARREF:
     case XML_ERR_INVALID_DEC_CHARREF:
     case XML_ERR_INVALID_CHARREF:
@@ -66,39 +66,39 @@ QString syntaxFault(const xmlError &error) {
     case XML_ERR_ENTITYREF_SEMICOL_MISSING:
     case XML_ERR_PEREF_NO_NAME:
     case XML_ERR_PEREF_SEMICOL_MISSING:
-        return fault::BadReference;
+        return texts::BadReference.toString();
     case XML_ERR_UNDECLARED_ENTITY:
     case XML_WAR_UNDECLARED_ENTITY:
-        return resources::validation_text::UndefinedEntity.arg(given(error.str1));
+        return resources::validation_texts::UndefinedEntity.toString().arg(given(error.str1));
     case XML_ERR_UNKNOWN_ENCODING:
     case XML_ERR_UNSUPPORTED_ENCODING:
     case XML_ERR_INVALID_ENCODING:
     case XML_ERR_ENCODING_NAME:
-        return fault::UnknownEncoding;
+        return texts::UnknownEncoding.toString();
     case XML_ERR_STRING_NOT_CLOSED:
     case XML_ERR_LITERAL_NOT_FINISHED:
     case XML_ERR_ENTITY_NOT_FINISHED:
-        return fault::UnclosedLiteral;
+        return texts::UnclosedLiteral.toString();
     case XML_ERR_LT_IN_ATTRIBUTE:
     case XML_ERR_ATTRIBUTE_NOT_STARTED:
     case XML_ERR_ATTRIBUTE_NOT_FINISHED:
     case XML_ERR_ATTRIBUTE_WITHOUT_VALUE:
-        return fault::BadAttribute;
+        return texts::BadAttribute.toString();
     case XML_ERR_ATTRIBUTE_REDEFINED:
-        return xml_text::DuplicateAttribute;
+        return xml_texts::DuplicateAttribute.toString();
     case XML_ERR_CDATA_NOT_FINISHED:
-        return xml_text::UnclosedCData;
+        return xml_texts::UnclosedCData.toString();
     case XML_ERR_COMMENT_NOT_FINISHED:
     case XML_ERR_PI_NOT_FINISHED:
     case XML_ERR_TAG_NOT_FINISHED:
     case XML_ERR_GT_REQUIRED:
-        return xml_text::UnclosedToken;
+        return xml_texts::UnclosedToken.toString();
     case XML_ERR_TAG_NAME_MISMATCH:
-        return xml_text::MismatchedTag;
+        return xml_texts::MismatchedTag.toString();
     case XML_ERR_EXTRA_CONTENT:
-        return xml_text::JunkAfterRoot;
+        return xml_texts::JunkAfterRoot.toString();
     case XML_ERR_ENTITY_LOOP:
-        return xml_text::EntityLoop;
+        return xml_texts::EntityLoop.toString();
     case XML_ERR_ATTLIST_NOT_STARTED:
     case XML_ERR_ATTLIST_NOT_FINISHED:
     case XML_ERR_MIXED_NOT_STARTED:
@@ -115,9 +115,9 @@ QString syntaxFault(const xmlError &error) {
     case XML_ERR_NMTOKEN_REQUIRED:
     case XML_ERR_URI_REQUIRED:
     case XML_ERR_PUBID_REQUIRED:
-        return fault::BadDeclarationSyntax;
+        return texts::BadDeclarationSyntax.toString();
     default:
-        return xml_text::OtherSyntaxError;
+        return xml_texts::OtherSyntaxError.toString();
     }
 }
 
@@ -140,32 +140,32 @@ QString dtdDeclarationFault(const xmlError &error) {
     const QString second = given(error.str2);
     switch (error.code) {
     case XML_DTD_CONTENT_ERROR:
-        return fault::DuplicateInMixed.arg(first, second);
+        return texts::DuplicateInMixed.toString().arg(first, second);
     case XML_DTD_CONTENT_NOT_DETERMINIST:
-        return fault::AmbiguousContent.arg(first);
+        return texts::AmbiguousContent.toString().arg(first);
     case XML_DTD_ELEM_REDEFINED:
-        return fault::DuplicateElement.arg(first);
+        return texts::DuplicateElement.toString().arg(first);
     case XML_DTD_ID_FIXED:
-        return fault::IdWithDefault.arg(second, first);
+        return texts::IdWithDefault.toString().arg(second, first);
     case XML_DTD_ID_SUBSET:
     case XML_DTD_MULTIPLE_ID:
-        return fault::SeveralIds.arg(first);
+        return texts::SeveralIds.toString().arg(first);
     case XML_DTD_ATTRIBUTE_VALUE:
-        return fault::DefaultNotInSet.arg(given(error.str3), second, first);
+        return texts::DefaultNotInSet.toString().arg(given(error.str3), second, first);
     case XML_DTD_ATTRIBUTE_DEFAULT:
-        return fault::BadDefault.arg(first, second);
+        return texts::BadDefault.toString().arg(first, second);
     case XML_DTD_INVALID_DEFAULT:
-        return fault::BadDefault.arg(second, first);
+        return texts::BadDefault.toString().arg(second, first);
     case XML_DTD_DUP_TOKEN:
-        return fault::DuplicateToken.arg(first);
+        return texts::DuplicateToken.toString().arg(first);
     case XML_DTD_EMPTY_NOTATION:
-        return fault::NotationOfEmpty.arg(second, first);
+        return texts::NotationOfEmpty.toString().arg(second, first);
     case XML_DTD_NOTATION_REDEFINED:
-        return fault::DuplicateNotation.arg(first);
+        return texts::DuplicateNotation.toString().arg(first);
     case XML_DTD_UNKNOWN_NOTATION:
-        return fault::UndeclaredNotation.arg(second.isEmpty() ? first : second);
+        return texts::UndeclaredNotation.toString().arg(second.isEmpty() ? first : second);
     default:
-        return fault::Other.toString().arg(error.code);
+        return texts::Other.toString().arg(error.code);
     }
 }
 

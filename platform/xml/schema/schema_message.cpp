@@ -12,7 +12,7 @@
 
 namespace quillon::xml {
 
-namespace text = resources::validation_text;
+namespace texts = resources::validation_texts;
 
 namespace {
 
@@ -53,7 +53,7 @@ QString captured(const QString &sentence, const char *pattern) {
 
 QString withExpected(const QString &reason, QString expected) {
     expected.replace(QLatin1String(" ,"), QLatin1String(","));
-    return expected.isEmpty() ? reason : reason + u'\n' + text::Expecting.arg(expected);
+    return expected.isEmpty() ? reason : reason + u'\n' + texts::Expecting.toString().arg(expected);
 }
 
 /// libxml2's own sentence, which is English.
@@ -83,9 +83,11 @@ struct XsdReport {
     SchemaMessage invalidValue(const QString &detail) const {
         return attribute.isEmpty()
                    ? SchemaMessage{schema_error::InvalidDatatype,
-                                   text::InvalidElementValue.arg(element, contentOf(node)) + detail}
+                                   texts::InvalidElementValue.toString().arg(element,
+                                                                             contentOf(node)) +
+                                       detail}
                    : SchemaMessage{schema_error::InvalidAttribute,
-                                   text::InvalidAttributeValue.arg(
+                                   texts::InvalidAttributeValue.toString().arg(
                                        element, attribute, attributeValue(node, attribute)) +
                                        detail};
     }
@@ -97,10 +99,11 @@ struct XsdReport {
         // What may be an ID is none only where it stands for another element already.
         if (type == QLatin1String("xs:ID") && xmlValidateNCName(utf8(value.toUtf8()), 1) == 0)
             return {schema_error::InvalidAttribute,
-                    text::DuplicateId.arg(value.trimmed(), element)};
+                    texts::DuplicateId.toString().arg(value.trimmed(), element)};
         if (!attribute.isEmpty() || type.isEmpty())
             return invalidValue({});
-        return {schema_error::InvalidDatatype, text::InvalidDatatype.arg(value, type, element)};
+        return {schema_error::InvalidDatatype,
+                texts::InvalidDatatype.toString().arg(value, type, element)};
     }
 
     SchemaMessage violatedKey(const xmlError &error) const {
@@ -110,27 +113,28 @@ struct XsdReport {
         const QString key = captured(body, "key-sequence (\\[.*\\])");
         const QString constraint = captured(body, "(?:constraint|keyref) '([^']*)'");
         if (body.startsWith(QLatin1String("No match")))
-            return message(text::UnmatchedKeyRef.arg(element, key, constraint));
+            return message(texts::UnmatchedKeyRef.toString().arg(element, key, constraint));
         if (body.startsWith(QLatin1String("Duplicate")))
-            return message(text::DuplicateKey.arg(element, key, constraint));
+            return message(texts::DuplicateKey.toString().arg(element, key, constraint));
         if (body.startsWith(QLatin1String("Not all")))
-            return message(text::IncompleteKey.arg(element, constraint));
+            return message(texts::IncompleteKey.toString().arg(element, constraint));
         return other(error);
     }
 
     SchemaMessage other(const xmlError &error) const {
         return {schema_error::InvalidContent,
-                element.isEmpty() ? text::SchemaViolation.arg(error.code)
-                                  : text::OtherSchemaViolation.arg(element).arg(error.code)};
+                element.isEmpty()
+                    ? texts::SchemaViolation.toString().arg(error.code)
+                    : texts::OtherSchemaViolation.toString().arg(element).arg(error.code)};
     }
 
     SchemaMessage invalidContent() const {
         const QString expected = captured(body, "Expected is (?:one of )?\\( (.*) \\)");
         if (body.startsWith(QLatin1String("Missing child")))
             return {schema_error::IncompleteContent,
-                    withExpected(text::IncompleteContent.arg(element), expected)};
+                    withExpected(texts::IncompleteContent.toString().arg(element), expected)};
         return {schema_error::InvalidContent,
-                withExpected(text::UnexpectedElement.arg(parent, element), expected)};
+                withExpected(texts::UnexpectedElement.toString().arg(parent, element), expected)};
     }
 
     QString sentence;
@@ -154,27 +158,27 @@ QString facetDetail(const xmlError &error) {
     };
     switch (error.code) {
     case XML_SCHEMAV_CVC_LENGTH_VALID:
-        return length(text::FacetLength);
+        return length(texts::FacetLength.toString());
     case XML_SCHEMAV_CVC_MINLENGTH_VALID:
-        return length(text::FacetMinLength);
+        return length(texts::FacetMinLength.toString());
     case XML_SCHEMAV_CVC_MAXLENGTH_VALID:
-        return length(text::FacetMaxLength);
+        return length(texts::FacetMaxLength.toString());
     case XML_SCHEMAV_CVC_MININCLUSIVE_VALID:
-        return text::FacetMinInclusive.arg(second);
+        return texts::FacetMinInclusive.toString().arg(second);
     case XML_SCHEMAV_CVC_MAXINCLUSIVE_VALID:
-        return text::FacetMaxInclusive.arg(second);
+        return texts::FacetMaxInclusive.toString().arg(second);
     case XML_SCHEMAV_CVC_MINEXCLUSIVE_VALID:
-        return text::FacetMinExclusive.arg(second);
+        return texts::FacetMinExclusive.toString().arg(second);
     case XML_SCHEMAV_CVC_MAXEXCLUSIVE_VALID:
-        return text::FacetMaxExclusive.arg(second);
+        return texts::FacetMaxExclusive.toString().arg(second);
     case XML_SCHEMAV_CVC_TOTALDIGITS_VALID:
-        return text::FacetTotalDigits.arg(second);
+        return texts::FacetTotalDigits.toString().arg(second);
     case XML_SCHEMAV_CVC_FRACTIONDIGITS_VALID:
-        return text::FacetFractionDigits.arg(second);
+        return texts::FacetFractionDigits.toString().arg(second);
     case XML_SCHEMAV_CVC_PATTERN_VALID:
-        return text::FacetPattern.arg(second);
+        return texts::FacetPattern.toString().arg(second);
     case XML_SCHEMAV_CVC_ENUMERATION_VALID:
-        return text::FacetEnumeration.arg(second);
+        return texts::FacetEnumeration.toString().arg(second);
     default:
         return {};
     }
@@ -184,9 +188,9 @@ SchemaMessage dtdContentMessage(const QString &element, const QString &sentence)
     const QString expected = captured(sentence, "expecting (.*), got");
     if (sentence.endsWith(QLatin1String("got")) || sentence.endsWith(QLatin1String("got ")))
         return {schema_error::EmptyElement,
-                withExpected(text::EmptyElement.arg(element), expected)};
+                withExpected(texts::EmptyElement.toString().arg(element), expected)};
     return {schema_error::InvalidContent,
-            withExpected(text::InvalidContent.arg(element), expected)};
+            withExpected(texts::InvalidContent.toString().arg(element), expected)};
 }
 
 } // namespace
@@ -198,27 +202,30 @@ SchemaMessage dtdMessage(const xmlError &error) {
     const QString attribute = captured(sentence, "attribute (\\S+)");
     if (sentence.contains(QLatin1String("must be \"")) ||
         sentence.contains(QLatin1String("different from default")))
-        return {schema_error::FixedAttribute, text::FixedAttribute.arg(attribute, element)};
+        return {schema_error::FixedAttribute,
+                texts::FixedAttribute.toString().arg(attribute, element)};
     switch (error.code) {
     case XML_DTD_UNKNOWN_ELEM:
-        return {schema_error::UndeclaredElement, text::UndeclaredElement.arg(element)};
+        return {schema_error::UndeclaredElement, texts::UndeclaredElement.toString().arg(element)};
     case XML_DTD_ROOT_NAME:
-        return {schema_error::WrongRoot, text::WrongRoot.arg(element)};
+        return {schema_error::WrongRoot, texts::WrongRoot.toString().arg(element)};
     case XML_DTD_CONTENT_MODEL:
         return dtdContentMessage(element, sentence);
     case XML_DTD_NOT_EMPTY:
     case XML_DTD_NOT_PCDATA:
-        return {schema_error::InvalidContent, text::InvalidContent.arg(element)};
+        return {schema_error::InvalidContent, texts::InvalidContent.toString().arg(element)};
     case XML_DTD_INVALID_CHILD:
-        return {schema_error::InvalidContent,
-                text::UnexpectedElement.arg(element, captured(sentence, "^Element (\\S+)"))};
+        return {schema_error::InvalidContent, texts::UnexpectedElement.toString().arg(
+                                                  element, captured(sentence, "^Element (\\S+)"))};
     case XML_DTD_UNKNOWN_ATTRIBUTE:
-        return {schema_error::UndefinedAttribute, text::UndefinedAttribute.arg(attribute, element)};
+        return {schema_error::UndefinedAttribute,
+                texts::UndefinedAttribute.toString().arg(attribute, element)};
     case XML_DTD_MISSING_ATTRIBUTE:
-        return {schema_error::MissingAttribute, text::MissingAttribute.arg(attribute, element)};
+        return {schema_error::MissingAttribute,
+                texts::MissingAttribute.toString().arg(attribute, element)};
     case XML_DTD_UNKNOWN_ENTITY:
         return {schema_error::InvalidAttribute,
-                text::UndeclaredEntity.arg(attribute, QString::fromUtf8(error.str2))};
+                texts::UndeclaredEntity.toString().arg(attribute, QString::fromUtf8(error.str2))};
     case XML_DTD_UNKNOWN_NOTATION:
     case XML_DTD_ATTRIBUTE_VALUE:
     case XML_DTD_NOTATION_VALUE:
@@ -226,17 +233,18 @@ SchemaMessage dtdMessage(const xmlError &error) {
         if (element.isEmpty())
             return {schema_error::InvalidAttribute, dtdDeclarationFault(error)};
         return {schema_error::InvalidAttribute,
-                text::InvalidAttribute.arg(attribute, element, attributeValue(node, attribute))};
+                texts::InvalidAttribute.toString().arg(attribute, element,
+                                                       attributeValue(node, attribute))};
     case XML_DTD_UNKNOWN_ID:
         return {schema_error::UndefinedId,
-                text::UndefinedId.arg(attribute, captured(sentence, "\"([^\"]*)\""))};
+                texts::UndefinedId.toString().arg(attribute, captured(sentence, "\"([^\"]*)\""))};
     case XML_DTD_ID_REDEFINED:
         return {schema_error::InvalidAttribute,
-                text::DuplicateId.arg(captured(sentence, "^ID (\\S+)"), element)};
+                texts::DuplicateId.toString().arg(captured(sentence, "^ID (\\S+)"), element)};
     default:
         return {schema_error::InvalidContent,
                 element.isEmpty() ? dtdDeclarationFault(error)
-                                  : text::DtdViolation.arg(element).arg(error.code)};
+                                  : texts::DtdViolation.toString().arg(element).arg(error.code)};
     }
 }
 
@@ -247,45 +255,49 @@ SchemaMessage xsdMessage(const xmlError &error) {
     switch (error.code) {
     case XML_SCHEMAV_CVC_ELT_1:
     case XML_SCHEMAV_CVC_WILDCARD:
-        return {schema_error::UndeclaredElement, text::UndeclaredElement.arg(report.element)};
+        return {schema_error::UndeclaredElement,
+                texts::UndeclaredElement.toString().arg(report.element)};
     case XML_SCHEMAV_CVC_ELT_2:
     case XML_SCHEMAV_CVC_TYPE_2:
-        return {schema_error::InvalidContent, text::AbstractElement.arg(report.element)};
+        return {schema_error::InvalidContent,
+                texts::AbstractElement.toString().arg(report.element)};
     case XML_SCHEMAV_CVC_ELT_3_1:
     case XML_SCHEMAV_CVC_ELT_3_2_1:
     case XML_SCHEMAV_CVC_ELT_3_2_2:
-        return {schema_error::InvalidContent, text::InvalidNil.arg(report.element)};
+        return {schema_error::InvalidContent, texts::InvalidNil.toString().arg(report.element)};
     case XML_SCHEMAV_CVC_ELT_4_1:
     case XML_SCHEMAV_CVC_ELT_4_2:
     case XML_SCHEMAV_CVC_ELT_4_3:
-        return {schema_error::InvalidAttribute, text::InvalidInstanceType.arg(report.element)};
+        return {schema_error::InvalidAttribute,
+                texts::InvalidInstanceType.toString().arg(report.element)};
     case XML_SCHEMAV_ELEMENT_CONTENT:
     case XML_SCHEMAV_CVC_COMPLEX_TYPE_2_4:
         return report.invalidContent();
     case XML_SCHEMAV_CVC_TYPE_3_1_2:
     case XML_SCHEMAV_CVC_COMPLEX_TYPE_2_2:
-        return {schema_error::InvalidContent, text::InvalidContent.arg(report.element)};
+        return {schema_error::InvalidContent, texts::InvalidContent.toString().arg(report.element)};
     case XML_SCHEMAV_CVC_COMPLEX_TYPE_2_1:
     case XML_SCHEMAV_CVC_COMPLEX_TYPE_2_3:
         if (!report.body.startsWith(QLatin1String("Character")))
-            return {schema_error::InvalidContent, text::InvalidContent.arg(report.element)};
-        return {schema_error::TextNotAllowed, text::TextNotAllowed.arg(report.element)};
+            return {schema_error::InvalidContent,
+                    texts::InvalidContent.toString().arg(report.element)};
+        return {schema_error::TextNotAllowed, texts::TextNotAllowed.toString().arg(report.element)};
     case XML_SCHEMAV_CVC_TYPE_3_1_1:
     case XML_SCHEMAV_CVC_COMPLEX_TYPE_3_2_1:
     case XML_SCHEMAV_CVC_COMPLEX_TYPE_3_2_2:
         return {schema_error::UndefinedAttribute,
-                text::UndefinedAttribute.arg(report.attribute, report.element)};
+                texts::UndefinedAttribute.toString().arg(report.attribute, report.element)};
     case XML_SCHEMAV_CVC_COMPLEX_TYPE_4:
         return {schema_error::MissingAttribute,
-                text::MissingAttribute.arg(captured(report.body, "attribute '([^']*)'"),
-                                           report.element)};
+                texts::MissingAttribute.toString().arg(captured(report.body, "attribute '([^']*)'"),
+                                                       report.element)};
     case XML_SCHEMAV_CVC_AU:
     case XML_SCHEMAV_CVC_ATTRIBUTE_4:
         return {schema_error::FixedAttribute,
-                text::FixedAttribute.arg(report.attribute, report.element)};
+                texts::FixedAttribute.toString().arg(report.attribute, report.element)};
     case XML_SCHEMAV_CVC_ELT_5_2_2_2_1:
     case XML_SCHEMAV_CVC_ELT_5_2_2_2_2:
-        return {schema_error::InvalidContent, text::FixedElement.arg(report.element)};
+        return {schema_error::InvalidContent, texts::FixedElement.toString().arg(report.element)};
     case XML_SCHEMAV_CVC_DATATYPE_VALID_1_2_1:
     case XML_SCHEMAV_CVC_DATATYPE_VALID_1_2_2:
     case XML_SCHEMAV_CVC_DATATYPE_VALID_1_2_3:

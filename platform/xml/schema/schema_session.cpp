@@ -214,7 +214,7 @@ XmlDocument SchemaSession::parse(QByteArray utf8, bool loadDtd) {
     context_ = nullptr;
     if (expanded_ > expansionLimit_)
         throw runtime::Error(runtime::error_number::Fail,
-                             resources::validation_text::ExpansionLimit);
+                             resources::validation_texts::ExpansionLimit.toString());
     return doc;
 }
 

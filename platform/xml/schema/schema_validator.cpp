@@ -18,7 +18,7 @@
 
 namespace quillon::xml {
 
-namespace text = resources::validation_text;
+namespace texts = resources::validation_texts;
 
 namespace {
 
@@ -99,9 +99,10 @@ struct FirstFault {
     /// `schemaName` stands for a file whose name is not known.
     [[noreturn]] void raise(const QString &schemaName) const {
         if (file == DocumentName)
-            throw runtime::Error(runtime::error_number::Fail, text::DocumentFault.arg(reason));
+            throw runtime::Error(runtime::error_number::Fail,
+                                 texts::DocumentFault.toString().arg(reason));
         raiseSchemaError(file.isEmpty() ? schemaName : file, line,
-                         reason.isNull() ? text::SchemaNotFound : reason);
+                         reason.isNull() ? texts::SchemaNotFound.toString() : reason);
     }
 
     QString reason;
@@ -110,7 +111,7 @@ struct FirstFault {
 };
 
 [[noreturn]] void raiseFailed() {
-    throw runtime::Error(runtime::error_number::Fail, text::ValidatorFailed);
+    throw runtime::Error(runtime::error_number::Fail, texts::ValidatorFailed.toString());
 }
 
 /// A schema that the validator may be asked to compile: an XSD without a target namespace.
@@ -121,10 +122,10 @@ void checkXsd(const QString &path, const QString &name) {
     const Node root = schema.documentElement();
     if (localNameOf(root.nodeName()) != QLatin1String("schema") ||
         namespaceAt(root, prefixOf(root.nodeName())) != XsdNamespace)
-        raiseSchemaError(name, 0, text::NotAnXsd);
+        raiseSchemaError(name, 0, texts::NotAnXsd.toString());
     const QString target = root.getAttribute(QStringLiteral("targetNamespace")).value_or(QString());
     if (!target.isEmpty())
-        raiseSchemaError(name, lineOf(root), text::TargetNamespace.arg(target));
+        raiseSchemaError(name, lineOf(root), texts::TargetNamespace.toString().arg(target));
 }
 
 using Schema = std::unique_ptr<xmlSchema, Releaser<xmlSchemaFree>>;
@@ -145,7 +146,7 @@ Schema compileXsd(SchemaSession &session, const QString &name, const SchemaImpor
     if (!session.missing().isNull())
         missing.append(session.missing());
     for (const QString &file : std::as_const(missing))
-        fault.reason += u'\n' + text::MissingImportOfFault.arg(file);
+        fault.reason += u'\n' + texts::MissingImportOfFault.toString().arg(file);
     fault.raise(name);
 }
 
@@ -182,8 +183,8 @@ void validateDeclarations(xmlValidCtxt *context, xmlDoc *doc) {
 void reportDanglingReferences(xmlDoc *doc, Collector &collector) {
     for (const Reference &reference : danglingReferences(doc))
         collector.add({schema_error::UndefinedId,
-                       text::UndefinedId.arg(QString::fromUtf8(bytes(reference.attribute->name)),
-                                             reference.value)},
+                       texts::UndefinedId.toString().arg(
+                           QString::fromUtf8(bytes(reference.attribute->name)), reference.value)},
                       SchemaSession::elementIndex(reference.attribute->parent));
 }
 
@@ -199,7 +200,7 @@ std::vector<SchemaError> validateByDtd(const DOMDocument40 &document, const QStr
         fault.raise(QFileInfo(schemaPath).fileName());
     // What a missing part declares would be an error wherever it is used.
     if (!session.missing().isNull())
-        raiseSchemaError(session.missing(), 0, text::SchemaNotFound);
+        raiseSchemaError(session.missing(), 0, texts::SchemaNotFound.toString());
     const DtdValidator context(xmlNewValidCtxt());
     if (!context)
         raiseFailed();
@@ -245,8 +246,11 @@ std::vector<SchemaError> validateByXsd(const DOMDocument40 &document, const QStr
     reportDanglingReferences(doc.get(), collector);
     std::vector<SchemaError> found = collector.errorsIn(document);
     for (const QString &missing : imports.missing())
-        found.push_back(
-            {schema_error::MissingImport, text::MissingImport.arg(missing), {}, 0, true});
+        found.push_back({schema_error::MissingImport,
+                         texts::MissingImport.toString().arg(missing),
+                         {},
+                         0,
+                         true});
     return found;
 }
 

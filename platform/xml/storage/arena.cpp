@@ -76,7 +76,8 @@ void Arena::addPage(std::uint32_t number) {
 
 std::uint32_t Arena::allocate(std::uint32_t slots) {
     if (size_ > MaxSlots - base_ - 2)
-        throw runtime::Error(runtime::error_number::Fail, resources::xml_text::TooManyNodes);
+        throw runtime::Error(runtime::error_number::Fail,
+                             resources::xml_texts::TooManyNodes.toString());
     const std::uint32_t at = size_;
     size_ += slots;
     const std::uint32_t number = (size_ - 1) / Page::SlotCount;

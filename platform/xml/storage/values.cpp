@@ -7,7 +7,7 @@
 
 namespace quillon::xml {
 
-namespace text = resources::xml_text;
+namespace texts = resources::xml_texts;
 using runtime::Error;
 namespace error_number = runtime::error_number;
 
@@ -218,7 +218,7 @@ std::string checkedValue(const QString &value) {
         if (c == '\t' || c == '\n' || c == '\r' || (c > 0xDFFF && c < 0xFFFE))
             continue;
         throw Error(error_number::Fail,
-                    text::ForbiddenCharacter.arg(
+                    texts::ForbiddenCharacter.toString().arg(
                         QStringLiteral("U+%1").arg(uint(c), 4, 16, QLatin1Char('0')).toUpper()));
     }
     const QByteArray utf8 = value.toUtf8();
@@ -227,19 +227,20 @@ std::string checkedValue(const QString &value) {
 
 std::string checkedName(const QString &name) {
     if (name.isEmpty())
-        throw Error(error_number::Fail, text::EmptyName);
+        throw Error(error_number::Fail, texts::EmptyName.toString());
     const qsizetype valid = validNameLength(name);
     if (valid < name.size()) {
         const QString bad = name.mid(valid, name[valid].isHighSurrogate() ? 2 : 1);
-        throw Error(error_number::Fail, (valid == 0 ? text::BadNameStart : text::BadNameCharacter)
-                                            .arg(bad, name.left(valid) + QStringLiteral("-->") +
-                                                          bad + QStringLiteral("<--")));
+        throw Error(
+            error_number::Fail,
+            (valid == 0 ? texts::BadNameStart.toString() : texts::BadNameCharacter.toString())
+                .arg(bad, name.left(valid) + QStringLiteral("-->") + bad + QStringLiteral("<--")));
     }
     const qsizetype colon = name.indexOf(QLatin1Char(':'));
     if (colon >= 0 &&
         (colon == 0 || colon == name.size() - 1 || name.indexOf(QLatin1Char(':'), colon + 1) >= 0 ||
          validNameLength(name.mid(colon + 1)) == 0))
-        throw Error(error_number::Fail, text::ColonInName.arg(name));
+        throw Error(error_number::Fail, texts::ColonInName.toString().arg(name));
     return name.toStdString();
 }
 

@@ -13,7 +13,7 @@
 
 namespace quillon::xml {
 
-namespace text = resources::xslt_text;
+namespace texts = resources::xslt_texts;
 
 namespace {
 
@@ -114,13 +114,13 @@ QString Translator::required(const Node &element, const char *attribute) const {
     if (!value)
         throw runtime::Error(
             runtime::error_number::Fail,
-            text::WdAttributeMissing.toString().arg(element.nodeName(), QLatin1String(attribute)));
+            texts::WdAttributeMissing.toString().arg(element.nodeName(), QLatin1String(attribute)));
     return *value;
 }
 
 void Translator::stylesheet() {
     if (dialectName(root_) != u"stylesheet")
-        refuse(text::WdElementRefused, root_.nodeName());
+        refuse(texts::WdElementRefused, root_.nodeName());
     out_.writeNamespace(XsltNamespace, prefix_.isEmpty() ? QStringLiteral("xsl") : prefix_);
     out_.writeNamespace(QLatin1String(WdFunctionsNamespace), QLatin1String(WdFunctionsPrefix));
     start("stylesheet");
@@ -179,9 +179,9 @@ void Translator::templates(const Node &parent, const QString &mode) {
         else if (name == u"define-template-set")
             templates(child, mode);
         else if (name == u"script")
-            refuse(text::WdScriptRefused, child.nodeName());
+            refuse(texts::WdScriptRefused, child.nodeName());
         else
-            refuse(text::WdElementRefused, child.nodeName());
+            refuse(texts::WdElementRefused, child.nodeName());
     }
 }
 
@@ -283,12 +283,12 @@ void Translator::instruction(const Node &element) {
     };
     const QString name = dialectName(element);
     if (element.getAttribute(QStringLiteral("expr")))
-        refuse(text::WdScriptRefused, text::WdExprOf.toString().arg(element.nodeName()));
+        refuse(texts::WdScriptRefused, texts::WdExprOf.toString().arg(element.nodeName()));
     if (name == u"script")
-        refuse(text::WdScriptRefused, element.nodeName());
+        refuse(texts::WdScriptRefused, element.nodeName());
     const auto handler = handlers.find(name);
     if (handler == handlers.end())
-        refuse(text::WdElementRefused, element.nodeName());
+        refuse(texts::WdElementRefused, element.nodeName());
     (this->**handler)(element);
 }
 
@@ -409,7 +409,7 @@ void Translator::copy(const Node &element) {
 void Translator::eval(const Node &element) {
     const auto expression = translateWdScript(element.text());
     if (!expression)
-        refuse(text::WdScriptRefused,
+        refuse(texts::WdScriptRefused,
                element.text().trimmed().isEmpty() ? element.nodeName() : element.text().trimmed());
     if (!expression->select.isEmpty()) {
         start("value-of");

@@ -8,11 +8,11 @@
 namespace quillon::xml {
 
 void refuseWdPattern(const QString &construct, const QString &pattern) {
-    namespace text = resources::xslt_text;
-    QString sentence = text::WdPatternRefused.toString().arg(construct, pattern);
+    namespace texts = resources::xslt_texts;
+    QString sentence = texts::WdPatternRefused.toString().arg(construct, pattern);
     if (construct.isEmpty())
-        sentence = pattern.trimmed().isEmpty() ? text::WdPatternEmpty.toString()
-                                               : text::WdPatternUnfinished.toString().arg(pattern);
+        sentence = pattern.trimmed().isEmpty() ? texts::WdPatternEmpty.toString()
+                                               : texts::WdPatternUnfinished.toString().arg(pattern);
     throw runtime::Error(runtime::error_number::Fail, sentence);
 }
 

@@ -11,7 +11,7 @@ QString transformNode(const Node &source, const DOMDocument40 &stylesheet,
                       const TransformOptions &options) {
     if (source.nodeType() != NodeType::Document && source.nodeType() != NodeType::Element)
         throw runtime::Error(runtime::error_number::Fail,
-                             resources::xml_text::WrongKind.arg(TypeName(source)));
+                             resources::xml_texts::WrongKind.toString().arg(TypeName(source)));
     const auto transform = [&] { return runStylesheet(source, stylesheet, options); };
     return QString::fromUtf8(
         runInChild(transform, {options.timeLimit, options.memoryLimit}, options.progress));

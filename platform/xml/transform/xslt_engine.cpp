@@ -19,7 +19,7 @@
 
 namespace quillon::xml {
 
-namespace text = resources::xslt_text;
+namespace texts = resources::xslt_texts;
 
 namespace {
 
@@ -52,7 +52,7 @@ Stylesheet compile(const DOMDocument40 &source, const QByteArray &url, XsltLog &
         static_cast<void>(document.release());
     // What the processor warns of, it carries out all the same.
     if (!stylesheet || stylesheet->errors != 0 || log.hasFailure())
-        fail(text::BadStylesheet, log.text());
+        fail(texts::BadStylesheet, log.text());
     log.clear();
     return stylesheet;
 }
@@ -78,12 +78,12 @@ XmlDocument apply(xsltStylesheet *stylesheet, xmlDoc *source, XsltLog &log) {
     XmlDocument result(
         xsltApplyStylesheetUser(stylesheet, source, nullptr, nullptr, nullptr, context.get()));
     if (log.hasRecursion())
-        fail(text::TooDeep);
+        fail(texts::TooDeep);
     // Only xsl:message stops a transformation without an error, and says its text last.
     if (context->state == XSLT_STATE_STOPPED && log.endsWithInstructionMessage())
-        fail(text::Terminated, log.instructionMessage());
+        fail(texts::Terminated, log.instructionMessage());
     if (!result || context->state != XSLT_STATE_OK || log.hasFailure())
-        fail(text::Failed, log.text());
+        fail(texts::Failed, log.text());
     return result;
 }
 

@@ -19,7 +19,7 @@
 
 namespace quillon::xml {
 
-namespace text = resources::xslt_text;
+namespace texts = resources::xslt_texts;
 
 namespace {
 
@@ -34,7 +34,7 @@ XsltLog *loaderLog = nullptr;
 void reportParseFailure(const QByteArray &content, const QByteArray &url, int line) {
     DOMDocument40 document = DOMDocument40::create();
     if (document.loadXML(content))
-        return loaderLog->addFailure(text::NotParsed.toString(), url, line);
+        return loaderLog->addFailure(texts::NotParsed.toString(), url, line);
     const ParseError &error = document.parseError();
     loaderLog->addFailure(error.reason, url, error.line);
 }
@@ -76,7 +76,7 @@ xmlDocPtr loadDocument(const xmlChar *uri, xmlDictPtr dictionary, int /*options*
     if (path.isEmpty() || !file.open(QIODevice::ReadOnly)) {
         // Without its document document() gives no nodes, as XSLT 1.0 has it.
         if (type == XSLT_LOAD_STYLESHEET)
-            loaderLog->addFailure(text::FileOutOfReach.toString().arg(shownName(asked)));
+            loaderLog->addFailure(texts::FileOutOfReach.toString().arg(shownName(asked)));
         return nullptr;
     }
     const QByteArray url = QUrl::fromLocalFile(path).toEncoded();

@@ -16,7 +16,7 @@
 
 namespace quillon::xml {
 
-namespace text = resources::xslt_text;
+namespace texts = resources::xslt_texts;
 
 namespace {
 
@@ -32,14 +32,14 @@ QString inJapanese(const QString &said) {
     // Names of files are shown as the user knows them.
     const QString message =
         said.contains(QStringLiteral("file:/")) ? QUrl::fromPercentEncoding(said.toUtf8()) : said;
-    return translated(message, text::Translations).value_or(text::UnknownMessage.toString());
+    return translated(message, texts::Translations).value_or(texts::UnknownMessage.toString());
 }
 
 bool isRecovered(const QString &said) {
     // Made once: such errors may come by the thousand.
     static const std::vector<QRegularExpression> patterns = [] {
         std::vector<QRegularExpression> made;
-        for (const QStringView pattern : text::Recovered)
+        for (const QStringView pattern : texts::Recovered)
             made.emplace_back(QRegularExpression::anchoredPattern(pattern.toString()),
                               QRegularExpression::DotMatchesEverythingOption);
         return made;
@@ -71,14 +71,14 @@ void XsltLog::addFailure(const QString &message, const QByteArray &url, int line
 
 QString XsltLog::text() const {
     if (messages_.isEmpty())
-        return text::NoMessage.toString();
+        return texts::NoMessage.toString();
     const QString all = messages_.join(QLatin1Char('\n'));
     if (line_ == 0)
         return all;
     if (url_.isEmpty() || url_ == mainUrl_)
-        return text::AtLine.toString().arg(all, QString::number(line_));
-    return text::AtLineOfFile.toString().arg(all, QUrl::fromEncoded(url_).fileName(),
-                                             QString::number(line_));
+        return texts::AtLine.toString().arg(all, QString::number(line_));
+    return texts::AtLineOfFile.toString().arg(all, QUrl::fromEncoded(url_).fileName(),
+                                              QString::number(line_));
 }
 
 void XsltLog::onXmlError(void *log, xmlErrorPtr error) {
@@ -92,7 +92,7 @@ void XsltLog::onXmlError(void *log, xmlErrorPtr error) {
     QString message = inJapanese(QString::fromUtf8(error->message).trimmed());
     const QByteArray expression(error->str1);
     if (!message.isEmpty() && !expression.trimmed().isEmpty())
-        message = text::InExpression.toString().arg(message, QString::fromUtf8(error->str1));
+        message = texts::InExpression.toString().arg(message, QString::fromUtf8(error->str1));
     self.add(message, {}, 0);
 }
 

@@ -100,7 +100,7 @@ QByteArray serializeResult(xmlDoc &result, xsltStylesheet &stylesheet, qint64 li
     xmlOutputBufferClose(buffer);
     if (output.exceeded)
         throw runtime::Error(runtime::error_number::Fail,
-                             resources::xslt_text::OutputLimit.toString());
+                             resources::xslt_texts::OutputLimit.toString());
     if (!html)
         nameUtf16InDeclaration(output.bytes);
     return output.bytes;

@@ -13,7 +13,7 @@
 
 namespace quillon::xml {
 
-namespace text = resources::xslt_text;
+namespace texts = resources::xslt_texts;
 
 namespace {
 
@@ -193,14 +193,14 @@ bool prepareStylesheet(xmlDocPtr stylesheet, const QByteArray &url, XsltLog &log
     for (xmlNodePtr element = root; element; element = following(element, isData)) {
         const bool isTopLevel = element->parent == root && isIn(*root, XsltNamespace);
         if (isTopLevel && isElement(element, ScriptNamespace, "script"))
-            return refuse(text::ScriptNotSupported.toString(), element);
+            return refuse(texts::ScriptNotSupported.toString(), element);
         if (isTopLevel && !element->ns)
-            return refuse(text::TopLevelWithoutNamespace.toString().arg(
+            return refuse(texts::TopLevelWithoutNamespace.toString().arg(
                               QString::fromUtf8(bytes(element->name))),
                           element);
         if (!isKnown(element))
             return refuse(
-                text::UnknownInstruction.toString().arg(QString::fromUtf8(bytes(element->name))),
+                texts::UnknownInstruction.toString().arg(QString::fromUtf8(bytes(element->name))),
                 element);
         // What else stands at the top is the author's own, for document('').
         isData =

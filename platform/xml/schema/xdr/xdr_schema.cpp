@@ -8,7 +8,7 @@
 
 namespace quillon::xdr {
 
-namespace text = resources::validation_text;
+namespace texts = resources::validation_texts;
 
 void SchemaSet::add(const QString &namespaceName, const QString &displayName,
                     const xml::Node &schemaElement) {
@@ -38,7 +38,7 @@ const Schema *SchemaSet::load(const QString &namespaceName) {
     if (path.isEmpty())
         path = folders_.find(QUrl::fromPercentEncoding(name.toUtf8()));
     if (path.isEmpty())
-        xml::raiseSchemaError(name, 0, text::SchemaNotFound);
+        xml::raiseSchemaError(name, 0, texts::SchemaNotFound.toString());
     xml::DOMDocument40 document = xml::DOMDocument40::create();
     if (!document.load(path))
         xml::raiseSchemaError(name, document.parseError().line, document.parseError().reason);

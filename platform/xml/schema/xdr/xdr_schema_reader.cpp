@@ -12,7 +12,7 @@ namespace quillon::xdr {
 
 using xml::Node;
 using xml::NodeType;
-namespace text = resources::validation_text;
+namespace texts = resources::validation_texts;
 
 namespace {
 
@@ -92,13 +92,13 @@ void SchemaReader::fail(const Node &at, const QString &reason) const {
 
 void SchemaReader::failValue(const Node &at, const QString &attribute, const QString &value) const {
     fail(at, value.trimmed().isEmpty()
-                 ? text::XdrEmptyAttribute.arg(attribute, at.nodeName())
-                 : text::XdrInvalidAttribute.arg(attribute, at.nodeName(), value));
+                 ? texts::XdrEmptyAttribute.toString().arg(attribute, at.nodeName())
+                 : texts::XdrInvalidAttribute.toString().arg(attribute, at.nodeName(), value));
 }
 
 void SchemaReader::declare(const Node &schemaElement) {
     if (kindOf(schemaElement) != QLatin1String("Schema"))
-        fail(schemaElement, text::NotAnXdr);
+        fail(schemaElement, texts::NotAnXdr.toString());
     checkMarkup(schemaElement);
     forEachPart(schemaElement, [this](const Node &child, const QString &kind) {
         if (kind == QLatin1String("ElementType")) {
@@ -106,13 +106,13 @@ void SchemaReader::declare(const Node &schemaElement) {
             type->name = name(child);
             type->schema = &schema_;
             if (schema_.elementTypes.contains(type->name))
-                fail(child, text::XdrDuplicate.arg(type->name));
+                fail(child, texts::XdrDuplicate.toString().arg(type->name));
             schema_.elementTypes.insert(type->name, type);
             declarations_.push_back({child, type});
         } else if (kind == QLatin1String("AttributeType")) {
             const AttributeType type = readAttributeType(child);
             if (schema_.attributeTypes.contains(type.name))
-                fail(child, text::XdrDuplicate.arg(type.name));
+                fail(child, texts::XdrDuplicate.toString().arg(type.name));
             schema_.attributeTypes.insert(type.name, type);
         }
     });
@@ -131,7 +131,8 @@ void SchemaReader::checkMarkup(const Node &schemaElement) const {
         if (!kind.isEmpty() && at != schemaElement) {
             const QString parent = kindOf(at.parentNode());
             if (!grammarOf(parent)->children.contains(kind))
-                fail(at, text::XdrUnknownElement.arg(at.nodeName(), at.parentNode().nodeName()));
+                fail(at, texts::XdrUnknownElement.toString().arg(at.nodeName(),
+                                                                 at.parentNode().nodeName()));
         }
         if (!kind.isEmpty())
             checkAttributes(at, kind);
@@ -139,7 +140,7 @@ void SchemaReader::checkMarkup(const Node &schemaElement) const {
         const bool enters = !kind.isEmpty() && kind != QLatin1String("description");
         if (const Node child = enters ? at.firstChild() : Node()) {
             if (++depth > MaxGroupDepth)
-                fail(at, text::XdrTooDeep);
+                fail(at, texts::XdrTooDeep.toString());
             at = child;
             continue;
         }
@@ -164,15 +165,15 @@ void SchemaReader::checkAttributes(const Node &element, const QString &kind) con
         else if (xml::namespaceAt(element, xml::prefixOf(qualified)) == DatatypeNamespace)
             allowed = grammar.datatypes && known.contains(local);
         if (!allowed)
-            fail(element, text::XdrUnknownAttribute.arg(qualified, element.nodeName()));
+            fail(element, texts::XdrUnknownAttribute.toString().arg(qualified, element.nodeName()));
     }
 }
 
 QString SchemaReader::name(const Node &declaration) const {
     const std::optional<QString> given = declaration.getAttribute(QStringLiteral("name"));
     if (!given)
-        fail(declaration,
-             text::XdrMissingAttribute.arg(QStringLiteral("name"), declaration.nodeName()));
+        fail(declaration, texts::XdrMissingAttribute.toString().arg(QStringLiteral("name"),
+                                                                    declaration.nodeName()));
     if (given->contains(u':') || !isValue({Type::Id}, *given))
         failValue(declaration, QStringLiteral("name"), *given);
     return *given;
@@ -219,13 +220,14 @@ std::optional<Datatype> SchemaReader::readDatatype(const Node &declaration) cons
         if (kind != QLatin1String("datatype"))
             return;
         if (found || datatypeAttribute(declaration, QStringLiteral("type")))
-            fail(child, text::XdrUnknownElement.arg(child.nodeName(), declaration.nodeName()));
+            fail(child,
+                 texts::XdrUnknownElement.toString().arg(child.nodeName(), declaration.nodeName()));
         found = true;
         readLimits(child, datatype);
     });
     if (datatype && datatype->type == Type::Enumeration && datatype->values.isEmpty())
-        fail(declaration,
-             text::XdrMissingAttribute.arg(QStringLiteral("dt:values"), declaration.nodeName()));
+        fail(declaration, texts::XdrMissingAttribute.toString().arg(QStringLiteral("dt:values"),
+                                                                    declaration.nodeName()));
     if (datatype && datatype->type != Type::Enumeration && !datatype->values.isEmpty())
         failValue(declaration, QStringLiteral("dt:values"), datatype->values.join(u' '));
     if (datatype && datatype->minLength && datatype->maxLength &&
@@ -243,7 +245,8 @@ void SchemaReader::applyDefault(const Node &declaration, AttributeType &attribut
             oneOf(declaration, QStringLiteral("required"), {"no", "yes"}) == QLatin1String("yes");
     if (attribute.defaultValue && (!isValue(attribute.datatype, *attribute.defaultValue) ||
                                    !isLengthAllowed(attribute.datatype, *attribute.defaultValue)))
-        fail(declaration, text::XdrBadDefault.arg(attribute.name, *attribute.defaultValue));
+        fail(declaration,
+             texts::XdrBadDefault.toString().arg(attribute.name, *attribute.defaultValue));
 }
 
 AttributeType SchemaReader::readAttributeType(const Node &declaration) const {
@@ -262,7 +265,7 @@ const Schema &SchemaReader::schemaOf(const Node &use, const QString &typeName,
     const QString namespaceName = xml::namespaceAt(use, prefix);
     const Schema *schema = namespaceName.isNull() ? nullptr : schemas_.find(namespaceName);
     if (!schema)
-        fail(use, text::XdrUndefinedType.arg(typeName, kind));
+        fail(use, texts::XdrUndefinedType.toString().arg(typeName, kind));
     return *schema;
 }
 
@@ -271,7 +274,8 @@ void SchemaReader::readAttribute(const Node &use, const QHash<QString, Attribute
     const QString kind = QStringLiteral("AttributeType");
     const std::optional<QString> typeName = use.getAttribute(QStringLiteral("type"));
     if (!typeName)
-        fail(use, text::XdrMissingAttribute.arg(QStringLiteral("type"), use.nodeName()));
+        fail(use,
+             texts::XdrMissingAttribute.toString().arg(QStringLiteral("type"), use.nodeName()));
     if (typeName->isEmpty())
         failValue(use, QStringLiteral("type"), *typeName);
     const Schema &schema = schemaOf(use, *typeName, kind);
@@ -279,13 +283,13 @@ void SchemaReader::readAttribute(const Node &use, const QHash<QString, Attribute
     const auto own = &schema == &schema_ ? local.constFind(localName) : local.constEnd();
     const AttributeType *declared = own != local.constEnd() ? &*own : schema.attribute(localName);
     if (!declared)
-        fail(use, text::XdrUndefinedType.arg(*typeName, kind));
+        fail(use, texts::XdrUndefinedType.toString().arg(*typeName, kind));
     AttributeType attribute = *declared;
     applyDefault(use, attribute);
     const QString key =
         attributeKey(&schema == &schema_ ? QString() : schema.namespaceName, localName);
     if (type.attributes.contains(key))
-        fail(use, text::XdrDuplicate.arg(*typeName));
+        fail(use, texts::XdrDuplicate.toString().arg(*typeName));
     type.attributes.insert(key, attribute);
     if (attribute.required || attribute.defaultValue)
         type.watched.insert(key, attribute);
@@ -298,7 +302,7 @@ void SchemaReader::readElementType(const Node &declaration, ElementType &type) {
             return;
         const AttributeType attribute = readAttributeType(child);
         if (local.contains(attribute.name))
-            fail(child, text::XdrDuplicate.arg(attribute.name));
+            fail(child, texts::XdrDuplicate.toString().arg(attribute.name));
         local.insert(attribute.name, attribute);
     });
     forEachPart(declaration, [&](const Node &child, const QString &kind) {
@@ -329,7 +333,7 @@ void SchemaReader::readContent(const Node &declaration, ElementType &type) {
     });
     const bool takesElements = type.content == Content::EltOnly || type.content == Content::Mixed;
     if ((particles && !takesElements) || (type.datatype && type.content != Content::TextOnly))
-        fail(declaration, text::XdrContradiction.arg(type.name));
+        fail(declaration, texts::XdrContradiction.toString().arg(type.name));
 
     const bool mixed = type.content == Content::Mixed;
     const QString order =
@@ -350,12 +354,13 @@ const ElementType *SchemaReader::resolveElement(const Node &use) {
     const QString kind = QStringLiteral("ElementType");
     const std::optional<QString> typeName = use.getAttribute(QStringLiteral("type"));
     if (!typeName)
-        fail(use, text::XdrMissingAttribute.arg(QStringLiteral("type"), use.nodeName()));
+        fail(use,
+             texts::XdrMissingAttribute.toString().arg(QStringLiteral("type"), use.nodeName()));
     if (typeName->isEmpty())
         failValue(use, QStringLiteral("type"), *typeName);
     const ElementType *type = schemaOf(use, *typeName, kind).element(xml::localNameOf(*typeName));
     if (!type)
-        fail(use, text::XdrUndefinedType.arg(*typeName, kind));
+        fail(use, texts::XdrUndefinedType.toString().arg(*typeName, kind));
     return type;
 }
 

@@ -12,12 +12,12 @@ namespace quillon::xdr {
 using xml::Node;
 using xml::NodeType;
 namespace code = xml::schema_error;
-namespace text = resources::validation_text;
+namespace texts = resources::validation_texts;
 
 namespace {
 
 QString withExpected(const QString &reason, const QString &expected) {
-    return expected.isEmpty() ? reason : reason + u'\n' + text::Expecting.arg(expected);
+    return expected.isEmpty() ? reason : reason + u'\n' + texts::Expecting.toString().arg(expected);
 }
 
 QStringList tokensOf(const QString &value) {
@@ -138,7 +138,7 @@ void ValidationWalk::startElement() {
         return;
     foundSchema_ = true;
     if (!type) {
-        report(code::UndeclaredElement, text::UndeclaredElement.arg(name));
+        report(code::UndeclaredElement, texts::UndeclaredElement.toString().arg(name));
         return;
     }
     element.type = type;
@@ -185,7 +185,7 @@ void ValidationWalk::addToParent(const ElementType *type, const Schema *schema,
     if (schema && !type)
         return;
     report(code::InvalidContent,
-           withExpected(text::UnexpectedElement.arg(parent.node.nodeName(), name),
+           withExpected(texts::UnexpectedElement.toString().arg(parent.node.nodeName(), name),
                         takesElements(parentType) ? expected(parent) : QString()));
 }
 
@@ -199,7 +199,7 @@ void ValidationWalk::checkText(quint32 number) {
     if (document_.nodeByNumber(number).text().trimmed().isEmpty())
         return;
     element.hasText = true;
-    report(code::TextNotAllowed, text::TextNotAllowed.arg(element.node.nodeName()));
+    report(code::TextNotAllowed, texts::TextNotAllowed.toString().arg(element.node.nodeName()));
 }
 
 void ValidationWalk::endElement() {
@@ -211,10 +211,10 @@ void ValidationWalk::endElement() {
         const QString name = element.node.nodeName();
         if (element.hasChildren)
             report(code::IncompleteContent,
-                   withExpected(text::IncompleteContent.arg(name), expected(element)));
+                   withExpected(texts::IncompleteContent.toString().arg(name), expected(element)));
         else
             report(code::EmptyElement,
-                   withExpected(text::EmptyElement.arg(name), expected(element)));
+                   withExpected(texts::EmptyElement.toString().arg(name), expected(element)));
     }
     if (element.type->datatype)
         checkValue();
@@ -227,9 +227,9 @@ void ValidationWalk::checkValue() {
     const QString value = element.node.text();
     if (!isValue(datatype, value) || !isDeclaredName(datatype, value))
         report(code::InvalidDatatype,
-               text::InvalidDatatype.arg(value, nameOf(datatype.type), name));
+               texts::InvalidDatatype.toString().arg(value, nameOf(datatype.type), name));
     else if (!isLengthAllowed(datatype, value))
-        report(code::InvalidDatatype, text::InvalidLength.arg(name));
+        report(code::InvalidDatatype, texts::InvalidLength.toString().arg(name));
     else
         noteIdentity(datatype, QString(), value);
 }
@@ -261,7 +261,7 @@ void ValidationWalk::checkExtraAttribute(const ElementType &type, const Attribut
         }
     }
     report(code::UndefinedAttribute,
-           text::UndefinedAttribute.arg(attribute.name, open_.back().node.nodeName()));
+           texts::UndefinedAttribute.toString().arg(attribute.name, open_.back().node.nodeName()));
 }
 
 void ValidationWalk::checkAttribute(const AttributeType *type, const Attribute &attribute) {
@@ -270,12 +270,12 @@ void ValidationWalk::checkAttribute(const AttributeType *type, const Attribute &
         return;
     const QString element = open_.back().node.nodeName();
     if (type->isFixed() && attribute.value != *type->defaultValue)
-        report(code::FixedAttribute, text::FixedAttribute.arg(attribute.name, element));
+        report(code::FixedAttribute, texts::FixedAttribute.toString().arg(attribute.name, element));
     else if (!isValue(type->datatype, attribute.value) ||
              !isLengthAllowed(type->datatype, attribute.value) ||
              !isDeclaredName(type->datatype, attribute.value))
         report(code::InvalidAttribute,
-               text::InvalidAttribute.arg(attribute.name, element, attribute.value));
+               texts::InvalidAttribute.toString().arg(attribute.name, element, attribute.value));
     else
         noteIdentity(type->datatype, attribute.name, attribute.value);
 }
@@ -289,8 +289,8 @@ void ValidationWalk::checkMissing(const ElementType &type) {
         if (present)
             continue;
         if (declared.required)
-            report(code::MissingAttribute,
-                   text::MissingAttribute.arg(declared.name, open_.back().node.nodeName()));
+            report(code::MissingAttribute, texts::MissingAttribute.toString().arg(
+                                               declared.name, open_.back().node.nodeName()));
         else
             noteIdentity(declared.datatype, declared.name, *declared.defaultValue);
     }
@@ -302,7 +302,8 @@ void ValidationWalk::noteIdentity(const Datatype &datatype, const QString &attri
     if (datatype.type == Type::Id) {
         const QString id = value.trimmed();
         if (ids_.contains(id))
-            report(code::InvalidAttribute, text::DuplicateId.arg(id, element.nodeName()));
+            report(code::InvalidAttribute,
+                   texts::DuplicateId.toString().arg(id, element.nodeName()));
         ids_.insert(id);
     } else if (datatype.type == Type::Idref || datatype.type == Type::Idrefs) {
         for (const QString &id : tokensOf(value))
@@ -342,14 +343,16 @@ std::vector<xml::SchemaError> ValidationWalk::finish() {
             continue;
         if (reference.attribute.isEmpty())
             report(code::UndefinedId,
-                   text::UndefinedElementId.arg(reference.element.nodeName(), reference.id),
+                   texts::UndefinedElementId.toString().arg(reference.element.nodeName(),
+                                                            reference.id),
                    reference.element);
         else
-            report(code::UndefinedId, text::UndefinedId.arg(reference.attribute, reference.id),
+            report(code::UndefinedId,
+                   texts::UndefinedId.toString().arg(reference.attribute, reference.id),
                    reference.element);
     }
     if (!foundSchema_)
-        report(code::NoSchemaFound, text::NoSchemaFound, document_.documentElement());
+        report(code::NoSchemaFound, texts::NoSchemaFound.toString(), document_.documentElement());
     xml::setLines(errors_);
     return std::move(errors_);
 }

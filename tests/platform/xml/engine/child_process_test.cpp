@@ -11,7 +11,7 @@ namespace quillon::xml {
 
 namespace {
 
-namespace text = resources::child_process_text;
+namespace texts = resources::child_process_texts;
 using namespace std::chrono_literals;
 
 /// The description of the error that the work raises; nothing when it raises none.
@@ -43,7 +43,7 @@ TEST(ChildProcess, ItsTimeIsWhatItHasWorkedNotWhatItHasWaited) {
         for (std::atomic<unsigned> rounds = 0;; ++rounds) {
         }
     };
-    EXPECT_EQ(failure(endless, {300ms}), text::TimeLimit);
+    EXPECT_EQ(failure(endless, {300ms}), texts::TimeLimit);
 }
 
 } // namespace

@@ -8,8 +8,8 @@ namespace quillon::xml::test {
 
 namespace {
 
-namespace text = resources::xslt_text;
-namespace child_text = resources::child_process_text;
+namespace texts = resources::xslt_texts;
+namespace child_process_texts = resources::child_process_texts;
 using testing::HasSubstr;
 
 std::string sentence(QStringView text) {
@@ -189,11 +189,12 @@ TEST(Xslt, EndlessRecursionIsStopped) {
     for (const std::string &body : {call, nested}) {
         const std::string reason = failure(
             "<d/>", stylesheet("<xsl:template match='/' name='t'>" + body + "</xsl:template>"));
-        EXPECT_THAT(reason, testing::AnyOf(sentence(text::TooDeep), sentence(child_text::Died)));
+        EXPECT_THAT(reason,
+                    testing::AnyOf(sentence(texts::TooDeep), sentence(child_process_texts::Died)));
     }
     EXPECT_EQ(
         failure("<d/>", stylesheet("<xsl:template match='/' name='t'>" + call + "</xsl:template>")),
-        sentence(text::TooDeep));
+        sentence(texts::TooDeep));
 }
 
 TEST(Xslt, LimitsOnOutputMemoryAndTime) {
@@ -210,21 +211,22 @@ TEST(Xslt, LimitsOnOutputMemoryAndTime) {
     };
     TransformOptions options;
     options.outputLimit = 39999;
-    EXPECT_EQ(failure(source, loops(2, "x"), options), sentence(text::OutputLimit));
+    EXPECT_EQ(failure(source, loops(2, "x"), options), sentence(texts::OutputLimit));
     options.outputLimit = 40000;
     EXPECT_EQ(transformed(source, loops(2, "x"), options).size(), 40000u);
 
     options.memoryLimit = 32 << 20;
-    EXPECT_EQ(failure(source, loops(6, "<y/>"), options), sentence(child_text::MemoryLimit));
+    EXPECT_EQ(failure(source, loops(6, "<y/>"), options),
+              sentence(child_process_texts::MemoryLimit));
 
     options.timeLimit = std::chrono::milliseconds(200);
-    EXPECT_EQ(failure(source, loops(6, ""), options), sentence(child_text::TimeLimit));
+    EXPECT_EQ(failure(source, loops(6, ""), options), sentence(child_process_texts::TimeLimit));
     // One XPath expression without a single instruction in it.
     EXPECT_EQ(failure(source,
                       textOf("count(//e[count(//e[count(//e[count(//e) &gt; 1]) &gt; 1]) "
                              "&gt; 1])"),
                       options),
-              sentence(child_text::TimeLimit));
+              sentence(child_process_texts::TimeLimit));
 }
 
 TEST(Xslt, ATransformationCanBeCancelled) {
@@ -276,7 +278,7 @@ TEST(Xslt, DeepDocumentsHarmNothing) {
     EXPECT_EQ(transformed(deep, textOf("count(//a)")), std::to_string(Levels));
     const std::string copy = "<xsl:copy><xsl:apply-templates/></xsl:copy>";
     EXPECT_EQ(failure(deep, stylesheet("<xsl:template match='*'>" + copy + "</xsl:template>")),
-              sentence(text::TooDeep));
+              sentence(texts::TooDeep));
     EXPECT_EQ(transformed("<d>y</d>", textOf("/d")), "y");
 }
 
