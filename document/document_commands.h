@@ -47,7 +47,7 @@ public:
 
     /// Asks whether changes are to be saved. False when the user cancelled, or would not have a
     /// file replaced that others have changed; True also when the save that was asked for was
-    /// given up in its dialog, which is meant so.
+    /// given up in its dialog: the recovery copy then keeps the changes.
     bool ConfirmSave();
     /// Whether what is shown has changes that no file has: the document counts as modified, or it
     /// has been saved and then changed by undoing or redoing, which leaves the modified mark alone.

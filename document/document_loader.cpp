@@ -153,7 +153,7 @@ xml::Node DocumentLoader::copyStylesheets(const QString &fileName) {
 }
 
 void DocumentLoader::copyStylesheet(const QString &documentFolder, const QString &data) {
-    // Positions are 16-bit numbers; a longer text overflows. That is meant so.
+    // Positions in an instruction are 16-bit numbers: a longer one is refused as an overflow.
     runtime::toInteger(data.size());
     const qsizetype p = instr(data, u"href=");
     const QStringView quote = mid(data, p + 5, 1);

@@ -36,8 +36,8 @@ public:
     /// read or parsed; the document is then the one before.
     void openRecovered(const QString &path);
 
-    /// Loads a text. One that does not parse is shown, without a message, as an empty document;
-    /// that is meant so.
+    /// Loads a text. One that does not parse is shown, without a message, as an empty document:
+    /// what is dropped on a window is often no XML.
     void LoadXML(const QString &xmlText);
 
     /// The file last loaded or saved, as it then stood on disk.

@@ -52,8 +52,8 @@ EditMenuStates NodeCommands::mnuEdit_Click() const {
     const bool canCopy = kind != NodeType::Document && tvw_.SelectedItem();
     const bool canChange = !state_.m_ReadOnly && canCopy;
     EditMenuStates states;
-    // Unlike the button, this neither looks at the clipboard nor allows the document item; that
-    // is meant so.
+    // Unlike the button, this neither looks at the clipboard nor allows the document item: a menu
+    // that opens must not wait for the program that owns the clipboard.
     states.paste = !state_.m_ReadOnly && kind == NodeType::Element;
     states.copy = canCopy;
     states.cut = states.remove = states.rename = canChange;

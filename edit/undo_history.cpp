@@ -95,8 +95,8 @@ void UndoHistory::TakeSnapshot() {
         info->setSelectedNode(documentNumber(selected, builder_.registry()));
     }
     history().Action(std::move(info));
-    // The redo button stays as it is although nothing can be redone now; pressing it finds that
-    // out. That is meant so.
+    // The redo button stays as it is although nothing can be redone now: buttons do not flicker
+    // while one types, and pressing it finds out.
     Q_EMIT undoButtonChanged(true);
 }
 
@@ -172,7 +172,7 @@ void UndoHistory::UndoCommand() {
 void UndoHistory::RedoCommand() {
     if (const auto info = history().Redo())
         restore(*info, info->selectedNode());
-    // Unlike undoing, this leaves the selection's buttons alone; that is meant so.
+    // The selection's buttons are left as they are; only undoing sets them.
     Q_EMIT redoButtonChanged(CanRedo());
     Q_EMIT undoButtonChanged(true);
 }

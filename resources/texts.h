@@ -34,7 +34,7 @@ inline constexpr QStringView NewDocument = u"New XML File";
 inline constexpr QStringView ReadOnlyMark = u" (読み取り専用)";
 inline constexpr QStringView OpenFilter =
     u"XMLファイル(*.xml)|*.xml|XSLファイル(*.xsl)|*.xsl|すべてのファイル(*.*)|*.*";
-// In English and without an entry for all files, unlike the one above; that is meant so.
+// In English and without an entry for all files, unlike the one above: it names what is written.
 inline constexpr QStringView SaveFilter = u"XML File(*.xml)|*.xml|XSL File(*.xsl)|*.xsl";
 inline constexpr QStringView LoseAllChanges = u"変更は全て失われます。よろしいですか？";
 inline constexpr QStringView OverwriteChangedFile =

@@ -52,7 +52,6 @@ bool CaptionSearch::SearchBackward(const TreeItem &start, const QString &pattern
 bool CaptionSearch::search(const TreeItem &start, int step, const QString &pattern) {
     const items::Nodes &nodes = tvw_.nodes();
     const int count = nodes.Count();
-    // Positions have 16 bits here; that is meant so.
     if (count > std::numeric_limits<qint16>::max())
         runtime::raise(runtime::error_number::Overflow);
     const runtime::LikePattern like(pattern);

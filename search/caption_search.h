@@ -8,8 +8,8 @@
 namespace quillon::search {
 
 /// Finds tree items by their captions, in the order in which the items were added to the tree.
-/// Neither direction wraps. In a tree of more than 32,767 items searching raises Overflow: that
-/// limit is meant so.
+/// Neither direction wraps. In a tree of more than 32,767 items searching raises Overflow: larger
+/// ones are searched by path.
 class CaptionSearch : public QObject {
     Q_OBJECT
 
@@ -20,8 +20,8 @@ public:
     /// also what cancelling gives, forgets the pattern that was there.
     void mnuEditFind_Click();
     /// Selects the next item whose caption matches; asks for a pattern when there is none. With
-    /// nothing selected the search starts after item 1, which is never found that way; that is
-    /// meant so. Nothing happens in an empty tree.
+    /// nothing selected the search starts after item 1, the document, which is never found that
+    /// way. Nothing happens in an empty tree.
     void mnuEditFindNext_Click();
 
     /// Selects the first item after `start` (before it) whose whole caption matches, or says in

@@ -141,8 +141,8 @@ TreeItem PathQuery::mark(const std::vector<Node> &matches) {
     nodes.clearBold();
     AncestorExpansion ancestors(nodes);
     TreeItem first;
-    // A single merge: a match that has no item, or an item out of document order, keeps all later
-    // matches from being marked. That is meant so.
+    // A single merge, for the sake of speed: a match that has no item, or an item out of document
+    // order, keeps all later matches from being marked.
     Matches next(matches, store, registry_);
     store.live().forEach([&](TreeStore::Slot slot) {
         if (!next.take(slot))

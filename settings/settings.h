@@ -31,7 +31,7 @@ public:
     void load(Placement &placement);
     /// Writes everything. The placement is written only when the window is in its normal state;
     /// else the one before stays. Editors that were taken off the end of the list stay in the
-    /// store and come back; that is meant so.
+    /// store and come back; saveEditors() is what takes them out.
     void save(const Placement &placement, bool isNormal) const;
 
     /// Writes the editors, and empties the places behind them: those that were there have been

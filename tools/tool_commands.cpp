@@ -34,7 +34,7 @@ ToolCommands::ToolCommands(const state::DocumentState &state, tree::TreeBuilder 
 void ToolCommands::mnuToolRemoveText_Click() {
     if (state_.m_ReadOnly || state_.m_DOM.isNull())
         return;
-    // The question is the one for deleting a node; that is meant so.
+    // Deleting all values asks in the same words as deleting a node.
     if (controls::showMessage(resources::messageText(resources::message::ConfirmDelete),
                               style::OkCancel + style::Question + style::DefaultButton2) !=
         controls::message_answer::Ok)

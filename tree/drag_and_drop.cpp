@@ -161,8 +161,8 @@ void DragAndDrop::bringSelectionBack() {
 }
 
 bool DragAndDrop::isWithinDragged(const TreeItem &target) const {
-    // By the paths, not by descent: a later sibling whose caption begins with the dragged one's
-    // is refused as well. That is meant so.
+    // By the paths, not by descent, at the price that a later sibling whose caption begins with
+    // the dragged one's is refused as well.
     return m_nodDrag && pathBeginsWith(target, m_nodDrag);
 }
 
@@ -181,11 +181,12 @@ Qt::DropAction DragAndDrop::tvw_OLEDragOver(const DragPoint &point) {
     if (!selectedBefore_)
         selectedBefore_ = tvw_.SelectedItem();
     tvw_.selectInPlace(point.item);
-    // The document takes drops, but is not offered as a target. That is meant so.
+    // The document takes drops, as of files, but is not offered as a target for nodes.
     if (builder_.registry().Item(point.item).nodeType() != NodeType::Element ||
         isOwnPlace(point.item))
         return Qt::IgnoreAction;
-    // Ctrl alone here, Ctrl with whatever else at the drop. That is meant so.
+    // Ctrl alone here, Ctrl with whatever else at the drop, where a key let go late must not turn
+    // the copy into a move.
     constexpr auto Counted = Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier;
     const bool isCopy = isFile_ || (point.modifiers & Counted) == Qt::ControlModifier;
     return allowed(isCopy ? Qt::CopyAction : Qt::MoveAction, point);

@@ -36,7 +36,7 @@ bool LabelEditing::tvw_BeforeLabelEdit() const {
     case NodeType::DocumentType:
         return false;
     default:
-        // Refused afterwards, with a message; that is meant so.
+        // Refused afterwards, with a message that says why.
         return true;
     }
 }
@@ -107,7 +107,7 @@ void LabelEditing::renameAttribute(const TreeItem &item, const Node &old, QStrin
         throw runtime::Error(runtime::error_number::Application,
                              QStringLiteral("Already Exists. Cannot change"));
     // The old attribute goes first: when the new name is not valid it stays removed, and only its
-    // item is left. That is meant so.
+    // item is left. Undo brings it back.
     element.removeAttribute(old.nodeName());
     Node renamed;
     try {

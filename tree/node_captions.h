@@ -16,7 +16,7 @@ QString captionOf(const xml::Node &node, bool viewText);
 QString attributeCaption(const QString &name, const QString &value);
 
 /// The key of the tree image for a kind of node. CDATA sections, the document type and every
-/// other kind share the comment's image; that is meant so.
+/// other kind share the comment's image.
 QString imageKeyOf(const xml::Node &node);
 
 /// The image keys in the order in which the tree control numbers them.

@@ -14,7 +14,7 @@ public:
     /// Removes the node an item shows, the item and all below it. Nothing happens for no item,
     /// for the document item and where mayDelete() refuses. A kind that cannot be deleted is named
     /// in a message box; its item goes all the same and the document counts as modified, though the
-    /// node stays. That is meant so.
+    /// node stays: building the tree anew shows it again.
     void DeleteNode(const items::TreeItem &item);
 
     /// Whether the node of an item may go. A document type has to stay, which a message box says,

@@ -82,7 +82,7 @@ void PaneEditing::txtEdit_Change() {
         break;
     case NodeType::Element:
     case NodeType::ProcessingInstruction:
-        // An instruction alone is no document, so its text never parses; that is meant so.
+        // An instruction alone is no document, so its text never parses and stays unparsed text.
         replaceElement(item, node);
         break;
     case NodeType::None:
@@ -97,8 +97,8 @@ void PaneEditing::changeText(const TreeItem &item) {
     if (options_.viewText)
         TreeItem(item).setText(text);
     pane_.m_bFilling = true;
-    // An empty text is refused there, so emptying the pane leaves the node as it was; that is
-    // meant so.
+    // An empty text is refused there: emptying the pane leaves the node as it was until something
+    // is typed in its place.
     labels_.tvw_AfterLabelEdit(item, text);
     pane_.m_bFilling = false;
 }
@@ -167,7 +167,7 @@ void PaneEditing::replaceElement(TreeItem item, const Node &node) {
     tvw_.setTreeVisible(false);
     TreeItem newItem;
     if (node == state_.m_DOM.documentElement()) {
-        // m_bNoSync stays set from here on; that is meant so.
+        // m_bNoSync stays set from here on: see there.
         newItem = replaceRoot(item, parsed.documentElement());
     } else {
         Node copy = parsed.documentElement();

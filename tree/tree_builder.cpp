@@ -233,7 +233,8 @@ TreeItem TreeBuilder::AddAttributeToTree(const TreeItem &elemItem, Node &attr, b
             try {
                 existing.setNodeValue(attr.nodeValue());
             } catch (const runtime::Error &) {
-                // A value that the DOM refuses is not reported; that is meant so.
+                // The text pasted need not be a value; the item that is there is selected all the
+                // same.
             }
         }
     }

@@ -16,7 +16,7 @@ namespace quillon::tree {
 QString NewNodeKey();
 
 /// Builds the tree from the document and grows it. No other class adds tree items, so the tree
-/// and the DOM have the same structure, with three exceptions that are meant so: an attribute that
+/// and the DOM have the same structure, with three exceptions: an attribute that
 /// was added has an item for a copy of it, a node that cannot be deleted loses its item, and below
 /// a renamed element the items keep the order that the nodes had. Owns the registry of the nodes
 /// the items show.
@@ -63,8 +63,7 @@ public:
     /// Adds an item for an attribute of the element that elemItem shows. Without treeOnly the
     /// attribute is first set on the element, or its value given to the one of the same name.
     /// Returns none when an item with that caption is there already. `attr` becomes the node that
-    /// the item shows: in insertion that is a copy, not the attribute on the element; that is
-    /// meant so.
+    /// the item shows: in insertion that is a copy, not the attribute on the element.
     TreeItem AddAttributeToTree(const TreeItem &elemItem, xml::Node &attr, bool treeOnly);
 
     /// The item that shows a node; Nothing when none does.
@@ -81,7 +80,7 @@ public:
     void SyncPreview();
 
     /// Set while the edit pane replaces an element, so that the insertion asks for no preview.
-    /// After the root has been replaced it stays set; that is meant so.
+    /// After the root has been replaced it stays set, and the preview waits to be asked for.
     bool m_bNoSync = false;
 
 Q_SIGNALS:

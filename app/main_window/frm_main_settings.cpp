@@ -143,7 +143,7 @@ void frmMain::takeFont(const QString &name, qint16 size) {
     editor_->settings.fontSize = size;
     txtEdit->setTextFont(name, size);
     tvw->setFont(QFont(name, size));
-    // The path box keeps its size; that is meant so.
+    // The path box keeps its size: a larger one would stretch the toolbar.
     QFont pathFont = cboPath->font();
     pathFont.setFamily(name);
     cboPath->setFont(pathFont);

@@ -8,8 +8,8 @@
 
 namespace quillon::app {
 
-/// The published object for one main window. Several members do nothing: they are part of the
-/// interface that other programs know. That is meant so.
+/// The published object for one main window. Several members do nothing: clients written for the
+/// whole interface call them, and must not fail.
 class Window : public QObject {
     Q_OBJECT
 

@@ -64,7 +64,7 @@ TEST_F(SettingsTest, EverythingComesBackAfterARestart) {
     form->show();
     EXPECT_EQ(form->findChild<QSplitter *>("vsp")->sizes().value(0), split);
     EXPECT_TRUE(form->actions().action(u"mnuToolOpenEditor")->isVisible());
-    // An editor taken off the end comes back; that is meant so.
+    // An editor taken off the end comes back.
     editor().settings.editors.pop_back();
     restart();
     EXPECT_EQ(editor().settings.editors.size(), 2u);

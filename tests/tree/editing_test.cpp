@@ -157,7 +157,7 @@ TEST_F(EditingTest, TypingInTheRootElementKeepsWhatIsAroundIt) {
     EXPECT_EQ(selected(), "doc");
     EXPECT_TRUE(item("doc").Expanded());
     EXPECT_TRUE(tvw().treeVisible());
-    // From now on the tree asks for no preview; that is meant so.
+    // From now on the tree asks for no preview.
     EXPECT_TRUE(editor().builder.m_bNoSync);
     editor().history.UndoCommand();
     EXPECT_TRUE(xml().contains("<doc><x/>1</doc>")) << "no state is without a root";
