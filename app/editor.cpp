@@ -1,18 +1,18 @@
 #include "app/editor.h"
 
-#include "view/controls/error_boundary.h"
+#include "platform/ui/error_boundary.h"
 
 namespace quillon::app {
 
-using controls::guarded;
 using items::TreeItem;
+using ui::guarded;
 
 Surroundings Surroundings::ofProgram() {
     return {runtime::applicationFolder(), {}, {}, std::make_shared<system::Shell>()};
 }
 
 Editor::Editor(Surroundings given, controls::TreeView &tvw, controls::TextBox &txtEdit,
-               controls::PathBox &cboPath, browser::Browser &ie, controls::LongWork &longWork)
+               controls::PathBox &cboPath, browser::Browser &ie, ui::LongWork &longWork)
     : surroundings(std::move(given)),
       workingFolder(runtime::workingFolder(surroundings.applicationFolder)),
       recentFiles(surroundings.settings), settings(surroundings.settings), pane(txtEdit),

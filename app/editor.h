@@ -48,7 +48,7 @@ class Editor : public QObject {
 
 public:
     Editor(Surroundings surroundings, controls::TreeView &tvw, controls::TextBox &txtEdit,
-           controls::PathBox &cboPath, browser::Browser &ie, controls::LongWork &longWork);
+           controls::PathBox &cboPath, browser::Browser &ie, ui::LongWork &longWork);
 
     const Surroundings surroundings;
     const system::WorkingFolder workingFolder;

@@ -2,7 +2,7 @@
 
 #include "app/main_window/frm_main.h"
 #include "bench/report.h"
-#include "view/controls/dialogs.h"
+#include "platform/ui/dialogs.h"
 
 #include <QEventLoop>
 #include <QFile>
@@ -54,18 +54,21 @@ constexpr qint64 PreviewBytes = 200'000;
 constexpr int BrowserMs = 60'000;
 
 /// A user who chooses one file after the other, and whose documents are valid.
-class ChoosingUser final : public controls::DesktopDialogs {
+class ChoosingUser final : public ui::Dialogs {
 public:
-    ChoosingUser() : before_(controls::setDialogs(this)) {}
-    ~ChoosingUser() override { controls::setDialogs(before_); }
+    ChoosingUser() : before_(ui::setDialogs(this)) {}
+    ~ChoosingUser() override { ui::setDialogs(before_); }
 
     QString choice;
     /// Whether any message was shown: that of a document that is not valid, for one.
     bool wasTold = false;
 
-    controls::FileDialogResult showOpen(const controls::FileDialogRequest &request) override {
+    ui::FileDialogResult showOpen(const ui::FileDialogRequest &request) override {
         return {choice, request.flags};
     }
+    ui::FileDialogResult showSave(const ui::FileDialogRequest &) override { return {}; }
+    QString inputText(const QString &) override { return {}; }
+    std::optional<ui::FontChoice> chooseFont(const ui::FontChoice &) override { return {}; }
     int showMessage(const QString &text, int, const QString &) override {
         std::fprintf(stderr, "unexpected message: %s\n", qPrintable(text));
         wasTold = true;
@@ -73,7 +76,7 @@ public:
     }
 
 private:
-    controls::Dialogs *before_;
+    ui::Dialogs *before_;
 };
 
 /// Reading, parsing and validating a file with libxml2 and nothing else; whether it is valid.

@@ -1,10 +1,11 @@
 #include "bench/open_bench.h"
 
-#include "app/start_up/start_up.h"
 #include "app/main_window/window.h"
+#include "app/start_up/start_up.h"
 #include "bench/check_bench.h"
 #include "bench/edit_bench.h"
-#include "view/controls/error_boundary.h"
+#include "view/controls/application.h"
+#include "view/controls/desktop_dialogs.h"
 
 #include <QTemporaryDir>
 
@@ -62,6 +63,8 @@ void openAndPrint(int argc, char **argv, const char *task, const char *path) {
     qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
     const auto start = std::chrono::steady_clock::now();
     controls::Application application(argc, argv);
+    controls::DesktopDialogs dialogs;
+    ui::setDialogs(&dialogs);
     auto *form = new app::frmMain({folder.path(), {}, {}});
     form->ClearStatus();
     if (!form->OpenFile(QString::fromLocal8Bit(path)))

@@ -2,10 +2,10 @@
 
 #include "platform/runtime/error.h"
 #include "platform/runtime/file_names.h"
+#include "platform/ui/dialogs.h"
+#include "platform/ui/message_box.h"
 #include "resources/messages.h"
 #include "resources/texts.h"
-#include "view/controls/dialogs.h"
-#include "view/controls/message_box.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -15,8 +15,8 @@
 namespace quillon::document {
 
 namespace texts = resources::texts;
-namespace style = controls::message_style;
-namespace answer = controls::message_answer;
+namespace style = ui::message_style;
+namespace answer = ui::message_answer;
 
 namespace {
 
@@ -55,7 +55,7 @@ bool DocumentCommands::ConfirmSave() {
     if (!state_.m_Modified)
         return true;
     const int reply =
-        controls::showMessage(resources::messageText(resources::message::ConfirmSave), AskSave);
+        ui::showMessage(resources::messageText(resources::message::ConfirmSave), AskSave);
     if (reply == answer::Yes)
         return save();
     changesGivenUp_ = reply == answer::No;
@@ -98,13 +98,13 @@ void DocumentCommands::mnuFileOpen_Click() {
     if (!ConfirmSave())
         return;
     dialogTitle_ = texts::OpenDialogTitle.toString();
-    const controls::FileDialogResult chosen = controls::dialogs().showOpen(
-        {dialogTitle_, texts::OpenFilter.toString(), controls::file_dialog_flag::FileMustExist,
+    const ui::FileDialogResult chosen = ui::dialogs().showOpen(
+        {dialogTitle_, texts::OpenFilter.toString(), ui::file_dialog_flag::FileMustExist,
          runtime::shownPath(initialPath())});
     if (chosen.path.isEmpty())
         return;
     ClearStatus();
-    state_.m_ReadOnly = (chosen.flags & controls::file_dialog_flag::ReadOnly) != 0;
+    state_.m_ReadOnly = (chosen.flags & ui::file_dialog_flag::ReadOnly) != 0;
     // An empty window is not read-only.
     const auto none = qScopeGuard([this] { state_.m_ReadOnly &= state_.showsDocument(); });
     if (loader_.OpenFile(chosen.path))
@@ -115,7 +115,7 @@ void DocumentCommands::mnuFileReload_Click() {
     if (!mayLeavePane())
         return;
     if (state_.m_Modified &&
-        controls::showMessage(resources::messageText(resources::message::ConfirmReload), AskLoss) !=
+        ui::showMessage(resources::messageText(resources::message::ConfirmReload), AskLoss) !=
             answer::Yes)
         return;
     const QScopedValueRollback answered(changesGivenUp_, state_.m_Modified);
@@ -155,8 +155,8 @@ void DocumentCommands::mnuFileSaveAs_Click() {
     requireSomethingToSave();
     if (!mayLeavePane())
         return;
-    const controls::FileDialogResult chosen = controls::dialogs().showSave(
-        {dialogTitle_, texts::SaveFilter.toString(), controls::file_dialog_flag::OverwritePrompt,
+    const ui::FileDialogResult chosen = ui::dialogs().showSave(
+        {dialogTitle_, texts::SaveFilter.toString(), ui::file_dialog_flag::OverwritePrompt,
          runtime::shownPath(initialPath())});
     if (!chosen.path.isEmpty())
         SaveFile(chosen.path);
@@ -213,7 +213,7 @@ bool DocumentCommands::isChangedOnDisk() const {
 
 bool DocumentCommands::mayOverwrite() const {
     return !isChangedOnDisk() ||
-           controls::showMessage(texts::OverwriteChangedFile.toString(), AskLoss) == answer::Yes;
+           ui::showMessage(texts::OverwriteChangedFile.toString(), AskLoss) == answer::Yes;
 }
 
 void DocumentCommands::checkFileOnDisk() {
@@ -270,7 +270,7 @@ bool DocumentCommands::canUndoAll() const {
 
 void DocumentCommands::mnuEditUndoAll_Click() {
     if (!canUndoAll() || !mayLeavePane() ||
-        controls::showMessage(texts::LoseAllChanges.toString(), AskLoss) != answer::Yes)
+        ui::showMessage(texts::LoseAllChanges.toString(), AskLoss) != answer::Yes)
         return;
     // Before the present document is given up.
     if (!QFileInfo(state_.m_BackupPath).isFile())

@@ -5,11 +5,11 @@
 #include "platform/runtime/file_names.h"
 #include "platform/runtime/numbers.h"
 #include "platform/runtime/strings.h"
+#include "platform/ui/error_boundary.h"
+#include "platform/ui/message_box.h"
 #include "resources/messages.h"
 #include "resources/texts.h"
 #include "resources/xml_texts.h"
-#include "view/controls/error_boundary.h"
-#include "view/controls/message_box.h"
 
 #include <QFileInfo>
 #include <QScopeGuard>
@@ -69,7 +69,7 @@ DocumentLoader::DocumentLoader(state::DocumentState &state, tree::TreeBuilder &b
                                tree::Selection &selection, edit::UndoHistory &history,
                                controls::TreeView &tvw, const system::WorkingFolder &workingFolder,
                                const RecentFiles &recentFiles, runtime::Clock clock,
-                               controls::LongWork &longWork)
+                               ui::LongWork &longWork)
     : state_(state), builder_(builder), selection_(selection), history_(history), tvw_(tvw),
       workingFolder_(workingFolder), recentFiles_(recentFiles), clock_(std::move(clock)),
       longWork_(longWork) {}
@@ -84,7 +84,7 @@ bool DocumentLoader::OpenFile(const QString &fileName) {
     const FileOnDisk file = FileOnDisk::of(fileName);
     xml::DOMDocument40 document = xml::DOMDocument40::create();
     // Half a document would be none, so there is no stopping it.
-    longWork_.run(resources::texts::Loading.toString(), controls::LongWork::Stop::NotOffered,
+    longWork_.run(resources::texts::Loading.toString(), ui::LongWork::Stop::NotOffered,
                   [&](const runtime::Progress &progress) { document.load(fileName, progress); });
     // What is shown stays the document, and can be saved, until another one can be shown. Where
     // nothing is, a load that fails leaves an empty document.
@@ -94,8 +94,8 @@ bool DocumentLoader::OpenFile(const QString &fileName) {
     // A file that does not parse is copied, too.
     const QString backup = backUp(fileName, !document.documentElement().isNull());
     if (!document.documentElement()) {
-        controls::showMessage(resources::messageText(resources::message::CannotParse),
-                              controls::message_style::Exclamation);
+        ui::showMessage(resources::messageText(resources::message::CannotParse),
+                        ui::message_style::Exclamation);
         return false;
     }
     Q_EMIT replacing();
@@ -114,9 +114,9 @@ bool DocumentLoader::OpenFile(const QString &fileName) {
     recentFiles_.add(fileName);
     // The document as such is open, whatever is wrong with its stylesheet.
     if (faulty)
-        controls::showMessage(resources::texts::UnreadableStylesheetLink.toString().arg(
-                                  QString::fromUtf8(faulty.xml()).left(ShownCharacters)),
-                              controls::message_style::Exclamation);
+        ui::showMessage(resources::texts::UnreadableStylesheetLink.toString().arg(
+                            QString::fromUtf8(faulty.xml()).left(ShownCharacters)),
+                        ui::message_style::Exclamation);
     return true;
 }
 
@@ -164,7 +164,7 @@ void DocumentLoader::copyStylesheet(const QString &documentFolder, const QString
     if (href.contains(u'\\') || !system::WorkingFolder::isFree(href) ||
         !liesIn(documentFolder, original))
         return;
-    controls::ignoringErrors([&] {
+    ui::ignoringErrors([&] {
         system::copyFile(original, workingFolder_.fileToWrite(href), system::ExistingFile::Replace,
                          MostStylesheetBytes);
         state_.stylesheetFiles.append(href);
@@ -189,7 +189,7 @@ void DocumentLoader::openRecovered(const QString &path) {
 }
 
 void DocumentLoader::showFromTop() {
-    controls::ignoringErrors([this] {
+    ui::ignoringErrors([this] {
         expandTopLevel();
         selection_.ShowNode(tvw_.nodes().Item(1), true);
     });

@@ -5,10 +5,10 @@
 #include "edit/undo_history.h"
 #include "platform/runtime/paths.h"
 #include "platform/system/working_folder.h"
+#include "platform/ui/long_work.h"
 #include "state/document_state.h"
 #include "tree/selection.h"
 #include "tree/tree_builder.h"
-#include "view/controls/long_work.h"
 
 #include <QObject>
 
@@ -22,7 +22,7 @@ public:
     DocumentLoader(state::DocumentState &state, tree::TreeBuilder &builder,
                    tree::Selection &selection, edit::UndoHistory &history, controls::TreeView &tvw,
                    const system::WorkingFolder &workingFolder, const RecentFiles &recentFiles,
-                   runtime::Clock clock, controls::LongWork &longWork);
+                   runtime::Clock clock, ui::LongWork &longWork);
 
     /// Loads a file and keeps a copy of it in the working folder. False when it has no document
     /// element, after a message. Raises when the file cannot be read or copied. In both cases what
@@ -73,7 +73,7 @@ private:
     const system::WorkingFolder &workingFolder_;
     const RecentFiles &recentFiles_;
     runtime::Clock clock_;
-    controls::LongWork &longWork_;
+    ui::LongWork &longWork_;
     FileOnDisk fileOnDisk_;
     /// The copy that this window made last.
     QString ownBackup_;

@@ -1,9 +1,9 @@
 #include "edit/node_commands.h"
 
 #include "platform/runtime/strings.h"
+#include "platform/ui/message_box.h"
 #include "resources/messages.h"
 #include "resources/texts.h"
-#include "view/controls/message_box.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -11,7 +11,7 @@
 
 namespace quillon::edit {
 
-namespace style = controls::message_style;
+namespace style = ui::message_style;
 using items::Relationship;
 using items::TreeItem;
 using xml::Node;
@@ -132,16 +132,16 @@ void NodeCommands::mnuEditDelete_Click() {
     if (state_.m_ReadOnly || !item)
         return;
     if (item == tvw_.nodes().Item(1)) {
-        controls::showMessage(resources::messageText(resources::message::RootCannotBeDeleted),
-                              style::Exclamation);
+        ui::showMessage(resources::messageText(resources::message::RootCannotBeDeleted),
+                        style::Exclamation);
         return;
     }
     if (!removal_.mayDelete(item))
         return;
     constexpr int Ask = style::YesNo + style::Question + style::DefaultButton2;
     if (g_bConfirmDelete &&
-        controls::showMessage(resources::messageText(resources::message::ConfirmDelete), Ask) !=
-            controls::message_answer::Yes)
+        ui::showMessage(resources::messageText(resources::message::ConfirmDelete), Ask) !=
+            ui::message_answer::Yes)
         return;
     removal_.DeleteNode(item);
     selection_.ShowNode(tvw_.SelectedItem(), true);
@@ -161,9 +161,8 @@ void NodeCommands::moveSelected(TreeItem relItem, Relationship relationship) {
     Node copy = selection_.GetSelectedDOMNode();
     if (copy.nodeType() == NodeType::EntityReference) {
         // It cannot be deleted, so there would be two of it.
-        controls::showMessage(
-            resources::texts::EntityReferenceStays.toString().arg(copy.nodeName()),
-            style::Exclamation);
+        ui::showMessage(resources::texts::EntityReferenceStays.toString().arg(copy.nodeName()),
+                        style::Exclamation);
         return;
     }
     TreeItem newItem = builder_.AddNodeToTree(relItem, copy, false, relationship);

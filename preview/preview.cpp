@@ -3,17 +3,16 @@
 #include "platform/runtime/error.h"
 #include "platform/runtime/file_names.h"
 #include "platform/runtime/paths.h"
+#include "platform/ui/dialogs.h"
+#include "platform/ui/error_boundary.h"
+#include "platform/ui/message_box.h"
 #include "platform/xml/transform/xslt.h"
 #include "resources/messages.h"
 #include "resources/texts.h"
-#include "view/controls/dialogs.h"
-#include "view/controls/error_boundary.h"
-#include "view/controls/message_box.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QLocale>
-#include <QPrinter>
 
 namespace quillon::preview {
 
@@ -55,13 +54,13 @@ void requireParsed(const DOMDocument40 &document) {
 
 Preview::Preview(const state::DocumentState &state, tree::TreeBuilder &builder,
                  tree::Selection &selection, controls::TreeView &tvw, browser::Browser &ie,
-                 const system::WorkingFolder &workingFolder, controls::LongWork &longWork,
+                 const system::WorkingFolder &workingFolder, ui::LongWork &longWork,
                  std::function<PreviewFont()> font)
     : state_(state), builder_(builder), selection_(selection), tvw_(tvw), ie_(ie),
       workingFolder_(workingFolder), longWork_(longWork), font_(std::move(font)) {
     later_.setSingleShot(true);
     connect(&later_, &QTimer::timeout, this, [this] {
-        controls::guarded([this] {
+        ui::guarded([this] {
             const Node node = std::exchange(requested_, Node());
             if (node.nodeType() == NodeType::Document &&
                 node.ownerDocument().maxNodeCount() > LargeDocument)
@@ -71,7 +70,7 @@ Preview::Preview(const state::DocumentState &state, tree::TreeBuilder &builder,
         });
     });
     connect(&ie_, &browser::Browser::clicked, this,
-            [this](const QString &id) { controls::guarded([&] { m_doc_onclick(id); }); });
+            [this](const QString &id) { ui::guarded([&] { m_doc_onclick(id); }); });
     connect(&ie_, &browser::Browser::statusText, this, &Preview::statusText);
 }
 
@@ -114,9 +113,9 @@ bool Preview::tryToRender(const Node &node, Asked asked) {
             Q_EMIT statusText(error.description());
             return false;
         }
-        controls::showMessage(resources::messageText(resources::message::CannotPreview) +
-                                  QStringLiteral("\r\n") + error.description(),
-                              controls::message_style::Exclamation);
+        ui::showMessage(resources::messageText(resources::message::CannotPreview) +
+                            QStringLiteral("\r\n") + error.description(),
+                        ui::message_style::Exclamation);
     }
     return true;
 }
@@ -136,7 +135,7 @@ void Preview::render(const Node &node, Asked asked) {
         result = xml::transformNode(node, sheet, options);
     };
     if (asked == Asked::Yes)
-        longWork_.run(texts::Rendering.toString(), controls::LongWork::Stop::Offered, transform);
+        longWork_.run(texts::Rendering.toString(), ui::LongWork::Stop::Offered, transform);
     else
         transform({});
     result.remove(MetaTag);
@@ -198,9 +197,9 @@ void Preview::mnuToolPreviewSel_Click() {
 }
 
 void Preview::mnuToolSelXSL_Click() {
-    const controls::FileDialogResult chosen = controls::dialogs().showOpen(
+    const ui::FileDialogResult chosen = ui::dialogs().showOpen(
         {texts::SelectStylesheetTitle.toString(), texts::StylesheetFilter.toString(),
-         controls::file_dialog_flag::HideReadOnly, QString(),
+         ui::file_dialog_flag::HideReadOnly, QString(),
          stylesheetFolder_.isEmpty() ? state_.folder() : stylesheetFolder_});
     if (chosen.path.isEmpty())
         return;
@@ -220,10 +219,7 @@ void Preview::mnuFilePrint_Click() {
         return;
     if (!ShowPreview(state_.m_DOM.node()))
         return;
-    auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
-    printer->setDocName(runtime::shownPath(runtime::fileName(state_.m_FileName)));
-    if (controls::dialogs().choosePrinter(*printer))
-        ie_.print(std::move(printer));
+    ie_.print(runtime::shownPath(runtime::fileName(state_.m_FileName)));
 }
 
 void Preview::m_doc_onclick(const QString &id) {

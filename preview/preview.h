@@ -1,11 +1,11 @@
 #pragma once
 
 #include "platform/system/working_folder.h"
+#include "platform/ui/long_work.h"
 #include "state/document_state.h"
 #include "tree/selection.h"
 #include "tree/tree_builder.h"
 #include "view/browser/browser.h"
-#include "view/controls/long_work.h"
 
 #include <QObject>
 #include <QTimer>
@@ -28,7 +28,7 @@ class Preview : public QObject {
 public:
     Preview(const state::DocumentState &state, tree::TreeBuilder &builder,
             tree::Selection &selection, controls::TreeView &tvw, browser::Browser &ie,
-            const system::WorkingFolder &workingFolder, controls::LongWork &longWork,
+            const system::WorkingFolder &workingFolder, ui::LongWork &longWork,
             std::function<PreviewFont()> font);
 
     /// Renders a document or an element at once; nothing for no node. A failure is shown in a
@@ -80,7 +80,7 @@ private:
     controls::TreeView &tvw_;
     browser::Browser &ie_;
     const system::WorkingFolder &workingFolder_;
-    controls::LongWork &longWork_;
+    ui::LongWork &longWork_;
     std::function<PreviewFont()> font_;
 
     /// The chosen stylesheet's copy in the working folder; empty for the built-in one.

@@ -3,10 +3,10 @@
 #include "platform/runtime/error.h"
 #include "platform/runtime/file_names.h"
 #include "platform/system/instance_lock.h"
+#include "platform/ui/error_boundary.h"
+#include "platform/ui/message_box.h"
 #include "platform/xml/io/atomic_file.h"
 #include "resources/texts.h"
-#include "view/controls/error_boundary.h"
-#include "view/controls/message_box.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -29,7 +29,7 @@
 namespace quillon::recovery {
 
 namespace texts = resources::texts;
-namespace style = controls::message_style;
+namespace style = ui::message_style;
 
 namespace {
 
@@ -321,12 +321,12 @@ void CrashRecovery::offer() {
         const QString content = filePath(found.base + ContentSuffix);
         const QString time =
             QFileInfo(content).lastModified().toString(QStringLiteral("yyyy/MM/dd HH:mm"));
-        const int reply = controls::showMessage(
+        const int reply = ui::showMessage(
             texts::OfferRecovery.toString().arg(runtime::shownPath(found.name), time),
             style::YesNoCancel + style::Question);
-        if (reply == controls::message_answer::Cancel)
+        if (reply == ui::message_answer::Cancel)
             return;
-        if (reply == controls::message_answer::No) {
+        if (reply == ui::message_answer::No) {
             removeFiles(found.base);
             continue;
         }
@@ -334,7 +334,7 @@ void CrashRecovery::offer() {
         try {
             isOpened = commands_.openRecovered(content, recoveredName(found.name), found.name);
         } catch (...) {
-            controls::reportCurrentException();
+            ui::reportCurrentException();
             continue;
         }
         if (isOpened) {

@@ -2,8 +2,8 @@
 
 #include "platform/runtime/error.h"
 #include "platform/runtime/like.h"
+#include "platform/ui/dialogs.h"
 #include "resources/texts.h"
-#include "view/controls/dialogs.h"
 
 #include <limits>
 
@@ -16,7 +16,7 @@ CaptionSearch::CaptionSearch(controls::TreeView &tvw, tree::Selection &selection
     : tvw_(tvw), selection_(selection) {}
 
 void CaptionSearch::mnuEditFind_Click() {
-    m_strFind = controls::dialogs().inputText(texts::FindPrompt.toString());
+    m_strFind = ui::dialogs().inputText(texts::FindPrompt.toString());
     if (!m_strFind.isEmpty())
         mnuEditFindNext_Click();
 }

@@ -1,9 +1,9 @@
 #include "search/path_query.h"
 
 #include "platform/runtime/error.h"
+#include "platform/ui/error_boundary.h"
 #include "platform/xml/query/xpath.h"
 #include "resources/texts.h"
-#include "view/controls/error_boundary.h"
 
 namespace quillon::search {
 
@@ -87,7 +87,7 @@ private:
 
 PathQuery::PathQuery(controls::TreeView &tvw, controls::PathBox &cboPath,
                      tree::Selection &selection, const tree::NodeRegistry &registry,
-                     controls::LongWork &longWork)
+                     ui::LongWork &longWork)
     : tvw_(tvw), cboPath_(cboPath), selection_(selection), registry_(registry),
       longWork_(longWork) {}
 
@@ -97,7 +97,7 @@ void PathQuery::SelectByPath() {
         return;
     std::vector<Node> matches;
     try {
-        longWork_.run(texts::Querying.toString(), controls::LongWork::Stop::Offered,
+        longWork_.run(texts::Querying.toString(), ui::LongWork::Stop::Offered,
                       [&](const runtime::Progress &progress) {
                           matches = xml::selectNodes(context, cboPath_.Text(), progress);
                       });
@@ -116,8 +116,8 @@ void PathQuery::SelectByPath() {
     tvw_.setTreeVisible(false);
     // From here on nothing stops the query, so that the tree comes back.
     TreeItem first;
-    controls::ignoringErrors([&] { first = mark(matches); });
-    controls::ignoringErrors([&] {
+    ui::ignoringErrors([&] { first = mark(matches); });
+    ui::ignoringErrors([&] {
         selection_.ShowNode(first, true);
         first.EnsureVisible();
     });

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "platform/ui/long_work.h"
 #include "tree/node_registry.h"
 #include "tree/selection.h"
-#include "view/controls/long_work.h"
 #include "view/controls/path_box.h"
 #include "view/controls/tree_view.h"
 
@@ -18,7 +18,7 @@ class PathQuery : public QObject {
 
 public:
     PathQuery(controls::TreeView &tvw, controls::PathBox &cboPath, tree::Selection &selection,
-              const tree::NodeRegistry &registry, controls::LongWork &longWork);
+              const tree::NodeRegistry &registry, ui::LongWork &longWork);
 
     /// Queries from the selected element or document, or from the parent of what else is selected.
     /// Shows all items found in bold and expands what is above them, selects the first one, tells
@@ -41,7 +41,7 @@ private:
     controls::PathBox &cboPath_;
     tree::Selection &selection_;
     const tree::NodeRegistry &registry_;
-    controls::LongWork &longWork_;
+    ui::LongWork &longWork_;
 };
 
 } // namespace quillon::search

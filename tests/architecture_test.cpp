@@ -24,6 +24,7 @@ const std::map<QString, int> Floors = {
     {"platform/xml/schema/xdr", 7},
     {"platform/xml/transform", 7},
     {"platform/system", 2},
+    {"platform/ui", 2},
     {"platform/items", 2},
     {"view/controls", 8},
     {"view/browser", 9},

@@ -1,8 +1,8 @@
 #include "tools/options_dialog.h"
 
+#include "platform/ui/dialogs.h"
+#include "platform/ui/error_boundary.h"
 #include "resources/texts.h"
-#include "view/controls/dialogs.h"
-#include "view/controls/error_boundary.h"
 
 #include <QDialogButtonBox>
 #include <QDir>
@@ -293,13 +293,13 @@ void OptionsDialog::moveEditor(int by) {
 }
 
 void OptionsDialog::chooseProgram() {
-    controls::guarded([this] {
-        namespace flag = controls::file_dialog_flag;
+    ui::guarded([this] {
+        namespace flag = ui::file_dialog_flag;
         const QString present = program_->text();
-        const controls::FileDialogResult chosen =
-            controls::dialogs().showOpen({texts::BrowseProgramTitle.toString(), QString(),
-                                          flag::FileMustExist + flag::HideReadOnly,
-                                          QDir::isAbsolutePath(present) ? present : QString()});
+        const ui::FileDialogResult chosen =
+            ui::dialogs().showOpen({texts::BrowseProgramTitle.toString(), QString(),
+                                    flag::FileMustExist + flag::HideReadOnly,
+                                    QDir::isAbsolutePath(present) ? present : QString()});
         if (chosen.path.isEmpty())
             return;
         program_->setText(chosen.path);

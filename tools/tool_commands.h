@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/system/shell.h"
+#include "platform/ui/long_work.h"
 #include "state/document_state.h"
 #include "tree/tree_builder.h"
-#include "view/controls/long_work.h"
 
 #include <QObject>
 
@@ -15,7 +15,7 @@ class ToolCommands : public QObject {
 
 public:
     ToolCommands(const state::DocumentState &state, tree::TreeBuilder &builder,
-                 system::Shell &shell, controls::LongWork &longWork);
+                 system::Shell &shell, ui::LongWork &longWork);
 
     /// Removes all text and empties all attribute values but namespace declarations, after a
     /// question.
@@ -40,7 +40,7 @@ private:
     const state::DocumentState &state_;
     tree::TreeBuilder &builder_;
     system::Shell &shell_;
-    controls::LongWork &longWork_;
+    ui::LongWork &longWork_;
 };
 
 } // namespace quillon::tools

@@ -4,7 +4,7 @@
 #include "platform/runtime/numbers.h"
 #include "platform/runtime/paths.h"
 #include "resources/texts.h"
-#include "view/controls/dialogs.h"
+#include "view/controls/printer_dialog.h"
 
 #include <QFile>
 #include <QFontMetricsF>
@@ -80,7 +80,7 @@ QString TreePrinting::connector(const std::vector<bool> &siblingFollows, qint16 
 void TreePrinting::mnuFilePrintTree_Click() {
     QPrinter printer(QPrinter::HighResolution);
     printer.setDocName(runtime::shownPath(runtime::fileName(state_.m_FileName)));
-    if (controls::dialogs().choosePrinter(printer))
+    if (controls::choosePrinter(printer))
         print(printer);
 }
 
@@ -88,7 +88,7 @@ void TreePrinting::print(QPrinter &printer) {
     const TreeItem first = tvw_.nodes().Item(1);
     if (!first)
         return;
-    longWork_.run(resources::texts::Printing.toString(), controls::LongWork::Stop::Offered,
+    longWork_.run(resources::texts::Printing.toString(), ui::LongWork::Stop::Offered,
                   [&](const runtime::Progress &progress) {
                       const bool isDone = printItems(printer, first, progress);
                       if (!isDone && !printer.outputFileName().isEmpty())

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "platform/ui/long_work.h"
 #include "state/document_state.h"
-#include "view/controls/long_work.h"
 #include "view/controls/tree_view.h"
 
 #include <QFont>
@@ -43,8 +43,7 @@ private:
 /// its caption and the branches that lead to it.
 class TreePrinting {
 public:
-    TreePrinting(const state::DocumentState &state, controls::TreeView &tvw,
-                 controls::LongWork &longWork)
+    TreePrinting(const state::DocumentState &state, controls::TreeView &tvw, ui::LongWork &longWork)
         : state_(state), tvw_(tvw), longWork_(longWork) {}
 
     /// Asks for a printer and prints. Nothing happens when the user cancels and for an empty tree.
@@ -66,7 +65,7 @@ private:
 
     const state::DocumentState &state_;
     controls::TreeView &tvw_;
-    controls::LongWork &longWork_;
+    ui::LongWork &longWork_;
     std::vector<bool> levelFlags_;
 };
 

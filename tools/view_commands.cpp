@@ -1,7 +1,7 @@
 #include "tools/view_commands.h"
 
 #include "platform/runtime/numbers.h"
-#include "view/controls/dialogs.h"
+#include "platform/ui/dialogs.h"
 
 namespace quillon::tools {
 
@@ -14,7 +14,7 @@ ViewCommands::ViewCommands(const state::DocumentState &state, state::ViewOptions
     : state_(state), options_(options), builder_(builder), selection_(selection), tvw_(tvw) {}
 
 void ViewCommands::mnuViewFont_Click(const QString &name, qint16 size) {
-    const auto chosen = controls::dialogs().chooseFont({name, double(size)});
+    const auto chosen = ui::dialogs().chooseFont({name, double(size)});
     if (chosen)
         Q_EMIT fontChosen(chosen->family, runtime::toInteger(QString::number(chosen->points)));
 }

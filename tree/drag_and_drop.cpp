@@ -3,8 +3,8 @@
 #include "platform/runtime/error.h"
 #include "platform/runtime/file_access.h"
 #include "platform/runtime/file_names.h"
+#include "platform/ui/error_boundary.h"
 #include "tree/node_mime_data.h"
-#include "view/controls/error_boundary.h"
 
 #include <QUrl>
 
@@ -118,7 +118,7 @@ controls::DragOffer DragAndDrop::tvw_OLEStartDrag() {
     // Not while the other program waits for the answer to what it asks.
     connect(
         data.get(), &NodeMimeData::moveConfirmed, this,
-        [this, item = m_nodDrag] { controls::guarded([&] { completeMove(item); }); },
+        [this, item = m_nodDrag] { ui::guarded([&] { completeMove(item); }); },
         Qt::QueuedConnection);
     controls::DragOffer offer{std::move(data)};
     // A reference cannot be deleted, so a move would leave it twice.

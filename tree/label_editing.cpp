@@ -1,7 +1,7 @@
 #include "tree/label_editing.h"
 
 #include "platform/runtime/error.h"
-#include "view/controls/message_box.h"
+#include "platform/ui/message_box.h"
 
 namespace quillon::tree {
 
@@ -52,7 +52,7 @@ bool LabelEditing::tvw_AfterLabelEdit(const TreeItem &item, QString &NewString) 
     try {
         return apply(item, NewString);
     } catch (const runtime::Error &error) {
-        controls::showMessage(error.description(), controls::message_style::Exclamation);
+        ui::showMessage(error.description(), ui::message_style::Exclamation);
         return false;
     }
 }
@@ -79,7 +79,7 @@ bool LabelEditing::apply(const TreeItem &item, QString &NewString) {
         // The node went while its label was being edited.
         return false;
     default:
-        controls::showMessage(TypeName(node) + QStringLiteral(" labeledit is not implemented yet"));
+        ui::showMessage(TypeName(node) + QStringLiteral(" labeledit is not implemented yet"));
         return false;
     }
 }

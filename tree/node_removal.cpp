@@ -1,8 +1,8 @@
 #include "tree/node_removal.h"
 
+#include "platform/ui/error_boundary.h"
+#include "platform/ui/message_box.h"
 #include "resources/texts.h"
-#include "view/controls/error_boundary.h"
-#include "view/controls/message_box.h"
 
 namespace quillon::tree {
 
@@ -27,8 +27,8 @@ bool NodeRemoval::mayDelete(const TreeItem &item) const {
     const QString entity = node.documentNode().referredEntity();
     if (entity.isEmpty())
         return true;
-    controls::showMessage(resources::texts::DocumentTypeInUse.toString().arg(entity),
-                          controls::message_style::Exclamation);
+    ui::showMessage(resources::texts::DocumentTypeInUse.toString().arg(entity),
+                    ui::message_style::Exclamation);
     return false;
 }
 
@@ -41,13 +41,13 @@ void NodeRemoval::removeFromDom(const TreeItem &item) {
     case NodeType::ProcessingInstruction:
     case NodeType::CDATASection:
     case NodeType::DocumentType:
-        controls::ignoringErrors([&] { node.parentNode().removeChild(node); });
+        ui::ignoringErrors([&] { node.parentNode().removeChild(node); });
         break;
     case NodeType::Attribute:
         builder_.registry().Item(item.Parent()).removeAttribute(node.nodeName());
         break;
     default:
-        controls::showMessage(TypeName(node) + QStringLiteral(" cannot delete"));
+        ui::showMessage(TypeName(node) + QStringLiteral(" cannot delete"));
     }
 }
 

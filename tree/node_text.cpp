@@ -2,8 +2,8 @@
 
 #include "platform/runtime/like.h"
 #include "platform/runtime/strings.h"
+#include "platform/ui/message_box.h"
 #include "tree/fragment.h"
-#include "view/controls/message_box.h"
 
 namespace quillon::tree {
 
@@ -96,7 +96,7 @@ TreeItem NodeText::insertAt(const TreeItem &target, Node node) {
     case NodeType::ProcessingInstruction:
         return {};
     default:
-        controls::showMessage(TypeName(parent));
+        ui::showMessage(TypeName(parent));
         return {};
     }
 }

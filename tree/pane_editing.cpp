@@ -2,9 +2,9 @@
 
 #include "platform/runtime/error.h"
 #include "platform/runtime/strings.h"
+#include "platform/ui/message_box.h"
 #include "resources/texts.h"
 #include "tree/fragment.h"
-#include "view/controls/message_box.h"
 
 #include <QByteArrayList>
 #include <QSignalBlocker>
@@ -88,7 +88,7 @@ void PaneEditing::txtEdit_Change() {
     case NodeType::None:
         break;
     default:
-        controls::showMessage(TypeName(node) + QStringLiteral(" edit is not implemented yet"));
+        ui::showMessage(TypeName(node) + QStringLiteral(" edit is not implemented yet"));
     }
 }
 

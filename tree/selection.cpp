@@ -1,14 +1,14 @@
 #include "tree/selection.h"
 
+#include "platform/ui/message_box.h"
 #include "resources/texts.h"
-#include "view/controls/message_box.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
 
 namespace quillon::tree {
 
-namespace style = controls::message_style;
+namespace style = ui::message_style;
 using items::TreeItem;
 using xml::Node;
 using xml::NodeType;
@@ -62,9 +62,9 @@ bool Selection::mayLeavePane() {
     if (!hasUnparsedText())
         return true;
     constexpr int Ask = style::YesNo + style::Question + style::DefaultButton2;
-    const int reply = controls::showMessage(resources::texts::GiveUpUnparsedText.toString(), Ask);
+    const int reply = ui::showMessage(resources::texts::GiveUpUnparsedText.toString(), Ask);
     const TreeItem shown = shownItem();
-    if (reply == controls::message_answer::Yes) {
+    if (reply == ui::message_answer::Yes) {
         pane_.isUnparsed = false;
         RefillPane(shown);
         Q_EMIT statusText(QString());
@@ -106,7 +106,7 @@ void Selection::fillPane(const TreeItem &item, const Node &node) {
         txtEdit.setLocked(true);
         break;
     default:
-        controls::showMessage(TypeName(node) + QStringLiteral(" cannot modify"));
+        ui::showMessage(TypeName(node) + QStringLiteral(" cannot modify"));
     }
 }
 

@@ -1,8 +1,8 @@
 #include "tree/tree_builder.h"
 
-#include "view/controls/message_box.h"
 #include "platform/runtime/error.h"
 #include "platform/runtime/numbers.h"
+#include "platform/ui/message_box.h"
 #include "resources/messages.h"
 
 #include <QIcon>
@@ -53,8 +53,8 @@ public:
     void enter(quint32 number, NodeType kind) override {
         const quint32 sequence = newNodeSequence();
         const bool top = path_.size() == 1;
-        path_.push_back(nodes_.Add(path_.back(),
-                                   top ? relationship_ : items::Relationship::Child, sequence));
+        path_.push_back(
+            nodes_.Add(path_.back(), top ? relationship_ : items::Relationship::Child, sequence));
         registry_.setNumber(sequence, number);
         if (top)
             topItem_ = path_.back();
@@ -189,7 +189,7 @@ bool TreeBuilder::refuseUnderDocument(const Node &copy) {
             return false;
         const QString text = resources::messageText(resources::message::RootAlreadyExists);
         Q_EMIT statusText(text);
-        controls::showMessage(text, controls::message_style::Exclamation);
+        ui::showMessage(text, ui::message_style::Exclamation);
         return true;
     }
     default:
@@ -211,8 +211,8 @@ TreeItem TreeBuilder::mirror(const TreeItem &relItem, const Node &node, Relation
     }
     tvw_.nodes().endBuild();
     if (mirror.stranger() != 0 && std::exchange(reportsStrangers_, false))
-        controls::showMessage(TypeName(m_dicNode.Item(mirror.stranger())) +
-                              QStringLiteral(" is added to tree"));
+        ui::showMessage(TypeName(m_dicNode.Item(mirror.stranger())) +
+                        QStringLiteral(" is added to tree"));
     return mirror.topItem();
 }
 

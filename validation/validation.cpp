@@ -3,13 +3,13 @@
 #include "platform/runtime/error.h"
 #include "platform/runtime/file_names.h"
 #include "platform/runtime/paths.h"
+#include "platform/ui/dialogs.h"
+#include "platform/ui/message_box.h"
 #include "platform/xml/engine/child_process.h"
 #include "platform/xml/schema/schema_validator.h"
 #include "platform/xml/schema/xdr/xdr_validator.h"
 #include "resources/messages.h"
 #include "resources/validation_texts.h"
-#include "view/controls/dialogs.h"
-#include "view/controls/message_box.h"
 
 #include <QDataStream>
 #include <QFileInfo>
@@ -48,9 +48,9 @@ int linesAheadOfRoot(const xml::DOMDocument40 &document) {
 } // namespace
 
 void Validation::mnuToolVerifyNew_Click() {
-    namespace flag = controls::file_dialog_flag;
+    namespace flag = ui::file_dialog_flag;
     const QString chosen =
-        controls::dialogs()
+        ui::dialogs()
             .showOpen({.title = texts::DialogTitle.toString(),
                        .filter = texts::DialogFilter.toString(),
                        .flags = flag::FileMustExist | flag::PathMustExist | flag::HideReadOnly,
@@ -100,7 +100,7 @@ void Validation::VerifyDocument() {
     Q_EMIT statusText(texts::Validating.toString());
     auto clearStatus = qScopeGuard([this] { Q_EMIT statusText(QString()); });
     try {
-        longWork_.run(texts::Validating.toString(), controls::LongWork::Stop::Offered,
+        longWork_.run(texts::Validating.toString(), ui::LongWork::Stop::Offered,
                       [&](const runtime::Progress &progress) {
                           // A child process can be stopped, and a schema cannot harm the editor.
                           take(xml::runInChild([&] { return findings(validate); }, {}, progress));
@@ -233,7 +233,7 @@ void Validation::showFirst() {
         first.line > 0 ? texts::AtLine.toString().arg(QString::number(first.line), first.reason)
                        : first.reason;
     Q_EMIT statusText(onOneLine(reason));
-    controls::showMessage(reason, controls::message_style::Exclamation);
+    ui::showMessage(reason, ui::message_style::Exclamation);
 }
 
 } // namespace quillon::validation

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/system/working_folder.h"
+#include "platform/ui/long_work.h"
 #include "platform/xml/schema/schema_error.h"
 #include "state/document_state.h"
-#include "view/controls/long_work.h"
 
 #include <QObject>
 
@@ -30,7 +30,7 @@ class Validation : public QObject {
 
 public:
     Validation(state::DocumentState &state, const system::WorkingFolder &workingFolder,
-               controls::LongWork &longWork)
+               ui::LongWork &longWork)
         : state_(state), workingFolder_(workingFolder), longWork_(longWork) {}
 
     /// Has the user choose a schema and validates by it. Raises what the next one raises, and what
@@ -81,7 +81,7 @@ private:
 
     state::DocumentState &state_;
     const system::WorkingFolder &workingFolder_;
-    controls::LongWork &longWork_;
+    ui::LongWork &longWork_;
     /// The schema's file name without its folder; empty until one has been chosen.
     QString m_strSchemaFile;
     /// Where it was chosen: what belongs to it stands there.

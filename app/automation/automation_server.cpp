@@ -1,6 +1,6 @@
 #include "app/automation/automation_server.h"
 
-#include "view/controls/error_boundary.h"
+#include "platform/ui/error_boundary.h"
 
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
@@ -48,7 +48,7 @@ void AutomationServer::waitForFirstClient() {
 
 QDBusObjectPath AutomationServer::CreateWindow() {
     std::unique_ptr<Window> made;
-    controls::guarded([&] { made = makeWindow_(); });
+    ui::guarded([&] { made = makeWindow_(); });
     if (!made) {
         sendErrorReply(QDBusError::Failed);
         return {};

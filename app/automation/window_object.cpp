@@ -1,6 +1,6 @@
 #include "app/automation/window_object.h"
 
-#include "view/controls/error_boundary.h"
+#include "platform/ui/error_boundary.h"
 
 #include <QApplication>
 #include <QDBusConnection>
@@ -43,7 +43,7 @@ WindowObject::WindowObject(std::unique_ptr<Window> window, int graceMs)
 }
 
 void WindowObject::setVisible(bool visible) {
-    controls::guarded([&] { window_->setVisible(visible); });
+    ui::guarded([&] { window_->setVisible(visible); });
     reconsider();
 }
 
@@ -126,7 +126,7 @@ void WindowObject::runJobs() {
     while (!jobs_.empty() && !QApplication::activeModalWidget()) {
         const std::function<void()> job = std::move(jobs_.front());
         jobs_.pop_front();
-        controls::guarded(job);
+        ui::guarded(job);
     }
     running_ = false;
     if (!jobs_.empty())

@@ -1,7 +1,7 @@
 #include "app/main_window/frm_main.h"
 
+#include "platform/ui/error_boundary.h"
 #include "resources/texts.h"
-#include "view/controls/error_boundary.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -19,8 +19,8 @@
 
 namespace quillon::app {
 
-using controls::guarded;
-using controls::ignoringErrors;
+using ui::guarded;
+using ui::ignoringErrors;
 namespace texts = resources::texts;
 
 namespace {

@@ -7,8 +7,8 @@
 #include "view/browser/browser.h"
 #include "view/controls/action_menus.h"
 #include "view/controls/action_set.h"
-#include "view/controls/long_work.h"
 #include "view/controls/path_box.h"
+#include "view/controls/progress_box.h"
 #include "view/controls/text_box.h"
 #include "view/controls/tree_view.h"
 
@@ -108,7 +108,7 @@ private:
     QLabel *sbr;
     QPushButton *validationButton_;
 
-    controls::LongWork longWork_{*this};
+    controls::ProgressBox longWork_{*this};
     std::unique_ptr<controls::ActionMenus> menus_;
     std::unique_ptr<Editor> editor_;
     std::unique_ptr<TreeKeys> treeKeys_;

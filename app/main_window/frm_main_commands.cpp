@@ -1,6 +1,6 @@
 #include "app/main_window/frm_main.h"
+#include "platform/ui/error_boundary.h"
 #include "resources/texts.h"
-#include "view/controls/error_boundary.h"
 
 #include <QAction>
 #include <QFileInfo>
@@ -123,7 +123,7 @@ void frmMain::connectToolCommands() {
     actions_.connectAction(
         u"mnuToolSend", [&tools] { tools.mnuToolSend_Click(); }, hasDocument());
     actions_.connectAction(u"mnuWindowTileH", [this] {
-        controls::ignoringErrors([this] { companion_.execute(QStringLiteral("TILE_VERTICAL")); });
+        ui::ignoringErrors([this] { companion_.execute(QStringLiteral("TILE_VERTICAL")); });
     });
     actions_.connectAction(u"mnuToolOption", [this] { mnuToolOption_Click(); });
     actions_.connectAction(u"mnuHelpReadme", [&tools] { tools.mnuHelpReadme_Click(); });
@@ -235,7 +235,7 @@ void frmMain::connectContextMenu() {
     connect(menu, &QMenu::aboutToShow, this,
             [&creation, toParent] { toParent->setVisible(creation.canAddAttributeToParent()); });
     connect(toParent, &QAction::triggered, this, [this, &creation] {
-        controls::guarded([&] {
+        ui::guarded([&] {
             if (editor_->selection.mayLeavePane())
                 creation.AddAttributeToParent();
         });
@@ -248,15 +248,13 @@ void frmMain::connectContextMenu() {
             return;
         // The press of the button has shown it already, unless it was selected but not shown.
         if (hit != tvw->SelectedItem() || editor_->pane.shownSequence != hit.sequence())
-            controls::guarded([&] { editor_->selection.ShowNode(hit, true); });
+            ui::guarded([&] { editor_->selection.ShowNode(hit, true); });
         menu->popup(tvw->viewport()->mapToGlobal(position));
     });
 }
 
 void frmMain::connectButtons() {
-    const auto runPath = [this] {
-        controls::guarded([this] { editor_->pathQuery.SelectByPath(); });
-    };
+    const auto runPath = [this] { ui::guarded([this] { editor_->pathQuery.SelectByPath(); }); };
     connect(cboPath, &controls::PathBox::Enter, this, runPath);
     connect(cboPath, &controls::PathBox::Click, this, runPath);
     actions_.connectToolButton(u"move", runPath);

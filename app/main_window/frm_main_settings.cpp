@@ -1,9 +1,9 @@
 #include "app/main_window/frm_main.h"
 #include "platform/runtime/file_names.h"
 #include "platform/runtime/numbers.h"
+#include "platform/ui/error_boundary.h"
+#include "platform/ui/message_box.h"
 #include "tools/options_dialog.h"
-#include "view/controls/error_boundary.h"
-#include "view/controls/message_box.h"
 
 #include <QAction>
 #include <QGuiApplication>
@@ -12,8 +12,8 @@
 
 namespace quillon::app {
 
-using controls::guarded;
-using controls::ignoringErrors;
+using ui::guarded;
+using ui::ignoringErrors;
 
 namespace {
 
@@ -40,7 +40,7 @@ QString doubledAmpersands(QString text) {
 void frmMain::Form_Initialize() {
     settings::Settings &settings = editor_->settings;
     settings.report = [](const QString &text) {
-        controls::showMessage(text, controls::message_style::Exclamation);
+        ui::showMessage(text, ui::message_style::Exclamation);
     };
     settings::Placement placed = placement();
     settings.load(placed);

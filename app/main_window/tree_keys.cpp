@@ -1,7 +1,7 @@
 #include "app/main_window/tree_keys.h"
 
+#include "platform/ui/error_boundary.h"
 #include "resources/actions.h"
-#include "view/controls/error_boundary.h"
 
 #include <QKeyEvent>
 #include <QKeySequence>
@@ -47,7 +47,7 @@ bool TreeKeys::tvw_KeyDown(const QKeyEvent &event) {
     }
     if (key == QKeySequence(Qt::SHIFT | Qt::Key_F3)) {
         search::CaptionSearch &search = editor_.captionSearch;
-        controls::guarded([&] {
+        ui::guarded([&] {
             if (!search.pattern().isEmpty())
                 search.SearchBackward(tvw_.SelectedItem(), search.pattern());
         });

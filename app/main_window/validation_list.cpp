@@ -1,8 +1,8 @@
 #include "app/main_window/validation_list.h"
 
+#include "platform/ui/error_boundary.h"
 #include "resources/texts.h"
 #include "resources/validation_texts.h"
-#include "view/controls/error_boundary.h"
 
 #include <QListWidget>
 #include <QVBoxLayout>
@@ -34,7 +34,7 @@ ValidationList::ValidationList(QWidget *parent, Show show)
     resize(Size);
     connect(list_, &QListWidget::currentRowChanged, this, [this, show = std::move(show)](int row) {
         if (row >= 0)
-            controls::guarded([&] { show(errors_[static_cast<std::size_t>(row)].node); });
+            ui::guarded([&] { show(errors_[static_cast<std::size_t>(row)].node); });
     });
 }
 

@@ -1,8 +1,8 @@
 #include "app/start_up/start_up.h"
 
 #include "app/automation/automation_server.h"
-#include "app/start_up/splash.h"
 #include "app/main_window/window.h"
+#include "app/start_up/splash.h"
 #include "platform/runtime/file_access.h"
 #include "platform/runtime/file_names.h"
 #include "platform/runtime/paths.h"
@@ -10,10 +10,11 @@
 #include "platform/system/companion_link.h"
 #include "platform/system/instance_lock.h"
 #include "platform/system/termination_signals.h"
+#include "platform/ui/error_boundary.h"
 #include "resources/texts.h"
 #include "view/browser/browser_profile.h"
-#include "view/controls/dialogs.h"
-#include "view/controls/error_boundary.h"
+#include "view/controls/application.h"
+#include "view/controls/desktop_dialogs.h"
 
 #include <QDBusServiceWatcher>
 #include <QEventLoop>
@@ -71,11 +72,11 @@ int runStandAlone(const QString &path) {
 
     Window window;
     if (runtime::fileKind(path) != runtime::FileKind::Missing)
-        controls::guarded([&] { window.OpenFile(path); });
+        ui::guarded([&] { window.OpenFile(path); });
     window.setVisible(true);
     splash.close();
     if (frmMain *const form = window.form())
-        controls::guarded([form] { form->editor().recovery.offer(); });
+        ui::guarded([form] { form->editor().recovery.offer(); });
 
     AutomationServer server(system::sessionBus(), makeWindow);
     server.start();
@@ -116,6 +117,8 @@ int Main(int argc, char **argv) {
     application.setDesktopFileName(QStringLiteral("quillon"));
     application.setWindowIcon(QIcon(QStringLiteral(":/icons/quillon.svg")));
     controls::installDialogTexts();
+    controls::DesktopDialogs dialogs;
+    ui::setDialogs(&dialogs);
 
     const bool startedByBus = qEnvironmentVariableIsSet(AutomationServer::StartedByBusVariable);
     // What the user starts from the program is started by the user.

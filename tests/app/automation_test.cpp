@@ -1,7 +1,7 @@
 #include "app/automation/automation_server.h"
+#include "platform/ui/message_box.h"
 #include "tests/support/private_bus.h"
 #include "tests/support/scripted_dialogs.h"
-#include "view/controls/message_box.h"
 
 #include <QCoreApplication>
 #include <QDBusInterface>
@@ -121,7 +121,7 @@ TEST_F(AutomationTest, ServesThePublishedMembers) {
 
 TEST_F(AutomationTest, OpenFileShowsItsFailureAndStillSetsTheCaption) {
     const QString window = createWindow();
-    dialogs.answerMessage(controls::message_answer::Ok);
+    dialogs.answerMessage(ui::message_answer::Ok);
     EXPECT_TRUE(onWindow(window, "OpenFile", {write("<r>")}).isValid());
     EXPECT_EQ(get(window, "ReadOnly"), QVariant(false));
     EXPECT_EQ(dialogs.messages.size(), 1u);
@@ -139,10 +139,10 @@ TEST_F(AutomationTest, OpeningAnotherFileKeepsTheUsersChangesForTheNextStart) {
     onWindow(window, "OpenFile", {write("<other/>")});
     EXPECT_EQ(editor.state.m_DOM.xml(), "<other/>");
     EXPECT_FALSE(editor.state.m_Modified);
-    dialogs.answerMessage(controls::message_answer::Yes);
+    dialogs.answerMessage(ui::message_answer::Yes);
     editor.recovery.offer();
     EXPECT_EQ(editor.state.m_DOM.xml(), "<r changed=\"1\"/>");
-    dialogs.answerMessage(controls::message_answer::No);
+    dialogs.answerMessage(ui::message_answer::No);
     forms[0]->close();
 }
 
@@ -162,7 +162,7 @@ TEST_F(AutomationTest, ReleasingAWindowWithChangesAsksTheUser) {
     onWindow(window, "OpenFile", {write("<r/>")});
     get(window, "Visible");
     forms[0]->editor().commands.DocumentModified();
-    dialogs.answerMessage(controls::message_answer::Cancel);
+    dialogs.answerMessage(ui::message_answer::Cancel);
     onWindow(window, "CloseWindow");
     EXPECT_TRUE(isShown(0));
 }

@@ -2,6 +2,7 @@
 #include "search/caption_search.h"
 #include "search/path_query.h"
 #include "tests/support/editor_window.h"
+#include "tests/support/work_at_once.h"
 
 namespace quillon::test {
 
@@ -38,7 +39,7 @@ protected:
 
     QStringList texts;
     search::CaptionSearch captionSearch{tvw(), editor().selection};
-    controls::LongWork longWork{*form};
+    WorkAtOnce longWork;
     search::PathQuery pathQuery{tvw(), cboPath(), editor().selection, editor().builder.registry(),
                                 longWork};
 };

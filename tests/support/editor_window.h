@@ -2,6 +2,7 @@
 
 #include "app/main_window/frm_main.h"
 #include "tests/support/scripted_dialogs.h"
+#include "tests/support/scripted_printer.h"
 
 #include <QDir>
 #include <QFile>
@@ -75,6 +76,7 @@ protected:
     QTemporaryDir folder;
     QDateTime time = QDateTime::fromString("2001-12-31T23:59:59", Qt::ISODate);
     ScriptedDialogs dialogs;
+    ScriptedPrinter printer;
     std::unique_ptr<app::frmMain> form = std::make_unique<app::frmMain>(
         app::Surroundings{folder.path(), system::SettingsStore(folder.filePath("settings.ini")),
                           runtime::Clock{[this] { return time; }}});

@@ -1,7 +1,8 @@
 #include "tests/support/own_surroundings.h"
 #include "tests/support/scripted_dialogs.h"
+#include "tests/support/scripted_printer.h"
 #include "view/browser/browser_profile.h"
-#include "view/controls/error_boundary.h"
+#include "view/controls/application.h"
 
 #include <gtest/gtest.h>
 
@@ -12,5 +13,6 @@ int main(int argc, char **argv) {
     quillon::controls::Application application(argc, argv);
     // Nobody is there to close a box that no test expects: it fails the test and does not open.
     const quillon::test::ScriptedDialogs unexpected;
+    const quillon::test::ScriptedPrinter unexpectedPrinter;
     return RUN_ALL_TESTS();
 }

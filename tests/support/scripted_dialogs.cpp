@@ -1,8 +1,6 @@
 #include "tests/support/scripted_dialogs.h"
 
-#include "view/controls/message_box.h"
-
-#include <QPrinter>
+#include "platform/ui/message_box.h"
 
 #include <gtest/gtest.h>
 #include <utility>
@@ -23,23 +21,23 @@ Answer take(std::deque<Answer> &answers, const QString &asked, Answer otherwise)
 }
 
 int escapeAnswer(int style) {
-    namespace styles = controls::message_style;
+    namespace styles = ui::message_style;
     switch (style & 0x0f) {
     case styles::OkOnly:
-        return controls::message_answer::Ok;
+        return ui::message_answer::Ok;
     case styles::YesNo:
-        return controls::message_answer::No;
+        return ui::message_answer::No;
     default:
-        return controls::message_answer::Cancel;
+        return ui::message_answer::Cancel;
     }
 }
 
 } // namespace
 
 ScriptedDialogs::~ScriptedDialogs() {
-    controls::setDialogs(before_);
-    const size_t unused = messageAnswers_.size() + inputAnswers_.size() + fileAnswers_.size() +
-                          fontAnswers_.size() + printerAnswers_.size();
+    ui::setDialogs(before_);
+    const size_t unused =
+        messageAnswers_.size() + inputAnswers_.size() + fileAnswers_.size() + fontAnswers_.size();
     EXPECT_EQ(unused, 0u) << "answers that no dialog asked for";
 }
 
@@ -53,28 +51,20 @@ QString ScriptedDialogs::inputText(const QString &prompt) {
     return take(inputAnswers_, prompt, QString());
 }
 
-controls::FileDialogResult ScriptedDialogs::showOpen(const controls::FileDialogRequest &request) {
+ui::FileDialogResult ScriptedDialogs::showOpen(const ui::FileDialogRequest &request) {
     openRequests.push_back(request);
     return take(fileAnswers_, request.title, {QString(), request.flags});
 }
 
-controls::FileDialogResult ScriptedDialogs::showSave(const controls::FileDialogRequest &request) {
+ui::FileDialogResult ScriptedDialogs::showSave(const ui::FileDialogRequest &request) {
     saveRequests.push_back(request);
     return take(fileAnswers_, request.title, {QString(), request.flags});
 }
 
-std::optional<controls::FontChoice>
-ScriptedDialogs::chooseFont(const controls::FontChoice &present) {
+std::optional<ui::FontChoice> ScriptedDialogs::chooseFont(const ui::FontChoice &present) {
     fontRequests.push_back(present);
-    const controls::FontChoice chosen = take(fontAnswers_, present.family, controls::FontChoice());
+    const ui::FontChoice chosen = take(fontAnswers_, present.family, ui::FontChoice());
     return chosen.family.isEmpty() ? std::nullopt : std::optional(chosen);
-}
-
-bool ScriptedDialogs::choosePrinter(QPrinter &printer) {
-    const QString file = take(printerAnswers_, QStringLiteral("printer"), QString());
-    printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(file);
-    return !file.isEmpty();
 }
 
 } // namespace quillon::test

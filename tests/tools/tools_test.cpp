@@ -230,7 +230,7 @@ TEST_F(ToolsTest, TheFontGoesToTreeAndPane) {
     dialogs.answerFont({});
     editor().view.mnuViewFont_Click("MS UI Gothic", 10);
     EXPECT_EQ(editor().settings.fontName, "MS UI Gothic");
-    dialogs.answerFont(controls::FontChoice{"Noto Sans CJK JP", 12.4});
+    dialogs.answerFont(ui::FontChoice{"Noto Sans CJK JP", 12.4});
     editor().view.mnuViewFont_Click("MS UI Gothic", 10);
     EXPECT_EQ(dialogs.fontRequests.back().family, "MS UI Gothic");
     EXPECT_EQ(editor().settings.fontSize, 12);
@@ -251,9 +251,9 @@ TEST_F(ToolsTest, TheTreeIsPrintedWithItsBranches) {
     for (int i = 0; i < 200; ++i)
         many += "<leaf/>";
     open(many + "</root>");
-    dialogs.answerPrinter("");
+    printer.answer("");
     editor().treePrinting.mnuFilePrintTree_Click();
-    dialogs.answerPrinter(path("tree.pdf"));
+    printer.answer(path("tree.pdf"));
     editor().treePrinting.mnuFilePrintTree_Click();
     const QString command =
         "pdftotext -layout '" + path("tree.pdf") + "' '" + path("tree.txt") + "'";

@@ -1,7 +1,7 @@
+#include "platform/ui/message_box.h"
 #include "tests/support/editor_window.h"
 #include "tree/drag_and_drop.h"
 #include "tree/node_transfer.h"
-#include "view/controls/message_box.h"
 
 #include <QApplication>
 #include <QDropEvent>
@@ -289,7 +289,7 @@ TEST_F(Drag, WhatIsNotInsertedStaysAtItsSource) {
     const QByteArray text = "<doc><?pi x?><a k=\"1\"/><b k=\"2\"/></doc>";
     const Case cases[] = {{"pi", "a"}, {"b", "#document"}, {"a", "k"}};
     // The second one is told.
-    dialogs.answerMessage(controls::message_answer::Ok);
+    dialogs.answerMessage(ui::message_answer::Ok);
     for (const Case &c : cases) {
         SCOPED_TRACE(testing::Message() << c.source << " to " << c.target);
         openExpanded(text);
@@ -301,7 +301,7 @@ TEST_F(Drag, WhatIsNotInsertedStaysAtItsSource) {
         EXPECT_FALSE(state().m_Modified);
     }
     // An error on the way is shown, and counts as a refusal.
-    dialogs.answerMessage(controls::message_answer::Ok);
+    dialogs.answerMessage(ui::message_answer::Ok);
     EXPECT_EQ(drop(placeOf("a"), *textData("1=\"x\""), None), Qt::IgnoreAction);
     EXPECT_EQ(xml(), text);
 }
@@ -421,7 +421,7 @@ TEST_F(Drag, DroppedFilesNeedNotHaveUtf8NamesAndMustBeFiles) {
     EXPECT_NE(drop(beside(), data, Ctrl), Qt::IgnoreAction);
     EXPECT_EQ(xml(), "<root/>");
     EXPECT_EQ(::unlink(name.constData()), 0);
-    dialogs.answerMessage(controls::message_answer::Ok);
+    dialogs.answerMessage(ui::message_answer::Ok);
     drop(placeOf("root"), *fileData({QString("/dev/zero")}), None);
     EXPECT_TRUE(dialogs.messages.back().text.contains("/dev/zero"));
     EXPECT_EQ(xml(), "<root/>");
@@ -441,7 +441,7 @@ TEST_F(Drag, OpensWhatIsDroppedWhileNoDocumentIsOpen) {
 
     // One that cannot be opened leaves the window as empty as it was.
     editor().commands.mnuFileClose_Click();
-    dialogs.answerMessage(controls::message_answer::Ok);
+    dialogs.answerMessage(ui::message_answer::Ok);
     EXPECT_EQ(drop(beside(), *fileData({write("broken.xml", "<root")}), None), Qt::IgnoreAction);
     EXPECT_NE(drop(beside(), *fileData({file}), None), Qt::IgnoreAction);
     EXPECT_EQ(xml(), "<root/>");

@@ -1,7 +1,7 @@
 #include "platform/runtime/error.h"
+#include "platform/ui/message_box.h"
 #include "tests/support/editor_window.h"
 #include "tree/node_mime_data.h"
-#include "view/controls/message_box.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -107,7 +107,7 @@ TEST_F(NodeTransfer, EntitiesMustStandForTheSame) {
         const bool alike = !entity.contains('C');
         // The reference is told of as it is shown in the tree, and the refusal.
         for (int box = 0; box < (alike ? 2 : 1); ++box)
-            dialogs.answerMessage(controls::message_answer::Ok);
+            dialogs.answerMessage(ui::message_answer::Ok);
         const size_t before = dialogs.messages.size();
         open(from, "from.xml");
         select("e");
@@ -172,7 +172,7 @@ TEST_F(NodeTransfer, WhatOnlyClaimsToBeOursGoesByItsText) {
 TEST_F(NodeTransfer, TheRulesForWhereNodesStandHold) {
     editor().options.viewText = false;
     // Told of, and refused.
-    dialogs.answerMessage(controls::message_answer::Ok);
+    dialogs.answerMessage(ui::message_answer::Ok);
     copyAndPaste("<r><e/></r>", "e", "<t/>", "#document");
     EXPECT_EQ(flat(), "<t/>");
     copyAndPaste("<r>text</r>", "#text", "<t/>", "#document");

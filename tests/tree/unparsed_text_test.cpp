@@ -1,6 +1,6 @@
+#include "platform/ui/message_box.h"
 #include "resources/texts.h"
 #include "tests/support/editor_window.h"
-#include "view/controls/message_box.h"
 
 #include <QAction>
 #include <QMimeData>
@@ -11,8 +11,8 @@ namespace quillon::test {
 
 namespace {
 
-constexpr int Yes = controls::message_answer::Yes;
-constexpr int No = controls::message_answer::No;
+constexpr int Yes = ui::message_answer::Yes;
+constexpr int No = ui::message_answer::No;
 
 const QByteArray Document = "<doc><a>1</a><b>2</b></doc>";
 const QString Broken = "<a>1</a";

@@ -1,7 +1,8 @@
 #include "platform/runtime/error.h"
+#include "platform/ui/message_box.h"
 #include "tests/support/editor_window.h"
+#include "tests/support/work_at_once.h"
 #include "validation/validation.h"
-#include "view/controls/message_box.h"
 
 #include <QSignalSpy>
 
@@ -27,11 +28,11 @@ protected:
         ASSERT_FALSE(dialogs.messages.empty());
         const test::ScriptedDialogs::Message &shown = dialogs.messages.back();
         EXPECT_TRUE(shown.text.contains(part)) << shown.text.toStdString();
-        EXPECT_EQ(shown.style, controls::message_style::Exclamation);
+        EXPECT_EQ(shown.style, ui::message_style::Exclamation);
         EXPECT_EQ(status, QString(shown.text).replace('\n', ' '));
     }
 
-    controls::LongWork longWork{*form};
+    test::WorkAtOnce longWork;
     Validation validation{state(), editor().workingFolder, longWork};
     QString status;
 };
@@ -62,7 +63,7 @@ TEST_F(ValidationTest, TheFirstOneAsksForTheSchemaAndLaterOnesReuseIt) {
     EXPECT_EQ(read("Temp/document.xml"), "<r><a>1</a></r>");
 
     state().m_DOM.documentElement().firstChild().setText("x");
-    dialogs.answerMessage(controls::message_answer::Ok);
+    dialogs.answerMessage(ui::message_answer::Ok);
     validation.mnuToolVerify_Click();
     expectError("1 行目: 要素 'a' の値 'x' を xs:int データ型として解析できません。");
     EXPECT_EQ(dialogs.openRequests.size(), 1u);
@@ -77,7 +78,7 @@ TEST_F(ValidationTest, TheWorkingCopyForADtdIsTheRootAlone) {
     open("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<!DOCTYPE z [<!ELEMENT z EMPTY>]>\n"
          "<!--c-->\n\n<r>\n<a n=\"日é\">本é</a>\n<b/></r>\n<!--d-->");
     const QByteArray before = xml();
-    dialogs.answerMessage(controls::message_answer::Ok);
+    dialogs.answerMessage(ui::message_answer::Ok);
     choose("S.DTD", Dtd);
     EXPECT_EQ(read("Temp/document.xml").replace("\r\n", "\n"),
               "<?xml version=\"1.0\" encoding=\"x-sjis\"?>\n<!DOCTYPE r SYSTEM \"S.DTD\">\n"
@@ -127,7 +128,7 @@ TEST_F(ValidationTest, WhatBelongsToASchemaStandsBesideTheOriginal) {
 
 TEST_F(ValidationTest, AnXdrSchemaBecomesTheRootsNamespaceInTheCopyOnly) {
     open("<r xmlns=\"urn:old\" k=\"1\"><a>1</a></r>");
-    dialogs.answerMessage(controls::message_answer::Ok);
+    dialogs.answerMessage(ui::message_answer::Ok);
     choose("スキーマ 1.xml", Xdr);
     EXPECT_EQ(read("Temp/document.xml"),
               "<r k=\"1\" xmlns=\"x-schema:スキーマ 1.xml\"><a>1</a></r>");
@@ -186,7 +187,7 @@ TEST_F(ValidationTest, TellsWhatWasNotThereAndThatThereIsMore) {
     EXPECT_TRUE(validation.errors().empty());
     for (const int errors : {1000, 1001}) {
         open("<r>" + QByteArray("<b/>").repeated(errors) + "</r>");
-        dialogs.answerMessage(controls::message_answer::Ok);
+        dialogs.answerMessage(ui::message_answer::Ok);
         choose("s.xml", Xdr);
         EXPECT_EQ(validation.errors().size(), 1000u);
         EXPECT_EQ(validation.hasMoreErrors(), errors == 1001);
@@ -196,7 +197,7 @@ TEST_F(ValidationTest, TellsWhatWasNotThereAndThatThereIsMore) {
 TEST_F(ValidationTest, ErrorsLeadToTheirNodes) {
     open("<r><a>1</a><a>x</a><b/><a>2</a><a>y</a></r>");
     QSignalSpy changed(&validation, &Validation::errorsChanged);
-    dialogs.answerMessage(controls::message_answer::Ok);
+    dialogs.answerMessage(ui::message_answer::Ok);
     choose("s.xml", Xdr);
     EXPECT_GT(changed.count(), 0);
     QStringList texts;

@@ -1,11 +1,12 @@
 #include "view/browser/browser.h"
 
 #include "platform/runtime/error.h"
+#include "platform/ui/error_boundary.h"
+#include "platform/ui/message_box.h"
 #include "resources/texts.h"
 #include "view/browser/browser_page.h"
 #include "view/browser/browser_profile.h"
-#include "view/controls/error_boundary.h"
-#include "view/controls/message_box.h"
+#include "view/controls/printer_dialog.h"
 
 #include <QAction>
 #include <QDesktopServices>
@@ -80,7 +81,7 @@ void Browser::makeView() {
     // A box must not open, nor a page be loaded, while the browser is telling what has happened.
     connect(
         page_, &BrowserPage::linkFollowed, this,
-        [this](const QString &address) { controls::guarded([&] { offerLink(address); }); },
+        [this](const QString &address) { ui::guarded([&] { offerLink(address); }); },
         Qt::QueuedConnection);
     connect(page_, &QWebEnginePage::renderProcessTerminated, this, [this] {
         dead_ = true;
@@ -219,10 +220,9 @@ void Browser::offerLink(const QString &address) {
         return;
     // As it goes out, so that no letter looks like another one.
     const QString shown = url.toString(QUrl::FullyEncoded);
-    if (controls::showMessage(texts::OpenLink.toString().arg(shown),
-                              controls::message_style::YesNo | controls::message_style::Question |
-                                  controls::message_style::DefaultButton2) ==
-        controls::message_answer::Yes)
+    if (ui::showMessage(texts::OpenLink.toString().arg(shown),
+                        ui::message_style::YesNo | ui::message_style::Question |
+                            ui::message_style::DefaultButton2) == ui::message_answer::Yes)
         QDesktopServices::openUrl(url);
 }
 
@@ -232,7 +232,11 @@ void Browser::showMessageOfPage(const QString &text) {
             texts::MessageOfPage.toString().arg(text.simplified().left(MessageLength)));
 }
 
-void Browser::print(std::unique_ptr<QPrinter> printer) {
+void Browser::print(const QString &documentName) {
+    auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    printer->setDocName(documentName);
+    if (!controls::choosePrinter(*printer))
+        return;
     printer_ = std::move(printer);
     if (stage_ == Stage::Shown)
         printNow();
@@ -246,7 +250,7 @@ void Browser::printNow() {
         // With text, where printing would paint a picture of the page.
         page_->printToPdf(
             [this](const QByteArray &pdf) {
-                controls::guarded([&] { savePdf(pdf); });
+                ui::guarded([&] { savePdf(pdf); });
                 endPrinting();
             },
             printing_->pageLayout());

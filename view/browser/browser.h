@@ -39,8 +39,9 @@ public:
     /// one before it is put into its place: scrolled as far, and folded alike. An empty subject is
     /// never the same.
     void Navigate(const QString &path, const QString &subject = {});
-    /// Prints the page shown, or the one that is on its way, onto a printer that has been chosen.
-    void print(std::unique_ptr<QPrinter> printer);
+    /// Has a printer chosen and prints the page shown there, or the one that is on its way. The
+    /// document's name is what the printer's queue shows.
+    void print(const QString &documentName);
 
     /// The browser itself; null until the first page is shown.
     QWebEngineView *view() const { return view_; }

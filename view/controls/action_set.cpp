@@ -1,6 +1,6 @@
 #include "view/controls/action_set.h"
 
-#include "view/controls/error_boundary.h"
+#include "platform/ui/error_boundary.h"
 
 #include <QAction>
 #include <QIcon>
@@ -10,6 +10,8 @@
 #include <utility>
 
 namespace quillon::controls {
+
+using ui::guarded;
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "view/controls/tree_view.h"
 
-#include "view/controls/error_boundary.h"
+#include "platform/ui/error_boundary.h"
 #include "view/controls/tree_accessible.h"
 #include "view/controls/tree_delegate.h"
 
@@ -9,6 +9,8 @@
 #include <QScrollBar>
 
 namespace quillon::controls {
+
+using ui::guarded;
 
 TreeView::TreeView(QWidget *parent)
     : QTreeView(parent), nodes_(new items::Nodes(this)), rows_(nodes_->store()) {

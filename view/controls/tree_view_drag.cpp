@@ -1,4 +1,4 @@
-#include "view/controls/error_boundary.h"
+#include "platform/ui/error_boundary.h"
 #include "view/controls/tree_view.h"
 
 #include <QDrag>
@@ -7,6 +7,8 @@
 #include <QScrollBar>
 
 namespace quillon::controls {
+
+using ui::guarded;
 
 namespace {
 

@@ -1,6 +1,6 @@
+#include "tests/support/scripted_printer.h"
 #include "tests/view/browser/browser_fixture.h"
 
-#include <QPrinter>
 #include <QRegularExpression>
 #include <QWebEngineProfile>
 
@@ -196,10 +196,9 @@ TEST_F(BrowserTest, APageIsPrintedWhenItIsThere) {
     QSignalSpy printed(&browser, &browser::Browser::NavigateComplete);
     browser.Navigate(write("preview.htm", "<p style='break-after: page'>1</p>"
                                           "<p style='break-after: page'>2</p><p>3</p>"));
-    auto printer = std::make_unique<QPrinter>();
-    printer->setOutputFormat(QPrinter::PdfFormat);
-    printer->setOutputFileName(file);
-    browser.print(std::move(printer));
+    ScriptedPrinter printer;
+    printer.answer(file);
+    browser.print("doc.xml");
     const auto pages = [&] {
         QFile pdf(file);
         if (!pdf.open(QIODevice::ReadOnly))

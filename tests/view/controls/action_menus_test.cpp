@@ -1,7 +1,7 @@
 #include "platform/runtime/error.h"
+#include "platform/ui/message_box.h"
 #include "tests/support/scripted_dialogs.h"
 #include "view/controls/action_menus.h"
-#include "view/controls/message_box.h"
 
 #include <QAction>
 #include <QMainWindow>
@@ -126,7 +126,7 @@ TEST_F(ActionsTest, SurviveErrors) {
     actions_.connectAction(u"mnuFileNew", [] { runtime::raise(53); });
     actions_.connectAction(u"mnuFileOpen", note("open"), []() -> bool { runtime::raise(6); });
     for (int i = 0; i < 3; ++i)
-        script.answerMessage(message_answer::Ok);
+        script.answerMessage(ui::message_answer::Ok);
     press(Qt::Key_N, Qt::ControlModifier);
     EXPECT_EQ(enabledIn(menu(u"mnuFile")), u"mnuFileNew");
     press(Qt::Key_O, Qt::ControlModifier);

@@ -1,7 +1,7 @@
 #include "platform/runtime/file_names.h"
+#include "platform/ui/message_box.h"
 #include "tests/support/scripted_dialogs.h"
-#include "view/controls/dialogs.h"
-#include "view/controls/message_box.h"
+#include "view/controls/desktop_dialogs.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -20,6 +20,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace quillon;
 using namespace quillon::controls;
 using quillon::test::ScriptedDialogs;
 
@@ -145,8 +146,8 @@ TEST_F(FileDialogs, NamesThatAreNotUtf8AreListedApart) {
 
 TEST_F(FileDialogs, OpenRefusesWhatItsFlagsExclude) {
     ScriptedDialogs script;
-    script.answerMessage(message_answer::Ok);
-    script.answerMessage(message_answer::Ok);
+    script.answerMessage(ui::message_answer::Ok);
+    script.answerMessage(ui::message_answer::Ok);
     whenOpen<QFileDialog>([&](QFileDialog &dialog) {
         EXPECT_EQ(dialog.findChild<QCheckBox *>(), nullptr);
         enter(dialog, path("none.xml"));
@@ -162,19 +163,19 @@ TEST_F(FileDialogs, OpenRefusesWhatItsFlagsExclude) {
     EXPECT_EQ(desktop_.showOpen({QString(), filter_, 2048 + 4, QString()}).path, path("none.xml"));
     ASSERT_EQ(script.messages.size(), 2u);
     EXPECT_TRUE(script.messages[0].text.startsWith(path("none.xml")));
-    EXPECT_EQ(script.messages[0].style, message_style::Exclamation);
+    EXPECT_EQ(script.messages[0].style, ui::message_style::Exclamation);
 }
 
 TEST_F(FileDialogs, SaveAddsTheExtensionBeforeItAsks) {
     ScriptedDialogs script;
-    script.answerMessage(message_answer::No);
-    script.answerMessage(message_answer::Yes);
+    script.answerMessage(ui::message_answer::No);
+    script.answerMessage(ui::message_answer::Yes);
     whenOpen<QFileDialog>([&](QFileDialog &dialog) {
         enter(dialog, path("old"));
         EXPECT_TRUE(dialog.isVisible());
         enter(dialog, path("old"));
     });
-    const FileDialogRequest request{QStringLiteral("t"), filter_, 2, QString()};
+    const ui::FileDialogRequest request{QStringLiteral("t"), filter_, 2, QString()};
     EXPECT_EQ(desktop_.showSave(request).path, path("old.xml"));
     ASSERT_EQ(script.messages.size(), 2u);
     EXPECT_TRUE(script.messages[0].text.startsWith(path("old.xml")));

@@ -1,6 +1,6 @@
 #include "platform/runtime/error.h"
-#include "view/controls/dialogs.h"
-#include "view/controls/message_box.h"
+#include "platform/ui/message_box.h"
+#include "view/controls/desktop_dialogs.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -11,6 +11,7 @@
 #include <functional>
 #include <gtest/gtest.h>
 
+using namespace quillon;
 using namespace quillon::controls;
 
 namespace {
@@ -67,7 +68,7 @@ TEST(MessageBox, ShowsIconDefaultButtonAndJapaneseCaptions) {
                        EXPECT_EQ(box.button(QMessageBox::No)->text(), QStringLiteral("いいえ(&N)"));
                        QTest::keyClick(&box, Qt::Key_Return);
                    }),
-              message_answer::No);
+              ui::message_answer::No);
     EXPECT_EQ(show(QStringLiteral("q"), 3 + 48 + 512,
                    [](QMessageBox &box) {
                        EXPECT_EQ(box.icon(), QMessageBox::Warning);
@@ -75,7 +76,7 @@ TEST(MessageBox, ShowsIconDefaultButtonAndJapaneseCaptions) {
                                  QStringLiteral("キャンセル"));
                        QTest::keyClick(&box, Qt::Key_Return);
                    }),
-              message_answer::Cancel);
+              ui::message_answer::Cancel);
     show(QStringLiteral("q"), 16, [](QMessageBox &box) {
         EXPECT_EQ(box.icon(), QMessageBox::Critical);
         box.accept();

@@ -1,6 +1,6 @@
 #include "platform/runtime/error.h"
+#include "platform/ui/message_box.h"
 #include "tests/support/scripted_dialogs.h"
-#include "view/controls/message_box.h"
 #include "view/controls/tree_delegate.h"
 #include "view/controls/tree_view.h"
 
@@ -279,7 +279,7 @@ TEST_F(View, LabelEditHooksDecide) {
         quillon::runtime::raise(quillon::runtime::error_number::Overflow);
     });
     quillon::test::ScriptedDialogs dialogs;
-    dialogs.answerMessage(message_answer::Ok);
+    dialogs.answerMessage(ui::message_answer::Ok);
     view_.StartLabelEdit();
     EXPECT_EQ(editor(), nullptr);
     EXPECT_EQ(dialogs.messages.size(), 1U) << "an error is shown, and refuses";

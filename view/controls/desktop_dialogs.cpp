@@ -1,4 +1,4 @@
-#include "view/controls/dialogs.h"
+#include "view/controls/desktop_dialogs.h"
 
 #include "resources/texts.h"
 
@@ -9,28 +9,9 @@
 #include <QInputDialog>
 #include <QLibraryInfo>
 #include <QLocale>
-#include <QPrintDialog>
-#include <QPrinter>
 #include <QTranslator>
 
-#include <utility>
-
 namespace quillon::controls {
-
-namespace {
-
-Dialogs *replaced = nullptr;
-
-} // namespace
-
-Dialogs &dialogs() {
-    static DesktopDialogs desktop;
-    return replaced ? *replaced : desktop;
-}
-
-Dialogs *setDialogs(Dialogs *replacement) {
-    return std::exchange(replaced, replacement);
-}
 
 QString DesktopDialogs::inputText(const QString &prompt) {
     QInputDialog box(QApplication::activeWindow());
@@ -43,7 +24,7 @@ QString DesktopDialogs::inputText(const QString &prompt) {
     return box.exec() == QDialog::Accepted ? box.textValue() : QString();
 }
 
-std::optional<FontChoice> DesktopDialogs::chooseFont(const FontChoice &present) {
+std::optional<ui::FontChoice> DesktopDialogs::chooseFont(const ui::FontChoice &present) {
     QFont font(present.family);
     font.setPointSizeF(present.points);
     QFontDialog dialog(font, QApplication::activeWindow());
@@ -60,13 +41,7 @@ std::optional<FontChoice> DesktopDialogs::chooseFont(const FontChoice &present) 
     if (dialog.exec() != QDialog::Accepted)
         return {};
     font = dialog.selectedFont();
-    return FontChoice{font.family(), font.pointSizeF()};
-}
-
-bool DesktopDialogs::choosePrinter(QPrinter &printer) {
-    QPrintDialog dialog(&printer, QApplication::activeWindow());
-    dialog.setOption(QAbstractPrintDialog::PrintPageRange, false);
-    return dialog.exec() == QDialog::Accepted;
+    return ui::FontChoice{font.family(), font.pointSizeF()};
 }
 
 bool installDialogTexts() {

@@ -1,11 +1,9 @@
 #pragma once
 
-#include <QApplication>
-
 #include <exception>
 #include <utility>
 
-namespace quillon::controls {
+namespace quillon::ui {
 
 /// Shows the exception that is being handled in a message box (exclamation, its description);
 /// nothing for a Cancelled error.
@@ -33,13 +31,4 @@ void ignoringErrors(Action &&action) {
     }
 }
 
-/// An application that survives an exception which leaves an event handler. The last resort:
-/// Qt's own frames between the two are not unwound properly, so handlers use guarded().
-class Application : public QApplication {
-public:
-    using QApplication::QApplication;
-
-    bool notify(QObject *receiver, QEvent *event) override;
-};
-
-} // namespace quillon::controls
+} // namespace quillon::ui

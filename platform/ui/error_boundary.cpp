@@ -1,15 +1,15 @@
-#include "view/controls/error_boundary.h"
+#include "platform/ui/error_boundary.h"
 
 #include "platform/runtime/error.h"
+#include "platform/ui/message_box.h"
 #include "resources/runtime_errors.h"
 #include "resources/texts.h"
-#include "view/controls/message_box.h"
 
 #include <QScopedValueRollback>
 
 #include <new>
 
-namespace quillon::controls {
+namespace quillon::ui {
 
 namespace {
 
@@ -48,13 +48,4 @@ void reportCurrentException() noexcept {
     }
 }
 
-bool Application::notify(QObject *receiver, QEvent *event) {
-    try {
-        return QApplication::notify(receiver, event);
-    } catch (...) {
-        reportCurrentException();
-        return false;
-    }
-}
-
-} // namespace quillon::controls
+} // namespace quillon::ui

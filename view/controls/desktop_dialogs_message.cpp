@@ -1,7 +1,6 @@
-#include "view/controls/message_box.h"
-
 #include "platform/runtime/error.h"
-#include "view/controls/dialogs.h"
+#include "platform/ui/message_box.h"
+#include "view/controls/desktop_dialogs.h"
 
 #include <QApplication>
 #include <QGridLayout>
@@ -15,6 +14,8 @@ namespace quillon::controls {
 
 namespace {
 
+namespace message_answer = ui::message_answer;
+namespace message_style = ui::message_style;
 using resources::texts::ButtonCancel;
 using resources::texts::ButtonNo;
 using resources::texts::ButtonOk;
@@ -106,10 +107,6 @@ int DesktopDialogs::showMessage(const QString &text, int style, const QString &t
     const int clicked = box.exec();
     const auto found = std::ranges::find(buttons, clicked, &Button::button);
     return found == buttons.end() ? buttons.back().answer : found->answer;
-}
-
-int showMessage(const QString &text, int style, const QString &title) {
-    return dialogs().showMessage(text, style, title);
 }
 
 } // namespace quillon::controls

@@ -1,4 +1,4 @@
-#include "view/controls/long_work.h"
+#include "view/controls/progress_box.h"
 
 #include "resources/texts.h"
 
@@ -25,11 +25,11 @@ constexpr int Steps = 1000;
 /// A box that leaves the screen before the work is done only if that stops the work.
 class Box final : public QProgressDialog {
 public:
-    Box(QWidget &window, const QString &text, LongWork::Stop stop)
+    Box(QWidget &window, const QString &text, ui::LongWork::Stop stop)
         : QProgressDialog(
-              text, stop == LongWork::Stop::Offered ? texts::ButtonStop.toString() : QString(), 0,
-              0, &window),
-          canStop_(stop == LongWork::Stop::Offered) {
+              text, stop == ui::LongWork::Stop::Offered ? texts::ButtonStop.toString() : QString(),
+              0, 0, &window),
+          canStop_(stop == ui::LongWork::Stop::Offered) {
         // The box stays until the work has really ended: nothing else may begin before.
         disconnect(this, SIGNAL(canceled()), this, SLOT(cancel()));
         connect(this, &QProgressDialog::canceled, this, &Box::reject);
@@ -50,9 +50,9 @@ private:
 };
 
 /// Shows the box of the work under way when it is time, and keeps it up to date.
-class ProgressBox {
+class WorkUnderWay {
 public:
-    ProgressBox(QWidget &window, const QString &text, LongWork::Stop stop)
+    WorkUnderWay(QWidget &window, const QString &text, ui::LongWork::Stop stop)
         : window_(window), text_(text), stop_(stop) {
         sinceStart_.start();
     }
@@ -90,7 +90,7 @@ private:
 
     QWidget &window_;
     const QString text_;
-    const LongWork::Stop stop_;
+    const ui::LongWork::Stop stop_;
     QElapsedTimer sinceStart_;
     QElapsedTimer sinceEvents_;
     std::unique_ptr<Box> dialog_;
@@ -101,8 +101,8 @@ bool isRunning = false;
 
 } // namespace
 
-void LongWork::run(const QString &text, Stop stop,
-                   const std::function<void(const runtime::Progress &)> &work) {
+void ProgressBox::run(const QString &text, Stop stop,
+                      const std::function<void(const runtime::Progress &)> &work) {
     if (isRunning)
         return work({});
     struct Running {
@@ -111,8 +111,8 @@ void LongWork::run(const QString &text, Stop stop,
         Running(const Running &) = delete;
         Running &operator=(const Running &) = delete;
     } const running;
-    ProgressBox box(window_, text, stop);
-    work([&box](double done) { return box.report(done); });
+    WorkUnderWay underWay(window_, text, stop);
+    work([&underWay](double done) { return underWay.report(done); });
 }
 
 } // namespace quillon::controls

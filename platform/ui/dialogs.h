@@ -4,9 +4,7 @@
 
 #include <optional>
 
-class QPrinter;
-
-namespace quillon::controls {
+namespace quillon::ui {
 
 /// Bits of a file dialog's flags.
 namespace file_dialog_flag {
@@ -56,7 +54,7 @@ public:
     Dialogs &operator=(const Dialogs &) = delete;
     virtual ~Dialogs() = default;
 
-    /// See controls::showMessage() in message_box.h.
+    /// See ui::showMessage() in message_box.h.
     virtual int showMessage(const QString &text, int style, const QString &title) = 0;
     /// Asks for one line of text. Empty when the user cancelled.
     virtual QString inputText(const QString &prompt) = 0;
@@ -65,30 +63,13 @@ public:
     virtual FileDialogResult showSave(const FileDialogRequest &request) = 0;
     /// Asks for one of the fonts installed; nothing when the user cancelled.
     virtual std::optional<FontChoice> chooseFont(const FontChoice &present) = 0;
-    /// Has the printer chosen and set up, all pages at once; false when the user cancelled.
-    virtual bool choosePrinter(QPrinter &printer) = 0;
 };
 
-/// The dialogs on the user's screen.
-class DesktopDialogs : public Dialogs {
-public:
-    int showMessage(const QString &text, int style, const QString &title) override;
-    QString inputText(const QString &prompt) override;
-    FileDialogResult showOpen(const FileDialogRequest &request) override;
-    FileDialogResult showSave(const FileDialogRequest &request) override;
-    std::optional<FontChoice> chooseFont(const FontChoice &present) override;
-    bool choosePrinter(QPrinter &printer) override;
-};
-
-/// The dialogs in force: the desktop's, unless others have been put in their place.
+/// The dialogs in force. The program puts the desktop's in force when it starts, tests put their
+/// own. To ask while there are none ends the program: a question must not go unheard.
 Dialogs &dialogs();
-/// Puts others in force, which the caller keeps alive, and returns those that were. Null stands
-/// for the desktop's.
+/// Puts dialogs in force, which the caller keeps alive, and returns those that were; null stands
+/// for none.
 Dialogs *setDialogs(Dialogs *replacement);
 
-/// Gives Qt's own dialogs and context menus their Japanese texts. Call once, between making the
-/// application object and the first window. False when those texts are not installed; Qt then
-/// speaks English.
-bool installDialogTexts();
-
-} // namespace quillon::controls
+} // namespace quillon::ui

@@ -1,4 +1,4 @@
-#include "view/controls/long_work.h"
+#include "view/controls/progress_box.h"
 
 #include <QApplication>
 #include <QDeadlineTimer>
@@ -25,10 +25,10 @@ bool isStopped(const runtime::Progress &progress, double done) {
     return false;
 }
 
-TEST(LongWork, ABoxTellsHowFarItIsAndCanStopIt) {
+TEST(ProgressBox, ABoxTellsHowFarItIsAndCanStopIt) {
     QWidget window;
     window.show();
-    LongWork longWork(window);
+    ProgressBox longWork(window);
     QTimer user;
     int bar = -1;
     QObject::connect(&user, &QTimer::timeout, [&] {
@@ -44,9 +44,9 @@ TEST(LongWork, ABoxTellsHowFarItIsAndCanStopIt) {
     bool stopped = false;
     bool innerHadBox = true;
     longWork.run(
-        "検証しています...", LongWork::Stop::Offered, [&](const runtime::Progress &progress) {
+        "検証しています...", ui::LongWork::Stop::Offered, [&](const runtime::Progress &progress) {
             stopped = isStopped(progress, 0.25);
-            longWork.run("x", LongWork::Stop::Offered,
+            longWork.run("x", ui::LongWork::Stop::Offered,
                          [&](const runtime::Progress &inner) { innerHadBox = bool(inner); });
         });
     EXPECT_TRUE(stopped);
@@ -55,7 +55,7 @@ TEST(LongWork, ABoxTellsHowFarItIsAndCanStopIt) {
     EXPECT_FALSE(QApplication::activeModalWidget());
 }
 
-TEST(LongWork, WhatIsNotToBeStoppedGoesOnWhenTheBoxIsClosed) {
+TEST(ProgressBox, WhatIsNotToBeStoppedGoesOnWhenTheBoxIsClosed) {
     QWidget window;
     window.show();
     QTimer user;
@@ -68,13 +68,14 @@ TEST(LongWork, WhatIsNotToBeStoppedGoesOnWhenTheBoxIsClosed) {
         }
     });
     user.start(0);
-    LongWork(window).run("x", LongWork::Stop::NotOffered, [&](const runtime::Progress &progress) {
-        const QDeadlineTimer deadline(20'000);
-        while (seen == 0 && !deadline.hasExpired())
-            EXPECT_TRUE(progress(0.1));
-        EXPECT_TRUE(progress(0.1));
-        EXPECT_TRUE(QApplication::activeModalWidget());
-    });
+    ProgressBox(window).run("x", ui::LongWork::Stop::NotOffered,
+                            [&](const runtime::Progress &progress) {
+                                const QDeadlineTimer deadline(20'000);
+                                while (seen == 0 && !deadline.hasExpired())
+                                    EXPECT_TRUE(progress(0.1));
+                                EXPECT_TRUE(progress(0.1));
+                                EXPECT_TRUE(QApplication::activeModalWidget());
+                            });
     EXPECT_GT(seen, 0);
 }
 

@@ -4,7 +4,7 @@
 
 #include <QString>
 
-namespace quillon::controls {
+namespace quillon::ui {
 
 /// A message box's style is the sum of a set of buttons, an icon and a default button.
 namespace message_style {
@@ -37,4 +37,4 @@ constexpr int No = 7;
 int showMessage(const QString &text, int style = message_style::OkOnly,
                 const QString &title = resources::texts::ApplicationTitle.toString());
 
-} // namespace quillon::controls
+} // namespace quillon::ui

@@ -1,9 +1,9 @@
 #include "platform/runtime/file_access.h"
 #include "platform/runtime/file_names.h"
 #include "platform/runtime/paths.h"
+#include "platform/ui/message_box.h"
 #include "resources/texts.h"
-#include "view/controls/dialogs.h"
-#include "view/controls/message_box.h"
+#include "view/controls/desktop_dialogs.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -109,7 +109,7 @@ QString resolved(const QString &path) {
 /// what may be chosen.
 class FileDialog : public QFileDialog {
 public:
-    FileDialog(const FileDialogRequest &request, AcceptMode mode)
+    FileDialog(const ui::FileDialogRequest &request, AcceptMode mode)
         : QFileDialog(QApplication::activeWindow()), flags_(request.flags),
           filters_(parseFilter(request.filter)) {
         setOptions(DontUseNativeDialog | DontConfirmOverwrite | HideNameFilterDetails);
@@ -127,17 +127,17 @@ public:
             setDirectory(request.folder);
         if (mode == AcceptOpen)
             addOtherNames();
-        if (mode == AcceptOpen && !(flags_ & file_dialog_flag::HideReadOnly))
+        if (mode == AcceptOpen && !(flags_ & ui::file_dialog_flag::HideReadOnly))
             addReadOnlyBox();
     }
 
-    FileDialogResult run() {
+    ui::FileDialogResult run() {
         showOtherNames();
         if (exec() != Accepted)
             return {QString(), flags_};
         if (readOnlyBox_)
-            flags_ = (flags_ & ~file_dialog_flag::ReadOnly) |
-                     (readOnlyBox_->isChecked() ? file_dialog_flag::ReadOnly : 0);
+            flags_ = (flags_ & ~ui::file_dialog_flag::ReadOnly) |
+                     (readOnlyBox_->isChecked() ? ui::file_dialog_flag::ReadOnly : 0);
         return {chosenPath(), flags_};
     }
 
@@ -240,7 +240,7 @@ private:
 
     void addReadOnlyBox() {
         readOnlyBox_ = new QCheckBox(texts::OpenReadOnly.toString(), this);
-        readOnlyBox_->setChecked(flags_ & file_dialog_flag::ReadOnly);
+        readOnlyBox_->setChecked(flags_ & ui::file_dialog_flag::ReadOnly);
         // Rows of the grid are where the dialog lays out its own fields.
         if (auto *grid = qobject_cast<QGridLayout *>(layout()))
             grid->addWidget(readOnlyBox_, grid->rowCount(), 0, 1, -1);
@@ -248,24 +248,24 @@ private:
 
     /// Tells the user why not, or asks, as the flags want it.
     bool mayChoose(const QString &path) {
-        using namespace file_dialog_flag;
+        using namespace ui::file_dialog_flag;
         const bool exists = runtime::fileKind(path) != runtime::FileKind::Missing;
         const QString folder = path.left(path.lastIndexOf(u'/') + 1);
         if (flags_ & FileMustExist && !exists) {
-            showMessage(texts::FileNotFound.toString().arg(path), message_style::Exclamation,
-                        windowTitle());
+            ui::showMessage(texts::FileNotFound.toString().arg(path),
+                            ui::message_style::Exclamation, windowTitle());
             return false;
         }
         if (flags_ & PathMustExist && runtime::fileKind(folder) != runtime::FileKind::Folder) {
-            showMessage(texts::FolderNotFound.toString().arg(path), message_style::Exclamation,
-                        windowTitle());
+            ui::showMessage(texts::FolderNotFound.toString().arg(path),
+                            ui::message_style::Exclamation, windowTitle());
             return false;
         }
         if (acceptMode() == AcceptSave && flags_ & OverwritePrompt && exists)
-            return showMessage(texts::ConfirmOverwrite.toString().arg(path),
-                               message_style::YesNo | message_style::Exclamation |
-                                   message_style::DefaultButton2,
-                               windowTitle()) == message_answer::Yes;
+            return ui::showMessage(texts::ConfirmOverwrite.toString().arg(path),
+                                   ui::message_style::YesNo | ui::message_style::Exclamation |
+                                       ui::message_style::DefaultButton2,
+                                   windowTitle()) == ui::message_answer::Yes;
         return true;
     }
 
@@ -278,11 +278,11 @@ private:
 
 } // namespace
 
-FileDialogResult DesktopDialogs::showOpen(const FileDialogRequest &request) {
+ui::FileDialogResult DesktopDialogs::showOpen(const ui::FileDialogRequest &request) {
     return FileDialog(request, QFileDialog::AcceptOpen).run();
 }
 
-FileDialogResult DesktopDialogs::showSave(const FileDialogRequest &request) {
+ui::FileDialogResult DesktopDialogs::showSave(const ui::FileDialogRequest &request) {
     return FileDialog(request, QFileDialog::AcceptSave).run();
 }
 

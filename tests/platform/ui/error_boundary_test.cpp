@@ -1,9 +1,8 @@
 #include "platform/runtime/error.h"
+#include "platform/ui/dialogs.h"
+#include "platform/ui/error_boundary.h"
+#include "platform/ui/message_box.h"
 #include "tests/support/scripted_dialogs.h"
-#include "view/controls/error_boundary.h"
-#include "view/controls/message_box.h"
-
-#include <QEvent>
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -12,7 +11,7 @@
 #include <utility>
 
 using namespace quillon;
-using namespace quillon::controls;
+using namespace quillon::ui;
 
 namespace {
 
@@ -85,16 +84,13 @@ TEST(ErrorBoundary, IgnoresErrorsSilentlyWhereTold) {
     EXPECT_TRUE(script.messages.empty());
 }
 
-TEST(Application, GoesOnAfterAHandlerThatThrows) {
-    struct Thrower : QObject {
-        bool event(QEvent *) override { runtime::raise(57); }
-    } thrower;
-    test::ScriptedDialogs script;
-    script.answerMessage(message_answer::Ok);
-    QEvent event(QEvent::User);
-    EXPECT_FALSE(QCoreApplication::sendEvent(&thrower, &event));
-    ASSERT_EQ(script.messages.size(), 1u);
-    EXPECT_EQ(script.messages[0].text, QStringLiteral("デバイスの入出力エラーが発生しました。"));
+TEST(Dialogs, AQuestionWithoutAnyoneToAskEndsTheProgram) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const auto askNobody = [] {
+        setDialogs(nullptr);
+        guarded([] { runtime::raise(53); });
+    };
+    EXPECT_DEATH(askNobody(), "No dialogs are in force");
 }
 
 } // namespace

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/ui/dialogs.h"
+
+namespace quillon::controls {
+
+/// The dialogs on the user's screen.
+class DesktopDialogs : public ui::Dialogs {
+public:
+    int showMessage(const QString &text, int style, const QString &title) override;
+    QString inputText(const QString &prompt) override;
+    ui::FileDialogResult showOpen(const ui::FileDialogRequest &request) override;
+    ui::FileDialogResult showSave(const ui::FileDialogRequest &request) override;
+    std::optional<ui::FontChoice> chooseFont(const ui::FontChoice &present) override;
+};
+
+/// Gives Qt's own dialogs and context menus their Japanese texts. Call once, between making the
+/// application object and the first window. False when those texts are not installed; Qt then
+/// speaks English.
+bool installDialogTexts();
+
+} // namespace quillon::controls
