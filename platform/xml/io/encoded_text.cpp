@@ -1,7 +1,6 @@
 #include "platform/xml/io/encoded_text.h"
 
 #include <algorithm>
-#include <ranges>
 
 namespace quillon::xml {
 
@@ -26,22 +25,35 @@ DecodedBytes decode(const Encoder &encoder, const std::string &lead, std::string
     return result;
 }
 
+/// The shortest beginning of a stretch's bytes whose text `isEnough`, which holds for all longer
+/// ones, too; all bytes when there is none.
+template <typename Predicate>
+std::size_t shortestLength(const Encoder &encoder, const OriginalBytes &original,
+                           const Predicate &isEnough) {
+    const std::string_view bytes = original.bytes;
+    std::size_t from = 0;
+    std::size_t to = bytes.size();
+    while (from < to) {
+        const std::size_t middle = from + (to - from) / 2;
+        if (isEnough(decode(encoder, original.lead, bytes.substr(0, middle)).utf8))
+            to = middle;
+        else
+            from = middle + 1;
+    }
+    return from;
+}
+
 /// The length of the beginning of a stretch's bytes that is `end` bytes of text.
 std::size_t lengthUpTo(const Encoder &encoder, const OriginalBytes &original, std::size_t end) {
-    const std::string_view bytes = original.bytes;
-    return *std::ranges::partition_point(
-        std::views::iota(std::size_t(0), bytes.size()), [&](std::size_t length) {
-            return decode(encoder, original.lead, bytes.substr(0, length)).utf8.size() < end;
-        });
+    return shortestLength(encoder, original,
+                          [&](const std::string &utf8) { return utf8.size() >= end; });
 }
 
 /// The same together with the escape sequences that follow, up to the next character.
 std::size_t lengthBefore(const Encoder &encoder, const OriginalBytes &original, std::size_t start) {
     const std::string_view bytes = original.bytes;
-    const std::size_t tooLong = *std::ranges::partition_point(
-        std::views::iota(std::size_t(0), bytes.size()), [&](std::size_t length) {
-            return decode(encoder, original.lead, bytes.substr(0, length)).utf8.size() <= start;
-        });
+    const std::size_t tooLong = shortestLength(
+        encoder, original, [&](const std::string &utf8) { return utf8.size() > start; });
     return decode(encoder, original.lead, bytes.substr(0, std::max<std::size_t>(tooLong, 1) - 1))
         .length;
 }
