@@ -22,3 +22,7 @@ if(QUILLON_SANITIZE)
         -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)
 endif()
+# What libFuzzer learns from; the targets themselves are linked with it in fuzz/.
+if(QUILLON_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
