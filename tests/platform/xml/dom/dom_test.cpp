@@ -102,6 +102,33 @@ TEST(Dom, WhiteSpaceBetweenMarkupIsContentOnlyWhereItIsPreserved) {
     EXPECT_EQ(parsed("<a>&#32;</a>").node().text(), " ");
 }
 
+/// The number of children of each element, in document order.
+void countChildren(const Node &element, std::vector<int> &counts) {
+    counts.push_back(element.childNodes().length());
+    for (Node child = element.firstChild(); child; child = child.nextSibling()) {
+        if (child.nodeType() == NodeType::Element)
+            countChildren(child, counts);
+    }
+}
+
+TEST(Dom, WhatAnElementSaysOfWhiteSpaceEndsWithIt) {
+    const struct {
+        const char *text;
+        std::vector<int> counts;
+    } cases[] = {
+        {"<r> <a xml:space='preserve'> <b/> </a> <c> <d/> </c> </r>", {2, 3, 0, 1, 0}},
+        {"<r> <a xml:space='preserve'/> <c> <d/> </c> </r>", {2, 0, 1, 0}},
+        {"<r xml:space='preserve'> <a xml:space='default'> <b/> </a> </r>", {3, 1, 0}},
+        {"<r xml:space='preserve'><a xml:space='default'/> <c> </c></r>", {3, 0, 1}},
+        {"<r><a xml:space='preserve'><b xml:space='default'> <c/></b> </a> </r>", {1, 2, 1, 0}},
+    };
+    for (const auto &c : cases) {
+        std::vector<int> counts;
+        countChildren(parsed(c.text).documentElement(), counts);
+        EXPECT_EQ(counts, c.counts) << c.text;
+    }
+}
+
 TEST(Dom, MarkupOfNodesMadeHere) {
     DOMDocument40 d = DOMDocument40::create();
     Node e = d.createElement("p:e");

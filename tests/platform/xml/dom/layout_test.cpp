@@ -120,6 +120,20 @@ TEST(Layout, ChildrenMovedToANewElementKeepTheirLines) {
     EXPECT_EQ(xml(d), "<r>\n\t<n>\n\t\t<b/>\n\n\t\t<c/>\n\t</n>\n</r>");
 }
 
+TEST(Layout, ACopyHasTheLayoutOfItsEnd) {
+    DOMDocument40 d = parsed("<r>\n  <a/>\n</r>");
+    const Node a = find(d, "a");
+    a.appendChild(d.createElement("b"));
+    const std::string filled = "<a>\n    <b/>\n  </a>";
+    EXPECT_EQ(xml(a), filled);
+    EXPECT_EQ(xml(a.cloneNode(true)), filled);
+    EXPECT_EQ(xml(DOMDocument40::create().setDocumentElement(a.cloneNode(true))), filled);
+    EXPECT_EQ(xml(d.clone()), "<r>\n  " + filled + "\n</r>");
+    // Appended behind it, the copy stands like it.
+    d.documentElement().appendChild(a.cloneNode(true));
+    EXPECT_EQ(xml(d), "<r>\n  " + filled + "\n  " + filled + "\n</r>");
+}
+
 TEST(Layout, ARenamedElementKeepsItsForm) {
     const struct {
         const char *before;

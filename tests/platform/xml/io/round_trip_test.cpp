@@ -175,6 +175,29 @@ TEST(RoundTrip, OneEditChangesItsOwnBytesOnly) {
     }
 }
 
+TEST(RoundTrip, NewLinesAreThoseOfTheFile) {
+    const Files files;
+    for (const std::string end : {"\r", "\n", "\r\n"}) {
+        const auto lines = [&](const std::string &text) {
+            std::string out;
+            for (const char c : text)
+                out += c == '\n' ? end : std::string(1, c);
+            return out;
+        };
+        DOMDocument40 document = DOMDocument40::create();
+        ASSERT_TRUE(document.load(files.write("in.xml", lines("<r>\n  <a>x\ny</a>\n</r>\n"))));
+        const Node root = document.documentElement();
+        EXPECT_EQ(root.text(), "x\ny");
+        EXPECT_EQ(xml(document), "<r>\n  <a>x\ny</a>\n</r>\n");
+        root.appendChild(document.createElement("b"));
+        root.firstChild().firstChild().setText("1\r2\n3");
+        root.appendChild(document.createComment("c\nd"));
+        document.save(files.path("out.xml"));
+        EXPECT_EQ(files.read("out.xml"),
+                  lines("<r>\n  <a>1\n2\n3</a>\n  <b/>\n  <!--c\nd-->\n</r>\n"));
+    }
+}
+
 TEST(Encoding, WhatTheEncodingCannotHoldIsReferredToOrRefused) {
     const Files files;
     const std::string old = "<?xml version='1.0' encoding='Shift_JIS'?><a/>";
