@@ -72,8 +72,9 @@ void Editor::wireModifications() {
 }
 
 void Editor::wireHistory() {
-    connect(&history, &edit::UndoHistory::undoButtonChanged, &recovery,
-            &recovery::CrashRecovery::documentChanged);
+    const auto changed = &recovery::CrashRecovery::documentChanged;
+    connect(&history, &edit::UndoHistory::recorded, &recovery, changed);
+    connect(&history, &edit::UndoHistory::moved, &recovery, changed);
 }
 
 void Editor::wireTree(controls::TreeView &tvw) {

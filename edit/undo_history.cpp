@@ -80,8 +80,7 @@ void UndoHistory::ResetUndoHistory() {
     info->setNodeKey(tvw_.nodes().Item(1).Key());
     info->setSelectedNode(selection_.GetSelectedDOMNode().number());
     m_Undo->Action(std::move(info));
-    Q_EMIT undoButtonChanged(false);
-    Q_EMIT redoButtonChanged(false);
+    Q_EMIT moved();
 }
 
 void UndoHistory::TakeSnapshot() {
@@ -95,9 +94,7 @@ void UndoHistory::TakeSnapshot() {
         info->setSelectedNode(documentNumber(selected, builder_.registry()));
     }
     history().Action(std::move(info));
-    // The redo button stays as it is although nothing can be redone now: buttons do not flicker
-    // while one types, and pressing it finds out.
-    Q_EMIT undoButtonChanged(true);
+    Q_EMIT recorded();
 }
 
 void UndoHistory::restore(const clsUndoInfo &info, quint32 changed) {
@@ -164,17 +161,15 @@ void UndoHistory::UndoCommand() {
     const clsUndoRedo::Info left = history().current();
     if (const auto info = history().Undo())
         restore(*info, left->selectedNode());
-    Q_EMIT buttonsChanged(selection_.buttonsFor(selection_.GetSelectedDOMNode()));
-    Q_EMIT undoButtonChanged(CanUndo());
-    Q_EMIT redoButtonChanged(true);
+    Q_EMIT selectionRestored();
+    Q_EMIT moved();
 }
 
 void UndoHistory::RedoCommand() {
     if (const auto info = history().Redo())
         restore(*info, info->selectedNode());
     // The selection's buttons are left as they are; only undoing sets them.
-    Q_EMIT redoButtonChanged(CanRedo());
-    Q_EMIT undoButtonChanged(true);
+    Q_EMIT moved();
 }
 
 } // namespace quillon::edit

@@ -32,11 +32,12 @@ public:
     clsUndoRedo::Info current() const { return m_Undo ? m_Undo->current() : nullptr; }
 
 Q_SIGNALS:
-    /// The enabled states of the toolbar's buttons.
-    void undoButtonChanged(bool enabled);
-    void redoButtonChanged(bool enabled);
-    /// The buttons that depend on the selection are to be set anew.
-    void buttonsChanged(const tree::ClipboardButtons &buttons);
+    /// A state has been recorded.
+    void recorded();
+    /// Another state is the present one: the history starts anew, or has gone a step back or forth.
+    void moved();
+    /// A step back may have selected another node.
+    void selectionRestored();
 
 private:
     clsUndoRedo &history();

@@ -156,9 +156,6 @@ inline constexpr QStringView DocumentTypeInUse =
     u"ドキュメントの中で実体 %1 が参照されているため、\n文書型宣言を削除できません。";
 inline constexpr QStringView EntityReferenceStays = u"実体 %1 の参照は移動できません。";
 
-// An entry of the tree's context menu that no menu of the menu bar has.
-inline constexpr QStringView AddAttributeToParent = u"親要素に属性を追加(&P)";
-
 // Search.
 inline constexpr QStringView FindPrompt = u"検索する文字列を入力してください。";
 

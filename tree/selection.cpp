@@ -44,9 +44,9 @@ void Selection::ShowNode(const TreeItem &item, bool selectIt) {
         return;
     if (!keepsText)
         fillPane(item, node);
-    Q_EMIT buttonsChanged(buttonsFor(node));
     if (selectIt && !(tvw_.SelectedItem() == item))
         tvw_.setSelectedItem(item);
+    Q_EMIT nodeShown();
     Q_EMIT statusText(keepsText ? resources::texts::SyntaxError.toString() : QString());
 }
 
@@ -110,15 +110,10 @@ void Selection::fillPane(const TreeItem &item, const Node &node) {
     }
 }
 
-ClipboardButtons Selection::buttonsFor(const Node &node) const {
-    const NodeType kind = node.nodeType();
-    const bool selected = bool(tvw_.SelectedItem()) && kind != NodeType::Document;
-    const bool container = kind == NodeType::Element || kind == NodeType::Document;
-    ClipboardButtons buttons;
-    buttons.copy = selected;
-    buttons.cut = buttons.remove = selected && !state_.m_ReadOnly;
-    buttons.paste = !state_.m_ReadOnly && container && clipboardHasText();
-    return buttons;
+bool Selection::canPasteFromClipboard() const {
+    const NodeType kind = GetSelectedDOMNode().nodeType();
+    const bool isContainer = kind == NodeType::Element || kind == NodeType::Document;
+    return !state_.m_ReadOnly && isContainer && clipboardHasText();
 }
 
 } // namespace quillon::tree

@@ -13,14 +13,6 @@
 
 namespace quillon::tree {
 
-/// Which of the toolbar's clipboard buttons apply to the node shown.
-struct ClipboardButtons {
-    bool copy = false;
-    bool cut = false;
-    bool remove = false;
-    bool paste = false;
-};
-
 /// Makes a tree item the current one: its path in the path box, its content in the edit pane.
 class Selection : public QObject {
     Q_OBJECT
@@ -49,15 +41,16 @@ public:
     xml::Node GetDOMNode(const items::TreeItem &item) const;
     xml::Node GetSelectedDOMNode() const;
 
-    /// Which buttons apply to a node while the tree has its present selection.
-    ClipboardButtons buttonsFor(const xml::Node &node) const;
+    /// Whether the clipboard holds text that may be inserted at the selected node.
+    bool canPasteFromClipboard() const;
 
     /// Whether the clipboard holds text.
     std::function<bool()> clipboardHasText;
 
 Q_SIGNALS:
     void statusText(const QString &text);
-    void buttonsChanged(const ClipboardButtons &buttons);
+    /// An item has been shown, and selected where that was asked for.
+    void nodeShown();
     /// The user has given up text in the pane that does not parse.
     void unparsedTextGivenUp();
 

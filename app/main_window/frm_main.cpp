@@ -1,5 +1,6 @@
 #include "app/main_window/frm_main.h"
 
+#include "app/main_window/command_table.h"
 #include "platform/ui/error_boundary.h"
 #include "resources/texts.h"
 
@@ -34,37 +35,24 @@ constexpr int PathTopTwips = 30;
 } // namespace
 
 frmMain::frmMain(Surroundings surroundings)
-    : tbr(new QToolBar(this)), tbrMove(new QToolBar(tbr)), picPath(new QWidget(tbr)),
-      cboPath(new controls::PathBox(picPath)), vsp(new QSplitter(Qt::Horizontal, this)),
-      hsp(new QSplitter(Qt::Vertical)), tvw(new controls::TreeView), txtEdit(new controls::TextBox),
-      ie(new browser::Browser), sbr(new QLabel), validationButton_(new QPushButton) {
+    : actions_(menuEntries()), tbr(new QToolBar(this)), tbrMove(new QToolBar(tbr)),
+      picPath(new QWidget(tbr)), cboPath(new controls::PathBox(picPath)),
+      vsp(new QSplitter(Qt::Horizontal, this)), hsp(new QSplitter(Qt::Vertical)),
+      tvw(new controls::TreeView), txtEdit(new controls::TextBox), ie(new browser::Browser),
+      sbr(new QLabel), validationButton_(new QPushButton) {
     setAttribute(Qt::WA_DeleteOnClose);
     menus_ = std::make_unique<controls::ActionMenus>(actions_, *menuBar());
     editor_ =
         std::make_unique<Editor>(std::move(surroundings), *tvw, *txtEdit, *cboPath, *ie, longWork_);
     // Nodes are moved within the tree; in the pane they would be typing.
     txtEdit->refuseDropsOf(tree::NodeFormat);
-    // What is being typed into a caption belongs to the document that the command is about.
-    actions_.beforeCommand = [this] { tvw->EndLabelEdit(); };
-    actions_.mayRun = [this](QStringView command) {
-        if (!needsPane(command))
-            return true;
-        // What was typed is the latest step, so giving it up is all that is undone.
-        const bool isUndone = command == u"mnuEditUndo" && editor_->selection.hasUnparsedText();
-        return editor_->selection.mayLeavePane() && !isUndone;
-    };
+    connectCommands();
     treeKeys_ = std::make_unique<TreeKeys>(*tvw, *editor_, actions_);
     keepHandle();
     layOut();
     nameForAccessibility();
-    connectFileCommands();
-    connectEditCommands();
-    connectViewCommands();
-    connectNodeCommands();
-    connectToolCommands();
-    connectPreview();
-    connectContextMenu();
     connectButtons();
+    connectWindow();
     Form_Initialize();
     Form_Load();
 }
@@ -118,9 +106,10 @@ void frmMain::fillToolBar() {
     tbr->setMovable(false);
     tbr->setContextMenuPolicy(Qt::PreventContextMenu);
     tbr->setIconSize(QSize(20, 20));
-    actions_.fillToolBar(*tbr);
+    actions_.fillToolBar(*tbr, 0, LastMainGroup);
+    tbr->addSeparator();
     tbrMove->setIconSize(tbr->iconSize());
-    actions_.fillMoveToolBar(*tbrMove);
+    actions_.fillToolBar(*tbrMove, LastMainGroup + 1, LastMainGroup + 1);
     tbr->addWidget(tbrMove);
 
     auto *column = new QVBoxLayout(picPath);

@@ -23,6 +23,8 @@ class QToolBar;
 
 namespace quillon::app {
 
+struct CommandRow;
+
 /// The main window. It puts the controls together, connects the subsystems to them and holds no
 /// logic of theirs. It deletes itself when it has been closed.
 class frmMain : public QMainWindow {
@@ -40,7 +42,11 @@ public:
     /// are kept for the next start.
     void endSession();
 
+    void mnuToolOption_Click();
+    void mnuWindowTileH_Click();
+
     Editor &editor() { return *editor_; }
+    items::TreeItem selectedItem() const { return tvw->SelectedItem(); }
     controls::ActionSet &actions() { return actions_; }
 
 protected:
@@ -63,31 +69,27 @@ private:
     void fillToolBar();
     void nameForAccessibility();
 
-    /// Whether a command changes what the pane shows or sends the document away, so that text in
-    /// the pane that does not parse must be asked about. The commands on files ask for themselves.
-    static bool needsPane(QStringView command);
-    /// Enables a command while a document is open.
-    controls::ActionSet::Enabled hasDocument() const;
-    void connectFileCommands();
-    void connectEditCommands();
-    void connectViewCommands();
-    void connectNodeCommands();
-    void connectToolCommands();
-    void connectPreview();
-    void connectContextMenu();
+    void connectCommands();
     void connectButtons();
+    void connectWindow();
+    /// Runs a command unless the user keeps text in the pane that it would take away.
+    void runCommand(const CommandRow &row);
+    /// Sets the buttons that go by some news, of `button_news`.
+    void setButtons(unsigned news);
 
     settings::Placement placement() const;
     void place(const settings::Placement &placement);
     void takeFont(const QString &name, qint16 size);
-    void mnuToolOption_Click();
     void showExternalEditors();
     void showRecentFiles();
+    void showTreeMenu(const QPoint &position);
     void showValidationErrors();
+    void showFaultyNode(const xml::Node &node);
 
+    void showCaption(QString caption);
     void showStatus(const QString &text);
-    void enableDocumentButtons(bool enabled);
-    void enableClipboardButtons(const tree::ClipboardButtons &buttons);
+    /// Shows that there is no document any more.
+    void clear();
     QString handle() const;
 
     /// Where the splitters are to stand once there is a window to split, in pixels.

@@ -1,7 +1,6 @@
 #include "app/main_window/tree_keys.h"
 
-#include "platform/ui/error_boundary.h"
-#include "resources/actions.h"
+#include "app/main_window/command_table.h"
 
 #include <QKeyEvent>
 #include <QKeySequence>
@@ -9,9 +8,6 @@
 namespace quillon::app {
 
 namespace {
-
-constexpr QStringView CutCommand = u"mnuEditCut";
-constexpr QStringView DeleteCommand = u"mnuEditDelete";
 
 QKeySequence keyOf(const QKeyEvent &event) {
     const Qt::KeyboardModifiers modifiers =
@@ -21,7 +17,7 @@ QKeySequence keyOf(const QKeyEvent &event) {
 
 } // namespace
 
-TreeKeys::TreeKeys(controls::TreeView &tvw, Editor &editor, controls::ActionSet &actions)
+TreeKeys::TreeKeys(controls::TreeView &tvw, const Editor &editor, controls::ActionSet &actions)
     : tvw_(tvw), editor_(editor), actions_(actions) {
     tvw_.installEventFilter(this);
 }
@@ -36,7 +32,7 @@ bool TreeKeys::eventFilter(QObject *watched, QEvent *event) {
 
 bool TreeKeys::tvw_KeyDown(const QKeyEvent &event) {
     if (event.key() == Qt::Key_Delete) {
-        actions_.run(DeleteCommand);
+        actions_.run(u"mnuEditDelete");
         return true;
     }
     const QKeySequence key = keyOf(event);
@@ -45,21 +41,12 @@ bool TreeKeys::tvw_KeyDown(const QKeyEvent &event) {
         Q_EMIT tvw_.customContextMenuRequested(tvw_.visualRect(tvw_.currentIndex()).bottomLeft());
         return true;
     }
-    if (key == QKeySequence(Qt::SHIFT | Qt::Key_F3)) {
-        search::CaptionSearch &search = editor_.captionSearch;
-        ui::guarded([&] {
-            if (!search.pattern().isEmpty())
-                search.SearchBackward(tvw_.SelectedItem(), search.pattern());
-        });
-        return true;
-    }
-    for (const resources::ActionEntry &entry : resources::actionTable()) {
-        if (entry.keyContext != resources::KeyContext::Tree || entry.key.isEmpty() ||
-            key != QKeySequence(entry.key.toString(), QKeySequence::PortableText))
+    for (const CommandRow &row : commandTable()) {
+        if (row.entry.keyContext != controls::KeyContext::Tree ||
+            key != QKeySequence(row.entry.key.toString(), QKeySequence::PortableText))
             continue;
-        // Cutting makes no test of its own, and a read-only document is not to be changed.
-        if (entry.name != CutCommand || !editor_.state.m_ReadOnly)
-            actions_.run(entry.name);
+        if (!row.treeKeyEnabled || row.treeKeyEnabled(editor_))
+            actions_.run(row.entry.name);
         return true;
     }
     return false;

@@ -15,7 +15,7 @@ class TreeKeys : public QObject {
     Q_OBJECT
 
 public:
-    TreeKeys(controls::TreeView &tvw, Editor &editor, controls::ActionSet &actions);
+    TreeKeys(controls::TreeView &tvw, const Editor &editor, controls::ActionSet &actions);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -26,7 +26,7 @@ private:
     bool tvw_KeyDown(const QKeyEvent &event);
 
     controls::TreeView &tvw_;
-    Editor &editor_;
+    const Editor &editor_;
     controls::ActionSet &actions_;
 };
 

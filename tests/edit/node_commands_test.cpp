@@ -381,8 +381,8 @@ TEST_F(NodeCommandsTest, TheContextMenuBelongsToTheItemUnderIt) {
     EXPECT_EQ(txtEdit().Text(), "1");
     menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
     ASSERT_TRUE(menu);
-    QAction *toParent = menu->findChild<QAction *>("AddAttributeToParent");
-    ASSERT_TRUE(toParent);
+    QAction *toParent = form->actions().action(u"AddAttributeToParent");
+    EXPECT_EQ(menu->actions().last(), toParent);
     EXPECT_TRUE(toParent->isVisible());
     EXPECT_FALSE(form->actions().action(u"mnuNodeAddElement")->isEnabled());
     toParent->trigger();

@@ -13,40 +13,32 @@ namespace quillon::controls {
 
 using ui::guarded;
 
-namespace {
-
-using resources::ActionEntry;
-using resources::ActionKind;
-
-constexpr QStringView nodeMenu = u"mnuNode";
-
-} // namespace
-
 ActionMenus::ActionMenus(ActionSet &actions, QMenuBar &bar)
     : QObject(&bar), actions_(actions), bar_(bar) {
-    std::map<QStringView, QMenu *> menus;
-    for (const ActionEntry &entry : resources::actionTable()) {
-        QAction *action = actions_.action(entry.name);
-        if (entry.kind == ActionKind::Menu)
-            menus[entry.name] = addMenu(entry.name);
-        if (entry.menu.isEmpty())
+    for (const ActionRow &row : actions_.rows()) {
+        QAction *action = actions_.action(row.name);
+        QMenu *menu = row.menu.isEmpty() ? nullptr : actions_.action(row.menu)->menu();
+        if (row.kind == ActionKind::Menu || row.kind == ActionKind::ContextMenu)
+            addMenu(row);
+        if (row.kind == ActionKind::ContextMenu) {
+            // Opening it asks for the states of the entries that it repeats, too.
+            action->menu()->addActions(menu->actions());
+            makeStatesFollow(*action->menu(), row.menu);
+        } else if (menu) {
+            menu->addAction(action);
+        } else if (row.kind == ActionKind::Menu) {
             bar_.addAction(action);
-        else
-            menus.at(entry.menu)->addAction(action);
-        if (entry.kind == ActionKind::Array)
-            arrays_[entry.name] = {menus.at(entry.menu), {action}, {}};
+        }
+        if (row.kind == ActionKind::Array)
+            arrays_[row.name] = {menu, {action}, {}};
     }
-    contextMenu_ = new QMenu(&bar_);
-    contextMenu_->addActions(menus.at(nodeMenu)->actions());
-    makeStatesFollow(*contextMenu_, nodeMenu);
 }
 
-QMenu *ActionMenus::addMenu(QStringView name) {
+void ActionMenus::addMenu(const ActionRow &row) {
     auto *menu = new QMenu(&bar_);
-    actions_.action(name)->setMenu(menu);
-    opening_[name];
-    makeStatesFollow(*menu, name);
-    return menu;
+    actions_.action(row.name)->setMenu(menu);
+    opening_[row.name];
+    makeStatesFollow(*menu, row.name);
 }
 
 void ActionMenus::makeStatesFollow(const QMenu &menu, QStringView name) {

@@ -14,7 +14,7 @@ class QMenuBar;
 
 namespace quillon::controls {
 
-/// The menus of one window, made from the table of actions.
+/// The menus of one window, made from the rows of its set of actions.
 class ActionMenus : public QObject {
     Q_OBJECT
 
@@ -29,7 +29,8 @@ public:
     /// Receives the element's index in its control array, and its tag.
     using RunElement = std::function<void(int index, const QString &tag)>;
 
-    /// Fills a menu bar, which becomes the parent. The set of actions must outlive this object.
+    /// Fills a menu bar, which becomes the parent, and makes the context menus. Each menu is its
+    /// action's menu(). The set of actions must outlive this object.
     ActionMenus(ActionSet &actions, QMenuBar &bar);
 
     /// Has a function run each time a menu opens, ahead of the `enabled` functions of its entries;
@@ -47,10 +48,6 @@ public:
     void setElements(QStringView array, const std::vector<Element> &elements, RunElement run,
                      int first);
 
-    /// The menu of a tree item: the entries of the Node menu, and opening it asks the same
-    /// functions.
-    QMenu *contextMenu() const { return contextMenu_; }
-
 private:
     struct Array {
         QMenu *menu = nullptr;
@@ -59,7 +56,7 @@ private:
         RunElement run;
     };
 
-    QMenu *addMenu(QStringView name);
+    void addMenu(const ActionRow &row);
     void makeStatesFollow(const QMenu &menu, QStringView name);
     void opens(QStringView menu);
     QAction *addElement(QStringView name);
@@ -68,7 +65,6 @@ private:
 
     ActionSet &actions_;
     QMenuBar &bar_;
-    QMenu *contextMenu_ = nullptr;
     std::map<QStringView, std::vector<std::function<void()>>> opening_;
     std::map<QStringView, Array> arrays_;
 };

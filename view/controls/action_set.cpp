@@ -5,8 +5,10 @@
 #include <QAction>
 #include <QIcon>
 #include <QKeySequence>
+#include <QMenu>
 #include <QToolBar>
 
+#include <algorithm>
 #include <utility>
 
 namespace quillon::controls {
@@ -15,90 +17,62 @@ using ui::guarded;
 
 namespace {
 
-using resources::ActionEntry;
-using resources::ActionKind;
-using resources::KeyContext;
-using resources::ToolBarItem;
-
 /// What a button is called: its tool-tip without the key.
-QString buttonName(const ToolBarItem &item) {
-    const qsizetype key = item.toolTip.indexOf(u'(');
-    return (key < 0 ? item.toolTip : item.toolTip.first(key)).toString();
+QString buttonName(const ToolButton &button) {
+    const qsizetype key = button.toolTip.indexOf(u'(');
+    return (key < 0 ? button.toolTip : button.toolTip.first(key)).toString();
 }
 
-void setKey(QAction &action, const ActionEntry &entry) {
-    const bool inCaption = entry.caption.contains(u'\t');
-    if (entry.key.isEmpty() || inCaption)
+bool isMenu(const ActionRow &row) {
+    return row.kind == ActionKind::Menu || row.kind == ActionKind::ContextMenu;
+}
+
+void setKey(QAction &action, const ActionRow &row) {
+    const bool inCaption = row.caption.contains(u'\t');
+    if (row.key.isEmpty() || inCaption)
         return;
-    action.setShortcut(QKeySequence(entry.key.toString(), QKeySequence::PortableText));
+    action.setShortcut(QKeySequence(row.key.toString(), QKeySequence::PortableText));
     // The context of an action that stands in menus alone, so the key is shown and does nothing.
-    if (entry.keyContext != KeyContext::Window)
+    if (row.keyContext != KeyContext::Window)
         action.setShortcutContext(Qt::WidgetShortcut);
 }
 
 } // namespace
 
-ActionSet::ActionSet(QObject *parent) : QObject(parent) {
-    for (const ActionEntry &entry : resources::actionTable())
-        addCommand(entry);
-    for (const auto items : {resources::mainToolBarTable(), resources::moveToolBarTable()}) {
-        for (const ToolBarItem &item : items) {
-            if (!item.placeholder)
-                addButton(item);
-        }
-    }
+ActionSet::ActionSet(std::vector<ActionRow> rows, QObject *parent)
+    : QObject(parent), rows_(std::move(rows)) {
+    for (const ActionRow &row : rows_)
+        addCommand(row);
 }
 
-void ActionSet::addCommand(const ActionEntry &entry) {
-    Command &command = commands_[entry.name];
-    command.name = entry.name;
+void ActionSet::addCommand(const ActionRow &row) {
+    Command &command = commands_[row.name];
     command.action = new QAction(this);
     QAction &action = *command.action;
-    action.setObjectName(entry.name.toString());
-    action.setVisible(entry.visible);
-    if (entry.kind == ActionKind::Separator) {
+    action.setObjectName(row.name.toString());
+    action.setVisible(row.visible);
+    if (row.kind == ActionKind::Separator) {
         action.setSeparator(true);
         return;
     }
-    action.setText(entry.caption.toString());
-    if (entry.kind == ActionKind::Menu)
+    action.setText(row.caption.toString());
+    if (isMenu(row))
         return;
     action.setEnabled(false);
-    action.setCheckable(entry.checkable);
-    action.setChecked(entry.checked);
-    if (!entry.icon.isEmpty())
-        action.setIcon(QIcon(entry.icon.toString()));
-    setKey(action, entry);
-    connect(&action, &QAction::triggered, this, [this, &command] {
-        guarded([&] {
-            if (beforeCommand)
-                beforeCommand();
-            if (!command.enabled || command.enabled())
-                runIfAllowed(command);
-        });
-    });
+    action.setCheckable(row.checkable);
+    action.setChecked(row.checked);
+    setKey(action, row);
+    connect(&action, &QAction::triggered, this,
+            [this, &command] { trigger(command, command.enabled); });
 }
 
-void ActionSet::addButton(const ToolBarItem &item) {
-    Button &button = buttons_[item.key];
-    const QIcon icon(QStringLiteral(":/icons/toolbar/%1.svg").arg(item.key));
-    button.action = new QAction(icon, buttonName(item), this);
-    button.action->setObjectName(item.key.toString());
-    button.action->setToolTip(item.toolTip.toString());
-    button.action->setEnabled(item.enabled);
-    connect(button.action, &QAction::triggered, this, [this, &button] {
-        guarded([&] {
-            if (beforeCommand)
-                beforeCommand();
-            if (button.run)
-                button.run();
-        });
+void ActionSet::trigger(const Command &command, const Enabled &enabled) const {
+    guarded([&] {
+        if (beforeCommand)
+            beforeCommand();
+        if (command.run && (!enabled || enabled()))
+            command.run();
     });
-    if (!item.action.isEmpty()) {
-        Command &command = commands_.at(item.action);
-        button.run = [this, &command] { runIfAllowed(command); };
-        button.canRun = [&command] { return command.run != nullptr; };
-    }
 }
 
 QAction *ActionSet::action(QStringView name) const {
@@ -109,65 +83,74 @@ void ActionSet::connectAction(QStringView name, Run run, Enabled enabled) {
     Command &command = commands_.at(name);
     command.run = std::move(run);
     command.enabled = std::move(enabled);
-    command.action->setEnabled(command.run != nullptr);
+    command.action->setEnabled(command.run || command.action->menu());
+    for (const auto &[key, button] : buttons_) {
+        if (button.command == &command)
+            button.action->setEnabled(command.run && !command.enabled);
+    }
 }
 
 void ActionSet::run(QStringView name) {
-    guarded([&] { runIfAllowed(commands_.at(name)); });
-}
-
-void ActionSet::runIfAllowed(const Command &command) const {
-    if (command.run && (!mayRun || mayRun(command.name)))
-        command.run();
+    const Command &command = commands_.at(name);
+    guarded([&] {
+        if (command.run)
+            command.run();
+    });
 }
 
 void ActionSet::showStates(QStringView menu) {
-    for (const ActionEntry &entry : resources::actionTable()) {
-        const Command &command = commands_.at(entry.name);
-        if (entry.menu != menu || !command.run || !command.enabled)
+    for (const ActionRow &row : rows_) {
+        const Command &command = commands_.at(row.name);
+        if (row.menu != menu || !command.enabled)
             continue;
         bool enabled = false;
         guarded([&] { enabled = command.enabled(); });
         command.action->setEnabled(enabled);
+        if (row.hidesWhenDisabled)
+            command.action->setVisible(enabled);
         // Its access key goes to the entry that shares it.
         if (!enabled)
-            command.action->setText(entry.caption.toString().remove(u'&'));
+            command.action->setText(row.caption.toString().remove(u'&'));
     }
 }
 
 void ActionSet::acceptKeys(QStringView menu) {
-    for (const ActionEntry &entry : resources::actionTable()) {
-        const Command &command = commands_.at(entry.name);
-        if (entry.menu != menu || entry.kind == ActionKind::Menu)
+    for (const ActionRow &row : rows_) {
+        const Command &command = commands_.at(row.name);
+        if (row.menu != menu || isMenu(row))
             continue;
         command.action->setEnabled(command.run != nullptr);
-        if (entry.kind == ActionKind::Command)
-            command.action->setText(entry.caption.toString());
+        if (row.kind == ActionKind::Command)
+            command.action->setText(row.caption.toString());
     }
 }
 
-void ActionSet::fillToolBar(QToolBar &bar) {
-    fill(bar, resources::mainToolBarTable());
+void ActionSet::addButton(QStringView name, const ToolButton &row) {
+    const Command &command = commands_.at(name);
+    Button &button = buttons_[row.key];
+    button.row = row;
+    button.command = &command;
+    const QIcon icon(QStringLiteral(":/icons/toolbar/%1.svg").arg(row.key));
+    command.action->setIcon(icon);
+    button.action = new QAction(icon, buttonName(row), this);
+    button.action->setObjectName(row.key.toString());
+    button.action->setToolTip(row.toolTip.toString());
+    button.action->setEnabled(command.run && !command.enabled);
+    connect(button.action, &QAction::triggered, this, [this, &command] { trigger(command, {}); });
 }
 
-void ActionSet::fillMoveToolBar(QToolBar &bar) {
-    fill(bar, resources::moveToolBarTable());
-}
-
-void ActionSet::fill(QToolBar &bar, std::span<const ToolBarItem> items) {
-    for (const ToolBarItem &item : items) {
-        if (item.startsGroup)
+void ActionSet::fillToolBar(QToolBar &bar, int firstGroup, int lastGroup) {
+    std::map<std::pair<int, int>, QAction *> places;
+    for (const auto &[key, button] : buttons_) {
+        if (button.row.group >= firstGroup && button.row.group <= lastGroup)
+            places[{button.row.group, button.row.position}] = button.action;
+    }
+    int group = places.empty() ? 0 : places.begin()->first.first;
+    for (const auto &[place, action] : places) {
+        if (std::exchange(group, place.first) != place.first)
             bar.addSeparator();
-        if (!item.placeholder)
-            bar.addAction(buttons_.at(item.key).action);
+        bar.addAction(action);
     }
-}
-
-void ActionSet::connectToolButton(QStringView key, Run run) {
-    Button &button = buttons_.at(key);
-    button.run = std::move(run);
-    button.canRun = [] { return true; };
-    button.action->setEnabled(true);
 }
 
 bool ActionSet::toolButtonEnabled(QStringView key) const {
@@ -175,8 +158,8 @@ bool ActionSet::toolButtonEnabled(QStringView key) const {
 }
 
 void ActionSet::setToolButtonEnabled(QStringView key, bool enabled) {
-    Button &button = buttons_.at(key);
-    button.action->setEnabled(enabled && button.canRun());
+    const Button &button = buttons_.at(key);
+    button.action->setEnabled(enabled && button.command->run);
 }
 
 } // namespace quillon::controls

@@ -1,0 +1,219 @@
+#include "tests/support/editor_window.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMenu>
+
+namespace quillon::test {
+
+namespace {
+
+using xml::NodeType;
+
+const QByteArray Sample = "<!DOCTYPE r [<!ENTITY e 'x'>]><r><a k='1'>t<![CDATA[d]]>&e;"
+                          "<!--c--><?p i?><b/></a><z/></r>";
+
+/// What is selected, in the order of the columns below.
+enum Column {
+    NoDocument,
+    NewDocument,
+    DocumentItem,
+    Root,
+    Element,
+    Attribute,
+    Text,
+    CData,
+    EntityReference,
+    Comment,
+    Instruction,
+    Doctype,
+    Columns
+};
+
+enum class ReadOnly { Same, Never };
+
+struct States {
+    const char *name;
+    /// A column for each of the above; a dot where the command does not apply.
+    const char *applies;
+    /// What becomes of that in a read-only document.
+    ReadOnly readOnly = ReadOnly::Same;
+};
+
+constexpr auto Always = "############";
+constexpr auto WithDocument = ".###########";
+constexpr auto NotAtFirst = "............";
+constexpr auto WithNode = "...#########";
+constexpr auto InElement = "...##.......";
+constexpr auto AheadOfNode = "...##.######";
+
+constexpr States MenuStates[] = {
+    {"mnuFileNew", Always},
+    {"mnuFileOpen", Always},
+    {"mnuFileReload", "..##########"},
+    {"mnuFileSave", WithDocument},
+    {"mnuFileSaveAs", WithDocument},
+    {"mnuFilePrint", WithDocument},
+    {"mnuFilePrintTree", WithDocument},
+    {"mnuFileClose", WithDocument},
+    {"mnuFileQuit", Always},
+    {"mnuEditUndo", NotAtFirst},
+    {"mnuEditRedo", NotAtFirst},
+    {"mnuEditUndoAll", NotAtFirst},
+    {"mnuEditCut", WithNode, ReadOnly::Never},
+    {"mnuEditCopy", WithNode},
+    {"mnuEditPaste", InElement, ReadOnly::Never},
+    {"mnuEditDelete", WithNode, ReadOnly::Never},
+    {"mnuEditRename", WithNode, ReadOnly::Never},
+    {"mnuEditFind", WithDocument},
+    {"mnuEditFindNext", WithDocument},
+    {"mnuViewLock", Always},
+    {"mnuNodeCollapse", ".####......."},
+    {"mnuNodeExpand", ".####......."},
+    {"mnuViewText", Always},
+    {"mnuViewFont", Always},
+    {"mnuNodeMoveUp", ".......####.", ReadOnly::Never},
+    {"mnuNodeMoveDown", "....#.#####.", ReadOnly::Never},
+    {"mnuNodeAddElement", ".#.##.......", ReadOnly::Never},
+    {"mnuNodeAddAttribute", InElement, ReadOnly::Never},
+    {"mnuNodeAddText", InElement, ReadOnly::Never},
+    {"mnuNodeAddComment", InElement, ReadOnly::Never},
+    {"mnuNodeAddCDATA", InElement, ReadOnly::Never},
+    {"mnuNodeInsElement", AheadOfNode, ReadOnly::Never},
+    {"mnuNodeInsText", AheadOfNode, ReadOnly::Never},
+    {"mnuNodeInsComment", AheadOfNode, ReadOnly::Never},
+    {"mnuNodeInsCDATA", AheadOfNode, ReadOnly::Never},
+    {"mnuNodeDelete", WithNode, ReadOnly::Never},
+    {"mnuToolSelXSL", WithDocument},
+    {"mnuToolPreview", WithDocument},
+    {"mnuToolPreviewSel", WithDocument},
+    {"mnuToolPrevHTML", Always},
+    {"mnuToolPreviewSync", Always},
+    {"mnuToolVerifyNew", WithDocument},
+    {"mnuToolVerify", WithDocument},
+    {"mnuToolSend", WithDocument},
+    {"mnuToolRemoveText", WithDocument, ReadOnly::Never},
+    {"mnuToolOpenEditor", WithDocument},
+    {"mnuToolOption", Always},
+    {"mnuWindowTileH", Always},
+    {"mnuHelpReadme", Always},
+    {"mnuHelpAbout", Always},
+};
+
+/// With text on the clipboard. Unlike its menu entry, "paste" takes the document item, too.
+constexpr States ButtonStates[] = {
+    {"new", Always},
+    {"open", Always},
+    {"save", WithDocument},
+    {"print", WithDocument},
+    {"preview", WithDocument},
+    {"cut", WithNode, ReadOnly::Never},
+    {"copy", WithNode},
+    {"paste", ".####.......", ReadOnly::Never},
+    {"delete", WithNode, ReadOnly::Never},
+    {"find", WithDocument},
+    {"undo", NotAtFirst},
+    {"redo", NotAtFirst},
+    {"verify", WithDocument},
+    {"move", Always},
+};
+
+class CommandStates : public EditorWindow {
+protected:
+    CommandStates() {
+        QGuiApplication::clipboard()->setText("text");
+        // Without an editor its menu is hidden.
+        const system::SettingsStore store(path("settings.ini"));
+        store.SaveSetting("Programs", "Name0", "editor");
+        store.SaveSetting("Programs", "Path0", "/usr/bin/editor");
+        form.reset();
+        form = std::make_unique<app::frmMain>(app::Surroundings{folder.path(), store, {}});
+    }
+
+    QAction &action(QStringView name) { return *form->actions().action(name); }
+
+    /// Brings the window into the state of a column.
+    void show(Column column) {
+        if (column == NoDocument)
+            return editor().commands.ClearStatus();
+        if (column == NewDocument) {
+            editor().commands.mnuFileNew_Click();
+            return select("#document");
+        }
+        dialogs.answerMessage(1);
+        open(Sample);
+        editor().builder.ExpandSubtree(tvw().nodes().Item(1));
+        selectColumn(column);
+    }
+    void selectColumn(Column column) {
+        static const std::map<Column, NodeType> kinds{
+            {DocumentItem, NodeType::Document},
+            {Attribute, NodeType::Attribute},
+            {Text, NodeType::Text},
+            {CData, NodeType::CDATASection},
+            {EntityReference, NodeType::EntityReference},
+            {Comment, NodeType::Comment},
+            {Instruction, NodeType::ProcessingInstruction},
+            {Doctype, NodeType::DocumentType},
+        };
+        if (column == EntityReference)
+            dialogs.answerMessage(1);
+        if (column == Element)
+            return select("a");
+        if (column == Root) {
+            const auto root = state().m_DOM.documentElement();
+            return editor().selection.ShowNode(editor().builder.itemOf(root), true);
+        }
+        items::Nodes &nodes = tvw().nodes();
+        for (int i = 1; i <= nodes.Count(); ++i) {
+            const xml::NodeType kind = editor().selection.GetDOMNode(nodes.Item(i)).nodeType();
+            if (kind == kinds.at(column))
+                return editor().selection.ShowNode(nodes.Item(i), true);
+        }
+        FAIL() << "no node for column " << column;
+    }
+    /// The name of every entry that is enabled when its menu has opened.
+    std::set<QString> enabledEntries() {
+        std::set<QString> enabled;
+        for (const char *name :
+             {"mnuFile", "mnuEdit", "mnuView", "mnuNode", "mnuTool", "mnuWindow", "mnuHelp"}) {
+            QMenu &menu = *action(QString(name)).menu();
+            Q_EMIT menu.aboutToShow();
+            for (const QAction *entry : menu.actions()) {
+                if (entry->isEnabled())
+                    enabled.insert(entry->objectName());
+            }
+            Q_EMIT menu.aboutToHide();
+        }
+        return enabled;
+    }
+    void check(Column column, bool readOnly) {
+        const auto expected = [&](const States &row) {
+            return row.applies[column] == '#' && !(readOnly && row.readOnly == ReadOnly::Never);
+        };
+        const std::set<QString> entries = enabledEntries();
+        for (const States &row : MenuStates)
+            EXPECT_EQ(entries.count(row.name) == 1, expected(row)) << row.name;
+        for (const States &row : ButtonStates)
+            EXPECT_EQ(button(QString(row.name)), expected(row)) << row.name;
+    }
+};
+
+TEST_F(CommandStates, FollowTheNodeSelected) {
+    for (int column = NoDocument; column < Columns; ++column) {
+        SCOPED_TRACE(column);
+        show(Column(column));
+        check(Column(column), false);
+    }
+    for (int column = DocumentItem; column < Columns; ++column) {
+        SCOPED_TRACE(column);
+        show(Column(column));
+        state().m_ReadOnly = true;
+        selectColumn(Column(column));
+        check(Column(column), true);
+    }
+}
+
+} // namespace
+
+} // namespace quillon::test
