@@ -4,24 +4,12 @@
 
 namespace quillon::document {
 
-namespace {
-
-constexpr int MaxRead = 10;
-
-QString section() {
-    return QStringLiteral("MRU");
-}
-
-QString keyOf(qsizetype position) {
-    return QStringLiteral("File%1").arg(position);
-}
-
-} // namespace
+using settings::RecentFileList;
 
 QStringList RecentFiles::read() const {
     QStringList files;
-    for (int i = 1; i <= MaxRead; ++i) {
-        const QString path = store_.GetSetting(section(), keyOf(i));
+    for (int i = 0; i < RecentFileList.most; ++i) {
+        const QString path = RecentFileList.read(store_, i);
         if (path.isEmpty())
             break;
         if (runtime::isRegularFile(path) && !files.contains(path, Qt::CaseInsensitive))
@@ -32,7 +20,7 @@ QStringList RecentFiles::read() const {
 
 void RecentFiles::write(const QStringList &files) const {
     for (qsizetype i = 0; i < files.size(); ++i)
-        store_.SaveSetting(section(), keyOf(i + 1), files[i]);
+        RecentFileList.write(store_, i, files[i]);
 }
 
 void RecentFiles::add(const QString &path) const {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/system/settings_store.h"
+#include "settings/settings_table.h"
 
 #include <QStringList>
 
@@ -9,8 +9,8 @@ namespace quillon::document {
 /// The list of recently opened files, most recent first. It is read and written on demand.
 class RecentFiles {
 public:
-    /// Ten that are read, and the one that has pushed the last of them out.
-    static constexpr int MaxWritten = 11;
+    /// Those that are read, and the one that has pushed the last of them out.
+    static constexpr int MaxWritten = settings::RecentFileList.most + 1;
 
     explicit RecentFiles(const system::SettingsStore &store) : store_(store) {}
 

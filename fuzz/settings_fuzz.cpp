@@ -17,7 +17,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     };
     settings.load(placement);
     require(settings.fontSize >= 1, "a font has a size");
-    require(settings.editors.size() <= settings::MostExternalEditors, "the editors have a bound");
+    require(settings.editors.size() <= std::size_t(settings::EditorNames.most),
+            "the editors have a bound");
     settings.save(placement, true);
     settings.saveEditors();
 

@@ -209,10 +209,6 @@ inline constexpr QStringView RecentFilesToBeCleared = u"OK を押すと一覧を
 inline constexpr QStringView ClearRecentFiles = u"一覧を消去(&C)";
 inline constexpr QStringView ClearRecentFilesName = u"最近使ったファイルの一覧を消去";
 
-// The font of the edit pane and the tree until another is chosen.
-inline constexpr QStringView DefaultFontName = u"MS UI Gothic";
-inline constexpr int DefaultFontSize = 10;
-
 // Failures that carry no Japanese description of their own. %1 is what the failure says of itself.
 inline constexpr QStringView UnexpectedError = u"予期しないエラーが発生しました。\n%1";
 inline constexpr QStringView UnknownError = u"原因不明のエラーが発生しました。";

@@ -14,7 +14,4 @@ struct ExternalEditor {
     bool operator==(const ExternalEditor &) const = default;
 };
 
-/// No more of them are remembered.
-inline constexpr int MostExternalEditors = 11;
-
 } // namespace quillon::settings

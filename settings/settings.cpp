@@ -6,7 +6,6 @@
 #include "resources/texts.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace quillon::settings {
 
@@ -14,69 +13,80 @@ namespace texts = resources::texts;
 
 namespace {
 
-const QString FontSection = QStringLiteral("Font");
-const QString WindowSection = QStringLiteral("Application");
-const QString EditorSection = QStringLiteral("Programs");
-
-QString numbered(const char *word, int number) {
-    return QLatin1String(word) + QString::number(number);
-}
-
-/// The keys of a placement in the order in which they are read.
-constexpr std::pair<const char *, int Placement::*> PlacementKeys[] = {
-    {"Left", &Placement::left},           {"Top", &Placement::top},
-    {"Width", &Placement::width},         {"Height", &Placement::height},
-    {"SplitLeft", &Placement::splitLeft}, {"SplitTop", &Placement::splitTop},
+/// One function for every type of value.
+template <typename... Functions>
+struct ByType : Functions... {
+    using Functions::operator()...;
 };
+
+/// Puts the defaults in place.
+void initialize(Values &values) {
+    for (const SettingRow &row : settingTable()) {
+        std::visit(ByType{
+                       [&](QString Values::*at) { values.*at = row.initial.toString(); },
+                       [&](qint16 Values::*at) { values.*at = row.initial.toShort(); },
+                       [&](bool Values::*at) { values.*at = row.initial != u"0"; },
+                       [](int Placement::*) {},
+                   },
+                   row.value);
+    }
+}
 
 } // namespace
 
-Settings::Settings(const system::SettingsStore &store)
-    : fontName(texts::DefaultFontName.toString()), fontSize(texts::DefaultFontSize), store_(store) {
+Settings::Settings(const system::SettingsStore &store) : store_(store) {
+    initialize(*this);
 }
 
-template <typename Number>
-void Settings::read(const QString &section, const QString &key, Number &value) const {
-    const QString text = store_.GetSetting(section, key);
-    // The default, a place on a wide desktop for one, need not fit what can be stored.
-    if (text.isEmpty())
-        return;
+QString Settings::text(const SettingRow &row) const {
+    return store_.GetSetting(row.section.toString(), row.key.toString(), row.initial.toString());
+}
+
+void Settings::tell(const SettingRow &row, const QString &value, const QString &fault) const {
+    if (report)
+        report(texts::BrokenSetting.toString().arg(row.section, row.key, value, fault));
+}
+
+std::optional<qint16> Settings::number(const SettingRow &row) const {
+    const QString stored = text(row);
+    if (stored.isEmpty())
+        return {};
     try {
-        value = runtime::toInteger(text);
+        const qint16 value = runtime::toInteger(stored);
+        if (value >= row.least)
+            return value;
+        tell(row, QString::number(value),
+             resources::runtimeErrorText(runtime::error_number::InvalidProcedureCall));
     } catch (const runtime::Error &error) {
-        if (report)
-            report(texts::BrokenSetting.toString().arg(section, key, text, error.description()));
+        tell(row, stored, error.description());
     }
+    return {};
 }
 
 void Settings::load(Placement &placement) {
-    fontName = store_.GetSetting(FontSection, QStringLiteral("Name"), fontName);
-    read(FontSection, QStringLiteral("Size"), fontSize);
-    if (fontSize < 1) {
-        if (report)
-            report(texts::BrokenSetting.toString().arg(
-                FontSection, QStringLiteral("Size"), QString::number(fontSize),
-                resources::runtimeErrorText(runtime::error_number::InvalidProcedureCall)));
-        fontSize = texts::DefaultFontSize;
+    for (const SettingRow &row : settingTable()) {
+        std::visit(ByType{
+                       [&](QString Values::*at) { this->*at = text(row); },
+                       [&](qint16 Values::*at) { this->*at = number(row).value_or(this->*at); },
+                       [&](bool Values::*at) { this->*at = number(row).value_or(this->*at) != 0; },
+                       [&](int Placement::*at) {
+                           // What it was, on a wide desktop, need not fit what can be stored.
+                           if (const std::optional<qint16> stored = number(row))
+                               placement.*at = *stored;
+                       },
+                   },
+                   row.value);
     }
-    for (const auto &[key, member] : PlacementKeys)
-        read(WindowSection, QLatin1String(key), placement.*member);
-    qint16 isMaximized = 0;
-    read(WindowSection, QStringLiteral("Maximized"), isMaximized);
-    maximized = isMaximized != 0;
     readEditors();
 }
 
 void Settings::readEditors() {
     editors.clear();
-    for (int i = 0; i < MostExternalEditors; ++i) {
-        const ExternalEditor editor{store_.GetSetting(EditorSection, numbered("Name", i)),
-                                    store_.GetSetting(EditorSection, numbered("Path", i))};
+    for (int i = 0; i < EditorNames.most; ++i) {
+        const ExternalEditor editor{EditorNames.read(store_, i), EditorPaths.read(store_, i)};
         if (editor.name.isEmpty() || editor.path.isEmpty())
             return;
-        if (std::any_of(editors.begin(), editors.end(), [&](const ExternalEditor &present) {
-                return present.name == editor.name;
-            })) {
+        if (std::ranges::count(editors, editor.name, &ExternalEditor::name) != 0) {
             if (report)
                 report(texts::DuplicateEditor.toString().arg(editor.name));
             return;
@@ -85,37 +95,44 @@ void Settings::readEditors() {
     }
 }
 
-void Settings::saveEditors() const {
-    writeEditors();
-    for (int i = static_cast<int>(editors.size()); i < MostExternalEditors; ++i) {
-        store_.SaveSetting(EditorSection, numbered("Name", i), QString());
-        store_.SaveSetting(EditorSection, numbered("Path", i), QString());
-    }
-}
-
-void Settings::write(const QString &section, const QString &key, int value) const {
+void Settings::write(const SettingRow &row, int number) const {
     constexpr int Least = std::numeric_limits<qint16>::min();
     constexpr int Most = std::numeric_limits<qint16>::max();
-    store_.SaveSetting(section, key, QString::number(std::clamp(value, Least, Most)));
+    store_.SaveSetting(row.section.toString(), row.key.toString(),
+                       QString::number(std::clamp(number, Least, Most)));
 }
 
 void Settings::save(const Placement &placement, bool isNormal) const {
-    store_.SaveSetting(FontSection, QStringLiteral("Name"), fontName);
-    write(FontSection, QStringLiteral("Size"), fontSize);
-    if (isNormal) {
-        for (const auto &[key, member] : PlacementKeys)
-            write(WindowSection, QLatin1String(key), placement.*member);
+    for (const SettingRow &row : settingTable()) {
+        std::visit(ByType{
+                       [&](QString Values::*at) {
+                           store_.SaveSetting(row.section.toString(), row.key.toString(),
+                                              this->*at);
+                       },
+                       [&](qint16 Values::*at) { write(row, this->*at); },
+                       [&](bool Values::*at) { write(row, this->*at ? -1 : 0); },
+                       [&](int Placement::*at) {
+                           if (isNormal)
+                               write(row, placement.*at);
+                       },
+                   },
+                   row.value);
     }
-    // Truth is -1 where it is stored.
-    write(WindowSection, QStringLiteral("Maximized"), maximized ? -1 : 0);
     writeEditors();
 }
 
+void Settings::saveEditors() const {
+    writeEditors();
+    for (auto i = qsizetype(editors.size()); i < EditorNames.most; ++i) {
+        EditorNames.write(store_, i, QString());
+        EditorPaths.write(store_, i, QString());
+    }
+}
+
 void Settings::writeEditors() const {
-    for (std::size_t i = 0; i < editors.size(); ++i) {
-        const int number = static_cast<int>(i);
-        store_.SaveSetting(EditorSection, numbered("Name", number), editors[i].name);
-        store_.SaveSetting(EditorSection, numbered("Path", number), editors[i].path);
+    for (qsizetype i = 0; i < qsizetype(editors.size()); ++i) {
+        EditorNames.write(store_, i, editors[std::size_t(i)].name);
+        EditorPaths.write(store_, i, editors[std::size_t(i)].path);
     }
 }
 

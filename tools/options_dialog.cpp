@@ -31,7 +31,6 @@ namespace {
 constexpr int UsualWidth = 520;
 /// For the frame of the dialog, and for what else is on a screen.
 constexpr QSize SpaceAround(16, 60);
-constexpr int LargestSize = 144;
 /// The sample shows sizes up to this one without being cut off.
 constexpr int SampleHeight = 56;
 constexpr QColor FaultColor(0xc0, 0x20, 0x20);
@@ -181,7 +180,8 @@ QWidget *OptionsDialog::fontGroup(const Options &present) {
     // The font may be one that is not installed: the name stays all the same.
     font_->setCurrentFont(QFont(present.fontName));
     font_->setEditText(present.fontName);
-    size_->setRange(1, std::max(LargestSize, present.fontSize));
+    const settings::SettingRow &row = settings::settingRow(&settings::Values::fontSize);
+    size_->setRange(row.least, std::max(row.mostOffered, present.fontSize));
     size_->setValue(present.fontSize);
     size_->setSuffix(texts::FontSizeUnit.toString());
     sample_->setFrameStyle(int(QFrame::StyledPanel) | int(QFrame::Sunken));
@@ -268,7 +268,7 @@ void OptionsDialog::enableButtons() {
     const int count = list_->count();
     for (QWidget *control : std::initializer_list<QWidget *>{remove_, name_, program_, browse_})
         control->setEnabled(row >= 0);
-    add_->setEnabled(count < settings::MostExternalEditors);
+    add_->setEnabled(count < settings::EditorNames.most);
     up_->setEnabled(row > 0);
     down_->setEnabled(row >= 0 && row < count - 1);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "settings/external_editor.h"
+#include "settings/settings_table.h"
 
 #include <QDialog>
 #include <QString>
@@ -34,8 +34,6 @@ class OptionsDialog : public QDialog {
     Q_OBJECT
 
 public:
-    /// The settings keep so many external editors.
-
     /// `recentFiles`: how many there are to be cleared.
     OptionsDialog(const Options &present, qsizetype recentFiles, QWidget *parent);
 

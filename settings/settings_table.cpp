@@ -1,0 +1,44 @@
+#include "settings/settings_table.h"
+
+#include <algorithm>
+
+namespace quillon::settings {
+
+namespace {
+
+constexpr SettingRow Rows[] = {
+    {u"Font", u"Name", &Values::fontName, u"MS UI Gothic"},
+    {u"Font", u"Size", &Values::fontSize, u"10", 1, 144},
+    {u"Application", u"Left", &Placement::left},
+    {u"Application", u"Top", &Placement::top},
+    {u"Application", u"Width", &Placement::width},
+    {u"Application", u"Height", &Placement::height},
+    {u"Application", u"SplitLeft", &Placement::splitLeft},
+    {u"Application", u"SplitTop", &Placement::splitTop},
+    {u"Application", u"Maximized", &Values::maximized, u"0"},
+};
+
+QString keyOf(const SettingList &list, qsizetype position) {
+    return list.word.toString() + QString::number(list.first + position);
+}
+
+} // namespace
+
+std::span<const SettingRow> settingTable() {
+    return Rows;
+}
+
+const SettingRow &settingRow(qint16 Values::*value) {
+    return *std::ranges::find(Rows, decltype(SettingRow::value)(value), &SettingRow::value);
+}
+
+QString SettingList::read(const system::SettingsStore &store, qsizetype position) const {
+    return store.GetSetting(section.toString(), keyOf(*this, position));
+}
+
+void SettingList::write(const system::SettingsStore &store, qsizetype position,
+                        const QString &text) const {
+    store.SaveSetting(section.toString(), keyOf(*this, position), text);
+}
+
+} // namespace quillon::settings

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "platform/system/settings_store.h"
+#include "settings/external_editor.h"
+
+#include <QStringView>
+
+#include <limits>
+#include <span>
+#include <variant>
+#include <vector>
+
+namespace quillon::settings {
+
+/// Where the window and its splitters stand, in twips. All are 16-bit numbers in the store, so no
+/// more than 32767 can be kept.
+struct Placement {
+    int left = 0;
+    int top = 0;
+    int width = 0;
+    int height = 0;
+    int splitLeft = 0;
+    int splitTop = 0;
+};
+
+/// What the program goes by.
+struct Values {
+    /// Font of the edit pane, the tree and, by its name, the path box. Size in points.
+    QString fontName;
+    qint16 fontSize = 0;
+    /// The window fills its screen.
+    bool maximized = false;
+    /// At most as many as EditorNames holds, in order.
+    std::vector<ExternalEditor> editors;
+};
+
+/// One setting. In the store all are texts; a truth is -1 or 0.
+struct SettingRow {
+    QStringView section;
+    QStringView key;
+    /// Where its value is, and with that of what type it is.
+    std::variant<QString Values::*, qint16 Values::*, bool Values::*, int Placement::*> value;
+    /// What holds when it is missing, as it would be stored. A placement has none: the window stays
+    /// where it is.
+    QStringView initial = {};
+    /// Of a number. A smaller one in the store is a broken setting.
+    int least = std::numeric_limits<qint16>::min();
+    /// The largest number that the options dialog offers; it keeps a larger one that it finds.
+    int mostOffered = std::numeric_limits<qint16>::max();
+};
+
+/// Every setting with one value, in the order in which they are read and written.
+std::span<const SettingRow> settingTable();
+/// The row of a number, e.g. &Values::fontSize.
+const SettingRow &settingRow(qint16 Values::*value);
+
+/// A list of texts, whose keys are a word and a number.
+struct SettingList {
+    QStringView section;
+    QStringView word;
+    int first;
+    /// So many are read.
+    int most;
+
+    /// Positions count from 0, whatever the first number is. Empty for what is missing.
+    QString read(const system::SettingsStore &store, qsizetype position) const;
+    void write(const system::SettingsStore &store, qsizetype position, const QString &text) const;
+};
+
+inline constexpr SettingList EditorNames{u"Programs", u"Name", 0, 11};
+inline constexpr SettingList EditorPaths{u"Programs", u"Path", 0, 11};
+inline constexpr SettingList RecentFileList{u"MRU", u"File", 1, 10};
+
+} // namespace quillon::settings
