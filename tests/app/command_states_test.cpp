@@ -1,3 +1,4 @@
+#include "app/main_window/command_table.h"
 #include "tests/support/editor_window.h"
 
 #include <QClipboard>
@@ -212,6 +213,90 @@ TEST_F(CommandStates, FollowTheNodeSelected) {
         selectColumn(Column(column));
         check(Column(column), true);
     }
+}
+
+TEST_F(CommandStates, AreKnownOfEveryCommand) {
+    // The hidden menu, which nobody can open, and what has no place in the menu bar.
+    std::set<QString> names{"mnuNodeContextUp", "mnuNodeContextDown", "AddAttributeToParent",
+                            "SearchBackward", "SelectByPath"};
+    std::set<QString> buttons;
+    for (const States &row : MenuStates)
+        names.insert(row.name);
+    for (const States &row : ButtonStates)
+        buttons.insert(row.name);
+    for (const app::CommandRow &row : app::commandTable()) {
+        if (row.entry.kind == controls::ActionKind::Command) {
+            EXPECT_TRUE(names.count(row.entry.name.toString())) << row.entry.name.toUtf8().data();
+        }
+        if (!row.button.key.isEmpty()) {
+            EXPECT_EQ(buttons.erase(row.button.key.toString()), 1u)
+                << row.button.key.toUtf8().data();
+        }
+    }
+    EXPECT_TRUE(buttons.empty());
+}
+
+TEST_F(CommandStates, HoldForKeysAsWell) {
+    dialogs.answerMessage(1);
+    open(Sample);
+    editor().commands.mnuFileClose_Click();
+    for (const app::CommandRow &row : app::commandTable()) {
+        if (row.enabled && row.run && row.entry.keyContext == controls::KeyContext::Window)
+            action(row.entry.name).trigger();
+    }
+    EXPECT_EQ(dialogs.messages.size(), 1u);
+    EXPECT_EQ(dialogs.prompts.size() + dialogs.openRequests.size() + dialogs.saveRequests.size(),
+              0u);
+    EXPECT_FALSE(state().m_DOM);
+}
+
+TEST_F(CommandStates, OfButtonsAreSetByTheirNewsAlone) {
+    dialogs.answerMessage(1);
+    open(Sample);
+    select("a");
+    const auto change = [&] {
+        state().m_DOM.documentElement().setAttribute("n", "1");
+        editor().commands.DocumentModified();
+    };
+    change();
+    EXPECT_TRUE(button(u"undo"));
+    EXPECT_FALSE(button(u"redo"));
+    action(u"mnuEditUndo").trigger();
+    EXPECT_FALSE(button(u"undo"));
+    EXPECT_TRUE(button(u"redo"));
+    // A change leaves the button, and pressing it finds that there is nothing to redo.
+    change();
+    EXPECT_TRUE(button(u"redo"));
+    EXPECT_EQ(enabledEntries().count("mnuEditRedo"), 0u);
+    form->actions().run(u"mnuEditRedo");
+    EXPECT_FALSE(button(u"redo"));
+    EXPECT_TRUE(button(u"undo"));
+
+    // The clipboard is looked at when a node is shown, and after copying.
+    select("z");
+    QGuiApplication::clipboard()->clear();
+    EXPECT_TRUE(button(u"paste"));
+    select("a");
+    EXPECT_FALSE(button(u"paste"));
+    state().m_ReadOnly = true;
+    action(u"mnuEditCopy").trigger();
+    EXPECT_TRUE(button(u"paste")) << "copying does not ask whether the document may be changed";
+    select("z");
+    EXPECT_FALSE(button(u"paste"));
+}
+
+TEST_F(CommandStates, OfAnEmptyWindowThatCouldNotOpenAFile) {
+    dialogs.answerFile({write("broken.xml", "<r>"), 0});
+    dialogs.answerMessage(1);
+    action(u"mnuFileOpen").trigger();
+    EXPECT_FALSE(button(u"save"));
+    EXPECT_EQ(enabledEntries().count("mnuFileSave"), 1u) << "saving says that there is nothing";
+    open("<r/>");
+    EXPECT_TRUE(button(u"save"));
+    EXPECT_TRUE(button(u"verify"));
+    editor().commands.mnuFileClose_Click();
+    for (const States &row : ButtonStates)
+        EXPECT_EQ(button(QString(row.name)), row.applies[NoDocument] == '#') << row.name;
 }
 
 } // namespace

@@ -26,6 +26,7 @@ public:
     QDBusConnection connect(const QString &name) const {
         return QDBusConnection::connectToBus(address_, name);
     }
+    const QString &address() const { return address_; }
     bool runs() const { return !address_.isEmpty(); }
 
 private:

@@ -66,10 +66,13 @@ protected:
             {"save as", [this] { editor().commands.mnuFileSaveAs_Click(); }},
         };
         for (const char *command :
-             {"mnuEditUndo", "mnuEditCut", "mnuEditPaste", "mnuNodeAddElement", "mnuNodeAddText",
-              "mnuNodeInsComment", "mnuNodeMoveDown", "mnuEditDelete", "mnuNodeDelete",
-              "mnuEditRename", "mnuViewText", "mnuToolRemoveText", "mnuToolSend", "mnuFileSave",
-              "mnuFileNew", "mnuFileOpen", "mnuFileReload", "mnuFileClose", "mnuFileQuit"})
+             {"mnuEditUndo",       "mnuEditCut",          "mnuEditPaste",      "mnuNodeAddElement",
+              "mnuNodeAddText",    "mnuNodeAddAttribute", "mnuNodeAddComment", "mnuNodeAddCDATA",
+              "mnuNodeInsElement", "mnuNodeInsText",      "mnuNodeInsCDATA",   "mnuNodeInsComment",
+              "mnuNodeMoveDown",   "mnuEditDelete",       "mnuNodeDelete",     "mnuEditRename",
+              "mnuViewText",       "mnuToolRemoveText",   "mnuToolSend",       "mnuFileSave",
+              "mnuFileNew",        "mnuFileOpen",         "mnuFileReload",     "mnuFileClose",
+              "mnuFileQuit"})
             ways.push_back({command, [this, command] { run(QString(command)); }});
         return ways;
     }

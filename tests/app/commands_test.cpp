@@ -1,0 +1,388 @@
+#include "app/main_window/command_table.h"
+#include "tests/support/editor_window.h"
+#include "tests/support/private_bus.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDBusMessage>
+#include <QDBusVirtualObject>
+#include <QDialog>
+#include <QMenu>
+#include <QMenuBar>
+#include <QRegularExpression>
+#include <QTest>
+#include <QThread>
+#include <QTimer>
+#include <QToolBar>
+
+namespace quillon::test {
+
+namespace {
+
+using controls::ActionKind;
+using controls::KeyContext;
+
+const QByteArray Sample = "<r><a k=\"1\">t</a><b/><c/></r>";
+constexpr int Ok = 1;
+constexpr int Yes = 6;
+constexpr int patienceMs = 60'000;
+
+class RecordingShell : public system::Shell {
+public:
+    void start(const QString &program, const QStringList &arguments) override {
+        started.append(program + ' ' + arguments.join(' '));
+    }
+    void openOnDesktop(const QString &target, const std::function<void()> &) override {
+        started.append(target);
+    }
+    QStringList started;
+};
+
+class Commands : public EditorWindow {
+protected:
+    struct Case {
+        QStringView command;
+        /// Brings about what the command is about, in a window that shows the sample with b
+        /// selected, and queues answers for its dialogs.
+        std::function<void()> prepare;
+        std::function<bool()> hasHappened;
+    };
+
+    Commands() { reopen(); }
+    void reopen() {
+        tvw().EndLabelEdit();
+        form.reset();
+        form = std::make_unique<app::frmMain>(app::Surroundings{
+            folder.path(), system::SettingsStore(path("settings.ini")), {}, shell});
+    }
+    void showSample() {
+        open(Sample);
+        editor().builder.ExpandSubtree(tvw().nodes().Item(1));
+        select("b");
+        editor().options = {};
+    }
+    void show() {
+        showSample();
+        form->show();
+        form->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
+        tvw().setFocus();
+    }
+    void run(QStringView command) {
+        QAction &action = *form->actions().action(command);
+        for (const app::CommandRow &row : app::commandTable()) {
+            if (row.entry.name == command && row.entry.menu.isEmpty())
+                return form->actions().run(command);
+        }
+        action.trigger();
+    }
+    std::function<bool()> makes(const QByteArray &document) {
+        return [this, document] {
+            // What has been made is named first.
+            tvw().EndLabelEdit();
+            return xml() == document;
+        };
+    }
+    void change() {
+        state().m_DOM.documentElement().setAttribute("n", "1");
+        editor().commands.DocumentModified();
+    }
+    QString selected() { return tvw().SelectedItem().Text(); }
+    bool hasPreview() { return !working().filter("preview.").isEmpty(); }
+    void removePreview() {
+        for (const QString &name : working().filter("preview."))
+            QFile::remove(path("Temp/" + name));
+    }
+
+    std::vector<Case> documentCases();
+    std::vector<Case> fileCases();
+    std::vector<Case> viewCases();
+    std::vector<Case> toolCases();
+
+    std::shared_ptr<RecordingShell> shell = std::make_shared<RecordingShell>();
+};
+
+std::vector<Commands::Case> Commands::documentCases() {
+    const QByteArray withoutB = "<r><a k=\"1\">t</a><c/></r>";
+    const QByteArray bUp = "<r><b/><a k=\"1\">t</a><c/></r>";
+    const QByteArray bDown = "<r><a k=\"1\">t</a><c/><b/></r>";
+    const auto inB = [](const QByteArray &made) {
+        return "<r><a k=\"1\">t</a><b>" + made + "</b><c/></r>";
+    };
+    const auto aheadOfB = [](const QByteArray &made) {
+        return "<r><a k=\"1\">t</a>" + made + "<b/><c/></r>";
+    };
+    const auto confirm = [this] { dialogs.answerMessage(Yes); };
+    const auto undone = [this] {
+        change();
+        editor().history.UndoCommand();
+    };
+    return {
+        {u"mnuEditUndo", [this] { change(); }, makes(Sample)},
+        {u"mnuEditRedo", undone, makes("<r n=\"1\"><a k=\"1\">t</a><b/><c/></r>")},
+        {u"mnuEditUndoAll",
+         [=, this] {
+             change();
+             confirm();
+         },
+         makes(Sample)},
+        {u"mnuEditCut", [] {},
+         [=, this] {
+             return xml() == withoutB && QGuiApplication::clipboard()->text() == u"<b/>";
+         }},
+        {u"mnuEditCopy", [] { QGuiApplication::clipboard()->clear(); },
+         [] { return QGuiApplication::clipboard()->text() == u"<b/>"; }},
+        {u"mnuEditPaste", [] { QGuiApplication::clipboard()->setText("<x/>"); },
+         makes(inB("<x/>"))},
+        {u"mnuEditDelete", confirm, makes(withoutB)},
+        {u"mnuEditRename", [] {}, [this] { return tvw().isEditingLabel(); }},
+        {u"mnuNodeMoveUp", [] {}, makes(bUp)},
+        {u"mnuNodeMoveDown", [] {}, makes(bDown)},
+        {u"mnuNodeAddElement", [] {}, makes(inB("<Element1/>"))},
+        {u"mnuNodeAddAttribute", [] {}, makes("<r><a k=\"1\">t</a><b Attribute1=\"\"/><c/></r>")},
+        {u"mnuNodeAddText", [] {}, makes(inB("Text1"))},
+        {u"mnuNodeAddComment", [] {}, makes(inB("<!--Comment1-->"))},
+        {u"mnuNodeAddCDATA", [] {}, makes(inB("<![CDATA[CDATA1]]>"))},
+        {u"mnuNodeInsElement", [] {}, makes(aheadOfB("<Element1/>"))},
+        {u"mnuNodeInsText", [] {}, makes(aheadOfB("Text1"))},
+        {u"mnuNodeInsComment", [] {}, makes(aheadOfB("<!--Comment1-->"))},
+        {u"mnuNodeInsCDATA", [] {}, makes(aheadOfB("<![CDATA[CDATA1]]>"))},
+        {u"mnuNodeDelete", confirm, makes(withoutB)},
+        {u"mnuNodeContextUp", [] {}, makes(bUp)},
+        {u"mnuNodeContextDown", [] {}, makes(bDown)},
+        {u"AddAttributeToParent", [this] { select("t"); },
+         makes("<r><a k=\"1\" Attribute1=\"\">t</a><b/><c/></r>")},
+        {u"mnuToolRemoveText", [this] { dialogs.answerMessage(Ok); },
+         makes("<r><a k=\"\"></a><b/><c/></r>")},
+    };
+}
+
+std::vector<Commands::Case> Commands::fileCases() {
+    const auto answerFile = [this](const QString &name) { dialogs.answerFile({path(name), 0}); };
+    return {
+        {u"mnuFileNew", [] {}, [this] { return state().m_FileName == u"New XML File"; }},
+        {u"mnuFileOpen",
+         [=, this] {
+             write("other.xml", "<other/>");
+             answerFile("other.xml");
+         },
+         makes("<other/>")},
+        {u"mnuFileReload", [this] { write("doc.xml", "<again/>"); }, makes("<again/>")},
+        {u"mnuFileSave", [this] { change(); },
+         [this] { return read("doc.xml").startsWith("<r n=\"1\">"); }},
+        {u"mnuFileSaveAs", [=] { answerFile("copy.xml"); },
+         [this] { return QFile::exists(path("copy.xml")) && read("copy.xml") == Sample; }},
+        {u"mnuFilePrint", [this] { printer.answer(path("preview.pdf")); },
+         [this] { return QFile::exists(path("preview.pdf")); }},
+        {u"mnuFilePrintTree", [this] { printer.answer(path("tree.pdf")); },
+         [this] { return QFile::exists(path("tree.pdf")); }},
+        {u"mnuFileClose", [] {}, [this] { return !state().m_DOM; }},
+        {u"mnuFileQuit", [] {}, [this] { return !form->isVisible(); }},
+    };
+}
+
+std::vector<Commands::Case> Commands::viewCases() {
+    return {
+        {u"mnuEditFind", [this] { dialogs.answerInput("c"); },
+         [this] { return selected() == u"c"; }},
+        {u"mnuEditFindNext",
+         [this] {
+             dialogs.answerInput("[rc]");
+             editor().captionSearch.mnuEditFind_Click();
+             select("b");
+         },
+         [this] { return selected() == u"c"; }},
+        {u"SearchBackward",
+         [this] {
+             dialogs.answerInput("[rc]");
+             editor().captionSearch.mnuEditFind_Click();
+             select("b");
+         },
+         [this] { return selected() == u"r"; }},
+        {u"SelectByPath", [this] { cboPath().setText("/r/c"); },
+         [this] { return selected() == u"c"; }},
+        {u"mnuViewLock", [] {}, [this] { return editor().options.viewLock; }},
+        {u"mnuViewText", [] {}, [this] { return item("k") && !item("k=\"1\""); }},
+        {u"mnuNodeCollapse", [this] { select("r"); },
+         [this] { return expanded() == QStringList("#document"); }},
+        {u"mnuNodeExpand",
+         [this] {
+             editor().builder.CollapseSubtree(tvw().nodes().Item(1));
+             select("r");
+         },
+         [this] { return expanded().contains("a"); }},
+        {u"mnuViewFont",
+         [this] {
+             dialogs.answerFont({"Sans Serif", 14});
+         },
+         [this] { return tvw().font().pointSize() == 14; }},
+    };
+}
+
+std::vector<Commands::Case> Commands::toolCases() {
+    const auto noPreview = [this] { removePreview(); };
+    const auto preview = [this] { return hasPreview(); };
+    const auto chooseSchema = [this] {
+        dialogs.answerFile({write("doc.dtd", "<!ELEMENT r ANY>"), 0});
+        dialogs.answerMessage(Ok);
+    };
+    const auto hasOptions = std::make_shared<bool>(false);
+    const auto hasErrors = [this] { return !editor().validation.errors().empty(); };
+    return {
+        {u"mnuToolSelXSL",
+         [this] {
+             dialogs.answerFile(
+                 {write("style.xsl", "<xsl:stylesheet version='1.0' "
+                                     "xmlns:xsl='http://www.w3.org/1999/XSL/Transform'/>"),
+                  0});
+         },
+         [this] { return working().contains("style.xsl"); }},
+        {u"mnuToolPreview", noPreview, preview},
+        {u"mnuToolPreviewSel", noPreview, preview},
+        {u"mnuToolPrevHTML", noPreview, preview},
+        {u"mnuToolPreviewSync", [] {},
+         [this] {
+             select("b");
+             editor().preview.m_doc_onclick("1.1");
+             return selected() == u"b";
+         }},
+        {u"mnuToolVerifyNew", chooseSchema, hasErrors},
+        {u"mnuToolVerify", chooseSchema, hasErrors},
+        {u"mnuToolSend", [this] { dialogs.answerInput(""); },
+         [this] { return !dialogs.prompts.empty() && dialogs.prompts.back() == u"URL?"; }},
+        {u"mnuToolOption",
+         [=, this] {
+             QTimer::singleShot(0, form.get(), [hasOptions] {
+                 auto *box = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+                 *hasOptions = box && box->windowTitle() == u"オプション";
+                 if (box)
+                     box->reject();
+             });
+         },
+         [hasOptions] { return *hasOptions; }},
+        {u"mnuHelpReadme", [] {},
+         [this] { return shell->started.join(' ').endsWith("readme.txt"); }},
+        {u"mnuHelpAbout", [this] { dialogs.answerMessage(Ok); },
+         [this] {
+             return !dialogs.messages.empty() && dialogs.messages.back().text.contains("Version");
+         }},
+    };
+}
+
+TEST_F(Commands, DoWhatTheySay) {
+    std::set<QStringView> tested{u"mnuWindowTileH"};
+    for (const auto &cases : {documentCases(), fileCases(), viewCases(), toolCases()}) {
+        for (const Case &one : cases) {
+            SCOPED_TRACE(one.command.toString().toStdString());
+            EXPECT_TRUE(tested.insert(one.command).second);
+            reopen();
+            show();
+            one.prepare();
+            EXPECT_FALSE(one.hasHappened());
+            run(one.command);
+            EXPECT_TRUE(QTest::qWaitFor(one.hasHappened, patienceMs)) << xml().data();
+        }
+    }
+    for (const app::CommandRow &row : app::commandTable()) {
+        const bool isCommand = row.entry.kind == ActionKind::Command;
+        EXPECT_EQ(isCommand, tested.count(row.entry.name) == 1)
+            << row.entry.name.toString().toStdString();
+        EXPECT_EQ(isCommand, row.run != nullptr) << row.entry.name.toString().toStdString();
+    }
+}
+
+/// The companion program, in a thread of its own, since the editor waits for its answer.
+class Companion : public QDBusVirtualObject {
+public:
+    QString introspect(const QString &) const override { return {}; }
+    bool handleMessage(const QDBusMessage &message, const QDBusConnection &bus) override {
+        commands.append(message.arguments().value(0).toString());
+        return bus.send(message.createReply());
+    }
+    QStringList commands;
+};
+
+TEST_F(Commands, TilingIsLeftToTheCompanion) {
+    const PrivateBus bus;
+    ASSERT_TRUE(bus.runs());
+    QThread thread;
+    Companion companion;
+    companion.moveToThread(&thread);
+    thread.start();
+    QDBusConnection theirs = bus.connect("companion");
+    ASSERT_TRUE(theirs.registerVirtualObject("/System", &companion));
+    ASSERT_TRUE(theirs.registerService(QLatin1String(system::CompanionBusName)));
+    qputenv("DBUS_SESSION_BUS_ADDRESS", bus.address().toUtf8());
+    reopen();
+    run(u"mnuWindowTileH");
+    qunsetenv("DBUS_SESSION_BUS_ADDRESS");
+    thread.quit();
+    thread.wait();
+    EXPECT_EQ(companion.commands.last(), "TILE_VERTICAL");
+}
+
+TEST_F(Commands, AnswerToTheirKeysAndToNoOther) {
+    show();
+    QString ran;
+    std::set<QKeySequence> keys;
+    for (const app::CommandRow &row : app::commandTable()) {
+        if (row.entry.key.isEmpty() || row.entry.keyContext == KeyContext::WindowManager)
+            continue;
+        SCOPED_TRACE(row.entry.name.toString().toStdString());
+        const QKeySequence key(row.entry.key.toString(), QKeySequence::PortableText);
+        EXPECT_TRUE(keys.insert(key).second) << "in the tree the window's keys work as well";
+        form->actions().connectAction(row.entry.name,
+                                      [&] { ran += row.entry.name.toString() + ' '; });
+        QTest::keyClick(&tvw(), key[0].key(), key[0].keyboardModifiers());
+        EXPECT_EQ(std::exchange(ran, {}), row.entry.name.toString() + " ");
+        if (row.entry.keyContext == KeyContext::Window) {
+            txtEdit().setFocus();
+            QTest::keyClick(&txtEdit(), key[0].key(), key[0].keyboardModifiers());
+            EXPECT_EQ(std::exchange(ran, {}), row.entry.name.toString() + " ");
+            tvw().setFocus();
+        }
+    }
+    EXPECT_EQ(keys.size(), 21u);
+    for (const Qt::KeyboardModifier modifier : {Qt::NoModifier, Qt::ShiftModifier})
+        QTest::keyClick(&tvw(), Qt::Key_Delete, modifier);
+    EXPECT_EQ(ran, "mnuEditDelete mnuEditDelete ");
+}
+
+TEST_F(Commands, HaveTheirPlacesAndAccessKeys) {
+    static const QRegularExpression accessKey("&([^&])");
+    const auto keysOf = [](const QList<QAction *> &entries) {
+        QString keys;
+        for (const QAction *entry : entries) {
+            const auto found = accessKey.match(entry->text());
+            if (entry->isSeparator())
+                keys += '|';
+            else
+                keys += found.hasMatch() ? found.captured(1) : QString('.');
+        }
+        return keys;
+    };
+    const auto menuKeys = [&](QStringView name) {
+        return keysOf(form->actions().action(name)->menu()->actions());
+    };
+    EXPECT_EQ(keysOf(form->menuBar()->actions()), "FEVNTWH.") << "the last one is hidden";
+    EXPECT_EQ(menuKeys(u"mnuFile"), "NOR|SA|PT|M|CX");
+    EXPECT_EQ(menuKeys(u"mnuEdit"), "URA|TCPD|R|FN|L");
+    EXPECT_EQ(menuKeys(u"mnuView"), "CE|T|F");
+    EXPECT_EQ(menuKeys(u"mnuNode"), "UD|EATCD|LXM.|D");
+    EXPECT_EQ(menuKeys(u"mnuTool"), "XPNHY|SV|SC|E|O");
+    EXPECT_EQ(menuKeys(u"mnuWindow"), "H");
+    EXPECT_EQ(menuKeys(u"mnuHelp"), "RA");
+    EXPECT_EQ(menuKeys(u"treeMenu"), menuKeys(u"mnuNode") + "|P");
+    QStringList buttons;
+    for (const char *bar : {"tbr", "tbrMove"}) {
+        for (const QAction *entry : form->findChild<QToolBar *>(bar)->actions())
+            buttons.append(entry->isSeparator() ? QString("|") : entry->objectName());
+    }
+    EXPECT_EQ(buttons.join(' ').simplified(),
+              "new open save | print preview | cut copy paste delete | find | undo redo | verify | "
+              "move");
+}
+
+} // namespace
+
+} // namespace quillon::test
