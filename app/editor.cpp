@@ -11,30 +11,30 @@ Surroundings Surroundings::ofProgram() {
     return {runtime::applicationFolder(), {}, {}, std::make_shared<system::Shell>()};
 }
 
-Editor::Editor(Surroundings given, controls::TreeView &tvw, controls::TextBox &txtEdit,
-               controls::PathBox &cboPath, browser::Browser &ie, ui::LongWork &longWork)
+Editor::Editor(Surroundings given, controls::TextBox &txtEdit, controls::PathBox &cboPath,
+               browser::Browser &ie, ui::LongWork &longWork)
     : surroundings(std::move(given)),
       workingFolder(runtime::workingFolder(surroundings.applicationFolder)),
       recentFiles(surroundings.settings), settings(surroundings.settings), pane(txtEdit),
-      builder(state, options, tvw), removal(builder, tvw), nodeText(state, builder, tvw),
-      dragAndDrop(state, builder, nodeText, removal, tvw),
-      selection(state, options, builder.registry(), tvw, pane, cboPath),
-      labels(state, options, builder, tvw, pane),
-      paneEditing(state, options, builder, removal, labels, selection, tvw, pane),
-      history(state, builder, selection, tvw), creation(state, builder, selection, tvw),
-      nodeCommands(state, builder, removal, nodeText, selection, tvw),
-      captionSearch(tvw, selection),
-      pathQuery(tvw, cboPath, selection, builder.registry(), longWork),
-      preview(state, builder, selection, tvw, ie, workingFolder, longWork,
+      builder(state, options, tree), removal(builder, tree), nodeText(state, builder, tree),
+      dragAndDrop(state, builder, nodeText, removal, tree),
+      selection(state, options, builder.registry(), tree, pane, cboPath),
+      labels(state, options, builder, tree, pane),
+      paneEditing(state, options, builder, removal, labels, selection, tree, pane),
+      history(state, builder, selection, tree), creation(state, builder, selection, tree),
+      nodeCommands(state, builder, removal, nodeText, selection, tree),
+      captionSearch(tree, selection),
+      pathQuery(tree, cboPath, selection, builder.registry(), longWork),
+      preview(state, builder, selection, tree, ie, workingFolder, longWork,
               [this] {
                   return preview::PreviewFont{settings.fontName, settings.fontSize};
               }),
       validation(state, workingFolder, longWork),
       tools(state, builder, *surroundings.shell, longWork),
-      view(state, options, builder, selection, tvw), treePrinting(state, tvw, longWork),
-      loader(state, builder, selection, history, tvw, workingFolder, recentFiles,
+      view(state, options, builder, selection, tree), treePrinting(state, tree, longWork),
+      loader(state, builder, selection, history, tree, workingFolder, recentFiles,
              surroundings.clock, longWork),
-      commands(state, loader, builder, history, tvw, pane, surroundings.applicationFolder),
+      commands(state, loader, builder, history, tree, pane, surroundings.applicationFolder),
       recovery(state, commands, workingFolder, surroundings.clock) {
     commands.beforeOverwriting = [this](const QString &path, std::string_view bytes) {
         recovery.keepForSaving(path, bytes);
@@ -42,7 +42,7 @@ Editor::Editor(Surroundings given, controls::TreeView &tvw, controls::TextBox &t
     wireStatusTexts();
     wireModifications();
     wireHistory();
-    wireTree(tvw);
+    wireTree();
     wirePane(txtEdit);
     wirePreview();
 }
@@ -77,31 +77,29 @@ void Editor::wireHistory() {
     connect(&history, &edit::UndoHistory::moved, &recovery, changed);
 }
 
-void Editor::wireTree(controls::TreeView &tvw) {
+void Editor::wireTree() {
     connect(&dragAndDrop, &tree::DragAndDrop::openFileRequested, &commands,
             &document::DocumentCommands::openUnasked);
     // A drag leaves the item it was dropped on selected. The pane must show that one, and show it
     // anew when the end of the drag has taken the node out of its old place.
-    const auto refill = [this, &tvw] {
-        guarded([&] { selection.RefillPane(tvw.SelectedItem()); });
-    };
+    const auto refill = [this] { guarded([&] { selection.RefillPane(tree.SelectedItem()); }); };
     connect(&dragAndDrop, &tree::DragAndDrop::documentModified, this, refill);
     connect(&tools, &tools::ToolCommands::documentModified, this, refill);
-    connect(&removal, &tree::NodeRemoval::documentModified, this, [this, &tvw, refill] {
-        if (pane.shownSequence == tvw.SelectedItem().sequence())
+    connect(&removal, &tree::NodeRemoval::documentModified, this, [this, refill] {
+        if (pane.shownSequence == tree.SelectedItem().sequence())
             refill();
     });
     connect(&dragAndDrop, &tree::DragAndDrop::loadXmlRequested, &loader,
             &document::DocumentLoader::LoadXML);
-    connect(&tvw, &controls::TreeView::NodeClick, this,
+    connect(&tree, &items::Tree::NodeClick, this,
             [this](const TreeItem &item) { guarded([&] { selection.ShowNode(item, true); }); });
-    tvw.beforeLabelEdit = [this](const TreeItem &) {
+    tree.beforeLabelEdit = [this](const TreeItem &) {
         bool allowed = false;
         guarded([&] { allowed = labels.tvw_BeforeLabelEdit() && selection.mayLeavePane(); });
         return allowed;
     };
-    tvw.labelEditText = [this](const TreeItem &item) { return labels.editorText(item); };
-    tvw.afterLabelEdit = [this](const TreeItem &item, QString &newText) {
+    tree.labelEditText = [this](const TreeItem &item) { return labels.editorText(item); };
+    tree.afterLabelEdit = [this](const TreeItem &item, QString &newText) {
         // An editor that is left with the text it opened with has edited nothing.
         bool accepted = false;
         if (newText != labels.editorText(item))

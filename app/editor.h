@@ -5,6 +5,7 @@
 #include "edit/node_commands.h"
 #include "edit/node_creation.h"
 #include "edit/undo_history.h"
+#include "platform/items/tree.h"
 #include "platform/system/settings_store.h"
 #include "platform/system/shell.h"
 #include "platform/system/working_folder.h"
@@ -47,8 +48,8 @@ class Editor : public QObject {
     Q_OBJECT
 
 public:
-    Editor(Surroundings surroundings, controls::TreeView &tvw, controls::TextBox &txtEdit,
-           controls::PathBox &cboPath, browser::Browser &ie, ui::LongWork &longWork);
+    Editor(Surroundings surroundings, controls::TextBox &txtEdit, controls::PathBox &cboPath,
+           browser::Browser &ie, ui::LongWork &longWork);
 
     const Surroundings surroundings;
     const system::WorkingFolder workingFolder;
@@ -58,6 +59,7 @@ public:
     state::DocumentState state;
     state::ViewOptions options;
 
+    items::Tree tree;
     tree::EditPane pane;
     tree::TreeBuilder builder;
     tree::NodeRemoval removal;
@@ -93,7 +95,7 @@ private:
     void wireStatusTexts();
     void wireModifications();
     void wireHistory();
-    void wireTree(controls::TreeView &tvw);
+    void wireTree();
     void wirePreview();
     void wirePane(controls::TextBox &txtEdit);
 };

@@ -35,10 +35,10 @@ QString caption(const QString &name, QStringView marks) {
 
 DocumentCommands::DocumentCommands(state::DocumentState &state, DocumentLoader &loader,
                                    tree::TreeBuilder &builder, edit::UndoHistory &history,
-                                   controls::TreeView &tvw, tree::EditPane &pane,
+                                   items::Tree &tree, tree::EditPane &pane,
                                    QString applicationFolder)
-    : state_(state), loader_(loader), builder_(builder), history_(history), tvw_(tvw), pane_(pane),
-      applicationFolder_(std::move(applicationFolder)) {
+    : state_(state), loader_(loader), builder_(builder), history_(history), tree_(tree),
+      pane_(pane), applicationFolder_(std::move(applicationFolder)) {
     connect(&loader_, &DocumentLoader::statusUpdateRequested, this,
             &DocumentCommands::UpdateStatus);
     connect(&loader_, &DocumentLoader::replacing, this, &DocumentCommands::leaveDocument);
@@ -82,7 +82,7 @@ void DocumentCommands::mnuFileNew_Click() {
     } else {
         state_.m_DOM = xml::DOMDocument40::create();
         builder_.BuildTree(state_.m_DOM, true);
-        tvw_.setFocus();
+        tree_.setFocus();
         Q_EMIT documentCreated();
         history_.ResetUndoHistory();
     }
@@ -186,7 +186,7 @@ bool DocumentCommands::openRecovered(const QString &path, const QString &name,
 
 void DocumentCommands::openUnasked(const QString &path) {
     // What is being typed into a caption is one of the changes.
-    tvw_.EndLabelEdit();
+    tree_.endLabelEdit();
     const QString shown = initialPath();
     if (!loader_.OpenFile(path) && state_.showsDocument()) {
         suggestedPath_ = shown;
@@ -301,9 +301,9 @@ void DocumentCommands::ClearStatus() {
     state_.m_Modified = state_.m_Opened = state_.m_ReadOnly = false;
     pane_.fillValue(QString());
     pane_.textBox().setLocked(true);
-    tvw_.setTreeVisible(false);
-    tvw_.nodes().Clear();
-    tvw_.setTreeVisible(true);
+    tree_.setTreeVisible(false);
+    tree_.nodes().Clear();
+    tree_.setTreeVisible(true);
     Q_EMIT captionChanged(texts::ApplicationTitle.toString());
     Q_EMIT cleared();
 }

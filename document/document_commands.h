@@ -15,8 +15,8 @@ class DocumentCommands : public QObject {
 
 public:
     DocumentCommands(state::DocumentState &state, DocumentLoader &loader,
-                     tree::TreeBuilder &builder, edit::UndoHistory &history,
-                     controls::TreeView &tvw, tree::EditPane &pane, QString applicationFolder);
+                     tree::TreeBuilder &builder, edit::UndoHistory &history, items::Tree &tree,
+                     tree::EditPane &pane, QString applicationFolder);
 
     void mnuFileNew_Click();
     void mnuFileOpen_Click();
@@ -101,7 +101,7 @@ private:
     DocumentLoader &loader_;
     tree::TreeBuilder &builder_;
     edit::UndoHistory &history_;
-    controls::TreeView &tvw_;
+    items::Tree &tree_;
     tree::EditPane &pane_;
     QString applicationFolder_;
     /// The save dialog has no title of its own: it keeps the one that the dialog last had.

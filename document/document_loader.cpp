@@ -67,10 +67,10 @@ bool liesIn(const QString &folder, const QString &file) {
 
 DocumentLoader::DocumentLoader(state::DocumentState &state, tree::TreeBuilder &builder,
                                tree::Selection &selection, edit::UndoHistory &history,
-                               controls::TreeView &tvw, const system::WorkingFolder &workingFolder,
+                               items::Tree &tree, const system::WorkingFolder &workingFolder,
                                const RecentFiles &recentFiles, runtime::Clock clock,
                                ui::LongWork &longWork)
-    : state_(state), builder_(builder), selection_(selection), history_(history), tvw_(tvw),
+    : state_(state), builder_(builder), selection_(selection), history_(history), tree_(tree),
       workingFolder_(workingFolder), recentFiles_(recentFiles), clock_(std::move(clock)),
       longWork_(longWork) {}
 
@@ -191,16 +191,16 @@ void DocumentLoader::openRecovered(const QString &path) {
 void DocumentLoader::showFromTop() {
     ui::ignoringErrors([this] {
         expandTopLevel();
-        selection_.ShowNode(tvw_.nodes().Item(1), true);
+        selection_.ShowNode(tree_.nodes().Item(1), true);
     });
 }
 
 void DocumentLoader::expandTopLevel() {
-    TreeItem document = tvw_.nodes().Item(1);
+    TreeItem document = tree_.nodes().Item(1);
     document.setExpanded(true);
     for (TreeItem child = document.Child(); child; child = child.Next())
         child.setExpanded(true);
-    tvw_.setFocus();
+    tree_.setFocus();
 }
 
 void DocumentLoader::LoadXML(const QString &xmlText) {

@@ -20,7 +20,7 @@ class DocumentLoader : public QObject {
 
 public:
     DocumentLoader(state::DocumentState &state, tree::TreeBuilder &builder,
-                   tree::Selection &selection, edit::UndoHistory &history, controls::TreeView &tvw,
+                   tree::Selection &selection, edit::UndoHistory &history, items::Tree &tree,
                    const system::WorkingFolder &workingFolder, const RecentFiles &recentFiles,
                    runtime::Clock clock, ui::LongWork &longWork);
 
@@ -69,7 +69,7 @@ private:
     tree::TreeBuilder &builder_;
     tree::Selection &selection_;
     edit::UndoHistory &history_;
-    controls::TreeView &tvw_;
+    items::Tree &tree_;
     const system::WorkingFolder &workingFolder_;
     const RecentFiles &recentFiles_;
     runtime::Clock clock_;

@@ -43,13 +43,13 @@ bool isMovable(const Node &node) {
 
 NodeCommands::NodeCommands(const state::DocumentState &state, tree::TreeBuilder &builder,
                            tree::NodeRemoval &removal, tree::NodeText &nodeText,
-                           tree::Selection &selection, controls::TreeView &tvw)
+                           tree::Selection &selection, items::Tree &tree)
     : state_(state), builder_(builder), removal_(removal), nodeText_(nodeText),
-      selection_(selection), tvw_(tvw) {}
+      selection_(selection), tree_(tree) {}
 
 EditMenuStates NodeCommands::mnuEdit_Click() const {
     const NodeType kind = selection_.GetSelectedDOMNode().nodeType();
-    const bool canCopy = kind != NodeType::Document && tvw_.SelectedItem();
+    const bool canCopy = kind != NodeType::Document && tree_.SelectedItem();
     const bool canChange = !state_.m_ReadOnly && canCopy;
     EditMenuStates states;
     // Unlike the button, this neither looks at the clipboard nor allows the document item: a menu
@@ -63,12 +63,12 @@ EditMenuStates NodeCommands::mnuEdit_Click() const {
 
 NodeMenuStates NodeCommands::mnuNode_Click() const {
     const Node node = selection_.GetSelectedDOMNode();
-    const TreeItem sel = tvw_.SelectedItem();
+    const TreeItem sel = tree_.SelectedItem();
     NodeMenuStates states;
     if (!sel)
         return states;
     states.expand = bool(sel.Child());
-    if (sel == tvw_.nodes().Item(1)) {
+    if (sel == tree_.nodes().Item(1)) {
         states.addElement = !builder_.HasRootElement();
     } else {
         states.addElement = states.addOther = node.nodeType() == NodeType::Element;
@@ -113,25 +113,25 @@ TreeItem NodeCommands::PasteNode(const TreeItem &item) {
 }
 
 void NodeCommands::mnuEditCopy_Click() {
-    CopyNode(tvw_.SelectedItem());
+    CopyNode(tree_.SelectedItem());
     if (!clipboardText().isEmpty() &&
         selection_.GetSelectedDOMNode().nodeType() == NodeType::Element)
         Q_EMIT pasteEnabled();
 }
 
 void NodeCommands::mnuEditCut_Click() {
-    if (!removal_.mayDelete(tvw_.SelectedItem()))
+    if (!removal_.mayDelete(tree_.SelectedItem()))
         return;
-    CopyNode(tvw_.SelectedItem());
-    removal_.DeleteNode(tvw_.SelectedItem());
-    selection_.ShowNode(tvw_.SelectedItem(), true);
+    CopyNode(tree_.SelectedItem());
+    removal_.DeleteNode(tree_.SelectedItem());
+    selection_.ShowNode(tree_.SelectedItem(), true);
 }
 
 void NodeCommands::mnuEditDelete_Click() {
-    const TreeItem item = tvw_.SelectedItem();
+    const TreeItem item = tree_.SelectedItem();
     if (state_.m_ReadOnly || !item)
         return;
-    if (item == tvw_.nodes().Item(1)) {
+    if (item == tree_.nodes().Item(1)) {
         ui::showMessage(resources::messageText(resources::message::RootCannotBeDeleted),
                         style::Exclamation);
         return;
@@ -144,20 +144,20 @@ void NodeCommands::mnuEditDelete_Click() {
             ui::message_answer::Yes)
         return;
     removal_.DeleteNode(item);
-    selection_.ShowNode(tvw_.SelectedItem(), true);
+    selection_.ShowNode(tree_.SelectedItem(), true);
 }
 
 void NodeCommands::mnuEditPaste_Click() {
-    if (!state_.m_ReadOnly && tvw_.SelectedItem())
-        PasteNode(tvw_.SelectedItem());
+    if (!state_.m_ReadOnly && tree_.SelectedItem())
+        PasteNode(tree_.SelectedItem());
 }
 
 void NodeCommands::mnuEditRename_Click() {
-    tvw_.StartLabelEdit();
+    tree_.StartLabelEdit();
 }
 
 void NodeCommands::moveSelected(TreeItem relItem, Relationship relationship) {
-    const TreeItem old = tvw_.SelectedItem();
+    const TreeItem old = tree_.SelectedItem();
     Node copy = selection_.GetSelectedDOMNode();
     if (copy.nodeType() == NodeType::EntityReference) {
         // It cannot be deleted, so there would be two of it.
@@ -170,7 +170,7 @@ void NodeCommands::moveSelected(TreeItem relItem, Relationship relationship) {
         return;
     // Selected first, the node that has moved is what undoing and redoing come back to. The tree
     // scrolls there once, when it has its new shape.
-    tvw_.selectInPlace(newItem);
+    tree_.selectInPlace(newItem);
     removal_.DeleteNode(old);
     newItem.EnsureVisible();
     selection_.ShowNode(newItem, true);
@@ -181,7 +181,7 @@ void NodeCommands::mnuNodeMoveUp_Click() {
     if (!isMovable(node) || !node.previousSibling())
         return;
     // Below a renamed element the items stand in another order than their nodes.
-    const TreeItem previous = tvw_.SelectedItem().Previous();
+    const TreeItem previous = tree_.SelectedItem().Previous();
     if (previous && selection_.GetDOMNode(previous).nodeType() != NodeType::Attribute)
         moveSelected(previous, Relationship::Previous);
 }
@@ -191,12 +191,12 @@ void NodeCommands::mnuNodeMoveDown_Click() {
     if (!isMovable(node) || !node.nextSibling())
         return;
     if (!node.nextSibling().nextSibling()) {
-        moveSelected(tvw_.SelectedItem().Parent(), Relationship::Child);
+        moveSelected(tree_.SelectedItem().Parent(), Relationship::Child);
         return;
     }
     // Ahead of the sibling after the next one.
     int siblings = 0;
-    for (TreeItem item = tvw_.SelectedItem().Next(); item; item = item.Next()) {
+    for (TreeItem item = tree_.SelectedItem().Next(); item; item = item.Next()) {
         if (selection_.GetDOMNode(item).nodeType() == NodeType::Attribute)
             continue;
         if (++siblings == 2) {

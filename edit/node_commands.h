@@ -39,7 +39,7 @@ class NodeCommands : public QObject {
 public:
     NodeCommands(const state::DocumentState &state, tree::TreeBuilder &builder,
                  tree::NodeRemoval &removal, tree::NodeText &nodeText, tree::Selection &selection,
-                 controls::TreeView &tvw);
+                 items::Tree &tree);
 
     EditMenuStates mnuEdit_Click() const;
     NodeMenuStates mnuNode_Click() const;
@@ -75,7 +75,7 @@ private:
     tree::NodeRemoval &removal_;
     tree::NodeText &nodeText_;
     tree::Selection &selection_;
-    controls::TreeView &tvw_;
+    items::Tree &tree_;
 };
 
 } // namespace quillon::edit

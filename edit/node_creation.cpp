@@ -27,8 +27,8 @@ struct HashOfString {
 } // namespace
 
 NodeCreation::NodeCreation(const state::DocumentState &state, tree::TreeBuilder &builder,
-                           tree::Selection &selection, controls::TreeView &tvw)
-    : state_(state), builder_(builder), selection_(selection), tvw_(tvw) {}
+                           tree::Selection &selection, items::Tree &tree)
+    : state_(state), builder_(builder), selection_(selection), tree_(tree) {}
 
 QString NodeCreation::MakeUniqueName(const TreeItem &parentItem, const QString &baseText) const {
     std::unordered_set<QString, HashOfString> taken;
@@ -51,7 +51,7 @@ NodeType NodeCreation::selectedKind() const {
 }
 
 bool NodeCreation::addChild(bool documentToo, Create create, const QString &baseText) {
-    TreeItem item = tvw_.SelectedItem();
+    TreeItem item = tree_.SelectedItem();
     const NodeType kind = selectedKind();
     if (state_.m_ReadOnly || !item ||
         !(kind == NodeType::Element || (documentToo && kind == NodeType::Document)))
@@ -62,14 +62,14 @@ bool NodeCreation::addChild(bool documentToo, Create create, const QString &base
     if (!newItem)
         return false;
     selection_.ShowNode(newItem, true);
-    tvw_.StartLabelEdit();
+    tree_.StartLabelEdit();
     Q_EMIT documentModified();
     return true;
 }
 
 void NodeCreation::insert(Create create, const QString &baseText) {
-    TreeItem item = tvw_.SelectedItem();
-    if (state_.m_ReadOnly || !item || item == tvw_.nodes().Item(1))
+    TreeItem item = tree_.SelectedItem();
+    if (state_.m_ReadOnly || !item || item == tree_.nodes().Item(1))
         return;
     Node node = (state_.m_DOM.*create)(MakeUniqueName(item.Parent(), baseText));
     Relationship relationship = Relationship::Previous;
@@ -77,7 +77,7 @@ void NodeCreation::insert(Create create, const QString &baseText) {
     if (!newItem)
         return;
     selection_.ShowNode(newItem, true);
-    tvw_.StartLabelEdit();
+    tree_.StartLabelEdit();
     Q_EMIT documentModified();
 }
 
@@ -99,7 +99,7 @@ void NodeCreation::mnuNodeAddCDATA_Click() {
 }
 
 void NodeCreation::mnuNodeAddAttribute_Click() {
-    const TreeItem item = tvw_.SelectedItem();
+    const TreeItem item = tree_.SelectedItem();
     if (state_.m_ReadOnly || !item || selectedKind() != NodeType::Element)
         return;
     Node attr = state_.m_DOM.createAttribute(MakeUniqueName(item, AttributeBase));
@@ -108,8 +108,8 @@ void NodeCreation::mnuNodeAddAttribute_Click() {
         return;
     // The label is opened ahead of showing the node, unlike in the other commands; that is meant
     // so.
-    tvw_.setSelectedItem(newItem);
-    tvw_.StartLabelEdit();
+    tree_.setSelectedItem(newItem);
+    tree_.StartLabelEdit();
     selection_.ShowNode(newItem, true);
     Q_EMIT documentModified();
 }
@@ -132,13 +132,13 @@ void NodeCreation::mnuNodeInsCDATA_Click() {
 
 bool NodeCreation::canAddAttributeToParent() const {
     return !state_.m_ReadOnly && selectedKind() != NodeType::Element &&
-           selection_.GetDOMNode(tvw_.SelectedItem().Parent()).nodeType() == NodeType::Element;
+           selection_.GetDOMNode(tree_.SelectedItem().Parent()).nodeType() == NodeType::Element;
 }
 
 void NodeCreation::AddAttributeToParent() {
     if (!canAddAttributeToParent())
         return;
-    tvw_.setSelectedItem(tvw_.SelectedItem().Parent());
+    tree_.setSelectedItem(tree_.SelectedItem().Parent());
     mnuNodeAddAttribute_Click();
 }
 

@@ -15,7 +15,7 @@ class NodeCreation : public QObject {
 
 public:
     NodeCreation(const state::DocumentState &state, tree::TreeBuilder &builder,
-                 tree::Selection &selection, controls::TreeView &tvw);
+                 tree::Selection &selection, items::Tree &tree);
 
     /// The first of baseText1, baseText2, ... that no child item of parentItem shows. Captions
     /// count up to their first "=". Raises Overflow past 32767.
@@ -53,7 +53,7 @@ private:
     const state::DocumentState &state_;
     tree::TreeBuilder &builder_;
     tree::Selection &selection_;
-    controls::TreeView &tvw_;
+    items::Tree &tree_;
 };
 
 } // namespace quillon::edit

@@ -58,8 +58,8 @@ TreeItem replacedChild(const TreeItem &parent, const std::vector<quint32> &befor
 } // namespace
 
 UndoHistory::UndoHistory(state::DocumentState &state, tree::TreeBuilder &builder,
-                         tree::Selection &selection, controls::TreeView &tvw)
-    : state_(state), builder_(builder), selection_(selection), tvw_(tvw) {}
+                         tree::Selection &selection, items::Tree &tree)
+    : state_(state), builder_(builder), selection_(selection), tree_(tree) {}
 
 clsUndoRedo &UndoHistory::history() {
     if (!m_Undo)
@@ -77,7 +77,7 @@ void UndoHistory::ResetUndoHistory() {
     info->setXml(state_.m_DOM);
     // The document item counts as expanded, whatever the tree shows.
     info->AddExpand(static_cast<qint32>(state_.m_DOM.node().number()));
-    info->setNodeKey(tvw_.nodes().Item(1).Key());
+    info->setNodeKey(tree_.nodes().Item(1).Key());
     info->setSelectedNode(selection_.GetSelectedDOMNode().number());
     m_Undo->Action(std::move(info));
     Q_EMIT moved();
@@ -86,10 +86,10 @@ void UndoHistory::ResetUndoHistory() {
 void UndoHistory::TakeSnapshot() {
     auto info = std::make_shared<clsUndoInfo>();
     info->setXml(state_.m_DOM);
-    tvw_.nodes().forEachExpanded([&](const TreeItem &item) {
+    tree_.nodes().forEachExpanded([&](const TreeItem &item) {
         info->AddExpand(static_cast<qint32>(builder_.registry().number(item.sequence())));
     });
-    if (const TreeItem selected = tvw_.SelectedItem()) {
+    if (const TreeItem selected = tree_.SelectedItem()) {
         info->setNodeKey(selected.Key());
         info->setSelectedNode(documentNumber(selected, builder_.registry()));
     }
@@ -100,7 +100,7 @@ void UndoHistory::TakeSnapshot() {
 void UndoHistory::restore(const clsUndoInfo &info, quint32 changed) {
     const std::vector<quint32> path = selectedPath();
     const std::vector<quint32> siblings =
-        childNumbers(tvw_.SelectedItem().Parent(), builder_.registry());
+        childNumbers(tree_.SelectedItem().Parent(), builder_.registry());
     state_.m_DOM = info.xml().clone();
     builder_.BuildTree(state_.m_DOM, false, tree::TreeBuilder::Reason::Changed);
     const std::unordered_set<quint32> expand(info.ExpandIndex().begin(), info.ExpandIndex().end());
@@ -111,10 +111,10 @@ void UndoHistory::restore(const clsUndoInfo &info, quint32 changed) {
     TreeItem changedItem;
     // The lowest item that still shows a node of the path. A document that was replaced whole from
     // the pane has no number in common with the one before, but both are the first item.
-    TreeItem lowest = path.empty() ? TreeItem() : tvw_.nodes().Item(1);
+    TreeItem lowest = path.empty() ? TreeItem() : tree_.nodes().Item(1);
     std::size_t lowestHeight = path.size();
     builder_.registry().forEach([&](quint32 sequence, quint32 number) {
-        const auto item = [&] { return tvw_.nodes().bySequence(sequence); };
+        const auto item = [&] { return tree_.nodes().bySequence(sequence); };
         if (expand.count(number) != 0)
             expanded.push_back(item());
         if (number == changed)
@@ -134,17 +134,17 @@ void UndoHistory::restore(const clsUndoInfo &info, quint32 changed) {
         lowest = replaced ? replaced : lowest;
     }
     if (const TreeItem item = shownAncestor(changedItem ? changedItem : lowest)) {
-        tvw_.setSelectedItem(item);
+        tree_.setSelectedItem(item);
         selection_.RefillPane(item);
     }
-    tvw_.setTreeVisible(true);
-    tvw_.setFocus();
+    tree_.setTreeVisible(true);
+    tree_.setFocus();
     builder_.SyncPreview();
 }
 
 std::vector<quint32> UndoHistory::selectedPath() const {
     std::vector<quint32> path;
-    for (TreeItem item = tvw_.SelectedItem(); item; item = item.Parent())
+    for (TreeItem item = tree_.SelectedItem(); item; item = item.Parent())
         path.push_back(documentNumber(item, builder_.registry()));
     return path;
 }

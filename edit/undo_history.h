@@ -15,7 +15,7 @@ class UndoHistory : public QObject {
 
 public:
     UndoHistory(state::DocumentState &state, tree::TreeBuilder &builder, tree::Selection &selection,
-                controls::TreeView &tvw);
+                items::Tree &tree);
 
     /// Forgets everything; the document as it is now becomes the state to start from.
     void ResetUndoHistory();
@@ -52,7 +52,7 @@ private:
     state::DocumentState &state_;
     tree::TreeBuilder &builder_;
     tree::Selection &selection_;
-    controls::TreeView &tvw_;
+    items::Tree &tree_;
     std::unique_ptr<clsUndoRedo> m_Undo;
 };
 

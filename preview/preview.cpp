@@ -53,10 +53,10 @@ void requireParsed(const DOMDocument40 &document) {
 } // namespace
 
 Preview::Preview(const state::DocumentState &state, tree::TreeBuilder &builder,
-                 tree::Selection &selection, controls::TreeView &tvw, browser::Browser &ie,
+                 tree::Selection &selection, items::Tree &tree, browser::Browser &ie,
                  const system::WorkingFolder &workingFolder, ui::LongWork &longWork,
                  std::function<PreviewFont()> font)
-    : state_(state), builder_(builder), selection_(selection), tvw_(tvw), ie_(ie),
+    : state_(state), builder_(builder), selection_(selection), tree_(tree), ie_(ie),
       workingFolder_(workingFolder), longWork_(longWork), font_(std::move(font)) {
     later_.setSingleShot(true);
     connect(&later_, &QTimer::timeout, this, [this] {
@@ -192,7 +192,7 @@ void Preview::mnuToolPreview_Click() {
 void Preview::mnuToolPreviewSel_Click() {
     Node node = selection_.GetSelectedDOMNode();
     if (node.nodeType() != NodeType::Element && node.nodeType() != NodeType::Document)
-        node = selection_.GetDOMNode(tvw_.SelectedItem().Parent());
+        node = selection_.GetDOMNode(tree_.SelectedItem().Parent());
     ShowPreview(node);
 }
 

@@ -27,7 +27,7 @@ class Preview : public QObject {
 
 public:
     Preview(const state::DocumentState &state, tree::TreeBuilder &builder,
-            tree::Selection &selection, controls::TreeView &tvw, browser::Browser &ie,
+            tree::Selection &selection, items::Tree &tree, browser::Browser &ie,
             const system::WorkingFolder &workingFolder, ui::LongWork &longWork,
             std::function<PreviewFont()> font);
 
@@ -77,7 +77,7 @@ private:
     const state::DocumentState &state_;
     tree::TreeBuilder &builder_;
     tree::Selection &selection_;
-    controls::TreeView &tvw_;
+    items::Tree &tree_;
     browser::Browser &ie_;
     const system::WorkingFolder &workingFolder_;
     ui::LongWork &longWork_;

@@ -12,8 +12,8 @@ namespace quillon::search {
 using items::TreeItem;
 namespace texts = resources::texts;
 
-CaptionSearch::CaptionSearch(controls::TreeView &tvw, tree::Selection &selection)
-    : tvw_(tvw), selection_(selection) {}
+CaptionSearch::CaptionSearch(items::Tree &tree, tree::Selection &selection)
+    : tree_(tree), selection_(selection) {}
 
 void CaptionSearch::mnuEditFind_Click() {
     m_strFind = ui::dialogs().inputText(texts::FindPrompt.toString());
@@ -22,9 +22,9 @@ void CaptionSearch::mnuEditFind_Click() {
 }
 
 void CaptionSearch::mnuEditFindNext_Click() {
-    TreeItem start = tvw_.SelectedItem();
+    TreeItem start = tree_.SelectedItem();
     if (!start)
-        start = tvw_.nodes().Item(1);
+        start = tree_.nodes().Item(1);
     if (!start)
         return;
     if (m_strFind.isEmpty())
@@ -50,7 +50,7 @@ bool CaptionSearch::SearchBackward(const TreeItem &start, const QString &pattern
 }
 
 bool CaptionSearch::search(const TreeItem &start, int step, const QString &pattern) {
-    const items::Nodes &nodes = tvw_.nodes();
+    const items::Nodes &nodes = tree_.nodes();
     const int count = nodes.Count();
     if (count > std::numeric_limits<qint16>::max())
         runtime::raise(runtime::error_number::Overflow);

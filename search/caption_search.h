@@ -1,7 +1,7 @@
 #pragma once
 
+#include "platform/items/tree.h"
 #include "tree/selection.h"
-#include "view/controls/tree_view.h"
 
 #include <QObject>
 
@@ -14,7 +14,7 @@ class CaptionSearch : public QObject {
     Q_OBJECT
 
 public:
-    CaptionSearch(controls::TreeView &tvw, tree::Selection &selection);
+    CaptionSearch(items::Tree &tree, tree::Selection &selection);
 
     /// Asks for a pattern (see runtime::LikePattern) and finds the next item. No entry, which is
     /// also what cancelling gives, forgets the pattern that was there.
@@ -40,7 +40,7 @@ private:
     /// Selects the first match after `start` in steps of +1 or -1, and tells whether there was one.
     bool search(const items::TreeItem &start, int step, const QString &pattern);
 
-    controls::TreeView &tvw_;
+    items::Tree &tree_;
     tree::Selection &selection_;
     QString m_strFind;
 };

@@ -85,10 +85,9 @@ private:
 
 } // namespace
 
-PathQuery::PathQuery(controls::TreeView &tvw, controls::PathBox &cboPath,
-                     tree::Selection &selection, const tree::NodeRegistry &registry,
-                     ui::LongWork &longWork)
-    : tvw_(tvw), cboPath_(cboPath), selection_(selection), registry_(registry),
+PathQuery::PathQuery(items::Tree &tree, controls::PathBox &cboPath, tree::Selection &selection,
+                     const tree::NodeRegistry &registry, ui::LongWork &longWork)
+    : tree_(tree), cboPath_(cboPath), selection_(selection), registry_(registry),
       longWork_(longWork) {}
 
 void PathQuery::SelectByPath() {
@@ -113,7 +112,7 @@ void PathQuery::SelectByPath() {
     const QString query = cboPath_.Text();
     if (!selection_.mayLeavePane())
         return;
-    tvw_.setTreeVisible(false);
+    tree_.setTreeVisible(false);
     // From here on nothing stops the query, so that the tree comes back.
     TreeItem first;
     ui::ignoringErrors([&] { first = mark(matches); });
@@ -121,8 +120,8 @@ void PathQuery::SelectByPath() {
         selection_.ShowNode(first, true);
         first.EnsureVisible();
     });
-    tvw_.setTreeVisible(true);
-    tvw_.setFocus();
+    tree_.setTreeVisible(true);
+    tree_.setFocus();
     Q_EMIT statusText(QString::number(matches.size()) + texts::MatchesFound.toString());
     remember(query);
 }
@@ -132,11 +131,11 @@ Node PathQuery::contextNode() const {
     const NodeType kind = selected.nodeType();
     if (!selected || kind == NodeType::Element || kind == NodeType::Document)
         return selected;
-    return selection_.GetDOMNode(tvw_.SelectedItem().Parent());
+    return selection_.GetDOMNode(tree_.SelectedItem().Parent());
 }
 
 TreeItem PathQuery::mark(const std::vector<Node> &matches) {
-    items::Nodes &nodes = tvw_.nodes();
+    items::Nodes &nodes = tree_.nodes();
     const TreeStore &store = nodes.store();
     nodes.clearBold();
     AncestorExpansion ancestors(nodes);

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "platform/items/tree.h"
 #include "platform/ui/long_work.h"
 #include "tree/node_registry.h"
 #include "tree/selection.h"
 #include "view/controls/path_box.h"
-#include "view/controls/tree_view.h"
 
 #include <QObject>
 
@@ -17,7 +17,7 @@ class PathQuery : public QObject {
     Q_OBJECT
 
 public:
-    PathQuery(controls::TreeView &tvw, controls::PathBox &cboPath, tree::Selection &selection,
+    PathQuery(items::Tree &tree, controls::PathBox &cboPath, tree::Selection &selection,
               const tree::NodeRegistry &registry, ui::LongWork &longWork);
 
     /// Queries from the selected element or document, or from the parent of what else is selected.
@@ -37,7 +37,7 @@ private:
     items::TreeItem mark(const std::vector<xml::Node> &matches);
     void remember(const QString &query);
 
-    controls::TreeView &tvw_;
+    items::Tree &tree_;
     controls::PathBox &cboPath_;
     tree::Selection &selection_;
     const tree::NodeRegistry &registry_;

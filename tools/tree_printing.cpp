@@ -85,7 +85,7 @@ void TreePrinting::mnuFilePrintTree_Click() {
 }
 
 void TreePrinting::print(QPrinter &printer) {
-    const TreeItem first = tvw_.nodes().Item(1);
+    const TreeItem first = tree_.nodes().Item(1);
     if (!first)
         return;
     longWork_.run(resources::texts::Printing.toString(), ui::LongWork::Stop::Offered,
@@ -98,10 +98,11 @@ void TreePrinting::print(QPrinter &printer) {
 
 bool TreePrinting::printItems(QPrinter &printer, const TreeItem &first,
                               const runtime::Progress &progress) {
-    PrintSurface surface(printer, tvw_.font());
+    const PrintLook drawn = look();
+    PrintSurface surface(printer, drawn.font);
     levelFlags_.clear();
     qint16 depth = 0;
-    const double count = tvw_.nodes().Count();
+    const double count = tree_.nodes().Count();
     double printed = 0;
     // Down to the children, along to the next item, up when there is none.
     for (TreeItem item = first; item;) {
@@ -109,7 +110,7 @@ bool TreePrinting::printItems(QPrinter &printer, const TreeItem &first,
             printer.abort();
             return false;
         }
-        PrintTreeNode(surface, item, depth);
+        PrintTreeNode(surface, drawn.images, item, depth);
         if (TreeItem child = item.Child()) {
             depth = runtime::checkedAdd16(depth, 1);
             item = child;
@@ -124,7 +125,8 @@ bool TreePrinting::printItems(QPrinter &printer, const TreeItem &first,
     return true;
 }
 
-void TreePrinting::PrintTreeNode(PrintSurface &surface, const TreeItem &item, qint16 depth) {
+void TreePrinting::PrintTreeNode(PrintSurface &surface, const QList<QIcon> &images,
+                                 const TreeItem &item, qint16 depth) {
     if (levelFlags_.size() <= std::size_t(depth))
         levelFlags_.resize(std::size_t(depth) + 1);
     levelFlags_[std::size_t(depth)] = bool(item.Next());
@@ -138,8 +140,7 @@ void TreePrinting::PrintTreeNode(PrintSurface &surface, const TreeItem &item, qi
             runtime::toInteger(static_cast<qint64>(surface.CurrentY + (height - IconTwips) / 2));
     if (depth > 0)
         surface.print(connector(levelFlags_, depth));
-    const QModelIndex index = tvw_.nodes().indexOf(item);
-    surface.PaintPicture(index.data(Qt::DecorationRole).value<QIcon>(), surface.CurrentX, iconTop,
+    surface.PaintPicture(images.value(tree_.nodes().image(item)), surface.CurrentX, iconTop,
                          IconTwips);
     surface.CurrentX += IconTwips;
     surface.printLine(item.Text().replace(QLatin1Char('\n'), QChar(LineBreakMark)));

@@ -1,12 +1,14 @@
 #pragma once
 
+#include "platform/items/tree.h"
 #include "platform/ui/long_work.h"
 #include "state/document_state.h"
-#include "view/controls/tree_view.h"
 
 #include <QFont>
+#include <QIcon>
 #include <QPrinter>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -39,12 +41,22 @@ private:
     double pageHeight_;
 };
 
+/// How a tree is drawn.
+struct PrintLook {
+    QFont font;
+    /// The images that the items' numbers mean.
+    QList<QIcon> images;
+};
+
 /// Prints the whole tree, expanded or not, as an indented drawing: a line an item, with its icon,
 /// its caption and the branches that lead to it.
 class TreePrinting {
 public:
-    TreePrinting(const state::DocumentState &state, controls::TreeView &tvw, ui::LongWork &longWork)
-        : state_(state), tvw_(tvw), longWork_(longWork) {}
+    TreePrinting(const state::DocumentState &state, items::Tree &tree, ui::LongWork &longWork)
+        : state_(state), tree_(tree), longWork_(longWork) {}
+
+    /// Asked each time the tree is printed.
+    std::function<PrintLook()> look = [] { return PrintLook(); };
 
     /// Asks for a printer and prints. Nothing happens when the user cancels and for an empty tree.
     /// Raises Overflow for a tree of more than 32767 levels.
@@ -61,10 +73,11 @@ private:
     /// False when it was stopped.
     bool printItems(QPrinter &printer, const items::TreeItem &first,
                     const runtime::Progress &progress);
-    void PrintTreeNode(PrintSurface &surface, const items::TreeItem &item, qint16 depth);
+    void PrintTreeNode(PrintSurface &surface, const QList<QIcon> &images,
+                       const items::TreeItem &item, qint16 depth);
 
     const state::DocumentState &state_;
-    controls::TreeView &tvw_;
+    items::Tree &tree_;
     ui::LongWork &longWork_;
     std::vector<bool> levelFlags_;
 };

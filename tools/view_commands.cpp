@@ -10,8 +10,8 @@ using xml::NodeType;
 
 ViewCommands::ViewCommands(const state::DocumentState &state, state::ViewOptions &options,
                            tree::TreeBuilder &builder, tree::Selection &selection,
-                           controls::TreeView &tvw)
-    : state_(state), options_(options), builder_(builder), selection_(selection), tvw_(tvw) {}
+                           items::Tree &tree)
+    : state_(state), options_(options), builder_(builder), selection_(selection), tree_(tree) {}
 
 void ViewCommands::mnuViewFont_Click(const QString &name, qint16 size) {
     const auto chosen = ui::dialogs().chooseFont({name, double(size)});
@@ -22,7 +22,7 @@ void ViewCommands::mnuViewFont_Click(const QString &name, qint16 size) {
 void ViewCommands::mnuViewText_Click(bool checked) {
     options_.viewText = checked;
     builder_.RebuildTree();
-    selection_.ShowNode(tvw_.SelectedItem(), true);
+    selection_.ShowNode(tree_.SelectedItem(), true);
 }
 
 bool ViewCommands::mnuView_Click() const {
@@ -31,13 +31,13 @@ bool ViewCommands::mnuView_Click() const {
 }
 
 void ViewCommands::changeSubtree(void (tree::TreeBuilder::*change)(const TreeItem &)) {
-    const TreeItem item = tvw_.SelectedItem();
+    const TreeItem item = tree_.SelectedItem();
     if (!item)
         return;
-    tvw_.setTreeVisible(false);
+    tree_.setTreeVisible(false);
     (builder_.*change)(item);
-    tvw_.setTreeVisible(true);
-    tvw_.setFocus();
+    tree_.setTreeVisible(true);
+    tree_.setFocus();
 }
 
 void ViewCommands::mnuNodeExpand_Click() {

@@ -15,7 +15,7 @@ class ViewCommands : public QObject {
 
 public:
     ViewCommands(const state::DocumentState &state, state::ViewOptions &options,
-                 tree::TreeBuilder &builder, tree::Selection &selection, controls::TreeView &tvw);
+                 tree::TreeBuilder &builder, tree::Selection &selection, items::Tree &tree);
 
     /// Has another font chosen; nothing when the user cancels.
     void mnuViewFont_Click(const QString &name, qint16 size);
@@ -38,7 +38,7 @@ private:
     state::ViewOptions &options_;
     tree::TreeBuilder &builder_;
     tree::Selection &selection_;
-    controls::TreeView &tvw_;
+    items::Tree &tree_;
 };
 
 } // namespace quillon::tools

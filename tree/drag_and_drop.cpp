@@ -12,7 +12,7 @@
 
 namespace quillon::tree {
 
-using controls::DragPoint;
+using items::DragPoint;
 using items::TreeItem;
 using xml::NodeType;
 
@@ -83,25 +83,25 @@ bool pathBeginsWith(const TreeItem &item, const TreeItem &start) {
 } // namespace
 
 DragAndDrop::DragAndDrop(const state::DocumentState &state, TreeBuilder &builder,
-                         NodeText &nodeText, NodeRemoval &removal, controls::TreeView &tvw)
-    : state_(state), builder_(builder), nodeText_(nodeText), removal_(removal), tvw_(tvw) {
-    connect(&tvw, &controls::TreeView::MouseDown, this, [this](const TreeItem &item) {
+                         NodeText &nodeText, NodeRemoval &removal, items::Tree &tree)
+    : state_(state), builder_(builder), nodeText_(nodeText), removal_(removal), tree_(tree) {
+    connect(&tree, &items::Tree::mouseDown, this, [this](const TreeItem &item) {
         if (item)
             m_nodDown = item;
     });
-    tvw.setDragHandlers({[this] { return tvw_OLEStartDrag(); },
+    tree.dragHandlers = {[this] { return tvw_OLEStartDrag(); },
                          [this](const QMimeData &data) { tvw_OLEDragEnter(data); },
                          [this] { bringSelectionBack(); },
                          [this](const DragPoint &point) { return tvw_OLEDragOver(point); },
                          [this](const DragPoint &point, const QMimeData &data) {
                              return tvw_OLEDragDrop(point, data);
                          },
-                         [this](Qt::DropAction effect) { tvw_OLECompleteDrag(effect); }});
+                         [this](Qt::DropAction effect) { tvw_OLECompleteDrag(effect); }};
 }
 
 // ---- The source
 
-controls::DragOffer DragAndDrop::tvw_OLEStartDrag() {
+items::DragOffer DragAndDrop::tvw_OLEStartDrag() {
     // After a question the button is up, and there is no drag any more.
     if (hasUnparsedText()) {
         mayLeavePane();
@@ -120,7 +120,7 @@ controls::DragOffer DragAndDrop::tvw_OLEStartDrag() {
         data.get(), &NodeMimeData::moveConfirmed, this,
         [this, item = m_nodDrag] { ui::guarded([&] { completeMove(item); }); },
         Qt::QueuedConnection);
-    controls::DragOffer offer{std::move(data)};
+    items::DragOffer offer{std::move(data)};
     // A reference cannot be deleted, so a move would leave it twice.
     if (state_.m_ReadOnly || registry.Item(m_nodDrag).nodeType() == NodeType::EntityReference)
         offer.actions = Qt::CopyAction;
@@ -157,7 +157,7 @@ void DragAndDrop::tvw_OLEDragEnter(const QMimeData &data) {
 
 void DragAndDrop::bringSelectionBack() {
     if (const auto before = std::exchange(selectedBefore_, std::nullopt); before && *before)
-        tvw_.selectInPlace(*before);
+        tree_.selectInPlace(*before);
 }
 
 bool DragAndDrop::isWithinDragged(const TreeItem &target) const {
@@ -179,8 +179,8 @@ Qt::DropAction DragAndDrop::tvw_OLEDragOver(const DragPoint &point) {
     if (!point.item)
         return isFile_ ? allowed(Qt::CopyAction, point) : point.proposed;
     if (!selectedBefore_)
-        selectedBefore_ = tvw_.SelectedItem();
-    tvw_.selectInPlace(point.item);
+        selectedBefore_ = tree_.SelectedItem();
+    tree_.selectInPlace(point.item);
     // The document takes drops, as of files, but is not offered as a target for nodes.
     if (builder_.registry().Item(point.item).nodeType() != NodeType::Element ||
         isOwnPlace(point.item))
@@ -203,7 +203,7 @@ Qt::DropAction DragAndDrop::tvw_OLEDragDrop(const DragPoint &point, const QMimeD
 }
 
 Qt::DropAction DragAndDrop::takeDropped(const DragPoint &point, const QMimeData &data) {
-    const TreeItem target = point.item ? point.item : tvw_.SelectedItem();
+    const TreeItem target = point.item ? point.item : tree_.SelectedItem();
     if (state_.m_ReadOnly || isOwnPlace(target))
         return Qt::IgnoreAction;
     if (!state_.showsDocument())

@@ -18,23 +18,23 @@ class DragAndDrop : public QObject {
 public:
     /// Becomes the drag handlers of the tree, which must not be dragged in any more when this goes.
     DragAndDrop(const state::DocumentState &state, TreeBuilder &builder, NodeText &nodeText,
-                NodeRemoval &removal, controls::TreeView &tvw);
+                NodeRemoval &removal, items::Tree &tree);
 
     /// Begins to drag the item pressed last and offers its node, of a read-only document only for
     /// copying; without data when no item was pressed.
-    controls::DragOffer tvw_OLEStartDrag();
+    items::DragOffer tvw_OLEStartDrag();
     /// Something dragged comes in.
     void tvw_OLEDragEnter(const QMimeData &data);
     /// Selects the item hovered over and says what a drop would do: elements take a copy while
     /// Ctrl alone is held, else a move; other nodes take nothing, and an element takes none of its
     /// own attributes. Where the source allows no move, and of a file, a copy is taken. Data that
     /// is neither a node nor text nor a file is refused.
-    Qt::DropAction tvw_OLEDragOver(const controls::DragPoint &point);
+    Qt::DropAction tvw_OLEDragOver(const items::DragPoint &point);
     /// Inserts what is dropped under the item at the point, or else under the selected one, or
     /// asks for it to be opened when no document is. Returns what is to become of the source:
     /// Qt::CopyAction if Ctrl is held, alone or not, for a file, and where the source allows no
     /// move; Qt::MoveAction otherwise; Qt::IgnoreAction when nothing was inserted.
-    Qt::DropAction tvw_OLEDragDrop(const controls::DragPoint &point, const QMimeData &data);
+    Qt::DropAction tvw_OLEDragDrop(const items::DragPoint &point, const QMimeData &data);
     /// Ends the drag of an item; removes its node after a move, or, where another window of this
     /// program took it, as soon as that one has confirmed the move.
     void tvw_OLECompleteDrag(Qt::DropAction effect);
@@ -64,14 +64,14 @@ private:
     bool isOwnPlace(const items::TreeItem &target) const;
     bool isWithinDragged(const items::TreeItem &target) const;
     items::TreeItem insertDropped(const items::TreeItem &target, const QMimeData &data);
-    Qt::DropAction takeDropped(const controls::DragPoint &point, const QMimeData &data);
+    Qt::DropAction takeDropped(const items::DragPoint &point, const QMimeData &data);
     Qt::DropAction openDropped(const QMimeData &data);
 
     const state::DocumentState &state_;
     TreeBuilder &builder_;
     NodeText &nodeText_;
     NodeRemoval &removal_;
-    controls::TreeView &tvw_;
+    items::Tree &tree_;
     /// What comes in can be dropped.
     bool isOfUse_ = true;
     bool isFile_ = false;

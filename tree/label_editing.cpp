@@ -17,13 +17,13 @@ constexpr qsizetype DocumentCaptionLength = 9;
 } // namespace
 
 LabelEditing::LabelEditing(const state::DocumentState &state, const state::ViewOptions &options,
-                           TreeBuilder &builder, controls::TreeView &tvw, EditPane &pane)
-    : state_(state), options_(options), builder_(builder), tvw_(tvw), pane_(pane) {}
+                           TreeBuilder &builder, items::Tree &tree, EditPane &pane)
+    : state_(state), options_(options), builder_(builder), tree_(tree), pane_(pane) {}
 
 bool LabelEditing::tvw_BeforeLabelEdit() const {
     if (state_.m_ReadOnly)
         return false;
-    switch (builder_.registry().Item(tvw_.SelectedItem()).nodeType()) {
+    switch (builder_.registry().Item(tree_.SelectedItem()).nodeType()) {
     case NodeType::Element:
     case NodeType::Attribute:
         return !options_.viewLock;
@@ -58,7 +58,7 @@ bool LabelEditing::tvw_AfterLabelEdit(const TreeItem &item, QString &NewString) 
 }
 
 bool LabelEditing::isShown(const TreeItem &item) const {
-    return item == tvw_.SelectedItem();
+    return item == tree_.SelectedItem();
 }
 
 bool LabelEditing::apply(const TreeItem &item, QString &NewString) {
@@ -86,7 +86,7 @@ bool LabelEditing::apply(const TreeItem &item, QString &NewString) {
 
 void LabelEditing::renameElement(const TreeItem &item, const Node &old, const QString &name) {
     const Node placed = old.rename(name);
-    if (item != tvw_.nodes().Item(1))
+    if (item != tree_.nodes().Item(1))
         builder_.registry().set(item.Parent().sequence(), placed.parentNode());
     builder_.registry().set(item.sequence(), placed);
     if (isShown(item)) {

@@ -12,7 +12,7 @@ class LabelEditing : public QObject {
 
 public:
     LabelEditing(const state::DocumentState &state, const state::ViewOptions &options,
-                 TreeBuilder &builder, controls::TreeView &tvw, EditPane &pane);
+                 TreeBuilder &builder, items::Tree &tree, EditPane &pane);
 
     /// Whether the selected item's caption may be edited.
     bool tvw_BeforeLabelEdit() const;
@@ -38,7 +38,7 @@ private:
     const state::DocumentState &state_;
     const state::ViewOptions &options_;
     TreeBuilder &builder_;
-    controls::TreeView &tvw_;
+    items::Tree &tree_;
     EditPane &pane_;
 };
 

@@ -11,11 +11,11 @@ using xml::Node;
 using xml::NodeType;
 
 void NodeRemoval::DeleteNode(const TreeItem &item) {
-    if (!item || item == tvw_.nodes().Item(1) || !mayDelete(item))
+    if (!item || item == tree_.nodes().Item(1) || !mayDelete(item))
         return;
     removeFromDom(item);
     UnregisterTreeItem(item);
-    tvw_.nodes().Remove(item);
+    tree_.nodes().Remove(item);
     Q_EMIT documentModified();
     builder_.SyncPreview();
 }

@@ -9,7 +9,7 @@ class NodeRemoval : public QObject {
     Q_OBJECT
 
 public:
-    NodeRemoval(TreeBuilder &builder, controls::TreeView &tvw) : builder_(builder), tvw_(tvw) {}
+    NodeRemoval(TreeBuilder &builder, items::Tree &tree) : builder_(builder), tree_(tree) {}
 
     /// Removes the node an item shows, the item and all below it. Nothing happens for no item,
     /// for the document item and where mayDelete() refuses. A kind that cannot be deleted is named
@@ -31,7 +31,7 @@ private:
     void removeFromDom(const items::TreeItem &item);
 
     TreeBuilder &builder_;
-    controls::TreeView &tvw_;
+    items::Tree &tree_;
 };
 
 } // namespace quillon::tree

@@ -83,7 +83,7 @@ TreeItem NodeText::insertAt(const TreeItem &target, Node node) {
     case NodeType::Document:
         if (node.nodeType() != NodeType::Comment && node.nodeType() != NodeType::Element)
             return {};
-        tvw_.setTreeVisible(true);
+        tree_.setTreeVisible(true);
         return builder_.AddNodeToTree(relItem, node, false, relationship);
     case NodeType::Element:
         if (node.nodeType() == NodeType::Attribute)

@@ -8,8 +8,8 @@ namespace quillon::tree {
 /// Turns XML text, as it comes from the clipboard or a drop, into a node under an item.
 class NodeText {
 public:
-    NodeText(const state::DocumentState &state, TreeBuilder &builder, controls::TreeView &tvw)
-        : state_(state), builder_(builder), tvw_(tvw) {}
+    NodeText(const state::DocumentState &state, TreeBuilder &builder, items::Tree &tree)
+        : state_(state), builder_(builder), tree_(tree) {}
 
     /// Inserts the node that `text` stands for and returns its item, or none when nothing was
     /// inserted. An attribute that is there already gets the value, and its item is returned if it
@@ -35,7 +35,7 @@ private:
 
     const state::DocumentState &state_;
     TreeBuilder &builder_;
-    controls::TreeView &tvw_;
+    items::Tree &tree_;
 };
 
 } // namespace quillon::tree

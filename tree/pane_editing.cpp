@@ -55,12 +55,12 @@ Node nodeAt(const Node &document, const QByteArray &path) {
 
 PaneEditing::PaneEditing(state::DocumentState &state, const state::ViewOptions &options,
                          TreeBuilder &builder, NodeRemoval &removal, LabelEditing &labels,
-                         Selection &selection, controls::TreeView &tvw, EditPane &pane)
+                         Selection &selection, items::Tree &tree, EditPane &pane)
     : state_(state), options_(options), builder_(builder), removal_(removal), labels_(labels),
-      selection_(selection), tvw_(tvw), pane_(pane) {}
+      selection_(selection), tree_(tree), pane_(pane) {}
 
 void PaneEditing::txtEdit_Change() {
-    const TreeItem item = tvw_.SelectedItem();
+    const TreeItem item = tree_.SelectedItem();
     if (pane_.m_bFilling || !item)
         return;
     if (pane_.shownSequence != item.sequence()) {
@@ -150,8 +150,8 @@ void PaneEditing::replaceDocument() {
     state_.m_DOM = parsed;
     builder_.BuildTree(state_.m_DOM, true, TreeBuilder::Reason::Changed);
     builder_.expandNodes(expanded);
-    const TreeItem first = tvw_.nodes().Item(1);
-    tvw_.setSelectedItem(first);
+    const TreeItem first = tree_.nodes().Item(1);
+    tree_.setSelectedItem(first);
     pane_.shownSequence = first.sequence();
     pane_.isUnparsed = false;
     Q_EMIT documentModified();
@@ -164,7 +164,7 @@ void PaneEditing::replaceElement(TreeItem item, const Node &node) {
         return reportSyntaxError();
     NodeNumbers expanded = builder_.expandedNodes();
     builder_.m_bNoSync = true;
-    tvw_.setTreeVisible(false);
+    tree_.setTreeVisible(false);
     TreeItem newItem;
     if (node == state_.m_DOM.documentElement()) {
         // m_bNoSync stays set from here on: see there.
@@ -177,12 +177,12 @@ void PaneEditing::replaceElement(TreeItem item, const Node &node) {
         builder_.m_bNoSync = false;
         removeOld(item);
     }
-    tvw_.setSelectedItem(newItem);
+    tree_.setSelectedItem(newItem);
     pane_.shownSequence = newItem.sequence();
     pane_.isUnparsed = false;
     expanded.merge(counterparts(node, selection_.GetDOMNode(newItem), expanded));
     builder_.expandNodes(expanded);
-    tvw_.setTreeVisible(true);
+    tree_.setTreeVisible(true);
     Q_EMIT documentModified();
     Q_EMIT statusText(QString());
 }
@@ -199,7 +199,7 @@ TreeItem PaneEditing::replaceRoot(const TreeItem &item, const Node &newRoot) {
     state_.m_DOM.setDocumentElement(newRoot);
     builder_.BuildTree(state_.m_DOM, false, TreeBuilder::Reason::Changed);
     const Node root = state_.m_DOM.documentElement();
-    for (TreeItem child = tvw_.nodes().Item(1).Child(); child; child = child.Next()) {
+    for (TreeItem child = tree_.nodes().Item(1).Child(); child; child = child.Next()) {
         if (selection_.GetDOMNode(child) == root)
             return child;
     }

@@ -13,7 +13,7 @@ class PaneEditing : public QObject {
 public:
     PaneEditing(state::DocumentState &state, const state::ViewOptions &options,
                 TreeBuilder &builder, NodeRemoval &removal, LabelEditing &labels,
-                Selection &selection, controls::TreeView &tvw, EditPane &pane);
+                Selection &selection, items::Tree &tree, EditPane &pane);
 
     /// Applies the pane's text to the selected node. Text that does not parse changes nothing and
     /// is told in the status bar.
@@ -47,7 +47,7 @@ private:
     NodeRemoval &removal_;
     LabelEditing &labels_;
     Selection &selection_;
-    controls::TreeView &tvw_;
+    items::Tree &tree_;
     EditPane &pane_;
 };
 

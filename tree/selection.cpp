@@ -21,10 +21,10 @@ constexpr qsizetype DocumentPrefixLength = 10;
 } // namespace
 
 Selection::Selection(const state::DocumentState &state, const state::ViewOptions &options,
-                     const NodeRegistry &registry, controls::TreeView &tvw, EditPane &pane,
+                     const NodeRegistry &registry, items::Tree &tree, EditPane &pane,
                      controls::PathBox &cboPath)
     : clipboardHasText([] { return !QGuiApplication::clipboard()->text().isEmpty(); }),
-      state_(state), options_(options), registry_(registry), tvw_(tvw), pane_(pane),
+      state_(state), options_(options), registry_(registry), tree_(tree), pane_(pane),
       cboPath_(cboPath) {}
 
 Node Selection::GetDOMNode(const TreeItem &item) const {
@@ -32,7 +32,7 @@ Node Selection::GetDOMNode(const TreeItem &item) const {
 }
 
 Node Selection::GetSelectedDOMNode() const {
-    return GetDOMNode(tvw_.SelectedItem());
+    return GetDOMNode(tree_.SelectedItem());
 }
 
 void Selection::ShowNode(const TreeItem &item, bool selectIt) {
@@ -44,14 +44,14 @@ void Selection::ShowNode(const TreeItem &item, bool selectIt) {
         return;
     if (!keepsText)
         fillPane(item, node);
-    if (selectIt && !(tvw_.SelectedItem() == item))
-        tvw_.setSelectedItem(item);
+    if (selectIt && !(tree_.SelectedItem() == item))
+        tree_.setSelectedItem(item);
     Q_EMIT nodeShown();
     Q_EMIT statusText(keepsText ? resources::texts::SyntaxError.toString() : QString());
 }
 
 TreeItem Selection::shownItem() const {
-    return tvw_.nodes().bySequence(pane_.shownSequence);
+    return tree_.nodes().bySequence(pane_.shownSequence);
 }
 
 bool Selection::hasUnparsedText() const {
@@ -71,7 +71,7 @@ bool Selection::mayLeavePane() {
         Q_EMIT unparsedTextGivenUp();
         return true;
     }
-    tvw_.setSelectedItem(shown);
+    tree_.setSelectedItem(shown);
     pane_.textBox().setFocus();
     Q_EMIT statusText(resources::texts::SyntaxError.toString());
     return false;

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "platform/items/tree.h"
 #include "state/document_state.h"
 #include "state/view_options.h"
 #include "tree/edit_pane.h"
 #include "tree/node_registry.h"
 #include "view/controls/path_box.h"
-#include "view/controls/tree_view.h"
 
 #include <QObject>
 
@@ -19,7 +19,7 @@ class Selection : public QObject {
 
 public:
     Selection(const state::DocumentState &state, const state::ViewOptions &options,
-              const NodeRegistry &registry, controls::TreeView &tvw, EditPane &pane,
+              const NodeRegistry &registry, items::Tree &tree, EditPane &pane,
               controls::PathBox &cboPath);
 
     /// Shows an item, and selects it if selectIt says so. Nothing happens for no item or an item
@@ -62,7 +62,7 @@ private:
     const state::DocumentState &state_;
     const state::ViewOptions &options_;
     const NodeRegistry &registry_;
-    controls::TreeView &tvw_;
+    items::Tree &tree_;
     EditPane &pane_;
     controls::PathBox &cboPath_;
 };

@@ -5,8 +5,6 @@
 #include "platform/ui/message_box.h"
 #include "resources/messages.h"
 
-#include <QIcon>
-
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -83,18 +81,9 @@ QString NewNodeKey() {
 }
 
 TreeBuilder::TreeBuilder(state::DocumentState &state, const state::ViewOptions &options,
-                         controls::TreeView &tvw)
-    : state_(state), tvw_(tvw), captions_(m_dicNode, options) {
-    tvw_.nodes().setCaptionSource(&captions_);
-    QList<QIcon> images;
-    for (const QString &key : imageKeys()) {
-        const QString file = QStringLiteral(":/icons/tree/") + key + QStringLiteral(".svg");
-        QIcon icon(file);
-        // As it is, and not tinted like the bar of the selected item, on which it would vanish.
-        icon.addFile(file, QSize(), QIcon::Selected);
-        images.append(icon);
-    }
-    tvw_.nodes().setImageList(images);
+                         items::Tree &tree)
+    : state_(state), tree_(tree), captions_(m_dicNode, options) {
+    tree_.nodes().setCaptionSource(&captions_);
 }
 
 void TreeBuilder::BuildTree(const xml::DOMDocument40 &document, bool visibleAfter, Reason reason) {
@@ -102,17 +91,17 @@ void TreeBuilder::BuildTree(const xml::DOMDocument40 &document, bool visibleAfte
         return;
     if (reason == Reason::Opened)
         reportsStrangers_ = true;
-    tvw_.setTreeVisible(false);
-    tvw_.nodes().Clear();
+    tree_.setTreeVisible(false);
+    tree_.nodes().Clear();
     m_dicNode.reset(document, static_cast<quint32>(g_lNodeSeq) + 1);
     mirror(TreeItem(), document.node(), Relationship::Child);
-    tvw_.setTreeVisible(visibleAfter);
+    tree_.setTreeVisible(visibleAfter);
 }
 
 void TreeBuilder::RebuildTree() {
     const NodeNumbers expanded = expandedNodes();
     std::unordered_map<quint32, int> heights;
-    for (TreeItem item = tvw_.SelectedItem(); item; item = item.Parent())
+    for (TreeItem item = tree_.SelectedItem(); item; item = item.Parent())
         heights.emplace(m_dicNode.number(item.sequence()), int(heights.size()));
     BuildTree(state_.m_DOM, false, Reason::Changed);
     TreeItem selectedItem;
@@ -120,18 +109,18 @@ void TreeBuilder::RebuildTree() {
     m_dicNode.forEach([&](quint32 sequence, quint32 number) {
         if (const auto height = heights.find(number);
             height != heights.end() && height->second < lowest) {
-            selectedItem = tvw_.nodes().bySequence(sequence);
+            selectedItem = tree_.nodes().bySequence(sequence);
             lowest = height->second;
         }
     });
     expandNodes(expanded);
-    tvw_.setSelectedItem(selectedItem);
-    tvw_.setTreeVisible(true);
+    tree_.setSelectedItem(selectedItem);
+    tree_.setTreeVisible(true);
 }
 
 NodeNumbers TreeBuilder::expandedNodes() const {
     NodeNumbers numbers;
-    tvw_.nodes().forEachExpanded(
+    tree_.nodes().forEachExpanded(
         [&](const TreeItem &item) { numbers.insert(m_dicNode.number(item.sequence())); });
     return numbers;
 }
@@ -140,7 +129,7 @@ void TreeBuilder::expandNodes(const NodeNumbers &numbers) {
     std::vector<TreeItem> items;
     m_dicNode.forEach([&](quint32 sequence, quint32 number) {
         if (numbers.contains(number))
-            items.push_back(tvw_.nodes().bySequence(sequence));
+            items.push_back(tree_.nodes().bySequence(sequence));
     });
     for (TreeItem &item : items)
         item.setExpanded(true);
@@ -198,18 +187,18 @@ bool TreeBuilder::refuseUnderDocument(const Node &copy) {
 }
 
 TreeItem TreeBuilder::mirror(const TreeItem &relItem, const Node &node, Relationship relationship) {
-    Mirror mirror(tvw_.nodes(), m_dicNode, relItem, relationship);
+    Mirror mirror(tree_.nodes(), m_dicNode, relItem, relationship);
     const bool whole = node.nodeType() == NodeType::Document;
     const quint32 expected = whole ? node.ownerDocument().maxNodeCount() : 0;
     m_dicNode.reserve(expected);
-    tvw_.nodes().beginBuild(static_cast<int>(expected));
+    tree_.nodes().beginBuild(static_cast<int>(expected));
     try {
         xml::visitSubtree(node, mirror);
     } catch (...) {
-        tvw_.nodes().endBuild();
+        tree_.nodes().endBuild();
         throw;
     }
-    tvw_.nodes().endBuild();
+    tree_.nodes().endBuild();
     if (mirror.stranger() != 0 && std::exchange(reportsStrangers_, false))
         ui::showMessage(TypeName(m_dicNode.Item(mirror.stranger())) +
                         QStringLiteral(" is added to tree"));
@@ -253,13 +242,13 @@ TreeItem TreeBuilder::itemOf(const Node &node) const {
         return found;
     m_dicNode.forEach([&](quint32 sequence, quint32 number) {
         if (number == node.number() && !found)
-            found = tvw_.nodes().bySequence(sequence);
+            found = tree_.nodes().bySequence(sequence);
     });
     return found;
 }
 
 bool TreeBuilder::HasRootElement() const {
-    for (TreeItem child = tvw_.nodes().Item(1).Child(); child; child = child.Next()) {
+    for (TreeItem child = tree_.nodes().Item(1).Child(); child; child = child.Next()) {
         if (m_dicNode.Item(child).nodeType() == NodeType::Element)
             return true;
     }
@@ -267,11 +256,11 @@ bool TreeBuilder::HasRootElement() const {
 }
 
 void TreeBuilder::ExpandSubtree(const TreeItem &item) {
-    tvw_.nodes().setExpandedSubtree(item, true);
+    tree_.nodes().setExpandedSubtree(item, true);
 }
 
 void TreeBuilder::CollapseSubtree(const TreeItem &item) {
-    tvw_.nodes().setExpandedSubtree(item, false);
+    tree_.nodes().setExpandedSubtree(item, false);
 }
 
 void TreeBuilder::SyncPreview() {

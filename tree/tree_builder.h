@@ -1,11 +1,11 @@
 #pragma once
 
+#include "platform/items/tree.h"
 #include "state/document_state.h"
-#include "view/controls/tree_view.h"
+#include "state/view_options.h"
 #include "tree/counterparts.h"
 #include "tree/node_captions.h"
 #include "tree/node_registry.h"
-#include "state/view_options.h"
 
 #include <QObject>
 
@@ -27,8 +27,7 @@ public:
     using Relationship = items::Relationship;
     using TreeItem = items::TreeItem;
 
-    TreeBuilder(state::DocumentState &state, const state::ViewOptions &options,
-                controls::TreeView &tvw);
+    TreeBuilder(state::DocumentState &state, const state::ViewOptions &options, items::Tree &tree);
 
     const NodeRegistry &registry() const { return m_dicNode; }
     NodeRegistry &registry() { return m_dicNode; }
@@ -94,7 +93,7 @@ private:
     TreeItem mirror(const TreeItem &relItem, const xml::Node &node, Relationship relationship);
 
     state::DocumentState &state_;
-    controls::TreeView &tvw_;
+    items::Tree &tree_;
     NodeRegistry m_dicNode;
     NodeCaptions captions_;
     /// Nobody has been told yet that the open document has kinds without a place in the tree.

@@ -120,7 +120,7 @@ void addAttribute(frmMain &form) {
 void searchBackward(frmMain &form) {
     search::CaptionSearch &search = form.editor().captionSearch;
     if (!search.pattern().isEmpty())
-        search.SearchBackward(form.selectedItem(), search.pattern());
+        search.SearchBackward(form.editor().tree.SelectedItem(), search.pattern());
 }
 
 void chooseFont(frmMain &form) {

@@ -32,18 +32,33 @@ constexpr QSize FrameSize(16, 40);
 /// The path box stands this far below the top of its place on the toolbar.
 constexpr int PathTopTwips = 30;
 
+/// The pictures of the nodes, by the numbers that the captions give.
+QList<QIcon> treeImages() {
+    QList<QIcon> images;
+    for (const QString &key : tree::imageKeys()) {
+        const QString file = QStringLiteral(":/icons/tree/") + key + QStringLiteral(".svg");
+        QIcon icon(file);
+        // As it is, and not tinted like the bar of the selected item, on which it would vanish.
+        icon.addFile(file, QSize(), QIcon::Selected);
+        images.append(icon);
+    }
+    return images;
+}
+
 } // namespace
 
 frmMain::frmMain(Surroundings surroundings)
     : actions_(menuEntries()), tbr(new QToolBar(this)), tbrMove(new QToolBar(tbr)),
       picPath(new QWidget(tbr)), cboPath(new controls::PathBox(picPath)),
       vsp(new QSplitter(Qt::Horizontal, this)), hsp(new QSplitter(Qt::Vertical)),
-      tvw(new controls::TreeView), txtEdit(new controls::TextBox), ie(new browser::Browser),
-      sbr(new QLabel), validationButton_(new QPushButton) {
+      txtEdit(new controls::TextBox), ie(new browser::Browser), sbr(new QLabel),
+      validationButton_(new QPushButton) {
     setAttribute(Qt::WA_DeleteOnClose);
     menus_ = std::make_unique<controls::ActionMenus>(actions_, *menuBar());
-    editor_ =
-        std::make_unique<Editor>(std::move(surroundings), *tvw, *txtEdit, *cboPath, *ie, longWork_);
+    editor_ = std::make_unique<Editor>(std::move(surroundings), *txtEdit, *cboPath, *ie, longWork_);
+    tvw = new controls::TreeView(editor_->tree);
+    tvw->setImageList(treeImages());
+    editor_->treePrinting.look = [this] { return tools::PrintLook{tvw->font(), tvw->imageList()}; };
     // Nodes are moved within the tree; in the pane they would be typing.
     txtEdit->refuseDropsOf(tree::NodeFormat);
     connectCommands();
@@ -57,7 +72,10 @@ frmMain::frmMain(Surroundings surroundings)
     Form_Load();
 }
 
-frmMain::~frmMain() = default;
+frmMain::~frmMain() {
+    // Ahead of the tree that it shows.
+    delete tvw;
+}
 
 void frmMain::layOut() {
     fillToolBar();
@@ -157,7 +175,7 @@ QString frmMain::handle() const {
 
 void frmMain::closeEvent(QCloseEvent *event) {
     bool unload = false;
-    guarded([this] { tvw->EndLabelEdit(); });
+    guarded([this] { editor_->tree.endLabelEdit(); });
     guarded([&] {
         if (editor_->commands.ConfirmSave()) {
             editor_->commands.leaveDocument();

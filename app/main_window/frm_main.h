@@ -46,7 +46,6 @@ public:
     void mnuWindowTileH_Click();
 
     Editor &editor() { return *editor_; }
-    items::TreeItem selectedItem() const { return tvw->SelectedItem(); }
     controls::ActionSet &actions() { return actions_; }
 
 protected:
@@ -104,7 +103,7 @@ private:
     controls::PathBox *cboPath;
     QSplitter *vsp;
     QSplitter *hsp;
-    controls::TreeView *tvw;
+    controls::TreeView *tvw = nullptr;
     controls::TextBox *txtEdit;
     browser::Browser *ie;
     QLabel *sbr;

@@ -14,7 +14,7 @@ using ui::guarded;
 
 void frmMain::connectCommands() {
     // What is being typed into a caption belongs to the document that the command is about.
-    actions_.beforeCommand = [this] { tvw->EndLabelEdit(); };
+    actions_.beforeCommand = [this] { editor_->tree.endLabelEdit(); };
     for (const CommandRow &row : commandTable()) {
         controls::ActionSet::Run run;
         controls::ActionSet::Enabled enabled;
@@ -99,10 +99,10 @@ void frmMain::clear() {
 void frmMain::showTreeMenu(const QPoint &position) {
     const TreeItem hit = tvw->HitTest(position);
     // The press on another item has asked about text in the pane, and the answer was to stay.
-    if (!hit || (editor_->selection.hasUnparsedText() && hit != tvw->SelectedItem()))
+    if (!hit || (editor_->selection.hasUnparsedText() && hit != editor_->tree.SelectedItem()))
         return;
     // The press of the button has shown it already, unless it was selected but not shown.
-    if (hit != tvw->SelectedItem() || editor_->pane.shownSequence != hit.sequence())
+    if (hit != editor_->tree.SelectedItem() || editor_->pane.shownSequence != hit.sequence())
         guarded([&] { editor_->selection.ShowNode(hit, true); });
     actions_.action(u"treeMenu")->menu()->popup(tvw->viewport()->mapToGlobal(position));
 }

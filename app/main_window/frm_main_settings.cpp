@@ -58,7 +58,7 @@ void frmMain::Form_Unload() {
 }
 
 void frmMain::endSession() {
-    guarded([this] { tvw->EndLabelEdit(); });
+    guarded([this] { editor_->tree.endLabelEdit(); });
     ignoringErrors([this] { editor_->recovery.keep(); });
     ignoringErrors([this] { leave(); });
 }

@@ -2,6 +2,7 @@
 
 #include "app/editor.h"
 #include "view/controls/action_set.h"
+#include "view/controls/tree_view.h"
 
 #include <QObject>
 

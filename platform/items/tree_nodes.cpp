@@ -2,8 +2,6 @@
 
 #include "platform/runtime/error.h"
 
-#include <QFont>
-
 namespace quillon::items {
 
 using Slot = TreeStore::Slot;
@@ -206,29 +204,15 @@ Qt::ItemFlags Nodes::flags(const QModelIndex &index) const {
     return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsEditable | Qt::ItemIsDragEnabled;
 }
 
+int Nodes::image(const TreeItem &item) const {
+    const Slot slot = slotOf(item);
+    return slot != 0 && source_ != nullptr ? source_->image(store_.sequenceOf(slot)) : -1;
+}
+
 QVariant Nodes::data(const QModelIndex &index, int role) const {
     const Slot slot = slotAt(index);
-    if (slot == 0)
-        return {};
-    switch (role) {
-    case Qt::DisplayRole:
-    case Qt::EditRole:
-        return caption(slot);
-    case Qt::DecorationRole:
-        if (const int image = source_ != nullptr ? source_->image(store_.sequenceOf(slot)) : -1;
-            image >= 0 && image < images_.size())
-            return images_[image];
-        return {};
-    case Qt::FontRole:
-        if (bold_.contains(slot)) {
-            QFont font;
-            font.setBold(true);
-            return font;
-        }
-        return {};
-    default:
-        return {};
-    }
+    const bool isCaption = role == Qt::DisplayRole || role == Qt::EditRole;
+    return slot != 0 && isCaption ? QVariant(caption(slot)) : QVariant();
 }
 
 } // namespace quillon::items

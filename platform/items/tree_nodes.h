@@ -5,7 +5,6 @@
 
 #include <QAbstractItemModel>
 #include <QHash>
-#include <QIcon>
 #include <QSet>
 
 namespace quillon::items {
@@ -16,7 +15,7 @@ public:
     virtual ~CaptionSource() = default;
 
     virtual QString caption(quint32 sequence) const = 0;
-    /// 0-based place in the image list; -1 for no image.
+    /// 0-based place in the view's image list; -1 for no image.
     virtual int image(quint32 sequence) const = 0;
 };
 
@@ -28,7 +27,7 @@ enum class Relationship {
     Previous,
 };
 
-/// The items of a tree view: a collection by number, a tree, and the model that Qt's views show.
+/// The items of a tree: a collection by number, a tree, and the model that Qt's views show.
 /// Fit for millions of items: captions and images are not kept but asked from a CaptionSource, and
 /// Qt's row numbers exist only where a view has looked.
 class Nodes : public QAbstractItemModel {
@@ -39,7 +38,6 @@ public:
 
     /// The source must outlive the items; without one, captions are empty unless set.
     void setCaptionSource(const CaptionSource *source) { source_ = source; }
-    void setImageList(const QList<QIcon> &images) { images_ = images; }
 
     /// Adds an item and returns it. Nothing as the relative makes a top-level item of a Child. The
     /// sequence number must be positive and greater than that of all items since the collection
@@ -93,6 +91,9 @@ public:
     }
     QModelIndex indexOf(TreeStore::Slot slot) const;
 
+    /// What the caption source says about the item's image; -1 for Nothing and without a source.
+    int image(const TreeItem &item) const;
+
     QModelIndex index(int row, int column, const QModelIndex &parent = {}) const override;
     QModelIndex parent(const QModelIndex &child) const override;
     using QAbstractItemModel::parent;
@@ -100,6 +101,8 @@ public:
     int columnCount(const QModelIndex &) const override { return 1; }
     bool hasChildren(const QModelIndex &parent = {}) const override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
+    /// The caption. Images and weight, which are of no type that this library knows, a view gets
+    /// from image() and TreeItem::Bold(); dataChanged() names Qt::FontRole for the latter.
     QVariant data(const QModelIndex &index, int role) const override;
 
 Q_SIGNALS:
@@ -129,7 +132,6 @@ private:
     TreeStore store_;
     quint32 generation_ = 0;
     const CaptionSource *source_ = nullptr;
-    QList<QIcon> images_;
     QHash<TreeStore::Slot, QString> captions_;
     QSet<TreeStore::Slot> bold_;
 

@@ -143,7 +143,7 @@ protected:
         }
         dialogs.answerMessage(1);
         open(Sample);
-        editor().builder.ExpandSubtree(tvw().nodes().Item(1));
+        editor().builder.ExpandSubtree(tree().nodes().Item(1));
         selectColumn(column);
     }
     void selectColumn(Column column) {
@@ -165,7 +165,7 @@ protected:
             const auto root = state().m_DOM.documentElement();
             return editor().selection.ShowNode(editor().builder.itemOf(root), true);
         }
-        items::Nodes &nodes = tvw().nodes();
+        items::Nodes &nodes = tree().nodes();
         for (int i = 1; i <= nodes.Count(); ++i) {
             const xml::NodeType kind = editor().selection.GetDOMNode(nodes.Item(i)).nodeType();
             if (kind == kinds.at(column))

@@ -50,14 +50,14 @@ protected:
 
     Commands() { reopen(); }
     void reopen() {
-        tvw().EndLabelEdit();
+        tree().endLabelEdit();
         form.reset();
         form = std::make_unique<app::frmMain>(app::Surroundings{
             folder.path(), system::SettingsStore(path("settings.ini")), {}, shell});
     }
     void showSample() {
         open(Sample);
-        editor().builder.ExpandSubtree(tvw().nodes().Item(1));
+        editor().builder.ExpandSubtree(tree().nodes().Item(1));
         select("b");
         editor().options = {};
     }
@@ -79,7 +79,7 @@ protected:
     std::function<bool()> makes(const QByteArray &document) {
         return [this, document] {
             // What has been made is named first.
-            tvw().EndLabelEdit();
+            tree().endLabelEdit();
             return xml() == document;
         };
     }
@@ -87,7 +87,7 @@ protected:
         state().m_DOM.documentElement().setAttribute("n", "1");
         editor().commands.DocumentModified();
     }
-    QString selected() { return tvw().SelectedItem().Text(); }
+    QString selected() { return tree().SelectedItem().Text(); }
     bool hasPreview() { return !working().filter("preview.").isEmpty(); }
     void removePreview() {
         for (const QString &name : working().filter("preview."))
@@ -207,7 +207,7 @@ std::vector<Commands::Case> Commands::viewCases() {
          [this] { return expanded() == QStringList("#document"); }},
         {u"mnuNodeExpand",
          [this] {
-             editor().builder.CollapseSubtree(tvw().nodes().Item(1));
+             editor().builder.CollapseSubtree(tree().nodes().Item(1));
              select("r");
          },
          [this] { return expanded().contains("a"); }},

@@ -88,7 +88,7 @@ TEST_F(WindowTest, KeysWorkFromTreeAndPane) {
     EXPECT_EQ(read("doc.xml"), "<r a=\"1\"/>");
 }
 
-TEST_F(WindowTest, EveryControlHasAName) {
+TEST_F(WindowTest, EveryControlHasANameAndEveryNodeAPicture) {
     show();
     open("<r/>");
     for (const char *name : {"tbr", "tbrMove", "cboPath", "tvw", "txtEdit", "ie"}) {
@@ -100,6 +100,9 @@ TEST_F(WindowTest, EveryControlHasAName) {
     }
     QAccessibleInterface *tree = QAccessible::queryAccessibleInterface(&tvw());
     EXPECT_EQ(tree->child(0)->text(QAccessible::Name), "#document");
+    EXPECT_EQ(tvw().imageList().size(), tree::imageKeys().size());
+    for (const QIcon &image : tvw().imageList())
+        EXPECT_FALSE(image.pixmap(16, 16).isNull());
     for (const QAction *action : form->findChild<QToolBar *>("tbr")->actions()) {
         if (!action->isSeparator() && !action->objectName().isEmpty()) {
             EXPECT_FALSE(action->toolTip().isEmpty()) << action->objectName().toStdString();

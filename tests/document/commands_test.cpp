@@ -26,7 +26,7 @@ TEST_F(CommandsTest, ANewDocumentMustBeSavedUnderAName) {
     commands().mnuFileNew_Click();
     EXPECT_EQ(title(), "New XML File - Quillon XML Editor");
     EXPECT_EQ(captions({}), QStringList());
-    EXPECT_EQ(tvw().nodes().Count(), 1);
+    EXPECT_EQ(tree().nodes().Count(), 1);
     EXPECT_TRUE(button(u"save"));
     state().m_DOM.setDocumentElement(state().m_DOM.createElement("root"));
     commands().DocumentModified();
@@ -92,7 +92,7 @@ TEST_F(CommandsTest, OpenAsksWhatToDoWithChanges) {
     dialogs.answerMessage(1);
     commands().mnuFileOpen_Click();
     EXPECT_EQ(title(), "Quillon XML Editor") << "the old document has been emptied";
-    EXPECT_EQ(tvw().nodes().Count(), 0);
+    EXPECT_EQ(tree().nodes().Count(), 0);
 }
 
 TEST_F(CommandsTest, AnAbandonedSaveLetsTheCommandGoOn) {
@@ -239,20 +239,20 @@ TEST_F(CommandsTest, TheKeyboardReachesTheTreeOfANewDocument) {
     commands().mnuFileNew_Click();
     ASSERT_TRUE(QTest::qWaitFor([this] { return tvw().hasFocus(); }));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
-    EXPECT_EQ(tvw().SelectedItem(), tvw().nodes().Item(1));
+    EXPECT_EQ(tree().SelectedItem(), tree().nodes().Item(1));
 }
 
 TEST_F(CommandsTest, ACaptionBeingTypedBelongsToTheDocumentThatIsSaved) {
     form->show();
     open("<r><old/></r>");
     select("old");
-    tvw().StartLabelEdit();
+    tree().StartLabelEdit();
     QTest::keyClicks(tvw().viewport()->findChild<QLineEdit *>(), "new");
     form->actions().action(u"mnuFileSave")->trigger();
     EXPECT_EQ(read("doc.xml"), "<r><new/></r>");
     // The first editor goes.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    tvw().StartLabelEdit();
+    tree().StartLabelEdit();
     QTest::keyClicks(tvw().viewport()->findChild<QLineEdit *>(), "newer");
     dialogs.answerMessage(2);
     form->close();

@@ -31,7 +31,7 @@ TEST_F(LoaderTest, AnOpenedFileIsShownBackedUpAndRemembered) {
     EXPECT_EQ(state().m_BackupPath, path("Temp/20011231235959.bak"));
     EXPECT_EQ(read("Temp/20011231235959.bak"), text);
     EXPECT_EQ(expanded(), QStringList({"#document", "xml", "r"}));
-    EXPECT_EQ(tvw().SelectedItem(), tvw().nodes().Item(1));
+    EXPECT_EQ(tree().SelectedItem(), tree().nodes().Item(1));
     EXPECT_FALSE(state().m_Modified);
     EXPECT_TRUE(state().m_Opened);
     EXPECT_FALSE(state().m_ReadOnly);
@@ -251,10 +251,10 @@ TEST_F(LoaderTest, TextIsLoadedWithoutACopyOrAMessage) {
     EXPECT_FALSE(editor().commands.canUndoAll());
     EXPECT_EQ(xml(), "<t>x</t>");
     EXPECT_EQ(form->windowTitle(), "#document * - Quillon XML Editor");
-    EXPECT_EQ(tvw().nodes().Count(), 3);
-    EXPECT_FALSE(tvw().nodes().Item(1).Expanded());
+    EXPECT_EQ(tree().nodes().Count(), 3);
+    EXPECT_FALSE(tree().nodes().Item(1).Expanded());
     editor().loader.LoadXML("<t>");
-    EXPECT_EQ(tvw().nodes().Count(), 1);
+    EXPECT_EQ(tree().nodes().Count(), 1);
     EXPECT_EQ(xml(), "");
 }
 

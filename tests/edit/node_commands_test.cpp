@@ -17,7 +17,7 @@ class NodeCommandsTest : public EditorWindow {
 protected:
     edit::NodeCreation &creation() { return editor().creation; }
     edit::NodeCommands &nodes() { return editor().nodeCommands; }
-    QString selected() { return tvw().SelectedItem().Text(); }
+    QString selected() { return tree().SelectedItem().Text(); }
     QLineEdit *labelEditor() { return tvw().findChild<QLineEdit *>(); }
     void closeLabelEditor() {
         if (QLineEdit *line = labelEditor())
@@ -128,7 +128,7 @@ TEST_F(NodeCommandsTest, CommandsThatDoNotApplyDoNothing) {
     nothing("x", &C::mnuNodeAddElement_Click);
     nothing("x", &C::mnuNodeInsText_Click);
     nothing("t", &C::AddAttributeToParent);
-    tvw().setSelectedItem({});
+    tree().setSelectedItem({});
     creation().mnuNodeAddElement_Click();
     creation().mnuNodeInsElement_Click();
     EXPECT_EQ(xml(), before);
@@ -160,7 +160,7 @@ TEST_F(NodeCommandsTest, WhatTheMenusOffer) {
         EXPECT_EQ(editMenu(), c.readOnlyEdit) << c.caption;
         state().m_ReadOnly = false;
     }
-    tvw().setSelectedItem({});
+    tree().setSelectedItem({});
     EXPECT_EQ(nodeMenu(), "000000");
     EXPECT_EQ(editMenu(), "000001");
     editor().commands.mnuFileNew_Click();
@@ -306,7 +306,7 @@ TEST_F(NodeCommandsTest, AnEntityReferenceDoesNotMove) {
     const QByteArray before = xml();
     for (const auto command :
          {&edit::NodeCommands::mnuNodeMoveUp_Click, &edit::NodeCommands::mnuNodeMoveDown_Click}) {
-        tvw().setSelectedItem(item("e"));
+        tree().setSelectedItem(item("e"));
         dialogs.answerMessage(1);
         (nodes().*command)();
         EXPECT_EQ(dialogs.messages.back().text, "実体 e の参照は移動できません。");
@@ -376,7 +376,7 @@ TEST_F(NodeCommandsTest, TheContextMenuBelongsToTheItemUnderIt) {
     open("<r a='1'><x/></r>");
     QMenu *menu = nullptr;
     Q_EMIT tvw().customContextMenuRequested(
-        tvw().visualRect(tvw().nodes().indexOf(item("a=\"1\""))).center());
+        tvw().visualRect(tree().nodes().indexOf(item("a=\"1\""))).center());
     EXPECT_EQ(selected(), "a=\"1\"");
     EXPECT_EQ(txtEdit().Text(), "1");
     menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
@@ -397,7 +397,7 @@ TEST_F(NodeCommandsTest, TheRightButtonShowsAnItemOnce) {
     show();
     dialogs.answerMessage(1);
     open("<!DOCTYPE t [<!ENTITY e 'x'>]><r>&e;</r>");
-    const QPoint place = tvw().visualRect(tvw().nodes().indexOf(item("e"))).center();
+    const QPoint place = tvw().visualRect(tree().nodes().indexOf(item("e"))).center();
     dialogs.answerMessage(1);
     QTest::mousePress(tvw().viewport(), Qt::RightButton, {}, place);
     Q_EMIT tvw().customContextMenuRequested(place);

@@ -16,7 +16,7 @@ protected:
     /// Items and nodes in step: the same children in the same order, attributes first. Renaming
     /// an element reverses the nodes but not the items, so it is followed by a rebuild here.
     void expectAgreement() {
-        const items::Nodes &nodes = tvw().nodes();
+        const items::Nodes &nodes = tree().nodes();
         ASSERT_GE(nodes.Count(), 1);
         ASSERT_EQ(node(nodes.Item(1)), state().m_DOM.node());
         for (int i = 1; i <= nodes.Count(); ++i) {
@@ -33,7 +33,7 @@ protected:
     }
     xml::Node node(const items::TreeItem &at) { return editor().builder.registry().Item(at); }
     items::TreeItem anyItem() {
-        return tvw().nodes().Item(1 + int(random() % unsigned(tvw().nodes().Count())));
+        return tree().nodes().Item(1 + int(random() % unsigned(tree().nodes().Count())));
     }
     void act() {
         edit::NodeCommands &commands = editor().nodeCommands;
@@ -41,7 +41,7 @@ protected:
         editor().selection.ShowNode(anyItem(), true);
         switch (random() % 14) {
         case 0:
-            if (tvw().SelectedItem() != tvw().nodes().Item(1))
+            if (tree().SelectedItem() != tree().nodes().Item(1))
                 creation.mnuNodeAddElement_Click();
             break;
         case 1:
@@ -54,7 +54,7 @@ protected:
             creation.mnuNodeAddCDATA_Click();
             break;
         case 4:
-            if (tvw().SelectedItem().Parent() != tvw().nodes().Item(1))
+            if (tree().SelectedItem().Parent() != tree().nodes().Item(1))
                 creation.mnuNodeInsElement_Click();
             break;
         case 5:
@@ -70,11 +70,11 @@ protected:
             commands.mnuEditCopy_Click();
             break;
         case 9:
-            if (tvw().SelectedItem() != tvw().nodes().Item(1) && tvw().nodes().Count() < 400)
+            if (tree().SelectedItem() != tree().nodes().Item(1) && tree().nodes().Count() < 400)
                 commands.mnuEditPaste_Click();
             break;
         case 10:
-            if (tvw().SelectedItem().Parent() != tvw().nodes().Item(1))
+            if (tree().SelectedItem().Parent() != tree().nodes().Item(1))
                 commands.mnuEditCut_Click();
             break;
         case 11:
@@ -84,7 +84,7 @@ protected:
             editor().history.RedoCommand();
             break;
         default:
-            tvw().SelectedItem().setExpanded(random() % 2);
+            tree().SelectedItem().setExpanded(random() % 2);
             break;
         }
     }

@@ -88,7 +88,7 @@ TEST_F(UndoTest, ExpansionComesBackAsItWas) {
     const QStringList later = expanded();
     history().UndoCommand();
     EXPECT_EQ(expanded(), QStringList({"#document", "r", "b"}));
-    EXPECT_TRUE(tvw().treeVisible());
+    EXPECT_TRUE(tree().treeVisible());
     history().RedoCommand();
     QStringList again = expanded();
     EXPECT_EQ(QSet<QString>(again.begin(), again.end()), QSet<QString>(later.begin(), later.end()));
@@ -106,11 +106,11 @@ TEST_F(UndoTest, TheSelectedPlaceStaysSelected) {
     EXPECT_EQ(xml(), "<r><a/><b>new</b></r>");
     type("newer");
     history().UndoCommand();
-    EXPECT_EQ(tvw().SelectedItem().Text(), "new");
+    EXPECT_EQ(tree().SelectedItem().Text(), "new");
     EXPECT_EQ(txtEdit().Text(), "new");
     history().UndoCommand();
     // The elements around it are not expanded in this state, and must not be.
-    EXPECT_EQ(tvw().SelectedItem().Text(), "r");
+    EXPECT_EQ(tree().SelectedItem().Text(), "r");
     EXPECT_EQ(expanded(), QStringList("#document"));
 }
 
@@ -119,18 +119,18 @@ TEST_F(UndoTest, ARenamedElementStaysSelectedAndAnAddedOneGivesWayToItsParent) {
     select("b");
     editor().commands.DocumentModified();
     QString name = "renamed";
-    ASSERT_TRUE(editor().labels.tvw_AfterLabelEdit(tvw().SelectedItem(), name));
+    ASSERT_TRUE(editor().labels.tvw_AfterLabelEdit(tree().SelectedItem(), name));
     history().UndoCommand();
-    EXPECT_EQ(tvw().SelectedItem().Text(), "b");
+    EXPECT_EQ(tree().SelectedItem().Text(), "b");
     select("r");
     editor().creation.mnuNodeAddElement_Click();
     history().UndoCommand();
-    EXPECT_EQ(tvw().SelectedItem().Text(), "r");
+    EXPECT_EQ(tree().SelectedItem().Text(), "r");
     select("b");
     editor().nodeCommands.mnuNodeMoveUp_Click();
     history().UndoCommand();
     EXPECT_EQ(captions(item("r")), QStringList({"a", "b"}));
-    EXPECT_EQ(tvw().SelectedItem().Text(), "r") << "not what stands where it was moved to";
+    EXPECT_EQ(tree().SelectedItem().Text(), "r") << "not what stands where it was moved to";
 }
 
 TEST_F(UndoTest, RedoingSelectsThePlaceOfTheChange) {
@@ -142,18 +142,18 @@ TEST_F(UndoTest, RedoingSelectsThePlaceOfTheChange) {
     history().UndoCommand();
     select("b");
     history().RedoCommand();
-    EXPECT_EQ(tvw().SelectedItem().Text(), "Attribute1=\"\"");
+    EXPECT_EQ(tree().SelectedItem().Text(), "Attribute1=\"\"");
     // The attribute of a renamed element.
     select("a");
     QString name = "renamed";
-    ASSERT_TRUE(editor().labels.tvw_AfterLabelEdit(tvw().SelectedItem(), name));
+    ASSERT_TRUE(editor().labels.tvw_AfterLabelEdit(tree().SelectedItem(), name));
     select("k=\"1\"");
     txtEdit().setText(QStringLiteral("2"));
     history().UndoCommand();
-    EXPECT_EQ(tvw().SelectedItem().Text(), "k=\"1\"");
+    EXPECT_EQ(tree().SelectedItem().Text(), "k=\"1\"");
     select("b");
     history().RedoCommand();
-    EXPECT_EQ(tvw().SelectedItem().Text(), "k=\"2\"");
+    EXPECT_EQ(tree().SelectedItem().Text(), "k=\"2\"");
     EXPECT_EQ(txtEdit().Text(), "2");
 }
 
@@ -163,9 +163,9 @@ TEST_F(UndoTest, AReplacedNodeIsFoundBesideAnAddedAttribute) {
     editor().creation.mnuNodeAddAttribute_Click();
     select("b");
     QString name = "renamed";
-    ASSERT_TRUE(editor().labels.tvw_AfterLabelEdit(tvw().SelectedItem(), name));
+    ASSERT_TRUE(editor().labels.tvw_AfterLabelEdit(tree().SelectedItem(), name));
     history().UndoCommand();
-    EXPECT_EQ(tvw().SelectedItem().Text(), "b");
+    EXPECT_EQ(tree().SelectedItem().Text(), "b");
 }
 
 TEST_F(UndoTest, NeitherModifiedMarkNorCaptionGoBack) {

@@ -73,18 +73,18 @@ TEST_F(PreviewTest, AClickOnANameSelectsItsNode) {
     // The third part counts the root's children of all kinds: text, CDATA, then the element.
     EXPECT_EQ(script("document.getElementById('1.3.3.1').innerText").toString(), "b");
     click("1.3.3.1");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return tvw().SelectedItem() == item("b"); }, Patience));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return tree().SelectedItem() == item("b"); }, Patience));
     EXPECT_EQ(txtEdit().Text(), "<b 名='値'/>");
     preview().m_doc_onclick("1.3.3");
-    EXPECT_EQ(tvw().SelectedItem().Text(), "a");
+    EXPECT_EQ(tree().SelectedItem().Text(), "a");
     // Ids that fit nothing, and a switched off synchronisation, select nothing.
     for (const char *id : {"", "1.3.9", "1.3.3.1.1", "x.y.z"}) {
         preview().m_doc_onclick(id);
-        EXPECT_EQ(tvw().SelectedItem().Text(), "a") << id;
+        EXPECT_EQ(tree().SelectedItem().Text(), "a") << id;
     }
     preview().mnuToolPreviewSync_Click(false);
     preview().m_doc_onclick("1.3.3.1");
-    EXPECT_EQ(tvw().SelectedItem().Text(), "a");
+    EXPECT_EQ(tree().SelectedItem().Text(), "a");
 }
 
 TEST_F(PreviewTest, ABlockIsFoldedAndUnfoldedByItsMark) {
@@ -131,7 +131,7 @@ TEST_F(PreviewTest, ARefreshKeepsWhatIsFoldedAndHowFarThePageIsScrolled) {
     // Ids change with what is inserted further up.
     select("first");
     editor().creation.mnuNodeInsElement_Click();
-    tvw().EndLabelEdit();
+    tree().endLabelEdit();
     const auto marks = [&] { return script("document.querySelectorAll('.t[id]').length").toInt(); };
     EXPECT_TRUE(QTest::qWaitFor([&] { return marks() == 403; }, Patience)) << marks();
     EXPECT_TRUE(QTest::qWaitFor([&] { return folded() == "e7 a\nb"; }, Patience));
@@ -154,9 +154,9 @@ TEST_F(PreviewTest, AnAttributePreviewsItsElement) {
     EXPECT_FALSE(preview().previewsWhole());
     EXPECT_TRUE(previewFile("htm").contains("名"));
     EXPECT_FALSE(previewFile("htm").contains(">doc<"));
-    const items::TreeItem before = tvw().SelectedItem();
+    const items::TreeItem before = tree().SelectedItem();
     preview().m_doc_onclick("1.1");
-    EXPECT_EQ(tvw().SelectedItem(), before) << "clicks in the preview of a node do nothing";
+    EXPECT_EQ(tree().SelectedItem(), before) << "clicks in the preview of a node do nothing";
 }
 
 TEST_F(PreviewTest, AChosenStylesheetStaysInForce) {
@@ -250,7 +250,7 @@ TEST_F(PreviewTest, EveryValidationErrorLeadsToItsNode) {
     QStringList selected;
     for (int row = 0; row < entries->count(); ++row) {
         entries->setCurrentRow(row);
-        selected.append(tvw().SelectedItem().Text());
+        selected.append(tree().SelectedItem().Text());
     }
     EXPECT_EQ(selected, QStringList({"doc", "wrong"}));
     open("<other/>");

@@ -112,7 +112,7 @@ TEST_F(CrashRecoveryTest, TextThatDoesNotParseComesBackInThePane) {
     dialogs.answerMessage(6);
     recovery->offer();
     EXPECT_EQ(xml(), "<r>t<a/><!--c--><b>2</b></r>");
-    EXPECT_EQ(tvw().SelectedItem(), item("b"));
+    EXPECT_EQ(tree().SelectedItem(), item("b"));
     EXPECT_EQ(txtEdit().Text(), "<b>2</b");
     EXPECT_EQ(status(), "構文エラー");
     dialogs.answerMessage(6);

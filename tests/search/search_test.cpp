@@ -17,7 +17,7 @@ protected:
         QObject::connect(&pathQuery, &search::PathQuery::statusText, keep);
     }
 
-    QString selected() { return tvw().SelectedItem().Text(); }
+    QString selected() { return tree().SelectedItem().Text(); }
     QString lastText() { return texts.isEmpty() ? QString() : texts.takeLast(); }
     void find(const QString &pattern) {
         dialogs.answerInput(pattern);
@@ -29,7 +29,7 @@ protected:
     }
     QStringList bold() {
         QStringList captions;
-        items::Nodes &nodes = tvw().nodes();
+        items::Nodes &nodes = tree().nodes();
         for (int i = 1; i <= nodes.Count(); ++i) {
             if (nodes.Item(i).Bold())
                 captions.append(nodes.Item(i).Text());
@@ -38,9 +38,9 @@ protected:
     }
 
     QStringList texts;
-    search::CaptionSearch captionSearch{tvw(), editor().selection};
+    search::CaptionSearch captionSearch{tree(), editor().selection};
     WorkAtOnce longWork;
-    search::PathQuery pathQuery{tvw(), cboPath(), editor().selection, editor().builder.registry(),
+    search::PathQuery pathQuery{tree(), cboPath(), editor().selection, editor().builder.registry(),
                                 longWork};
 };
 
@@ -48,7 +48,7 @@ constexpr auto Items = "<items><item n='1'/><b><item>text</item></b><c>item</c><
 
 TEST_F(SearchTest, CaptionsMatchAsAWholeInTheOrderOfTheItems) {
     open(Items);
-    tvw().setSelectedItem({});
+    tree().setSelectedItem({});
     find("item");
     EXPECT_EQ(dialogs.prompts, std::vector<QString>{"検索する文字列を入力してください。"});
     EXPECT_EQ(selected(), "item");
@@ -58,22 +58,22 @@ TEST_F(SearchTest, CaptionsMatchAsAWholeInTheOrderOfTheItems) {
     EXPECT_EQ(cboPath().Text(), "items/b/item/");
     EXPECT_TRUE(item("b").Expanded()) << "what is found is to be seen";
     captionSearch.mnuEditFindNext_Click();
-    EXPECT_EQ(tvw().SelectedItem().Parent().Text(), "c");
+    EXPECT_EQ(tree().SelectedItem().Parent().Text(), "c");
     EXPECT_EQ(lastText(), "");
     captionSearch.mnuEditFindNext_Click();
     EXPECT_EQ(lastText(), "終わりまで検索しました。");
-    EXPECT_EQ(tvw().SelectedItem().Parent().Text(), "c") << "the search does not wrap";
+    EXPECT_EQ(tree().SelectedItem().Parent().Text(), "c") << "the search does not wrap";
 
-    EXPECT_TRUE(captionSearch.SearchBackward(tvw().SelectedItem(), "item"));
+    EXPECT_TRUE(captionSearch.SearchBackward(tree().SelectedItem(), "item"));
     EXPECT_EQ(cboPath().Text(), "items/b/item/");
-    EXPECT_TRUE(captionSearch.SearchBackward(tvw().SelectedItem(), "*\"1\""));
+    EXPECT_TRUE(captionSearch.SearchBackward(tree().SelectedItem(), "*\"1\""));
     EXPECT_EQ(selected(), "n=\"1\"");
-    EXPECT_FALSE(captionSearch.SearchBackward(tvw().SelectedItem(), "b"));
+    EXPECT_FALSE(captionSearch.SearchBackward(tree().SelectedItem(), "b"));
     EXPECT_EQ(lastText(), "先頭まで検索しました。");
     EXPECT_FALSE(captionSearch.SearchBackward({}, "item"));
     EXPECT_TRUE(texts.isEmpty() || lastText().isEmpty()) << "without a start nothing is said";
 
-    const items::TreeItem top = tvw().nodes().Item(1);
+    const items::TreeItem top = tree().nodes().Item(1);
     EXPECT_FALSE(captionSearch.SearchForward(top, "Item"));
     EXPECT_TRUE(captionSearch.SearchForward(top, "item*"));
     EXPECT_EQ(selected(), "items");
@@ -82,13 +82,13 @@ TEST_F(SearchTest, CaptionsMatchAsAWholeInTheOrderOfTheItems) {
 
 TEST_F(SearchTest, TheFirstItemIsNeverFoundFromNothing) {
     open(Items);
-    tvw().setSelectedItem({});
+    tree().setSelectedItem({});
     find("#document");
     EXPECT_EQ(lastText(), "終わりまで検索しました。");
-    EXPECT_FALSE(tvw().SelectedItem());
+    EXPECT_FALSE(tree().SelectedItem());
     EXPECT_TRUE(captionSearch.SearchBackward(item("items"), "[#]document"));
-    EXPECT_EQ(tvw().SelectedItem().Index(), 1);
-    EXPECT_FALSE(captionSearch.SearchBackward(tvw().SelectedItem(), "*"));
+    EXPECT_EQ(tree().SelectedItem().Index(), 1);
+    EXPECT_FALSE(captionSearch.SearchBackward(tree().SelectedItem(), "*"));
 }
 
 TEST_F(SearchTest, CancellingForgetsThePattern) {
@@ -102,7 +102,7 @@ TEST_F(SearchTest, CancellingForgetsThePattern) {
     captionSearch.mnuEditFindNext_Click();
     EXPECT_EQ(dialogs.prompts.size(), 3u) << "it asks when it has no pattern";
     EXPECT_EQ(selected(), "c");
-    tvw().nodes().Clear();
+    tree().nodes().Clear();
     captionSearch.mnuEditFindNext_Click();
     EXPECT_EQ(dialogs.prompts.size(), 3u);
 }
@@ -110,11 +110,11 @@ TEST_F(SearchTest, CancellingForgetsThePattern) {
 TEST_F(SearchTest, PositionsHaveSixteenBits) {
     // With the document and the root, 32,767 items.
     open("<r>" + QByteArray("<c/>").repeated(32'764) + "<d/></r>");
-    ASSERT_EQ(tvw().nodes().Count(), 32'767);
+    ASSERT_EQ(tree().nodes().Count(), 32'767);
     EXPECT_TRUE(captionSearch.SearchForward(item("r"), "d"));
-    EXPECT_FALSE(captionSearch.SearchForward(tvw().SelectedItem(), "d"));
+    EXPECT_FALSE(captionSearch.SearchForward(tree().SelectedItem(), "d"));
     editor().nodeText.InsertNodeFromText(item("r"), "<e/>");
-    ASSERT_EQ(tvw().nodes().Count(), 32'768);
+    ASSERT_EQ(tree().nodes().Count(), 32'768);
     const items::TreeItem start = item("r");
     for (const auto direction :
          {&search::CaptionSearch::SearchForward, &search::CaptionSearch::SearchBackward}) {
@@ -135,7 +135,7 @@ TEST_F(SearchTest, AQueryMarksSelectsCountsAndIsRemembered) {
     EXPECT_EQ(lastText(), "2件検索されました。");
     EXPECT_EQ(cboPath().Text(), "items/item/") << "the path of the first match";
     EXPECT_TRUE(item("b").Expanded()) << "every match is to be seen";
-    EXPECT_TRUE(tvw().treeVisible());
+    EXPECT_TRUE(tree().treeVisible());
     EXPECT_EQ(form->focusWidget(), &tvw());
     query("//c");
     EXPECT_EQ(bold(), QStringList{"c"}) << "earlier marks go";
@@ -151,7 +151,7 @@ TEST_F(SearchTest, AQueryMarksSelectsCountsAndIsRemembered) {
     EXPECT_EQ(cboPath().List().size(), 2);
     EXPECT_TRUE(dialogs.messages.empty());
 
-    tvw().setSelectedItem({});
+    tree().setSelectedItem({});
     texts.clear();
     query("//c");
     EXPECT_TRUE(texts.isEmpty()) << "without a selected node there is no query";
@@ -197,10 +197,10 @@ TEST_F(SearchTest, AttributesJustAddedAreMarked) {
     query("//@Attribute1");
     EXPECT_EQ(lastText(), "2件検索されました。");
     EXPECT_EQ(bold(), (QStringList{"Attribute1=\"\"", "Attribute1=\"\""}));
-    EXPECT_EQ(tvw().SelectedItem().Parent().Text(), "r");
+    EXPECT_EQ(tree().SelectedItem().Parent().Text(), "r");
     query("//b/@*");
     EXPECT_EQ(bold().size(), 1);
-    EXPECT_EQ(tvw().SelectedItem().Parent().Text(), "b");
+    EXPECT_EQ(tree().SelectedItem().Parent().Text(), "b");
 }
 
 TEST_F(SearchTest, MatchesBelowOneAnotherAreAllShown) {

@@ -20,6 +20,7 @@ protected:
     /// The parts of the window under the names the program gives them.
     app::Editor &editor() { return form->editor(); }
     state::DocumentState &state() { return editor().state; }
+    items::Tree &tree() { return editor().tree; }
     controls::TreeView &tvw() { return *form->findChild<controls::TreeView *>("tvw"); }
     controls::TextBox &txtEdit() { return *form->findChild<controls::TextBox *>("txtEdit"); }
     controls::PathBox &cboPath() { return *form->findChild<controls::PathBox *>("cboPath"); }
@@ -47,7 +48,7 @@ protected:
     }
     /// The first item with a caption; Nothing when there is none.
     items::TreeItem item(const QString &caption) {
-        items::Nodes &nodes = tvw().nodes();
+        items::Nodes &nodes = tree().nodes();
         for (int i = 1; i <= nodes.Count(); ++i) {
             if (nodes.Item(i).Text() == caption)
                 return nodes.Item(i);
@@ -66,7 +67,7 @@ protected:
     }
     QStringList expanded() {
         QStringList out;
-        tvw().nodes().forEachExpanded([&](const items::TreeItem &at) { out.append(at.Text()); });
+        tree().nodes().forEachExpanded([&](const items::TreeItem &at) { out.append(at.Text()); });
         return out;
     }
     /// What a user's typing does: the pane holds another text.

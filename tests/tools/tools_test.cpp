@@ -51,7 +51,7 @@ TEST_F(ToolsTest, ClearingTakesTextAndCommentsAndEmptiesAttributes) {
     select("x");
     editor().tools.mnuToolRemoveText_Click();
     EXPECT_EQ(expanded(), QStringList({"#document", "xml", "r", "x"}));
-    EXPECT_EQ(tvw().SelectedItem().Text(), "x");
+    EXPECT_EQ(tree().SelectedItem().Text(), "x");
     EXPECT_EQ(txtEdit().Text(), "<x k=''><![CDATA[kept]]></x>");
     EXPECT_EQ(xml(), "<?xml version='1.0'?><r a='' b='' xmlns='urn:d' "
                      "xmlns:p='urn:p'><x k=''><![CDATA[kept]]></x><?p d?></r>");
@@ -220,7 +220,7 @@ TEST_F(ToolsTest, ShowingTextKeepsWhatIsExpandedAndSelected) {
     select("k=\"v\"");
     editor().view.mnuViewText_Click(false);
     EXPECT_EQ(expanded(), QStringList({"#document", "r", "x"}));
-    EXPECT_EQ(tvw().SelectedItem().Text(), "k");
+    EXPECT_EQ(tree().SelectedItem().Text(), "k");
     type("new");
     EXPECT_EQ(xml(), "<r><x k='new'>t</x></r>");
 }

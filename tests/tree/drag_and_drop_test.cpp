@@ -59,7 +59,7 @@ protected:
 
     void openExpanded(const QByteArray &text) {
         open(text);
-        editor().builder.ExpandSubtree(tvw().nodes().Item(1));
+        editor().builder.ExpandSubtree(tree().nodes().Item(1));
         QApplication::processEvents();
     }
     /// Presses an item, as a drag of it begins.
@@ -73,7 +73,7 @@ protected:
     }
     QPoint placeOf(const QString &caption) {
         tvw().doItemsLayout();
-        const QRect rect = tvw().visualRect(tvw().nodes().indexOf(item(caption)));
+        const QRect rect = tvw().visualRect(tree().nodes().indexOf(item(caption)));
         EXPECT_TRUE(rect.isValid()) << caption.toStdString();
         return rect.topLeft() + QPoint(25, rect.height() / 2);
     }
@@ -111,7 +111,7 @@ protected:
         return action;
     }
 
-    tree::DragAndDrop drag{state(), editor().builder, editor().nodeText, editor().removal, tvw()};
+    tree::DragAndDrop drag{state(), editor().builder, editor().nodeText, editor().removal, tree()};
 };
 
 const QByteArray WithEntity = "<!DOCTYPE t [<!ENTITY e 'x'>]><doc><a/>&e;</doc>";
@@ -205,7 +205,7 @@ TEST_F(Drag, RefusesWhileHovering) {
         EXPECT_EQ(hover(placeOf(c.over), *data, None), c.plain);
         EXPECT_EQ(hover(placeOf(c.over), *data, Ctrl), c.ctrl);
         EXPECT_EQ(hover(placeOf(c.over), *data, CtrlShift), c.plain);
-        EXPECT_EQ(tvw().SelectedItem().Text(), QString(c.over));
+        EXPECT_EQ(tree().SelectedItem().Text(), QString(c.over));
         drag.tvw_OLECompleteDrag(Qt::IgnoreAction);
     }
     // The same rule at the drop itself; nothing is inserted and nothing taken away.
@@ -222,14 +222,14 @@ TEST_F(Drag, HoveringSelectsWithoutFillingThePane) {
     openExpanded(Document);
     select("item");
     const QString shown = txtEdit().Text();
-    const QSignalSpy clicks(&tvw(), &controls::TreeView::NodeClick);
+    const QSignalSpy clicks(&tree(), &items::Tree::NodeClick);
     hover(placeOf("other"), *textData("<x/>"), None);
-    EXPECT_EQ(tvw().SelectedItem().Text(), QString("other"));
+    EXPECT_EQ(tree().SelectedItem().Text(), QString("other"));
     EXPECT_EQ(txtEdit().Text(), shown);
     EXPECT_EQ(clicks.count(), 0);
     // Beside the items nothing changes, and the source's wish stands.
     EXPECT_EQ(hover(beside(), *textData("<x/>"), None, Qt::CopyAction), Qt::CopyAction);
-    EXPECT_EQ(tvw().SelectedItem().Text(), QString("other"));
+    EXPECT_EQ(tree().SelectedItem().Text(), QString("other"));
 }
 
 TEST_F(Drag, ReadOnlyDocumentsTakeNothing) {
@@ -237,7 +237,7 @@ TEST_F(Drag, ReadOnlyDocumentsTakeNothing) {
     select("item");
     state().m_ReadOnly = true;
     EXPECT_EQ(hover(placeOf("other"), *textData("<x/>"), None), Qt::IgnoreAction);
-    EXPECT_EQ(tvw().SelectedItem().Text(), QString("item"));
+    EXPECT_EQ(tree().SelectedItem().Text(), QString("item"));
     EXPECT_EQ(drop(placeOf("other"), *textData("<x/>"), None), Qt::IgnoreAction);
     EXPECT_EQ(xml(), Document);
 }
@@ -358,23 +358,23 @@ TEST_F(Drag, ADragThatComesToNothingLeavesTheSelection) {
     openExpanded(Document);
     const auto data = start("item");
     hover(placeOf("other"), *data, None);
-    ASSERT_EQ(tvw().SelectedItem(), item("other"));
+    ASSERT_EQ(tree().SelectedItem(), item("other"));
     QDragLeaveEvent leave;
     QApplication::sendEvent(tvw().viewport(), &leave);
-    EXPECT_EQ(tvw().SelectedItem(), item("item"));
+    EXPECT_EQ(tree().SelectedItem(), item("item"));
     hover(placeOf("other"), *data, None);
     drag.tvw_OLECompleteDrag(Qt::IgnoreAction);
-    EXPECT_EQ(tvw().SelectedItem(), item("item"));
+    EXPECT_EQ(tree().SelectedItem(), item("item"));
 
     // From elsewhere, and refused at last.
     EXPECT_EQ(drop(placeOf("other"), *textData("<?pi x?>"), None), Qt::IgnoreAction);
     hover(placeOf("other"), *textData("<?pi x?>"), None);
     EXPECT_EQ(drop(placeOf("other"), *textData("<?pi x?>"), None), Qt::IgnoreAction);
-    EXPECT_EQ(tvw().SelectedItem(), item("item"));
+    EXPECT_EQ(tree().SelectedItem(), item("item"));
     // What is taken stays where the user has looked last.
     hover(placeOf("other"), *textData("<x/>"), None);
     drop(placeOf("other"), *textData("<x/>"), None);
-    EXPECT_EQ(tvw().SelectedItem(), item("other"));
+    EXPECT_EQ(tree().SelectedItem(), item("other"));
 }
 
 TEST_F(Drag, DataOfNoUseIsNoDrop) {
@@ -472,17 +472,18 @@ TEST_F(Drag, AMoveToAnotherWindowWaitsForItsConfirmation) {
     app::frmMain other({folder.path(), system::SettingsStore(path("other.ini")), {}});
     other.setAttribute(Qt::WA_DeleteOnClose, false);
     tree::DragAndDrop target(other.editor().state, other.editor().builder, other.editor().nodeText,
-                             other.editor().removal, *other.findChild<controls::TreeView *>("tvw"));
+                             other.editor().removal, other.editor().tree);
     ASSERT_TRUE(other.OpenFile(write("other.xml", "<b><one/></b>")));
-    auto &tree = *other.findChild<controls::TreeView *>("tvw");
-    const controls::DragPoint one{tree.nodes().Item(3), None, Qt::MoveAction, Qt::MoveAction};
+    auto &view = *other.findChild<controls::TreeView *>("tvw");
+    const items::DragPoint one{other.editor().tree.nodes().Item(3), None, Qt::MoveAction,
+                               Qt::MoveAction};
 
     for (const bool refused : {true, false}) {
         SCOPED_TRACE(refused);
         other.editor().state.m_ReadOnly = refused;
         const auto data = start("item");
         QDragEnterEvent entering({5, 5}, Qt::MoveAction, data.get(), Qt::LeftButton, None);
-        QApplication::sendEvent(tree.viewport(), &entering);
+        QApplication::sendEvent(view.viewport(), &entering);
         drag.tvw_OLECompleteDrag(Qt::MoveAction);
         EXPECT_TRUE(item("item"));
         EXPECT_EQ(target.tvw_OLEDragDrop(one, *data), refused ? Qt::IgnoreAction : Qt::MoveAction);
@@ -494,7 +495,7 @@ TEST_F(Drag, AMoveToAnotherWindowWaitsForItsConfirmation) {
     // A drag that has been there and comes back.
     const auto data = start("items");
     QDragEnterEvent entering({5, 5}, Qt::MoveAction, data.get(), Qt::LeftButton, None);
-    QApplication::sendEvent(tree.viewport(), &entering);
+    QApplication::sendEvent(view.viewport(), &entering);
     drag.tvw_OLECompleteDrag(drop(placeOf("other"), *data, None));
     EXPECT_EQ(xml(), "<doc><other><in/><items/></other><!--c--></doc>");
 }
@@ -504,7 +505,7 @@ TEST_F(Drag, ExpandsAndScrollsUnderThePointer) {
     for (int i = 0; i < 100; ++i)
         text += "<e/>";
     open(text + "<end/></doc>");
-    tvw().nodes().Item(1).setExpanded(true);
+    tree().nodes().Item(1).setExpanded(true);
     item("doc").setExpanded(true);
     EXPECT_EQ(tvw().autoExpandDelay(), 800);
     tvw().setAutoExpandDelay(0);
@@ -516,10 +517,10 @@ TEST_F(Drag, ExpandsAndScrollsUnderThePointer) {
     QScrollBar &bar = *tvw().verticalScrollBar();
     const QPoint edge(60, tvw().viewport()->height() - 2);
     hover(edge, *data, None);
-    const TreeItem before = tvw().SelectedItem();
+    const TreeItem before = tree().SelectedItem();
     EXPECT_TRUE(QTest::qWaitFor([&] { return bar.value() >= 3; }));
-    EXPECT_NE(tvw().SelectedItem(), before);
-    EXPECT_EQ(tvw().SelectedItem(), tvw().HitTest(edge));
+    EXPECT_NE(tree().SelectedItem(), before);
+    EXPECT_EQ(tree().SelectedItem(), tvw().HitTest(edge));
     const int left = bar.value();
     QDragLeaveEvent leave;
     QApplication::sendEvent(tvw().viewport(), &leave);

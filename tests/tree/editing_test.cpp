@@ -19,12 +19,12 @@ protected:
     /// Applies a label edit to the selected item as the tree would.
     bool rename(const QString &text) {
         QString newString = text;
-        const bool accepted = labels().tvw_AfterLabelEdit(tvw().SelectedItem(), newString);
+        const bool accepted = labels().tvw_AfterLabelEdit(tree().SelectedItem(), newString);
         if (accepted)
-            tvw().SelectedItem().setText(newString);
+            tree().SelectedItem().setText(newString);
         return accepted;
     }
-    QString selected() { return tvw().SelectedItem().Text(); }
+    QString selected() { return tree().SelectedItem().Text(); }
     items::TreeItem paste(const QString &target, const QString &text) {
         return editor().nodeText.InsertNodeFromText(item(target), text);
     }
@@ -154,7 +154,7 @@ TEST_F(EditingTest, TypingInTheRootElementKeepsWhatIsAroundIt) {
     EXPECT_EQ(read("doc.xml"), QByteArray(before).replace("<x/>", "<x/>12"));
     EXPECT_EQ(selected(), "doc");
     EXPECT_TRUE(item("doc").Expanded());
-    EXPECT_TRUE(tvw().treeVisible());
+    EXPECT_TRUE(tree().treeVisible());
     // From now on the tree asks for no preview.
     EXPECT_TRUE(editor().builder.m_bNoSync);
     editor().history.UndoCommand();
@@ -168,8 +168,8 @@ TEST_F(EditingTest, TypingInTheDocumentReplacesItWhole) {
     ASSERT_TRUE(form->OpenFile(path("doc.xml")));
     select("#document");
     type("<!--new--><doc>\r\n<y/></doc>\r\n");
-    EXPECT_EQ(captions(tvw().nodes().Item(1)), QStringList({"new", "doc"}));
-    EXPECT_TRUE(tvw().nodes().Item(1).Expanded());
+    EXPECT_EQ(captions(tree().nodes().Item(1)), QStringList({"new", "doc"}));
+    EXPECT_TRUE(tree().nodes().Item(1).Expanded());
     EXPECT_EQ(selected(), "#document");
     type("no markup");
     EXPECT_EQ(status(), "構文エラー");
@@ -203,7 +203,7 @@ TEST_F(EditingTest, TypingKeepsWhatWasExpandedBelow) {
         select(c.shown);
         const auto found = [&] {
             QStringList names;
-            tvw().nodes().forEachExpanded([&](const items::TreeItem &at) {
+            tree().nodes().forEachExpanded([&](const items::TreeItem &at) {
                 const xml::Node node = editor().selection.GetDOMNode(at);
                 names.append(node.getAttribute("k").value_or(node.nodeName()));
             });
@@ -224,7 +224,7 @@ TEST_F(EditingTest, TypingNeverGoesToAnItemThatThePaneDoesNotShow) {
     open("<doc><a>text</a><b/></doc>");
     select("text");
     // As a drag does that hovers over the tree.
-    tvw().setSelectedItem(item("b"));
+    tree().setSelectedItem(item("b"));
     type("textx");
     EXPECT_EQ(xml(), "<doc><a>text</a><b/></doc>");
     EXPECT_EQ(txtEdit().Text(), "<b/>");
@@ -414,7 +414,7 @@ TEST_F(EditingTest, ALabelIsEditedWithTheKeyboard) {
     ASSERT_TRUE(line);
     QTest::keyClicks(line, "top");
     QTest::mouseClick(tvw().viewport(), Qt::LeftButton, {},
-                      tvw().visualRect(tvw().nodes().indexOf(item("b"))).center());
+                      tvw().visualRect(tree().nodes().indexOf(item("b"))).center());
     QCoreApplication::processEvents();
     EXPECT_EQ(xml(), "<top><b/><a/></top>");
     EXPECT_EQ(selected(), "b");

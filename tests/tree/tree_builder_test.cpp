@@ -21,12 +21,12 @@ protected:
         ASSERT_TRUE(state.m_DOM.loadXML(QByteArray(text)));
         builder.BuildTree(state.m_DOM, true);
     }
-    TreeItem root() { return tvw.nodes().Item(1); }
+    TreeItem root() { return tree.nodes().Item(1); }
     /// The item with a caption; Nothing when there is none.
     TreeItem item(const QString &caption) {
-        for (int i = 1; i <= tvw.nodes().Count(); ++i) {
-            if (tvw.nodes().Item(i).Text() == caption)
-                return tvw.nodes().Item(i);
+        for (int i = 1; i <= tree.nodes().Count(); ++i) {
+            if (tree.nodes().Item(i).Text() == caption)
+                return tree.nodes().Item(i);
         }
         return {};
     }
@@ -50,8 +50,8 @@ protected:
 
     state::DocumentState state;
     state::ViewOptions options;
-    controls::TreeView tvw;
-    TreeBuilder builder{state, options, tvw};
+    items::Tree tree;
+    TreeBuilder builder{state, options, tree};
     test::ScriptedDialogs dialogs;
 };
 
@@ -74,7 +74,7 @@ TEST_F(TreeBuilderTest, CaptionsAndImagesOfEveryKind) {
     builder.BuildTree(state.m_DOM, true);
     EXPECT_EQ(captions(root()), QStringList({"xml", "note", "r", "r"}));
     EXPECT_EQ(captions(item("r").Next()), QStringList({"id=\"\"1&\n\"", "c", "te\nxt", "e"}));
-    EXPECT_EQ(tvw.nodes().indexOf(item("te\nxt")).data().toString(), "te\nxt");
+    EXPECT_EQ(tree.nodes().indexOf(item("te\nxt")).data().toString(), "te\nxt");
     for (const QString &key : imageKeys())
         EXPECT_FALSE(QIcon(":/icons/tree/" + key + ".svg").pixmap(16, 16).isNull())
             << key.toStdString();
@@ -83,8 +83,8 @@ TEST_F(TreeBuilderTest, CaptionsAndImagesOfEveryKind) {
 TEST_F(TreeBuilderTest, EveryItemIsRegisteredUnderAKeyThatNeverComesBack) {
     load(Sample);
     QStringList keys;
-    for (int i = 1; i <= tvw.nodes().Count(); ++i) {
-        const TreeItem at = tvw.nodes().Item(i);
+    for (int i = 1; i <= tree.nodes().Count(); ++i) {
+        const TreeItem at = tree.nodes().Item(i);
         EXPECT_EQ(captionOf(builder.registry().Item(at), true), at.Text());
         EXPECT_TRUE(at.Key().endsWith("Node"));
         keys.append(at.Key());
@@ -95,12 +95,12 @@ TEST_F(TreeBuilderTest, EveryItemIsRegisteredUnderAKeyThatNeverComesBack) {
     builder.BuildTree(state.m_DOM, true);
     EXPECT_EQ(root().Key(), QString::number(last + 2) + "Node");
     EXPECT_FALSE(root().Expanded());
-    EXPECT_FALSE(tvw.SelectedItem());
+    EXPECT_FALSE(tree.SelectedItem());
     // A change through the registry is a change of the document.
     builder.registry().Item(item("te\nxt")).setText("new");
     EXPECT_TRUE(state.m_DOM.xml().contains("new"));
     builder.BuildTree(xml::DOMDocument40(), true);
-    EXPECT_EQ(tvw.nodes().Count(), keys.size());
+    EXPECT_EQ(tree.nodes().Count(), keys.size());
 }
 
 TEST_F(TreeBuilderTest, InsertionPutsACopyIntoDocumentAndTreeAlike) {
@@ -166,7 +166,7 @@ TEST_F(TreeBuilderTest, TheDocumentTakesOneElementAndNoText) {
     EXPECT_TRUE(builder.HasRootElement());
     state.m_DOM = xml::DOMDocument40::create();
     builder.BuildTree(state.m_DOM, true);
-    EXPECT_EQ(tvw.nodes().Count(), 1);
+    EXPECT_EQ(tree.nodes().Count(), 1);
     EXPECT_FALSE(builder.HasRootElement());
     EXPECT_TRUE(add(root(), state.m_DOM.createElement("e"), Relationship::Child));
     EXPECT_TRUE(builder.HasRootElement());
@@ -200,11 +200,11 @@ TEST_F(TreeBuilderTest, DepthHasNoLimit) {
     for (int i = 0; i < Depth; ++i)
         text += "</d>";
     load(text.constData());
-    EXPECT_EQ(tvw.nodes().Count(), Depth + 1);
+    EXPECT_EQ(tree.nodes().Count(), Depth + 1);
     builder.ExpandSubtree(root());
-    EXPECT_TRUE(tvw.nodes().Item(Depth).Expanded());
+    EXPECT_TRUE(tree.nodes().Item(Depth).Expanded());
     builder.CollapseSubtree(root());
-    EXPECT_FALSE(tvw.nodes().Item(2).Expanded());
+    EXPECT_FALSE(tree.nodes().Item(2).Expanded());
 }
 
 } // namespace

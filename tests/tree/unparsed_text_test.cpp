@@ -23,7 +23,7 @@ protected:
     void SetUp() override {
         form->show();
         open(Document);
-        editor().builder.ExpandSubtree(tvw().nodes().Item(1));
+        editor().builder.ExpandSubtree(tree().nodes().Item(1));
     }
     void typeBroken() {
         select("a");
@@ -39,7 +39,7 @@ protected:
     /// All the ways in which the text could go, beside those that lead out of the window.
     std::vector<Way> ways() {
         std::vector<Way> ways{
-            {"click", [this] { tvw().selectAsUser(item("b")); }},
+            {"click", [this] { tree().selectAsUser(item("b")); }},
             {"key", [this] { QTest::keyClick(&tvw(), Qt::Key_Down); }},
             {"collapse", [this] { tvw().setExpandedAsUser(item("doc"), false); }},
             {"search", [this] { editor().captionSearch.SearchForward(item("doc"), "b"); }},
@@ -49,7 +49,7 @@ protected:
                  editor().pathQuery.SelectByPath();
              }},
             {"show", [this] { editor().selection.ShowNode(item("b"), true); }},
-            {"label", [this] { tvw().StartLabelEdit(); }},
+            {"label", [this] { tree().StartLabelEdit(); }},
             {"tree key", [this] { QTest::keyClick(&tvw(), Qt::Key_X, Qt::ControlModifier); }},
             {"drag",
              [this] {
@@ -96,7 +96,7 @@ TEST_F(UnparsedText, IsAskedAboutBeforeItGoes) {
         EXPECT_EQ(dialogs.messages.back().style, 4 + 32 + 256);
         EXPECT_EQ(xml(), before);
         EXPECT_EQ(txtEdit().Text(), Broken);
-        EXPECT_EQ(tvw().SelectedItem(), item("a"));
+        EXPECT_EQ(tree().SelectedItem(), item("a"));
         EXPECT_EQ(status(), "構文エラー");
         EXPECT_EQ(form->focusWidget(), &txtEdit());
         ASSERT_TRUE(editor().selection.hasUnparsedText());
@@ -125,7 +125,7 @@ TEST_F(UnparsedText, IsTheStepThatIsUndone) {
 TEST_F(UnparsedText, GoesWhenTheUserSaysSo) {
     typeBroken();
     dialogs.answerMessage(Yes);
-    tvw().selectAsUser(item("b"));
+    tree().selectAsUser(item("b"));
     EXPECT_EQ(txtEdit().utf8(), "<b>2</b>");
     EXPECT_EQ(status(), "");
     // Once is enough for a command that does several of these things.
@@ -146,7 +146,7 @@ TEST_F(UnparsedText, GoesWhenTheUserSaysSo) {
 
 TEST_F(UnparsedText, StaysWithoutAQuestionWhereNothingHappensToIt) {
     typeBroken();
-    tvw().selectAsUser(item("a"));
+    tree().selectAsUser(item("a"));
     editor().selection.ShowNode(item("a"), true);
     for (const char *command :
          {"mnuEditCopy", "mnuNodeExpand", "mnuViewLock", "mnuToolPreviewSync"})
@@ -165,8 +165,8 @@ TEST_F(UnparsedText, OfTheDocumentIsNoOther) {
     select("#document");
     type("<doc><a>");
     dialogs.answerMessage(No);
-    tvw().selectAsUser(item("a"));
-    EXPECT_EQ(tvw().SelectedItem(), item("#document"));
+    tree().selectAsUser(item("a"));
+    EXPECT_EQ(tree().SelectedItem(), item("#document"));
     type("<doc><c/></doc>");
     EXPECT_EQ(xml(), "<doc><c/></doc>");
     select("c");

@@ -18,7 +18,7 @@ class RowAccessible : public QAccessibleInterface,
 public:
     RowAccessible(TreeView &view, const items::TreeItem &item) : view_(view), item_(item) {}
 
-    int row() const { return view_.rows().rowOf(view_.nodes().slotOf(item_)); }
+    int row() const { return view_.rows().rowOf(view_.tree().nodes().slotOf(item_)); }
 
     bool isValid() const override { return item_ && row() >= 0; }
     QObject *object() const override { return nullptr; }
@@ -39,7 +39,7 @@ public:
     QRect rect() const override {
         if (!isValid())
             return {};
-        const QRect inViewport = view_.visualRect(view_.nodes().indexOf(item_));
+        const QRect inViewport = view_.visualRect(view_.tree().nodes().indexOf(item_));
         return {view_.viewport()->mapToGlobal(inViewport.topLeft()), inViewport.size()};
     }
     QAccessible::State state() const override;
@@ -52,7 +52,7 @@ public:
         return nullptr;
     }
 
-    bool isSelected() const override { return item_ && view_.SelectedItem() == item_; }
+    bool isSelected() const override { return item_ && view_.tree().SelectedItem() == item_; }
     QList<QAccessibleInterface *> columnHeaderCells() const override { return {}; }
     QList<QAccessibleInterface *> rowHeaderCells() const override { return {}; }
     int columnIndex() const override { return 0; }
@@ -71,7 +71,7 @@ public:
         if (!isValid())
             return;
         if (name == pressAction())
-            view_.selectAsUser(item_);
+            view_.tree().selectAsUser(item_);
         else if (name == toggleAction())
             view_.setExpandedAsUser(item_, !item_.Expanded());
     }
@@ -88,7 +88,7 @@ QAccessible::State RowAccessible::state() const {
         state.invalid = true;
         return state;
     }
-    const QRect shown = view_.visualRect(view_.nodes().indexOf(item_));
+    const QRect shown = view_.visualRect(view_.tree().nodes().indexOf(item_));
     state.selectable = true;
     state.focusable = true;
     state.editable = true;
@@ -153,14 +153,15 @@ public:
     }
     int selectedRowCount() const override { return static_cast<int>(selectedRows().size()); }
     QList<int> selectedRows() const override {
-        const int row = view_.rows().rowOf(view_.nodes().slotOf(view_.SelectedItem()));
+        const int row =
+            view_.rows().rowOf(view_.tree().nodes().slotOf(view_.tree().SelectedItem()));
         return row < 0 ? QList<int>() : QList<int>{row};
     }
     bool isRowSelected(int row) const override { return selectedRows().contains(row); }
     bool selectRow(int row) override {
-        const items::TreeItem item = view_.nodes().item(view_.rows().at(row));
+        const items::TreeItem item = view_.tree().nodes().item(view_.rows().at(row));
         if (item)
-            view_.selectAsUser(item);
+            view_.tree().selectAsUser(item);
         return !item.isNothing();
     }
     // One item of the tree is always selected, and the only column cannot be.
@@ -195,7 +196,7 @@ private:
                 return row;
             QAccessible::deleteAccessibleInterface(*known);
         }
-        auto *row = new RowAccessible(view_, view_.nodes().item(slot));
+        auto *row = new RowAccessible(view_, view_.tree().nodes().item(slot));
         ids_.insert(slot, QAccessible::registerAccessibleInterface(row));
         return row;
     }

@@ -18,9 +18,28 @@ bool isLineBreak(QChar c) {
 
 } // namespace
 
-TreeDelegate::TreeDelegate(InitialText initialText, Commit commit, QObject *parent)
-    : QStyledItemDelegate(parent), initialText_(std::move(initialText)),
-      commit_(std::move(commit)) {}
+TreeDelegate::TreeDelegate(const items::Nodes &nodes, const QList<QIcon> &images,
+                           InitialText initialText, Commit commit, QObject *parent)
+    : QStyledItemDelegate(parent), nodes_(nodes), images_(images),
+      initialText_(std::move(initialText)), commit_(std::move(commit)) {}
+
+void TreeDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const {
+    QStyledItemDelegate::initStyleOption(option, index);
+    const items::TreeItem item = nodes_.itemAt(index);
+    if (item.Bold()) {
+        option->font.setBold(true);
+        option->fontMetrics = QFontMetrics(option->font);
+    }
+    const int image = nodes_.image(item);
+    if (image < 0 || image >= images_.size())
+        return;
+    option->features |= QStyleOptionViewItem::HasDecoration;
+    option->icon = images_[image];
+    const auto mode =
+        option->state.testFlag(QStyle::State_Selected) ? QIcon::Selected : QIcon::Normal;
+    option->decorationSize =
+        option->icon.actualSize(option->decorationSize, mode).boundedTo(option->decorationSize);
+}
 
 QString TreeDelegate::displayText(const QVariant &value, const QLocale &) const {
     const QString caption = value.toString();

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "platform/items/tree_nodes.h"
+
+#include <QIcon>
 #include <QStyledItemDelegate>
 
 #include <functional>
@@ -20,7 +23,9 @@ public:
     /// Takes the text of an editor that is about to close.
     using Commit = std::function<void(const QModelIndex &, const QString &)>;
 
-    TreeDelegate(InitialText initialText, Commit commit, QObject *parent);
+    /// The items and the image list must outlive it.
+    TreeDelegate(const items::Nodes &nodes, const QList<QIcon> &images, InitialText initialText,
+                 Commit commit, QObject *parent);
 
     QString displayText(const QVariant &value, const QLocale &locale) const override;
 
@@ -32,7 +37,12 @@ public:
     void setModelData(QWidget *editor, QAbstractItemModel *model,
                       const QModelIndex &index) const override;
 
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
+
 private:
+    const items::Nodes &nodes_;
+    const QList<QIcon> &images_;
     InitialText initialText_;
     Commit commit_;
 };

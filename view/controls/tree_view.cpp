@@ -12,116 +12,68 @@ namespace quillon::controls {
 
 using ui::guarded;
 
-TreeView::TreeView(QWidget *parent)
-    : QTreeView(parent), nodes_(new items::Nodes(this)), rows_(nodes_->store()) {
+TreeView::TreeView(items::Tree &tree, QWidget *parent)
+    : QTreeView(parent), tree_(tree), nodes_(tree.nodes()), rows_(tree.rows()) {
     installTreeAccessibility();
     setHeaderHidden(true);
     setUniformRowHeights(true);
     setSelectionMode(SingleSelection);
     setEditTriggers(EditKeyPressed | SelectedClicked);
     setItemDelegate(new TreeDelegate(
+        nodes_, images_,
         [this](const QModelIndex &index) {
-            const items::TreeItem item = nodes_->itemAt(index);
+            const items::TreeItem item = nodes_.itemAt(index);
             QString text = item.Text();
-            if (labelEditText)
-                guarded([&] { text = labelEditText(item); });
+            guarded([&] { text = tree_.labelEditText(item); });
             return text;
         },
         [this](const QModelIndex &index, const QString &text) {
-            enteredLabel_.emplace(nodes_->itemAt(index), text);
+            enteredLabel_.emplace(nodes_.itemAt(index), text);
         },
         this));
+    setUpDragging();
+    showTree();
+}
 
-    // Ahead of the base's connections: nothing that runs on removal must see the removed rows.
-    connect(nodes_, &items::Nodes::rowsRemoved, this, [this] { rows_.removed(); });
-    connect(nodes_, &items::Nodes::expansionChanged, this, &TreeView::onExpansionChanged);
-    connect(nodes_, &items::Nodes::appearanceChanged, this,
+void TreeView::showTree() {
+    setModel(&nodes_);
+    const QItemSelectionModel *own = selectionModel();
+    setSelectionModel(&tree_.selectionModel());
+    delete own;
+
+    connect(&tree_, &items::Tree::shownRowsChanged, this, [this] { scheduleDelayedItemsLayout(); });
+    connect(&nodes_, &items::Nodes::appearanceChanged, this,
             [this] { scheduleDelayedItemsLayout(); });
-    connect(nodes_, &items::Nodes::revealRequested, this,
-            [this](const items::TreeItem &item) { scrollTo(nodes_->indexOf(item)); });
-    setModel(nodes_);
-}
-
-items::TreeItem TreeView::SelectedItem() const {
-    const QModelIndex current = currentIndex();
-    return selectionModel()->isSelected(current) ? nodes_->itemAt(current) : items::TreeItem();
-}
-
-void TreeView::setSelectedItem(const items::TreeItem &item) {
-    if (item.isNothing()) {
-        selectionModel()->clear();
-        return;
-    }
-    if (item == SelectedItem())
-        return;
-    nodes_->expandAncestors(item);
-    const QModelIndex index = nodes_->indexOf(item);
-    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
-    // The base does so for another current item only; this one may have been current already.
-    scrollTo(index);
+    connect(&nodes_, &items::Nodes::revealRequested, this,
+            [this](const items::TreeItem &item) { scrollTo(nodes_.indexOf(item)); });
+    connect(&tree_, &items::Tree::treeVisibleChanged, this, &TreeView::setUpdatesEnabled);
+    setUpdatesEnabled(tree_.treeVisible());
+    connect(&tree_, &items::Tree::focusRequested, this, [this] { setFocus(); });
+    connect(&tree_, &items::Tree::labelEditRequested, this, &TreeView::openLabelEditor);
+    connect(&tree_, &items::Tree::labelEditEndRequested, this, &TreeView::endLabelEdit);
 }
 
 items::TreeItem TreeView::HitTest(const QPoint &position) const {
-    return nodes_->itemAt(indexAt(position));
-}
-
-template <typename Handler>
-void TreeView::asUserGesture(Handler &&handler) {
-    const items::TreeItem before = SelectedItem();
-    std::forward<Handler>(handler)();
-    const items::TreeItem after = SelectedItem();
-    if (after && after != before)
-        Q_EMIT NodeClick(after);
-}
-
-void TreeView::selectAsUser(const items::TreeItem &item) {
-    asUserGesture([&] { setSelectedItem(item); });
+    return nodes_.itemAt(indexAt(position));
 }
 
 void TreeView::setExpandedAsUser(const items::TreeItem &item, bool expanded) {
-    asUserGesture([&] {
+    tree_.asUserGesture([&] {
         items::TreeItem(item).setExpanded(expanded);
-        notifyAccessibility(QAccessible::StateChanged, nodes_->indexOf(item));
+        notifyAccessibility(QAccessible::StateChanged, nodes_.indexOf(item));
     });
-}
-
-void TreeView::onExpansionChanged(const items::TreeItem &item, bool expanded) {
-    rows_.invalidate();
-    scheduleDelayedItemsLayout();
-    // A selected item that is out of sight would be at the mercy of the next command.
-    const Slot current = items::Nodes::slotAt(currentIndex());
-    if (!expanded && nodes_->store().isAncestor(nodes_->slotOf(item), current))
-        setSelectedItem(item);
 }
 
 // ---- Changes of the model
 
 void TreeView::reset() {
-    rows_.invalidate();
     enteredLabel_.reset();
     QAbstractItemView::reset();
 }
 
 void TreeView::rowsInserted(const QModelIndex &parent, int first, int last) {
-    for (int row = first; row <= last; ++row)
-        rows_.inserted(items::Nodes::slotAt(nodes_->index(row, 0, parent)));
     scheduleDelayedItemsLayout();
     QAbstractItemView::rowsInserted(parent, first, last);
-}
-
-void TreeView::rowsAboutToBeRemoved(const QModelIndex &parent, int first, int last) {
-    const items::TreeStore &store = nodes_->store();
-    const Slot removed = items::Nodes::slotAt(nodes_->index(first, 0, parent));
-    const Slot current = items::Nodes::slotAt(currentIndex());
-    if (current != 0 && (current == removed || store.isAncestor(removed, current))) {
-        Slot heir = store.next(removed);
-        if (heir == 0)
-            heir = store.parent(removed);
-        if (heir == 0)
-            heir = store.previous(removed);
-        setSelectedItem(nodes_->item(heir));
-    }
-    QAbstractItemView::rowsAboutToBeRemoved(parent, first, last);
 }
 
 void TreeView::dataChanged(const QModelIndex &topLeft, const QModelIndex &,
@@ -133,7 +85,10 @@ void TreeView::dataChanged(const QModelIndex &topLeft, const QModelIndex &,
 }
 
 void TreeView::currentChanged(const QModelIndex &current, const QModelIndex &previous) {
+    // The base scrolls to the item, unless it is told not to.
+    setAutoScroll(!tree_.isSelectingInPlace());
     QAbstractItemView::currentChanged(current, previous);
+    setAutoScroll(true);
     notifyAccessibility(QAccessible::Focus, current);
 }
 
@@ -164,15 +119,13 @@ void TreeView::notifyAccessibility(QAccessible::Event type, const QModelIndex &i
 
 // ---- Editing of captions
 
-void TreeView::StartLabelEdit() {
-    const QModelIndex index = nodes_->indexOf(SelectedItem());
-    if (!index.isValid())
-        return;
+void TreeView::openLabelEditor(const items::TreeItem &item) {
+    const QModelIndex index = nodes_.indexOf(item);
     scrollTo(index);
     edit(index, AllEditTriggers, nullptr);
 }
 
-void TreeView::EndLabelEdit() {
+void TreeView::endLabelEdit() {
     QWidget *editor = isEditingLabel() ? indexWidget(currentIndex()) : nullptr;
     if (!editor)
         return;
@@ -189,17 +142,16 @@ bool TreeView::edit(const QModelIndex &index, EditTrigger trigger, QEvent *event
         return true;
     if (!opens || !index.isValid() || state() == EditingState)
         return QTreeView::edit(index, trigger, event);
-    const items::TreeItem item = nodes_->itemAt(index);
+    const items::TreeItem item = nodes_.itemAt(index);
     if (mayEditLabel(item) && item)
-        return QTreeView::edit(nodes_->indexOf(item), trigger, event);
+        return QTreeView::edit(nodes_.indexOf(item), trigger, event);
     // To the base, a false would be a fault of the program, which it reports.
     return true;
 }
 
 bool TreeView::mayEditLabel(const items::TreeItem &item) {
-    bool allowed = !beforeLabelEdit;
-    if (beforeLabelEdit)
-        guarded([&] { allowed = beforeLabelEdit(item); });
+    bool allowed = false;
+    guarded([&] { allowed = tree_.beforeLabelEdit(item); });
     return allowed;
 }
 
@@ -214,14 +166,8 @@ void TreeView::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint h
 
 void TreeView::finishLabelEdit() {
     // Only now, with the editor gone, since afterLabelEdit may show a dialog or rebuild the tree.
-    const auto entered = std::exchange(enteredLabel_, std::nullopt);
-    if (!entered)
-        return;
-    auto [item, text] = *entered;
-    guarded([&] {
-        if (!afterLabelEdit || afterLabelEdit(item, text))
-            item.setText(text);
-    });
+    if (const auto entered = std::exchange(enteredLabel_, std::nullopt))
+        guarded([&] { tree_.enterLabel(entered->first, entered->second); });
 }
 
 // ---- Mouse and keyboard
@@ -231,20 +177,20 @@ void TreeView::mousePressEvent(QMouseEvent *event) {
     const items::TreeItem pressed = HitTest(position);
     const Slot branch = event->button() == Qt::LeftButton ? branchAt(position) : 0;
     isPressSpent_ = branch != 0;
-    isPressOnSelected_ =
-        event->button() == Qt::LeftButton && !isPressSpent_ && pressed && pressed == SelectedItem();
+    isPressOnSelected_ = event->button() == Qt::LeftButton && !isPressSpent_ && pressed &&
+                         pressed == tree_.SelectedItem();
     if (isPressSpent_)
-        setExpandedAsUser(nodes_->item(branch), !nodes_->item(branch).Expanded());
+        setExpandedAsUser(nodes_.item(branch), !nodes_.item(branch).Expanded());
     else
-        asUserGesture([&] { QTreeView::mousePressEvent(event); });
-    Q_EMIT MouseDown(pressed, event->button(), position);
+        tree_.asUserGesture([&] { QTreeView::mousePressEvent(event); });
+    Q_EMIT tree_.mouseDown(pressed);
 }
 
 void TreeView::mouseMoveEvent(QMouseEvent *event) {
     if (isPressSpent_ && event->buttons() != Qt::NoButton)
         return;
     if (state() != DraggingState)
-        asUserGesture([&] { QTreeView::mouseMoveEvent(event); });
+        tree_.asUserGesture([&] { QTreeView::mouseMoveEvent(event); });
     else if (event->buttons().testFlag(Qt::LeftButton))
         // Returns after the drag: what it has selected on its way was not clicked.
         QTreeView::mouseMoveEvent(event);
@@ -254,10 +200,10 @@ void TreeView::mouseReleaseEvent(QMouseEvent *event) {
     // The base would take the release for a click on the item.
     if (std::exchange(isPressSpent_, false))
         return;
-    asUserGesture([&] { QTreeView::mouseReleaseEvent(event); });
+    tree_.asUserGesture([&] { QTreeView::mouseReleaseEvent(event); });
     const items::TreeItem released = HitTest(event->position().toPoint());
-    if (std::exchange(isPressOnSelected_, false) && released && released == SelectedItem())
-        Q_EMIT NodeClick(released);
+    if (std::exchange(isPressOnSelected_, false) && released && released == tree_.SelectedItem())
+        Q_EMIT tree_.NodeClick(released);
 }
 
 void TreeView::mouseDoubleClickEvent(QMouseEvent *event) {
@@ -268,12 +214,12 @@ void TreeView::mouseDoubleClickEvent(QMouseEvent *event) {
     QAbstractItemView::mouseDoubleClickEvent(event);
     const items::TreeItem item = HitTest(event->position().toPoint());
     if (event->button() == Qt::LeftButton && state() == NoState && expandsOnDoubleClick() &&
-        canExpand(nodes_->slotOf(item)))
+        canExpand(nodes_.slotOf(item)))
         setExpandedAsUser(item, !item.Expanded());
 }
 
 void TreeView::keyPressEvent(QKeyEvent *event) {
-    const items::TreeItem current = nodes_->itemAt(currentIndex());
+    const items::TreeItem current = nodes_.itemAt(currentIndex());
     const auto others = event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
     if (current && others == Qt::NoModifier) {
         switch (event->key()) {
@@ -284,7 +230,7 @@ void TreeView::keyPressEvent(QKeyEvent *event) {
             setExpandedAsUser(current, false);
             return;
         case Qt::Key_Asterisk:
-            nodes_->setExpandedSubtree(current, true);
+            nodes_.setExpandedSubtree(current, true);
             return;
         default:
             break;
@@ -292,13 +238,13 @@ void TreeView::keyPressEvent(QKeyEvent *event) {
     }
     // Getting the focus makes the first item current and does not select it. A cursor key would go
     // past it, or nowhere where it is the only one.
-    if (!SelectedItem())
+    if (!tree_.SelectedItem())
         selectionModel()->clearCurrentIndex();
-    asUserGesture([&] { QAbstractItemView::keyPressEvent(event); });
+    tree_.asUserGesture([&] { QAbstractItemView::keyPressEvent(event); });
 }
 
 void TreeView::inputMethodEvent(QInputMethodEvent *event) {
-    asUserGesture([&] { QTreeView::inputMethodEvent(event); });
+    tree_.asUserGesture([&] { QTreeView::inputMethodEvent(event); });
 }
 
 QModelIndex TreeView::moveCursor(CursorAction action, Qt::KeyboardModifiers) {
@@ -306,14 +252,14 @@ QModelIndex TreeView::moveCursor(CursorAction action, Qt::KeyboardModifiers) {
     const int row = rows_.rowOf(current);
     const int last = rows_.count() - 1;
     const auto indexAtRow = [&](int to) {
-        return nodes_->indexOf(rows_.at(std::clamp(to, 0, last)));
+        return nodes_.indexOf(rows_.at(std::clamp(to, 0, last)));
     };
     if (last < 0)
         return {};
     if (row < 0)
         return indexAtRow(0);
 
-    const items::TreeItem item = nodes_->item(current);
+    const items::TreeItem item = nodes_.item(current);
     const bool isOpen = canExpand(current) && item.Expanded();
     switch (action) {
     case MoveUp:
@@ -332,12 +278,12 @@ QModelIndex TreeView::moveCursor(CursorAction action, Qt::KeyboardModifiers) {
         return indexAtRow(last);
     case MoveLeft:
         if (!isOpen)
-            return nodes_->indexOf(item.Parent() ? item.Parent() : item);
+            return nodes_.indexOf(item.Parent() ? item.Parent() : item);
         setExpandedAsUser(item, false);
         break;
     case MoveRight:
         if (isOpen)
-            return nodes_->indexOf(item.Child());
+            return nodes_.indexOf(item.Child());
         if (canExpand(current))
             setExpandedAsUser(item, true);
         break;
@@ -361,9 +307,9 @@ void TreeView::keyboardSearch(const QString &search) {
     const int row = rows_.rowOf(items::Nodes::slotAt(currentIndex()));
     const int start = row < 0 ? 0 : row + (isFirst ? 1 : 0);
     for (int step = 0; step < std::min(count, Furthest); ++step) {
-        const items::TreeItem item = nodes_->item(rows_.at((start + step) % count));
+        const items::TreeItem item = nodes_.item(rows_.at((start + step) % count));
         if (item.Text().startsWith(searchText_, Qt::CaseInsensitive)) {
-            setSelectedItem(item);
+            tree_.setSelectedItem(item);
             return;
         }
     }

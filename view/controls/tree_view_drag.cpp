@@ -30,17 +30,10 @@ void answer(QDropEvent &event, Qt::DropAction action) {
 
 } // namespace
 
-void TreeView::setDragHandlers(DragHandlers handlers) {
-    drag_ = std::move(handlers);
+void TreeView::setUpDragging() {
     setDragEnabled(true);
     setAcceptDrops(true);
     setAutoExpandDelay(ExpandDelayMs);
-}
-
-void TreeView::selectInPlace(const items::TreeItem &item) {
-    setAutoScroll(false);
-    selectionModel()->setCurrentIndex(nodes_->indexOf(item), QItemSelectionModel::ClearAndSelect);
-    setAutoScroll(true);
 }
 
 // ---- The source
@@ -48,8 +41,8 @@ void TreeView::selectInPlace(const items::TreeItem &item) {
 void TreeView::startDrag(Qt::DropActions) {
     // After a drag that Escape has ended the button may still be down.
     isPressSpent_ = true;
-    DragOffer offer;
-    guarded([&] { offer = drag_.start(); });
+    items::DragOffer offer;
+    guarded([&] { offer = tree_.dragHandlers.start(); });
     if (!offer.data)
         return;
     auto *drag = new QDrag(this);
@@ -58,7 +51,7 @@ void TreeView::startDrag(Qt::DropActions) {
     // A text box of this program that took the text has taken in no node.
     if (drag->target() && !qobject_cast<TreeView *>(drag->target()->parent()))
         done = Qt::CopyAction;
-    guarded([&] { drag_.complete(done); });
+    guarded([&] { tree_.dragHandlers.complete(done); });
 }
 
 // ---- The target
@@ -66,7 +59,7 @@ void TreeView::startDrag(Qt::DropActions) {
 void TreeView::dragEnterEvent(QDragEnterEvent *event) {
     // Refused here, a drag would not be heard of again; each point answers for itself.
     event->acceptProposedAction();
-    guarded([&] { drag_.enter(*event->mimeData()); });
+    guarded([&] { tree_.dragHandlers.enter(*event->mimeData()); });
 }
 
 void TreeView::dragMoveEvent(QDragMoveEvent *event) {
@@ -88,25 +81,25 @@ Qt::DropAction TreeView::hover() {
     const items::TreeItem &item = dragPoint_.item;
     if (item != before) {
         expandTimer_.stop();
-        if (item && !item.Expanded() && canExpand(nodes_->slotOf(item)))
+        if (item && !item.Expanded() && canExpand(nodes_.slotOf(item)))
             expandTimer_.start(autoExpandDelay(), this);
     }
     Qt::DropAction action = Qt::IgnoreAction;
-    guarded([&] { action = drag_.over(dragPoint_); });
+    guarded([&] { action = tree_.dragHandlers.over(dragPoint_); });
     return action;
 }
 
 void TreeView::dragLeaveEvent(QDragLeaveEvent *) {
     endHover();
-    guarded([&] { drag_.leave(); });
+    guarded([&] { tree_.dragHandlers.leave(); });
 }
 
 void TreeView::dropEvent(QDropEvent *event) {
     endHover();
-    const DragPoint point{HitTest(event->position().toPoint()), event->modifiers(),
-                          event->proposedAction(), event->possibleActions()};
+    const items::DragPoint point{HitTest(event->position().toPoint()), event->modifiers(),
+                                 event->proposedAction(), event->possibleActions()};
     Qt::DropAction done = Qt::IgnoreAction;
-    guarded([&] { done = drag_.drop(point, *event->mimeData()); });
+    guarded([&] { done = tree_.dragHandlers.drop(point, *event->mimeData()); });
     answer(*event, done);
 }
 

@@ -37,20 +37,20 @@ QRect TreeView::captionRect(int row, int level) const {
 QRect TreeView::visualRect(const QModelIndex &index) const {
     const Slot slot = items::Nodes::slotAt(index);
     const int row = rows_.rowOf(slot);
-    return row < 0 ? QRect() : captionRect(row, nodes_->store().level(slot));
+    return row < 0 ? QRect() : captionRect(row, nodes_.store().level(slot));
 }
 
 QModelIndex TreeView::indexAt(const QPoint &position) const {
     if (position.y() < 0)
         return {};
-    return nodes_->indexOf(rows_.at(verticalScrollBar()->value() + position.y() / rowHeight_));
+    return nodes_.indexOf(rows_.at(verticalScrollBar()->value() + position.y() / rowHeight_));
 }
 
 TreeView::Slot TreeView::branchAt(const QPoint &position) const {
     const Slot slot = items::Nodes::slotAt(indexAt(position));
     if (slot == 0 || !canExpand(slot))
         return 0;
-    const int left = indentation() * nodes_->store().level(slot) - horizontalOffset();
+    const int left = indentation() * nodes_.store().level(slot) - horizontalOffset();
     return position.x() >= left && position.x() < left + indentation() ? slot : 0;
 }
 
@@ -67,7 +67,7 @@ void TreeView::scrollTo(const QModelIndex &index, ScrollHint hint) {
     const Slot slot = items::Nodes::slotAt(index);
     if (slot == 0)
         return;
-    nodes_->expandAncestors(nodes_->item(slot));
+    nodes_.expandAncestors(nodes_.item(slot));
     executeDelayedItemsLayout();
 
     const int row = rows_.rowOf(slot);
@@ -84,7 +84,7 @@ void TreeView::scrollTo(const QModelIndex &index, ScrollHint hint) {
     QStyleOptionViewItem option;
     initViewItemOption(&option);
     const int width = viewport()->width();
-    const int left = indentation() * nodes_->store().level(slot);
+    const int left = indentation() * nodes_.store().level(slot);
     const int right = left + indentation() + std::min(captionWidth(option, slot), width / 2);
     const int offset = horizontalOffset();
     if (left < offset)
@@ -105,12 +105,12 @@ int TreeView::rowHeightOf(const QStyleOptionViewItem &base) const {
 }
 
 int TreeView::captionWidth(const QStyleOptionViewItem &option, Slot slot) const {
-    return itemDelegate()->sizeHint(option, nodes_->indexOf(slot)).width();
+    return itemDelegate()->sizeHint(option, nodes_.indexOf(slot)).width();
 }
 
 template <typename F>
 void TreeView::forEachRow(int first, int last, F &&f) const {
-    const items::TreeStore &store = nodes_->store();
+    const items::TreeStore &store = nodes_.store();
     Slot above = 0;
     int level = 0;
     for (int row = first; row <= last; ++row) {
@@ -188,7 +188,7 @@ void TreeView::paintEvent(QPaintEvent *event) {
 
 void TreeView::paintRow(QPainter &painter, QStyleOptionViewItem option, int row, Slot slot,
                         int level) {
-    const QModelIndex index = nodes_->indexOf(slot);
+    const QModelIndex index = nodes_.indexOf(slot);
     option.rect = rowRect(row);
     const bool isHovered =
         viewport()->underMouse() && option.rect.contains(viewport()->mapFromGlobal(QCursor::pos()));
@@ -202,7 +202,7 @@ void TreeView::paintRow(QPainter &painter, QStyleOptionViewItem option, int row,
 }
 
 void TreeView::paintBranches(QPainter &painter, QStyleOptionViewItem option, Slot slot, int level) {
-    const items::TreeStore &store = nodes_->store();
+    const items::TreeStore &store = nodes_.store();
     const auto state = option.state & ~QStyle::State_MouseOver;
     const bool isParent = canExpand(slot);
     const bool isOpen = isParent && store.expanded().test(slot);

@@ -3,7 +3,6 @@
 
 #include <QApplication>
 #include <QLineEdit>
-#include <QMimeData>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
@@ -22,25 +21,21 @@ protected:
         view_.resize(300, 200);
         items::TreeItem parent;
         for (quint32 i = 1; i <= 3; ++i) {
-            parent = view_.nodes().Add(parent, items::Relationship::Child, i);
+            parent = tree_.nodes().Add(parent, items::Relationship::Child, i);
             parent.setText(QString::number(i));
         }
-        view_.nodes().setExpandedSubtree(view_.nodes().Item(1), true);
-        view_.setDragHandlers(
-            {[this] {
-                 ++starts_;
-                 return DragOffer{};
-             },
-             [](const QMimeData &) {}, [] {}, [](const DragPoint &) { return Qt::IgnoreAction; },
-             [](const DragPoint &, const QMimeData &) { return Qt::IgnoreAction; },
-             [](Qt::DropAction) {}});
+        tree_.nodes().setExpandedSubtree(tree_.nodes().Item(1), true);
+        tree_.dragHandlers.start = [this] {
+            ++starts_;
+            return items::DragOffer{};
+        };
         view_.show();
         view_.activateWindow();
         QApplication::processEvents();
     }
 
     QPoint placeOf(int index) {
-        return view_.visualRect(view_.nodes().indexOf(view_.nodes().Item(index))).topLeft() +
+        return view_.visualRect(tree_.nodes().indexOf(tree_.nodes().Item(index))).topLeft() +
                QPoint(25, 5);
     }
     /// Presses a button at one place and releases it at another, the way a hand does.
@@ -56,29 +51,30 @@ protected:
     }
     bool isEditing() const { return view_.viewport()->findChild<QLineEdit *>() != nullptr; }
 
-    TreeView view_;
+    items::Tree tree_;
+    TreeView view_{tree_};
     int starts_ = 0;
 };
 
 TEST_F(DragSource, BeginsWithALeftPullFromAnItem) {
-    const QSignalSpy clicks(&view_, &TreeView::NodeClick);
+    const QSignalSpy clicks(&tree_, &items::Tree::NodeClick);
     pull(placeOf(2), placeOf(3), Qt::LeftButton);
     EXPECT_EQ(starts_, 1);
     // The press selects; what the pointer crosses is not clicked, not even if no drag comes of it.
-    EXPECT_EQ(view_.SelectedItem(), view_.nodes().Item(2));
+    EXPECT_EQ(tree_.SelectedItem(), tree_.nodes().Item(2));
     EXPECT_EQ(clicks.count(), 1);
 
     pull(placeOf(2), placeOf(3), Qt::RightButton);
     pull({150, 190}, placeOf(1), Qt::LeftButton);
     const QPoint branch = placeOf(1) - QPoint(25 + view_.indentation() / 2, 0);
     pull(branch, branch + QPoint(100, 60), Qt::LeftButton);
-    EXPECT_FALSE(view_.nodes().Item(1).Expanded());
+    EXPECT_FALSE(tree_.nodes().Item(1).Expanded());
     EXPECT_EQ(starts_, 1);
 }
 
 TEST_F(DragSource, ASecondClickStillEditsUnlessItBecomesADrag) {
     QApplication::setDoubleClickInterval(1);
-    view_.setSelectedItem(view_.nodes().Item(2));
+    tree_.setSelectedItem(tree_.nodes().Item(2));
     pull(placeOf(2), placeOf(3), Qt::LeftButton);
     // A timer that is started later and runs longer ends after the one that would start an edit.
     bool later = false;
@@ -86,18 +82,17 @@ TEST_F(DragSource, ASecondClickStillEditsUnlessItBecomesADrag) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return later; }));
     EXPECT_FALSE(isEditing());
     // A hand that trembles does not drag.
-    view_.setSelectedItem(view_.nodes().Item(2));
+    tree_.setSelectedItem(tree_.nodes().Item(2));
     pull(placeOf(2), placeOf(2) + QPoint(2, 1), Qt::LeftButton);
     EXPECT_TRUE(QTest::qWaitFor([&] { return isEditing(); }));
 }
 
 TEST_F(DragSource, TellsOfEveryPress) {
-    QSignalSpy presses(&view_, &TreeView::MouseDown);
+    QSignalSpy presses(&tree_, &items::Tree::mouseDown);
     QTest::mousePress(view_.viewport(), Qt::RightButton, {}, placeOf(3));
     QTest::mousePress(view_.viewport(), Qt::LeftButton, {}, {150, 190});
     ASSERT_EQ(presses.count(), 2);
-    EXPECT_EQ(presses[0][0].value<items::TreeItem>(), view_.nodes().Item(3));
-    EXPECT_EQ(presses[0][1].value<Qt::MouseButton>(), Qt::RightButton);
+    EXPECT_EQ(presses[0][0].value<items::TreeItem>(), tree_.nodes().Item(3));
     EXPECT_TRUE(presses[1][0].value<items::TreeItem>().isNothing());
 }
 

@@ -22,6 +22,7 @@ namespace {
 class CountingView : public TreeView {
 public:
     using TreeView::edit;
+    using TreeView::TreeView;
     bool edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) override {
         secondClicks += trigger == SelectedClicked;
         return TreeView::edit(index, trigger, event);
@@ -41,39 +42,39 @@ protected:
         add(a2, "y");
         add(a, "a3");
         add({}, "b");
-        view_.nodes().setExpandedSubtree(a, true);
+        tree_.nodes().setExpandedSubtree(a, true);
         view_.show();
         view_.activateWindow();
         view_.setFocus();
         QApplication::processEvents();
-        QObject::connect(&view_, &TreeView::NodeClick, &view_,
+        QObject::connect(&tree_, &items::Tree::NodeClick, &view_,
                          [this](const items::TreeItem &item) { clicks_ << item.Text(); });
     }
 
     items::TreeItem add(const items::TreeItem &parent, const QString &text) {
-        items::TreeItem item = view_.nodes().Add(parent, items::Relationship::Child, ++sequence_);
+        items::TreeItem item = tree_.nodes().Add(parent, items::Relationship::Child, ++sequence_);
         item.setText(text);
         return item;
     }
     items::TreeItem named(const QString &text) {
-        for (int i = 1; i <= view_.nodes().Count(); ++i) {
-            if (view_.nodes().Item(i).Text() == text)
-                return view_.nodes().Item(i);
+        for (int i = 1; i <= tree_.nodes().Count(); ++i) {
+            if (tree_.nodes().Item(i).Text() == text)
+                return tree_.nodes().Item(i);
         }
         return {};
     }
-    void select(const QString &text) { view_.setSelectedItem(named(text)); }
-    QString selected() const { return view_.SelectedItem().Text(); }
+    void select(const QString &text) { tree_.setSelectedItem(named(text)); }
+    QString selected() const { return tree_.SelectedItem().Text(); }
 
     QPoint placeOf(const items::TreeItem &item) {
-        return view_.visualRect(view_.nodes().indexOf(item)).topLeft() + QPoint(25, 5);
+        return view_.visualRect(tree_.nodes().indexOf(item)).topLeft() + QPoint(25, 5);
     }
     void click(const QPoint &position, Qt::KeyboardModifiers modifiers = {}) {
         QTest::mouseClick(view_.viewport(), Qt::LeftButton, modifiers, position);
     }
     void click(const QString &text) { click(placeOf(named(text))); }
     void clickBranch(const QString &text) {
-        const QRect rect = view_.visualRect(view_.nodes().indexOf(named(text)));
+        const QRect rect = view_.visualRect(tree_.nodes().indexOf(named(text)));
         click(rect.topLeft() + QPoint(-view_.indentation() / 2, 5));
     }
     void press(int key) { QTest::keyClick(&view_, static_cast<Qt::Key>(key)); }
@@ -100,7 +101,8 @@ protected:
         EXPECT_EQ(editor(), nullptr);
     }
 
-    CountingView view_;
+    items::Tree tree_;
+    CountingView view_{tree_};
     quint32 sequence_ = 0;
     QStringList clicks_;
 };
@@ -117,7 +119,7 @@ TEST_F(View, RemovalPassesTheSelectionOn) {
         SCOPED_TRACE(removed);
         select(first);
         ASSERT_EQ(selected(), first);
-        view_.nodes().Remove(named(removed));
+        tree_.nodes().Remove(named(removed));
         EXPECT_EQ(selected(), then);
     }
     EXPECT_EQ(clicks_, QStringList()) << "the user has selected nothing";
@@ -125,13 +127,13 @@ TEST_F(View, RemovalPassesTheSelectionOn) {
 
 TEST_F(View, RemovalElsewhereLeavesTheSelectionAlone) {
     select("a2");
-    view_.nodes().Remove(named("a1"));
-    view_.nodes().Remove(named("x"));
+    tree_.nodes().Remove(named("a1"));
+    tree_.nodes().Remove(named("x"));
     EXPECT_EQ(selected(), "a2");
-    view_.setSelectedItem({});
-    EXPECT_TRUE(view_.SelectedItem().isNothing());
-    view_.nodes().Remove(named("a2"));
-    EXPECT_TRUE(view_.SelectedItem().isNothing());
+    tree_.setSelectedItem({});
+    EXPECT_TRUE(tree_.SelectedItem().isNothing());
+    tree_.nodes().Remove(named("a2"));
+    EXPECT_TRUE(tree_.SelectedItem().isNothing());
 }
 
 TEST_F(View, ClicksSelect) {
@@ -213,7 +215,7 @@ TEST_F(View, TypingSearches) {
 
 TEST_F(View, LabelEditsEndByKeyAndFocus) {
     const auto startByF2 = [&] { press(Qt::Key_F2); };
-    const auto startByCode = [&] { view_.StartLabelEdit(); };
+    const auto startByCode = [&] { tree_.StartLabelEdit(); };
     const auto startByClick = [&] {
         QApplication::setDoubleClickInterval(1);
         click(selected());
@@ -222,13 +224,13 @@ TEST_F(View, LabelEditsEndByKeyAndFocus) {
     };
     const auto endByCode = [&] {
         QTest::keyClicks(editor(), "code");
-        view_.EndLabelEdit();
+        tree_.endLabelEdit();
     };
     for (const std::function<void()> &start :
          {std::function<void()>(startByF2), std::function<void()>(startByCode),
           std::function<void()>(startByClick)}) {
         named("a2").setText("a2\r\n ");
-        view_.setSelectedItem(named("a2\r\n "));
+        tree_.setSelectedItem(named("a2\r\n "));
         start();
         ASSERT_NE(editor(), nullptr);
         EXPECT_EQ(editor()->text(), "a2\r\n ");
@@ -245,11 +247,11 @@ TEST_F(View, LabelEditsEndByKeyAndFocus) {
         QTest::keyClicks(editor(), "focus");
         view_.setFocus();
         EXPECT_EQ(selected(), "focus");
-        view_.StartLabelEdit();
+        tree_.StartLabelEdit();
         endByCode();
         EXPECT_FALSE(view_.isEditingLabel());
         EXPECT_EQ(selected(), "code");
-        view_.SelectedItem().setText("a2");
+        tree_.SelectedItem().setText("a2");
         settle();
     }
     EXPECT_EQ(clicks_, QStringList());
@@ -258,61 +260,61 @@ TEST_F(View, LabelEditsEndByKeyAndFocus) {
 TEST_F(View, LabelEditHooksDecide) {
     bool allowed = false;
     QStringList asked;
-    view_.beforeLabelEdit = [&](const items::TreeItem &item) {
+    tree_.beforeLabelEdit = [&](const items::TreeItem &item) {
         asked << item.Text();
         return allowed;
     };
-    view_.labelEditText = [](const items::TreeItem &item) { return item.Text().toUpper(); };
-    view_.afterLabelEdit = [&](const items::TreeItem &item, QString &text) {
+    tree_.labelEditText = [](const items::TreeItem &item) { return item.Text().toUpper(); };
+    tree_.afterLabelEdit = [&](const items::TreeItem &item, QString &text) {
         EXPECT_EQ(editor(), nullptr);
         if (text == "remove")
-            view_.nodes().Remove(item);
+            tree_.nodes().Remove(item);
         text += '!';
         return !text.startsWith("bad");
     };
     select("a1");
-    view_.StartLabelEdit();
+    tree_.StartLabelEdit();
     press(Qt::Key_F2);
     EXPECT_EQ(editor(), nullptr);
     EXPECT_EQ(asked, (QStringList{"a1", "a1"}));
-    const auto before = std::exchange(view_.beforeLabelEdit, [](const items::TreeItem &) -> bool {
+    const auto before = std::exchange(tree_.beforeLabelEdit, [](const items::TreeItem &) -> bool {
         quillon::runtime::raise(quillon::runtime::error_number::Overflow);
     });
     quillon::test::ScriptedDialogs dialogs;
     dialogs.answerMessage(ui::message_answer::Ok);
-    view_.StartLabelEdit();
+    tree_.StartLabelEdit();
     EXPECT_EQ(editor(), nullptr);
     EXPECT_EQ(dialogs.messages.size(), 1U) << "an error is shown, and refuses";
-    view_.beforeLabelEdit = before;
+    tree_.beforeLabelEdit = before;
 
     allowed = true;
-    view_.StartLabelEdit();
+    tree_.StartLabelEdit();
     EXPECT_EQ(editor()->text(), "A1");
     EXPECT_EQ(editor()->selectedText(), "A1");
     named("a1").setBold(true);
     enter("good", Qt::Key_Return);
     EXPECT_EQ(selected(), "good!");
-    view_.StartLabelEdit();
+    tree_.StartLabelEdit();
     QTest::keyClicks(editor(), "b");
-    view_.SelectedItem().setBold(false);
+    tree_.SelectedItem().setBold(false);
     QApplication::processEvents();
     enter("ad", Qt::Key_Return);
     EXPECT_EQ(selected(), "good!") << "a change of the item meanwhile keeps what was typed";
-    view_.StartLabelEdit();
+    tree_.StartLabelEdit();
     enter("remove", Qt::Key_Return);
     EXPECT_EQ(selected(), "a2");
     EXPECT_EQ(asked.size(), 5);
 
-    view_.labelEditText = nullptr;
-    view_.SelectedItem().setText(QString(40'000, 'x'));
-    view_.StartLabelEdit();
-    EXPECT_EQ(editor()->text(), view_.SelectedItem().Text());
+    tree_.labelEditText = [](const items::TreeItem &item) { return item.Text(); };
+    tree_.SelectedItem().setText(QString(40'000, 'x'));
+    tree_.StartLabelEdit();
+    EXPECT_EQ(editor()->text(), tree_.SelectedItem().Text());
     enter("", Qt::Key_Escape);
-    view_.StartLabelEdit();
-    view_.nodes().Clear();
+    tree_.StartLabelEdit();
+    tree_.nodes().Clear();
     QApplication::processEvents();
     EXPECT_EQ(editor(), nullptr);
-    view_.StartLabelEdit();
+    tree_.StartLabelEdit();
     EXPECT_EQ(asked.size(), 7);
 }
 
@@ -332,26 +334,60 @@ TEST_F(View, DrawsCaptionsOnOneLineAndOnlyTheirBeginning) {
         EXPECT_EQ(drawn(caption), expected);
 }
 
+TEST_F(View, DrawsImagesAndWeight) {
+    struct Images : items::CaptionSource {
+        QString caption(quint32) const override { return {}; }
+        int image(quint32 sequence) const override { return static_cast<int>(sequence) - 2; }
+    } images;
+    tree_.nodes().setCaptionSource(&images);
+    QPixmap square(16, 16);
+    square.fill(Qt::magenta);
+    view_.setImageList({QIcon(square)});
+    const auto magenta = [&](const items::TreeItem &item) {
+        const QRect rect = view_.visualRect(tree_.nodes().indexOf(item));
+        const QImage picture = view_.viewport()->grab(rect).toImage();
+        int count = 0;
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x)
+                count += picture.pixelColor(x, y) == Qt::magenta;
+        }
+        return count;
+    };
+    EXPECT_EQ(magenta(named("a")), 0) << "no image";
+    EXPECT_GT(magenta(named("a1")), 100);
+    EXPECT_EQ(magenta(named("a2")), 0) << "an image beyond the list";
+
+    const QString wide(20, 'W');
+    named("a1").setText(wide);
+    const auto widthOf = [&] {
+        return view_.itemDelegate()->sizeHint({}, tree_.nodes().indexOf(named(wide))).width();
+    };
+    const int light = widthOf();
+    named(wide).setBold(true);
+    EXPECT_GT(widthOf(), light);
+    tree_.nodes().setCaptionSource(nullptr);
+}
+
 TEST_F(View, ScrollsToWhatIsHidden) {
     EXPECT_EQ(view_.horizontalScrollBar()->maximum(), 0);
     named("b").setText(QString(100, 'W'));
     items::TreeItem last;
-    const items::TreeItem b = view_.nodes().Item(7);
+    const items::TreeItem b = tree_.nodes().Item(7);
     for (int i = 0; i < 50; ++i)
         last = add(b, "child");
     QApplication::processEvents();
     EXPECT_GT(view_.horizontalScrollBar()->maximum(), 300);
     EXPECT_EQ(view_.rows().count(), 7);
-    EXPECT_TRUE(view_.visualRect(view_.nodes().indexOf(last)).isNull());
+    EXPECT_TRUE(view_.visualRect(tree_.nodes().indexOf(last)).isNull());
 
     last.EnsureVisible();
     EXPECT_TRUE(b.Expanded());
     EXPECT_TRUE(view_.viewport()->rect().contains(placeOf(last)));
     EXPECT_EQ(view_.HitTest(placeOf(last)), last);
     view_.horizontalScrollBar()->setValue(300);
-    view_.setSelectedItem(last);
+    tree_.setSelectedItem(last);
     view_.horizontalScrollBar()->setValue(300);
-    view_.setSelectedItem(last);
+    tree_.setSelectedItem(last);
     EXPECT_EQ(view_.horizontalScrollBar()->value(), 300) << "it was selected already";
     select("a");
     EXPECT_EQ(view_.verticalScrollBar()->value(), 0);
@@ -374,17 +410,17 @@ public:
 
 TEST_F(View, KeepsItsPictureWhileItIsRebuilt) {
     Paints paints(view_.viewport());
-    view_.setTreeVisible(false);
-    view_.setTreeVisible(false);
-    view_.nodes().Clear();
+    tree_.setTreeVisible(false);
+    tree_.setTreeVisible(false);
+    tree_.nodes().Clear();
     for (int i = 0; i < 100; ++i) {
         add({}, "new");
         QApplication::processEvents();
     }
     EXPECT_EQ(paints.count, 0);
     EXPECT_TRUE(view_.isVisible());
-    view_.setTreeVisible(true);
-    EXPECT_TRUE(view_.treeVisible());
+    tree_.setTreeVisible(true);
+    EXPECT_TRUE(tree_.treeVisible());
     EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count > 0; }));
 }
 
@@ -419,7 +455,7 @@ TEST_F(View, IsATreeToAssistiveTechnology) {
     EXPECT_EQ(table->selectedRows(), QList<int>{2});
     EXPECT_EQ(clicks_, QStringList{"a2"});
 
-    view_.nodes().Clear();
+    tree_.nodes().Clear();
     EXPECT_EQ(tree->childCount(), 0);
     add({}, "new");
     EXPECT_EQ(tree->child(0)->text(QAccessible::Name), "new");
@@ -427,59 +463,59 @@ TEST_F(View, IsATreeToAssistiveTechnology) {
 
 TEST_F(View, ShowsHundredThousandLevels) {
     constexpr int Levels = 100'000;
-    view_.nodes().Clear();
-    view_.nodes().beginBuild(Levels);
+    tree_.nodes().Clear();
+    tree_.nodes().beginBuild(Levels);
     items::TreeItem item;
     for (int i = 0; i < Levels; ++i)
-        item = view_.nodes().Add(item, items::Relationship::Child, ++sequence_);
-    view_.nodes().endBuild();
+        item = tree_.nodes().Add(item, items::Relationship::Child, ++sequence_);
+    tree_.nodes().endBuild();
     item.setText("bottom");
-    const items::TreeItem top = view_.nodes().Item(1);
+    const items::TreeItem top = tree_.nodes().Item(1);
     EXPECT_EQ(item.FullPath().count('/'), Levels - 1);
 
-    view_.nodes().setExpandedSubtree(top, true);
+    tree_.nodes().setExpandedSubtree(top, true);
     EXPECT_EQ(view_.rows().count(), Levels);
-    view_.setSelectedItem(item);
+    tree_.setSelectedItem(item);
     view_.grab();
     EXPECT_EQ(view_.HitTest(placeOf(item)), item);
     EXPECT_TRUE(view_.viewport()->rect().contains(placeOf(item)));
-    view_.nodes().Remove(item);
+    tree_.nodes().Remove(item);
     EXPECT_EQ(view_.rows().count(), Levels - 1);
-    EXPECT_EQ(view_.SelectedItem().Index(), Levels - 1);
-    add(view_.SelectedItem(), "again");
+    EXPECT_EQ(tree_.SelectedItem().Index(), Levels - 1);
+    add(tree_.SelectedItem(), "again");
 
-    view_.nodes().setExpandedSubtree(top, false);
+    tree_.nodes().setExpandedSubtree(top, false);
     EXPECT_EQ(view_.rows().count(), 1);
-    EXPECT_EQ(view_.SelectedItem(), top);
+    EXPECT_EQ(tree_.SelectedItem(), top);
     named("again").EnsureVisible();
     EXPECT_EQ(view_.rows().count(), Levels);
-    view_.nodes().Remove(top.Child());
-    EXPECT_EQ(view_.nodes().Count(), 1);
+    tree_.nodes().Remove(top.Child());
+    EXPECT_EQ(tree_.nodes().Count(), 1);
 }
 
 TEST_F(View, ShowsAHugeSubtree) {
     constexpr int Parents = 60'000;
     const items::TreeItem top = named("b");
-    view_.nodes().beginBuild(Parents * 10);
-    const items::TreeItem list = view_.nodes().Add(top, items::Relationship::Child, ++sequence_);
+    tree_.nodes().beginBuild(Parents * 10);
+    const items::TreeItem list = tree_.nodes().Add(top, items::Relationship::Child, ++sequence_);
     for (int i = 0; i < Parents; ++i) {
         const items::TreeItem parent =
-            view_.nodes().Add(list, items::Relationship::Child, ++sequence_);
+            tree_.nodes().Add(list, items::Relationship::Child, ++sequence_);
         for (int k = 0; k < 9; ++k)
-            view_.nodes().Add(parent, items::Relationship::Child, ++sequence_);
+            tree_.nodes().Add(parent, items::Relationship::Child, ++sequence_);
     }
-    view_.nodes().endBuild();
-    view_.nodes().setExpandedSubtree(top, true);
+    tree_.nodes().endBuild();
+    tree_.nodes().setExpandedSubtree(top, true);
     EXPECT_EQ(view_.rows().count(), 7 + 1 + Parents * 10);
     int expanded = 0;
-    view_.nodes().forEachExpanded([&](const items::TreeItem &) { ++expanded; });
+    tree_.nodes().forEachExpanded([&](const items::TreeItem &) { ++expanded; });
     EXPECT_EQ(expanded, 2 + 1 + 1 + Parents);
-    view_.setSelectedItem(top);
+    tree_.setSelectedItem(top);
     press(Qt::Key_End);
-    EXPECT_EQ(view_.SelectedItem().sequence(), sequence_);
+    EXPECT_EQ(tree_.SelectedItem().sequence(), sequence_);
 
     // One after the other, as a program restores what was expanded.
-    view_.nodes().setExpandedSubtree(top, false);
+    tree_.nodes().setExpandedSubtree(top, false);
     for (items::TreeItem parent = list.Child(); parent; parent = parent.Next())
         parent.setExpanded(true);
     EXPECT_EQ(view_.rows().count(), 7);
