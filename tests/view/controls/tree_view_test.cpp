@@ -107,35 +107,6 @@ protected:
     QStringList clicks_;
 };
 
-TEST_F(View, RemovalPassesTheSelectionOn) {
-    struct Case {
-        const char *selected, *removed, *then;
-    };
-    for (const auto &[first, removed, then] : {Case{"a1", "a1", "a2"},
-                                               {"a3", "a3", "a"},
-                                               {"y", "a2", "a"},
-                                               {"b", "b", "a"},
-                                               {"a", "a", ""}}) {
-        SCOPED_TRACE(removed);
-        select(first);
-        ASSERT_EQ(selected(), first);
-        tree_.nodes().Remove(named(removed));
-        EXPECT_EQ(selected(), then);
-    }
-    EXPECT_EQ(clicks_, QStringList()) << "the user has selected nothing";
-}
-
-TEST_F(View, RemovalElsewhereLeavesTheSelectionAlone) {
-    select("a2");
-    tree_.nodes().Remove(named("a1"));
-    tree_.nodes().Remove(named("x"));
-    EXPECT_EQ(selected(), "a2");
-    tree_.setSelectedItem({});
-    EXPECT_TRUE(tree_.SelectedItem().isNothing());
-    tree_.nodes().Remove(named("a2"));
-    EXPECT_TRUE(tree_.SelectedItem().isNothing());
-}
-
 TEST_F(View, ClicksSelect) {
     click("a2");
     EXPECT_EQ(selected(), "a2");
