@@ -1,0 +1,34 @@
+#pragma once
+
+#include "tests/support/editor_window.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTest>
+
+namespace quillon::test {
+
+constexpr auto Sample = "<?xml version='1.0'?><!--note--><!DOCTYPE doc [<!ENTITY e 'x'>]>"
+                        "<doc id='1'><a k='v\nw'/><b>one\ntwo</b><![CDATA[raw]]></doc>";
+
+class EditingTest : public EditorWindow {
+protected:
+    tree::LabelEditing &labels() { return editor().labels; }
+    /// Applies a label edit to the selected item as the tree would.
+    bool rename(const QString &text) {
+        QString newString = text;
+        const bool accepted = labels().tvw_AfterLabelEdit(tree().SelectedItem(), newString);
+        if (accepted)
+            tree().SelectedItem().setText(newString);
+        return accepted;
+    }
+    QString selected() { return tree().SelectedItem().Text(); }
+    items::TreeItem paste(const QString &target, const QString &text) {
+        return editor().nodeText.InsertNodeFromText(item(target), text);
+    }
+    bool modified() { return std::exchange(state().m_Modified, false); }
+};
+
+} // namespace quillon::test
