@@ -6,7 +6,6 @@
 using namespace quillon;
 using namespace quillon::fuzz;
 using xml::Node;
-using xml::NodeType;
 
 namespace {
 

@@ -3,9 +3,10 @@
 #include "tests/support/private_bus.h"
 #include "tests/support/scripted_dialogs.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QDBusInterface>
 #include <QDBusReply>
+#include <QDialog>
 #include <QFile>
 #include <QPointer>
 #include <QProcess>
@@ -127,6 +128,23 @@ TEST_F(AutomationTest, OpenFileShowsItsFailureAndStillSetsTheCaption) {
     EXPECT_EQ(dialogs.messages.size(), 1u);
     EXPECT_TRUE(forms[0]->windowTitle().startsWith("doc.xml"))
         << forms[0]->windowTitle().toStdString();
+}
+
+TEST_F(AutomationTest, NothingIsOpenedUnderAModalBox) {
+    const QString window = createWindow();
+    onWindow(window, "OpenFile", {write("<first/>")});
+    const auto xml = [&] { return forms[0]->editor().state.m_DOM.xml(); };
+    ASSERT_TRUE(QTest::qWaitFor([&] { return xml() == "<first/>"; }));
+    QDialog box(forms[0]);
+    box.setModal(true);
+    box.show();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeModalWidget() == &box; }));
+    EXPECT_TRUE(onWindow(window, "OpenFile", {write("<second/>")}).isValid());
+    // The window goes on answering, and has not touched what the box may be about.
+    EXPECT_EQ(get(window, "ReadOnly"), QVariant(false));
+    EXPECT_EQ(xml(), "<first/>");
+    box.close();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return xml() == "<second/>"; }));
 }
 
 TEST_F(AutomationTest, OpeningAnotherFileKeepsTheUsersChangesForTheNextStart) {

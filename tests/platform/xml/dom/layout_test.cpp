@@ -36,6 +36,10 @@ TEST(Layout, AnInsertedNodeStandsLikeItsNewSiblings) {
         {"<r>\n <b>\n     <a x='1' />\n </b>\n</r>", "a", "",
          "<r>\n <b>\n     <a x='1'>\n         <N/>\n     </a>\n </b>\n</r>"},
         {"<r/>", "r", "", "<r>\n  <N/>\n</r>"},
+        // Where the parent shows no step, that of the root's children, else two blanks.
+        {"<!--c-->\n<r>\n   <x>\n   <a/>\n   </x>\n</r>", "a", "",
+         "<!--c-->\n<r>\n   <x>\n   <a>\n      <N/>\n   </a>\n   </x>\n</r>"},
+        {"<r><x>\n<a/>\n</x></r>", "a", "", "<r><x>\n<a>\n  <N/>\n</a>\n</x></r>"},
         // One-line parents and mixed content.
         {"<r><a/></r>", "r", "", "<r><a/><N/></r>"},
         {"<r><a/></r>", "r", "a", "<r><N/><a/></r>"},
