@@ -72,9 +72,8 @@ void Editor::wireModifications() {
 }
 
 void Editor::wireHistory() {
-    const auto changed = &recovery::CrashRecovery::documentChanged;
-    connect(&history, &edit::UndoHistory::recorded, &recovery, changed);
-    connect(&history, &edit::UndoHistory::moved, &recovery, changed);
+    connect(&history, &edit::UndoHistory::moved, &recovery,
+            &recovery::CrashRecovery::documentChanged);
 }
 
 void Editor::wireTree() {

@@ -215,6 +215,18 @@ TEST_F(CommandStates, FollowTheNodeSelected) {
     }
 }
 
+TEST_F(CommandStates, HideWhatTheTreeMenuOffersForOthers) {
+    for (const Column column : {Element, Attribute, Doctype, Text, Comment}) {
+        SCOPED_TRACE(column);
+        show(column);
+        Q_EMIT action(u"treeMenu").menu()->aboutToShow();
+        const bool isInElement = column != Element && column != Doctype;
+        EXPECT_EQ(action(u"AddAttributeToParent").isVisible(), isInElement);
+        EXPECT_EQ(action(u"mnuNodeAddText").isEnabled(), column == Element);
+        Q_EMIT action(u"treeMenu").menu()->aboutToHide();
+    }
+}
+
 TEST_F(CommandStates, AreKnownOfEveryCommand) {
     // The hidden menu, which nobody can open, and what has no place in the menu bar.
     std::set<QString> names{"mnuNodeContextUp", "mnuNodeContextDown", "AddAttributeToParent",
@@ -271,6 +283,13 @@ TEST_F(CommandStates, OfButtonsAreSetByTheirNewsAlone) {
     form->actions().run(u"mnuEditRedo");
     EXPECT_FALSE(button(u"redo"));
     EXPECT_TRUE(button(u"undo"));
+
+    // Undoing selects what was changed.
+    select("#document");
+    EXPECT_FALSE(button(u"copy"));
+    action(u"mnuEditUndo").trigger();
+    EXPECT_NE(tree().SelectedItem(), item("#document"));
+    EXPECT_TRUE(button(u"copy"));
 
     // The clipboard is looked at when a node is shown, and after copying.
     select("z");
