@@ -11,18 +11,18 @@ Surroundings Surroundings::ofProgram() {
     return {runtime::applicationFolder(), {}, {}, std::make_shared<system::Shell>()};
 }
 
-Editor::Editor(Surroundings given, controls::TextBox &txtEdit, controls::PathBox &cboPath,
-               browser::Browser &ie, ui::LongWork &longWork)
+Editor::Editor(Surroundings given, ui::TextBox &txtEdit, ui::PathBox &cboPath, ui::Browser &ie,
+               ui::LongWork &longWork, ui::Clipboard &clipboard)
     : surroundings(std::move(given)),
       workingFolder(runtime::workingFolder(surroundings.applicationFolder)),
       recentFiles(surroundings.settings), settings(surroundings.settings), pane(txtEdit),
       builder(state, options, tree), removal(builder, tree), nodeText(state, builder, tree),
       dragAndDrop(state, builder, nodeText, removal, tree),
-      selection(state, options, builder.registry(), tree, pane, cboPath),
+      selection(state, options, builder.registry(), tree, pane, cboPath, clipboard),
       labels(state, options, builder, tree, pane),
       paneEditing(state, options, builder, removal, labels, selection, tree, pane),
       history(state, builder, selection, tree), creation(state, builder, selection, tree),
-      nodeCommands(state, builder, removal, nodeText, selection, tree),
+      nodeCommands(state, builder, removal, nodeText, selection, tree, clipboard),
       captionSearch(tree, selection),
       pathQuery(tree, cboPath, selection, builder.registry(), longWork),
       preview(state, builder, selection, tree, ie, workingFolder, longWork,
@@ -31,7 +31,7 @@ Editor::Editor(Surroundings given, controls::TextBox &txtEdit, controls::PathBox
               }),
       validation(state, workingFolder, longWork),
       tools(state, builder, *surroundings.shell, longWork),
-      view(state, options, builder, selection, tree), treePrinting(state, tree, longWork),
+      view(state, options, builder, selection, tree),
       loader(state, builder, selection, history, tree, workingFolder, recentFiles,
              surroundings.clock, longWork),
       commands(state, loader, builder, history, tree, pane, surroundings.applicationFolder),
@@ -43,7 +43,7 @@ Editor::Editor(Surroundings given, controls::TextBox &txtEdit, controls::PathBox
     wireModifications();
     wireHistory();
     wireTree();
-    wirePane(txtEdit);
+    wirePane();
     wirePreview();
 }
 
@@ -128,7 +128,7 @@ void Editor::wirePreview() {
     connect(&loader, &document::DocumentLoader::statusUpdateRequested, &validation, forgetErrors);
 }
 
-void Editor::wirePane(controls::TextBox &txtEdit) {
+void Editor::wirePane() {
     const auto mayLeavePane = [this] { return selection.mayLeavePane(); };
     commands.mayLeavePane = dragAndDrop.mayLeavePane = mayLeavePane;
     dragAndDrop.hasUnparsedText = [this] { return selection.hasUnparsedText(); };
@@ -138,8 +138,6 @@ void Editor::wirePane(controls::TextBox &txtEdit) {
     const auto changed = &recovery::CrashRecovery::documentChanged;
     connect(&paneEditing, &tree::PaneEditing::unparsedTextChanged, &recovery, changed);
     connect(&selection, &tree::Selection::unparsedTextGivenUp, &recovery, changed);
-    connect(&txtEdit, &controls::TextBox::Change, this,
-            [this] { guarded([this] { paneEditing.txtEdit_Change(); }); });
 }
 
 } // namespace quillon::app

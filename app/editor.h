@@ -15,7 +15,6 @@
 #include "search/path_query.h"
 #include "settings/settings.h"
 #include "tools/tool_commands.h"
-#include "tools/tree_printing.h"
 #include "tools/view_commands.h"
 #include "tree/drag_and_drop.h"
 #include "tree/label_editing.h"
@@ -48,8 +47,8 @@ class Editor : public QObject {
     Q_OBJECT
 
 public:
-    Editor(Surroundings surroundings, controls::TextBox &txtEdit, controls::PathBox &cboPath,
-           browser::Browser &ie, ui::LongWork &longWork);
+    Editor(Surroundings surroundings, ui::TextBox &txtEdit, ui::PathBox &cboPath, ui::Browser &ie,
+           ui::LongWork &longWork, ui::Clipboard &clipboard);
 
     const Surroundings surroundings;
     const system::WorkingFolder workingFolder;
@@ -81,7 +80,6 @@ public:
 
     tools::ToolCommands tools;
     tools::ViewCommands view;
-    tools::TreePrinting treePrinting;
 
     document::DocumentLoader loader;
     document::DocumentCommands commands;
@@ -97,7 +95,7 @@ private:
     void wireHistory();
     void wireTree();
     void wirePreview();
-    void wirePane(controls::TextBox &txtEdit);
+    void wirePane();
 };
 
 } // namespace quillon::app

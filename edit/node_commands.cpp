@@ -5,8 +5,6 @@
 #include "resources/messages.h"
 #include "resources/texts.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QMimeData>
 
 namespace quillon::edit {
@@ -18,10 +16,6 @@ using xml::Node;
 using xml::NodeType;
 
 namespace {
-
-QString clipboardText() {
-    return QGuiApplication::clipboard()->text();
-}
 
 /// Without the blanks around it.
 QString withoutOuterBlanks(const QString &text) {
@@ -43,9 +37,9 @@ bool isMovable(const Node &node) {
 
 NodeCommands::NodeCommands(const state::DocumentState &state, tree::TreeBuilder &builder,
                            tree::NodeRemoval &removal, tree::NodeText &nodeText,
-                           tree::Selection &selection, items::Tree &tree)
+                           tree::Selection &selection, items::Tree &tree, ui::Clipboard &clipboard)
     : state_(state), builder_(builder), removal_(removal), nodeText_(nodeText),
-      selection_(selection), tree_(tree) {}
+      selection_(selection), tree_(tree), clipboard_(clipboard) {}
 
 EditMenuStates NodeCommands::mnuEdit_Click() const {
     const NodeType kind = selection_.GetSelectedDOMNode().nodeType();
@@ -91,16 +85,16 @@ void NodeCommands::CopyNode(const TreeItem &item) {
     auto data = std::make_unique<QMimeData>();
     data->setText(runtime::fromUtf8(node.text()));
     data->setData(tree::NodeFormat, node.packed());
-    QGuiApplication::clipboard()->setMimeData(data.release());
+    clipboard_.setMimeData(std::move(data));
 }
 
 TreeItem NodeCommands::insertClipboard(const TreeItem &item) {
-    const QMimeData *data = QGuiApplication::clipboard()->mimeData();
+    const QMimeData *data = clipboard_.mimeData();
     if (data && data->hasFormat(tree::NodeFormat)) {
         if (const auto node = tree::unpackedNode(data->data(tree::NodeFormat), state_.m_DOM))
             return nodeText_.InsertArrivedNode(item, *node);
     }
-    return nodeText_.InsertNodeFromText(item, withoutOuterBlanks(clipboardText()));
+    return nodeText_.InsertNodeFromText(item, withoutOuterBlanks(clipboard_.text()));
 }
 
 TreeItem NodeCommands::PasteNode(const TreeItem &item) {
@@ -114,7 +108,7 @@ TreeItem NodeCommands::PasteNode(const TreeItem &item) {
 
 void NodeCommands::mnuEditCopy_Click() {
     CopyNode(tree_.SelectedItem());
-    if (!clipboardText().isEmpty() &&
+    if (!clipboard_.text().isEmpty() &&
         selection_.GetSelectedDOMNode().nodeType() == NodeType::Element)
         Q_EMIT pasteEnabled();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "edit/undo_history.h"
+#include "platform/ui/clipboard.h"
 #include "state/document_state.h"
 #include "tree/node_removal.h"
 #include "tree/node_text.h"
@@ -39,7 +40,7 @@ class NodeCommands : public QObject {
 public:
     NodeCommands(const state::DocumentState &state, tree::TreeBuilder &builder,
                  tree::NodeRemoval &removal, tree::NodeText &nodeText, tree::Selection &selection,
-                 items::Tree &tree);
+                 items::Tree &tree, ui::Clipboard &clipboard);
 
     EditMenuStates mnuEdit_Click() const;
     NodeMenuStates mnuNode_Click() const;
@@ -76,6 +77,7 @@ private:
     tree::NodeText &nodeText_;
     tree::Selection &selection_;
     items::Tree &tree_;
+    ui::Clipboard &clipboard_;
 };
 
 } // namespace quillon::edit

@@ -53,7 +53,7 @@ void requireParsed(const DOMDocument40 &document) {
 } // namespace
 
 Preview::Preview(const state::DocumentState &state, tree::TreeBuilder &builder,
-                 tree::Selection &selection, items::Tree &tree, browser::Browser &ie,
+                 tree::Selection &selection, items::Tree &tree, ui::Browser &ie,
                  const system::WorkingFolder &workingFolder, ui::LongWork &longWork,
                  std::function<PreviewFont()> font)
     : state_(state), builder_(builder), selection_(selection), tree_(tree), ie_(ie),
@@ -69,9 +69,6 @@ Preview::Preview(const state::DocumentState &state, tree::TreeBuilder &builder,
                 tryToRender(node, Asked::No);
         });
     });
-    connect(&ie_, &browser::Browser::clicked, this,
-            [this](const QString &id) { ui::guarded([&] { m_doc_onclick(id); }); });
-    connect(&ie_, &browser::Browser::statusText, this, &Preview::statusText);
 }
 
 void Preview::requestPreview(const Node &node) {
@@ -83,7 +80,7 @@ void Preview::clear() {
     later_.stop();
     requested_ = Node();
     forgetPlace();
-    ie_.Navigate(QStringLiteral("about:blank"));
+    ie_.Navigate(QStringLiteral("about:blank"), {});
 }
 
 void Preview::SyncPreview() {

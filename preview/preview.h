@@ -1,11 +1,11 @@
 #pragma once
 
 #include "platform/system/working_folder.h"
+#include "platform/ui/browser.h"
 #include "platform/ui/long_work.h"
 #include "state/document_state.h"
 #include "tree/selection.h"
 #include "tree/tree_builder.h"
-#include "view/browser/browser.h"
 
 #include <QObject>
 #include <QTimer>
@@ -27,7 +27,7 @@ class Preview : public QObject {
 
 public:
     Preview(const state::DocumentState &state, tree::TreeBuilder &builder,
-            tree::Selection &selection, items::Tree &tree, browser::Browser &ie,
+            tree::Selection &selection, items::Tree &tree, ui::Browser &ie,
             const system::WorkingFolder &workingFolder, ui::LongWork &longWork,
             std::function<PreviewFont()> font);
 
@@ -68,7 +68,7 @@ private:
 
     bool tryToRender(const xml::Node &node, Asked asked);
     void render(const xml::Node &node, Asked asked);
-    /// Pages of one subject keep their place; see browser::Browser::Navigate().
+    /// Pages of one subject keep their place; see ui::Browser::Navigate().
     void show(const QString &page, const QString &extension, const QString &subject);
     xml::DOMDocument40 stylesheet(const QString &path) const;
     xml::DOMDocument40 builtInStylesheet() const;
@@ -78,7 +78,7 @@ private:
     tree::TreeBuilder &builder_;
     tree::Selection &selection_;
     items::Tree &tree_;
-    browser::Browser &ie_;
+    ui::Browser &ie_;
     const system::WorkingFolder &workingFolder_;
     ui::LongWork &longWork_;
     std::function<PreviewFont()> font_;

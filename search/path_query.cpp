@@ -85,7 +85,7 @@ private:
 
 } // namespace
 
-PathQuery::PathQuery(items::Tree &tree, controls::PathBox &cboPath, tree::Selection &selection,
+PathQuery::PathQuery(items::Tree &tree, ui::PathBox &cboPath, tree::Selection &selection,
                      const tree::NodeRegistry &registry, ui::LongWork &longWork)
     : tree_(tree), cboPath_(cboPath), selection_(selection), registry_(registry),
       longWork_(longWork) {}

@@ -2,9 +2,9 @@
 
 #include "platform/items/tree.h"
 #include "platform/ui/long_work.h"
+#include "platform/ui/path_box.h"
 #include "tree/node_registry.h"
 #include "tree/selection.h"
-#include "view/controls/path_box.h"
 
 #include <QObject>
 
@@ -17,7 +17,7 @@ class PathQuery : public QObject {
     Q_OBJECT
 
 public:
-    PathQuery(items::Tree &tree, controls::PathBox &cboPath, tree::Selection &selection,
+    PathQuery(items::Tree &tree, ui::PathBox &cboPath, tree::Selection &selection,
               const tree::NodeRegistry &registry, ui::LongWork &longWork);
 
     /// Queries from the selected element or document, or from the parent of what else is selected.
@@ -38,7 +38,7 @@ private:
     void remember(const QString &query);
 
     items::Tree &tree_;
-    controls::PathBox &cboPath_;
+    ui::PathBox &cboPath_;
     tree::Selection &selection_;
     const tree::NodeRegistry &registry_;
     ui::LongWork &longWork_;

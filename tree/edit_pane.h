@@ -1,6 +1,6 @@
 #pragma once
 
-#include "view/controls/text_box.h"
+#include "platform/ui/text_box.h"
 
 namespace quillon::tree {
 
@@ -8,9 +8,9 @@ namespace quillon::tree {
 /// program's own writing from the user's.
 class EditPane {
 public:
-    explicit EditPane(controls::TextBox &txtEdit) : txtEdit_(txtEdit) {}
+    explicit EditPane(ui::TextBox &txtEdit) : txtEdit_(txtEdit) {}
 
-    controls::TextBox &textBox() const { return txtEdit_; }
+    ui::TextBox &textBox() const { return txtEdit_; }
 
     /// Writes the pane without an edit being seen in it.
     void fill(const QString &text) {
@@ -22,14 +22,14 @@ public:
     /// The same for the markup of a node: UTF-8, coloured as XML.
     void fillMarkup(const QByteArray &utf8) {
         m_bFilling = true;
-        txtEdit_.setLanguage(controls::TextBox::Language::Xml);
+        txtEdit_.setLanguage(ui::TextBox::Language::Xml);
         txtEdit_.setText(utf8);
         m_bFilling = false;
         isUnparsed = false;
     }
     /// The same for the value of a node.
     void fillValue(const QString &text) {
-        txtEdit_.setLanguage(controls::TextBox::Language::Plain);
+        txtEdit_.setLanguage(ui::TextBox::Language::Plain);
         fill(text);
     }
 
@@ -45,7 +45,7 @@ public:
     bool isUnparsed = false;
 
 private:
-    controls::TextBox &txtEdit_;
+    ui::TextBox &txtEdit_;
 };
 
 } // namespace quillon::tree

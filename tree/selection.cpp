@@ -3,9 +3,6 @@
 #include "platform/ui/message_box.h"
 #include "resources/texts.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
-
 namespace quillon::tree {
 
 namespace style = ui::message_style;
@@ -22,10 +19,9 @@ constexpr qsizetype DocumentPrefixLength = 10;
 
 Selection::Selection(const state::DocumentState &state, const state::ViewOptions &options,
                      const NodeRegistry &registry, items::Tree &tree, EditPane &pane,
-                     controls::PathBox &cboPath)
-    : clipboardHasText([] { return !QGuiApplication::clipboard()->text().isEmpty(); }),
-      state_(state), options_(options), registry_(registry), tree_(tree), pane_(pane),
-      cboPath_(cboPath) {}
+                     ui::PathBox &cboPath, const ui::Clipboard &clipboard)
+    : state_(state), options_(options), registry_(registry), tree_(tree), pane_(pane),
+      cboPath_(cboPath), clipboard_(clipboard) {}
 
 Node Selection::GetDOMNode(const TreeItem &item) const {
     return item && !registry_.isEmpty() ? registry_.Item(item) : Node();
@@ -84,7 +80,7 @@ void Selection::RefillPane(const TreeItem &item) {
 
 void Selection::fillPane(const TreeItem &item, const Node &node) {
     pane_.shownSequence = item.sequence();
-    controls::TextBox &txtEdit = pane_.textBox();
+    ui::TextBox &txtEdit = pane_.textBox();
     switch (node.nodeType()) {
     case NodeType::Element:
     case NodeType::Document:
@@ -113,7 +109,7 @@ void Selection::fillPane(const TreeItem &item, const Node &node) {
 bool Selection::canPasteFromClipboard() const {
     const NodeType kind = GetSelectedDOMNode().nodeType();
     const bool isContainer = kind == NodeType::Element || kind == NodeType::Document;
-    return !state_.m_ReadOnly && isContainer && clipboardHasText();
+    return !state_.m_ReadOnly && isContainer && !clipboard_.text().isEmpty();
 }
 
 } // namespace quillon::tree

@@ -1,15 +1,14 @@
 #pragma once
 
 #include "platform/items/tree.h"
+#include "platform/ui/clipboard.h"
+#include "platform/ui/path_box.h"
 #include "state/document_state.h"
 #include "state/view_options.h"
 #include "tree/edit_pane.h"
 #include "tree/node_registry.h"
-#include "view/controls/path_box.h"
 
 #include <QObject>
-
-#include <functional>
 
 namespace quillon::tree {
 
@@ -19,8 +18,8 @@ class Selection : public QObject {
 
 public:
     Selection(const state::DocumentState &state, const state::ViewOptions &options,
-              const NodeRegistry &registry, items::Tree &tree, EditPane &pane,
-              controls::PathBox &cboPath);
+              const NodeRegistry &registry, items::Tree &tree, EditPane &pane, ui::PathBox &cboPath,
+              const ui::Clipboard &clipboard);
 
     /// Shows an item, and selects it if selectIt says so. Nothing happens for no item or an item
     /// without a node, nor where mayLeavePane() says no. The item that the pane shows already keeps
@@ -44,9 +43,6 @@ public:
     /// Whether the clipboard holds text that may be inserted at the selected node.
     bool canPasteFromClipboard() const;
 
-    /// Whether the clipboard holds text.
-    std::function<bool()> clipboardHasText;
-
 Q_SIGNALS:
     void statusText(const QString &text);
     /// An item has been shown, and selected where that was asked for.
@@ -64,7 +60,8 @@ private:
     const NodeRegistry &registry_;
     items::Tree &tree_;
     EditPane &pane_;
-    controls::PathBox &cboPath_;
+    ui::PathBox &cboPath_;
+    const ui::Clipboard &clipboard_;
 };
 
 } // namespace quillon::tree

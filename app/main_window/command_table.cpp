@@ -160,7 +160,7 @@ constexpr CommandRow Rows[] = {
      .run = [](frmMain &form) { form.editor().preview.mnuFilePrint_Click(); }},
     {.entry = {u"mnuFilePrintTree", fileMenu, text::FilePrintTree},
      .enabled = hasDocument,
-     .run = [](frmMain &form) { form.editor().treePrinting.mnuFilePrintTree_Click(); }},
+     .run = [](frmMain &form) { form.mnuFilePrintTree_Click(); }},
     line(u"mnuFileLineMRU", fileMenu),
     menu(recentFilesMenu, text::FileMRU, fileMenu),
     array(u"mnuFileMRUFiles", recentFilesMenu, text::FileMRUNone),

@@ -55,10 +55,12 @@ frmMain::frmMain(Surroundings surroundings)
       validationButton_(new QPushButton) {
     setAttribute(Qt::WA_DeleteOnClose);
     menus_ = std::make_unique<controls::ActionMenus>(actions_, *menuBar());
-    editor_ = std::make_unique<Editor>(std::move(surroundings), *txtEdit, *cboPath, *ie, longWork_);
+    editor_ = std::make_unique<Editor>(std::move(surroundings), *txtEdit, *cboPath, *ie, longWork_,
+                                       clipboard_);
     tvw = new controls::TreeView(editor_->tree);
     tvw->setImageList(treeImages());
-    editor_->treePrinting.look = [this] { return tools::PrintLook{tvw->font(), tvw->imageList()}; };
+    treePrinting_ = std::make_unique<tools::TreePrinting>(editor_->state, editor_->tree, longWork_);
+    treePrinting_->look = [this] { return tools::PrintLook{tvw->font(), tvw->imageList()}; };
     // Nodes are moved within the tree; in the pane they would be typing.
     txtEdit->refuseDropsOf(tree::NodeFormat);
     connectCommands();

@@ -4,9 +4,11 @@
 #include "app/main_window/tree_keys.h"
 #include "app/main_window/validation_list.h"
 #include "platform/system/companion_link.h"
+#include "tools/tree_printing.h"
 #include "view/browser/browser.h"
 #include "view/controls/action_menus.h"
 #include "view/controls/action_set.h"
+#include "view/controls/desktop_clipboard.h"
 #include "view/controls/path_box.h"
 #include "view/controls/progress_box.h"
 #include "view/controls/text_box.h"
@@ -42,6 +44,7 @@ public:
     /// are kept for the next start.
     void endSession();
 
+    void mnuFilePrintTree_Click() { treePrinting_->mnuFilePrintTree_Click(); }
     void mnuToolOption_Click();
     void mnuWindowTileH_Click();
 
@@ -109,9 +112,11 @@ private:
     QLabel *sbr;
     QPushButton *validationButton_;
 
+    controls::DesktopClipboard clipboard_;
     controls::ProgressBox longWork_{*this};
     std::unique_ptr<controls::ActionMenus> menus_;
     std::unique_ptr<Editor> editor_;
+    std::unique_ptr<tools::TreePrinting> treePrinting_;
     std::unique_ptr<TreeKeys> treeKeys_;
     ValidationList *validationList_ = nullptr;
     system::CompanionLink companion_;

@@ -71,6 +71,11 @@ void frmMain::connectWindow() {
     connect(&commands, &document::DocumentCommands::captionChanged, this, &frmMain::showCaption);
     connect(&commands, &document::DocumentCommands::cleared, this, &frmMain::clear);
     connect(&editor_->view, &tools::ViewCommands::fontChosen, this, &frmMain::takeFont);
+    connect(txtEdit, &controls::TextBox::Change, editor_.get(),
+            [this] { guarded([this] { editor_->paneEditing.txtEdit_Change(); }); });
+    connect(ie, &browser::Browser::statusText, editor_.get(), &Editor::statusText);
+    connect(ie, &browser::Browser::clicked, editor_.get(),
+            [this](const QString &id) { guarded([&] { editor_->preview.m_doc_onclick(id); }); });
     const auto selectByPath = [this] { guarded([this] { editor_->pathQuery.SelectByPath(); }); };
     connect(cboPath, &controls::PathBox::Enter, this, selectByPath);
     connect(cboPath, &controls::PathBox::Click, this, selectByPath);

@@ -252,9 +252,9 @@ TEST_F(ToolsTest, TheTreeIsPrintedWithItsBranches) {
         many += "<leaf/>";
     open(many + "</root>");
     printer.answer("");
-    editor().treePrinting.mnuFilePrintTree_Click();
+    form->actions().action(u"mnuFilePrintTree")->trigger();
     printer.answer(path("tree.pdf"));
-    editor().treePrinting.mnuFilePrintTree_Click();
+    form->actions().action(u"mnuFilePrintTree")->trigger();
     const QString command =
         "pdftotext -layout '" + path("tree.pdf") + "' '" + path("tree.txt") + "'";
     ASSERT_EQ(::system(command.toUtf8().constData()), 0);

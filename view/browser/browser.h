@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QString>
-#include <QStringList>
+#include "platform/ui/browser.h"
+
 #include <QTimer>
 #include <QUrl>
 #include <QWidget>
@@ -25,23 +25,16 @@ class PageFiles;
 /// A link to the web that the user follows opens in the desktop's browser, after a question. Boxes
 /// of a script are lines in the status bar. A page that does not answer for some seconds is
 /// stopped.
-class Browser : public QWidget {
+class Browser : public QWidget, public ui::Browser {
     Q_OBJECT
 
 public:
     explicit Browser(QWidget *parent = nullptr);
     ~Browser() override;
 
-    /// The names of files beside the next page that it may use.
-    void setFiles(const QStringList &names);
-
-    /// Shows a file, or an empty pane for "about:blank". A page that shows the same subject as the
-    /// one before it is put into its place: scrolled as far, and folded alike. An empty subject is
-    /// never the same.
-    void Navigate(const QString &path, const QString &subject = {});
-    /// Has a printer chosen and prints the page shown there, or the one that is on its way. The
-    /// document's name is what the printer's queue shows.
-    void print(const QString &documentName);
+    void setFiles(const QStringList &names) override;
+    void Navigate(const QString &path, const QString &subject = {}) override;
+    void print(const QString &documentName) override;
 
     /// The browser itself; null until the first page is shown.
     QWebEngineView *view() const { return view_; }

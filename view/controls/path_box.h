@@ -1,26 +1,23 @@
 #pragma once
 
+#include "platform/ui/path_box.h"
+
 #include <QComboBox>
-#include <QString>
-#include <QStringList>
 
 namespace quillon::controls {
 
-/// A line of text with a list of earlier ones to choose from. What is typed is never completed,
+/// The path box on the screen. What is typed is never completed,
 /// changed or added to the list. Escape brings back the text that the program set last.
-class PathBox : public QComboBox {
+class PathBox : public QComboBox, public ui::PathBox {
     Q_OBJECT
 
 public:
     explicit PathBox(QWidget *parent = nullptr);
 
-    QString Text() const { return currentText(); }
-    void setText(const QString &text);
-
-    /// The entries of the list, first to last.
-    QStringList List() const;
-    /// Adds an entry at the end of the list; the text stays as it is.
-    void AddItem(const QString &text);
+    QString Text() const override { return currentText(); }
+    void setText(const QString &text) override;
+    QStringList List() const override;
+    void AddItem(const QString &text) override;
 
 Q_SIGNALS:
     /// Return was pressed.

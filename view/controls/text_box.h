@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/ui/text_box.h"
 #include "view/controls/text_box_scintilla.h"
 
 #include <QByteArray>
@@ -9,31 +10,24 @@
 
 namespace quillon::controls {
 
-/// A multi-line text box with line numbers and colours for XML. It has no undo of its own: Ctrl+Z
-/// and Ctrl+Y are left to the window. Tab and Shift+Tab leave the box; Ctrl+Tab types a tab.
+/// The text box on the screen, with line numbers and colours for XML. It has no undo of its own:
+/// Ctrl+Z and Ctrl+Y are left to the window. Tab and Shift+Tab leave the box; Ctrl+Tab types a tab.
 ///
 /// The text is kept with LF line ends, whatever was set, typed or pasted. While an input method is
 /// composing, its unfinished text is part of the box's but not announced by Change().
-class TextBox : public QsciScintillaBase {
+class TextBox : public QsciScintillaBase, public ui::TextBox {
     Q_OBJECT
 
 public:
-    enum class Language { Plain, Xml };
-
     explicit TextBox(QWidget *parent = nullptr);
 
-    /// The text with CR LF line ends.
-    QString Text() const;
-    /// The text in UTF-8 with LF line ends.
-    QByteArray utf8() const;
-    /// Replaces the text, also while the box is locked, and puts the caret at its start. This is
-    /// the quick way for large texts.
-    void setText(const QByteArray &utf8);
-    void setText(const QString &text) { setText(text.toUtf8()); }
+    QString Text() const override;
+    QByteArray utf8() const override;
+    using ui::TextBox::setText;
+    void setText(const QByteArray &utf8) override;
 
-    /// A locked box is greyed; its text can be selected and copied but not edited.
     bool Locked() const { return locked_; }
-    void setLocked(bool locked);
+    void setLocked(bool locked) override;
 
     /// The selection as 0-based position and length in Text(), so a line end counts two. Setting
     /// the position moves the caret there and selects nothing; setting the length then selects.
@@ -51,7 +45,8 @@ public:
     /// Has what is dragged in refused if it has a format; it can still be pasted.
     void refuseDropsOf(const QString &format) { refusedFormat_ = format; }
 
-    void setLanguage(Language language);
+    void setLanguage(Language language) override;
+    void takeFocus() override { setFocus(); }
     /// The font of the text and the line numbers; `size` in points. Glyphs that the font lacks
     /// come from others.
     void setTextFont(const QString &family, double size);

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace quillon::ui {
+
+/// The pane that shows pages made by the program.
+class Browser {
+public:
+    Browser() = default;
+    Browser(const Browser &) = delete;
+    Browser &operator=(const Browser &) = delete;
+    virtual ~Browser() = default;
+
+    /// The names of files beside the next page that it may use.
+    virtual void setFiles(const QStringList &names) = 0;
+    /// Shows a file, or an empty pane for "about:blank". A page that shows the same subject as the
+    /// one before it is put into its place: scrolled as far, and folded alike. An empty subject is
+    /// never the same.
+    virtual void Navigate(const QString &path, const QString &subject) = 0;
+    /// Has a printer chosen and prints the page shown there, or the one that is on its way. The
+    /// document's name is what the printer's queue shows.
+    virtual void print(const QString &documentName) = 0;
+};
+
+} // namespace quillon::ui

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+namespace quillon::ui {
+
+/// A multi-line text box. The text is kept with LF line ends, whatever was set or typed. Whoever
+/// puts it on the screen tells of every change of the text, also of those made here.
+class TextBox {
+public:
+    enum class Language { Plain, Xml };
+
+    TextBox() = default;
+    TextBox(const TextBox &) = delete;
+    TextBox &operator=(const TextBox &) = delete;
+    virtual ~TextBox() = default;
+
+    /// The text with CR LF line ends.
+    virtual QString Text() const = 0;
+    /// The text in UTF-8 with LF line ends.
+    virtual QByteArray utf8() const = 0;
+    /// Replaces the text, also while the box is locked, and puts the caret at its start. This is
+    /// the quick way for large texts.
+    virtual void setText(const QByteArray &utf8) = 0;
+    void setText(const QString &text) { setText(text.toUtf8()); }
+
+    /// A locked box is greyed; its text can be selected and copied but not edited.
+    virtual void setLocked(bool locked) = 0;
+    /// What the text is coloured as.
+    virtual void setLanguage(Language language) = 0;
+    /// What is typed goes here from now on.
+    virtual void takeFocus() = 0;
+};
+
+} // namespace quillon::ui
