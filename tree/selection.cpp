@@ -68,7 +68,7 @@ bool Selection::mayLeavePane() {
         return true;
     }
     tree_.setSelectedItem(shown);
-    pane_.textBox().setFocus();
+    pane_.textBox().takeFocus();
     Q_EMIT statusText(resources::texts::SyntaxError.toString());
     return false;
 }

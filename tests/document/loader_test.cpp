@@ -1,9 +1,8 @@
 #include "platform/runtime/error.h"
 #include "platform/runtime/file_names.h"
-#include "tests/support/editor_window.h"
+#include "tests/support/headless_editor.h"
 
 #include <QFileInfo>
-#include <QWindow>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -12,11 +11,11 @@ namespace quillon::test {
 
 namespace {
 
-class LoaderTest : public EditorWindow {
+class LoaderTest : public HeadlessEditor {
 protected:
     std::string openError(const QString &file) {
         try {
-            form->OpenFile(file);
+            OpenFile(file);
         } catch (const runtime::Error &error) {
             return error.what();
         }
@@ -27,7 +26,7 @@ protected:
 TEST_F(LoaderTest, AnOpenedFileIsShownBackedUpAndRemembered) {
     const QByteArray text = "<?xml version='1.0'?>\n<r a='1'><b><c/></b></r>\n";
     open(text);
-    EXPECT_EQ(form->windowTitle(), "doc.xml - Quillon XML Editor");
+    EXPECT_EQ(title(), "doc.xml - Quillon XML Editor");
     EXPECT_EQ(state().m_BackupPath, path("Temp/20011231235959.bak"));
     EXPECT_EQ(read("Temp/20011231235959.bak"), text);
     EXPECT_EQ(expanded(), QStringList({"#document", "xml", "r"}));
@@ -36,14 +35,13 @@ TEST_F(LoaderTest, AnOpenedFileIsShownBackedUpAndRemembered) {
     EXPECT_TRUE(state().m_Opened);
     EXPECT_FALSE(state().m_ReadOnly);
     EXPECT_FALSE(editor().history.CanUndo());
-    EXPECT_TRUE(button(u"save"));
-    EXPECT_FALSE(button(u"undo"));
+    EXPECT_EQ(window->opened, 1);
     EXPECT_EQ(editor().recentFiles.read(), QStringList(path("doc.xml")));
     // The same second gives the same copy.
     open("<other/>");
     EXPECT_EQ(working(), QStringList("20011231235959.bak"));
     EXPECT_EQ(read("Temp/20011231235959.bak"), "<other/>");
-    EXPECT_FALSE(form->OpenFile(""));
+    EXPECT_FALSE(OpenFile(""));
     EXPECT_EQ(xml(), "<other/>");
 }
 
@@ -51,7 +49,7 @@ TEST_F(LoaderTest, WhatDoesNotParseIsToldAndStillCopied) {
     const QString readOnly = write("bad.xml", "<r>");
     QFile::setPermissions(readOnly, QFile::ReadOwner);
     dialogs.answerMessage(1);
-    EXPECT_FALSE(form->OpenFile(readOnly));
+    EXPECT_FALSE(OpenFile(readOnly));
     EXPECT_TRUE(state().m_DOM) << "an empty window gets an empty document";
     EXPECT_EQ(xml(), "");
     EXPECT_FALSE(state().m_ReadOnly);
@@ -60,7 +58,7 @@ TEST_F(LoaderTest, WhatDoesNotParseIsToldAndStillCopied) {
     time = time.addSecs(1);
     for (const char *bad : {"<r>", "", "<!-- no root -->"}) {
         dialogs.answerMessage(1);
-        EXPECT_FALSE(form->OpenFile(write("bad.xml", bad)));
+        EXPECT_FALSE(OpenFile(write("bad.xml", bad)));
         EXPECT_EQ(dialogs.messages.back().text, "XMLをパースできません。");
         EXPECT_EQ(dialogs.messages.back().style, 48);
         EXPECT_EQ(dialogs.messages.back().title, "Quillon XML Editor");
@@ -93,17 +91,17 @@ TEST_F(LoaderTest, AFileThatCannotBeReadOrCopiedRaises) {
 TEST_F(LoaderTest, TheReadOnlyAttributeMakesTheDocumentReadOnly) {
     const QString file = write("doc.xml", "<r/>");
     QFile::setPermissions(file, QFile::ReadOwner);
-    ASSERT_TRUE(form->OpenFile(file));
+    ASSERT_TRUE(OpenFile(file));
     EXPECT_TRUE(state().m_ReadOnly);
-    form->UpdateStatus(file);
-    EXPECT_EQ(form->windowTitle(), "doc.xml (読み取り専用) - Quillon XML Editor");
+    editor().commands.UpdateStatus(file);
+    EXPECT_EQ(title(), "doc.xml (読み取り専用) - Quillon XML Editor");
     // A copy in the same second goes over the first one although that is read-only, too.
-    ASSERT_TRUE(form->OpenFile(file));
+    ASSERT_TRUE(OpenFile(file));
     // Set beforehand it stays, whatever the file says.
-    ASSERT_TRUE(form->OpenFile(write("other.xml", "<r/>")));
+    ASSERT_TRUE(OpenFile(write("other.xml", "<r/>")));
     EXPECT_TRUE(state().m_ReadOnly);
     state().m_ReadOnly = false;
-    ASSERT_TRUE(form->OpenFile(path("other.xml")));
+    ASSERT_TRUE(OpenFile(path("other.xml")));
     EXPECT_FALSE(state().m_ReadOnly);
 }
 
@@ -132,7 +130,7 @@ TEST_F(LoaderTest, StylesheetsAreCopiedIntoTheWorkingFolderOnly) {
     for (const auto &c : cases) {
         for (const QString &name : working())
             QFile::remove(path("Temp/" + name));
-        ASSERT_TRUE(form->OpenFile(write("own/docs/doc.xml", QByteArray(c.instruction) + "<r/>")));
+        ASSERT_TRUE(OpenFile(write("own/docs/doc.xml", QByteArray(c.instruction) + "<r/>")));
         QStringList copied = working();
         copied.removeAll("20011231235959.bak");
         EXPECT_EQ(copied, c.copied) << c.instruction;
@@ -166,7 +164,7 @@ TEST_F(LoaderTest, ADocumentPlantsNothingInTheWorkingFolder) {
           QByteArray("recovery"), QByteArray("20000101000000.bak"), QByteArray("preview.htm"),
           QByteArray("document.xml"), QByteArray(".files"), QByteArray("/dev/zero")})
         instructions += "<?xml-stylesheet href='" + href + "'?>";
-    ASSERT_TRUE(form->OpenFile(write("docs/doc.xml", instructions + "<r/>")));
+    ASSERT_TRUE(OpenFile(write("docs/doc.xml", instructions + "<r/>")));
     EXPECT_EQ(working(), QStringList({"20011231235959.bak", "in.xsl"}));
     EXPECT_TRUE(QDir(path("Temp/recovery")).isEmpty(QDir::Files | QDir::Hidden));
     QFile list(path("Temp/.files"));
@@ -175,6 +173,7 @@ TEST_F(LoaderTest, ADocumentPlantsNothingInTheWorkingFolder) {
 }
 
 TEST_F(LoaderTest, ADocumentWithAFaultyInstructionIsOpenAllTheSame) {
+    int opened = 0;
     for (const QByteArray &data : {QByteArray("href='a.xsl"), QByteArray("abcdefg"),
                                    "href='a.xsl' " + QByteArray(32'800, 'x')}) {
         open("<before/>");
@@ -183,9 +182,9 @@ TEST_F(LoaderTest, ADocumentWithAFaultyInstructionIsOpenAllTheSame) {
         EXPECT_TRUE(dialogs.messages.back().text.contains("<?xml-stylesheet " + data.left(7)));
         EXPECT_EQ(dialogs.messages.back().style, 48);
         EXPECT_LT(dialogs.messages.back().text.size(), 500);
-        EXPECT_EQ(form->windowTitle(), "doc.xml - Quillon XML Editor");
+        EXPECT_EQ(title(), "doc.xml - Quillon XML Editor");
         EXPECT_TRUE(expanded().contains("r"));
-        EXPECT_TRUE(button(u"save"));
+        EXPECT_EQ(window->opened, opened += 2);
         EXPECT_TRUE(state().m_Opened);
         select("a");
         state().m_DOM.documentElement().setAttribute("b", "1");
@@ -200,9 +199,8 @@ TEST_F(LoaderTest, ADocumentWithAFaultyInstructionIsOpenAllTheSame) {
 
 TEST_F(LoaderTest, WindowsThatOpenInTheSameSecondKeepACopyEach) {
     open("<first/>");
-    app::frmMain second(app::Surroundings{folder.path(),
-                                          system::SettingsStore(path("settings.ini")),
-                                          runtime::Clock{[this] { return time; }}});
+    const auto other = makeWindow();
+    document::DocumentLoader &second = other->editor.loader;
     ASSERT_TRUE(second.OpenFile(write("second.xml", "<second/>")));
     EXPECT_EQ(read("Temp/20011231235959.bak"), "<first/>");
     EXPECT_EQ(read("Temp/20011231235959-2.bak"), "<second/>");
@@ -210,8 +208,7 @@ TEST_F(LoaderTest, WindowsThatOpenInTheSameSecondKeepACopyEach) {
     ASSERT_TRUE(second.OpenFile(write("third.xml", "<third/>")));
     open("<fourth/>");
     dialogs.answerMessage(1);
-    EXPECT_FALSE(form->OpenFile(write("bad.xml", "<r>")))
-        << "the document before stays, and its copy";
+    EXPECT_FALSE(OpenFile(write("bad.xml", "<r>"))) << "the document before stays, and its copy";
     EXPECT_EQ(read("Temp/20011231235959.bak"), "<fourth/>");
     EXPECT_EQ(read("Temp/20011231235959-3.bak"), "<r>");
     EXPECT_EQ(read("Temp/20011231235959-2.bak"), "<third/>");
@@ -226,16 +223,15 @@ TEST_F(LoaderTest, NamesNeedNotBeUtf8) {
     xml::DOMDocument40 made = xml::DOMDocument40::create();
     made.loadXML(QByteArray("<made/>"));
     made.save(file);
-    ASSERT_TRUE(form->OpenFile(file));
-    form->UpdateStatus(file);
-    form->show();
-    EXPECT_EQ(form->windowHandle()->title(), "表示[*].xml - Quillon XML Editor");
+    ASSERT_TRUE(OpenFile(file));
+    editor().commands.UpdateStatus(file);
+    EXPECT_EQ(title(), "表示[*].xml - Quillon XML Editor");
     EXPECT_EQ(read("Temp/20011231235959.bak"), "<made/>");
     EXPECT_EQ(editor().recentFiles.read(), QStringList(file));
     state().m_DOM.documentElement().setAttribute("a", "1");
     editor().commands.DocumentModified();
     editor().commands.mnuFileSave_Click();
-    ASSERT_TRUE(form->OpenFile(file));
+    ASSERT_TRUE(OpenFile(file));
     EXPECT_EQ(xml(), "<made a=\"1\"/>");
     // The dialog is given what can be read; Qt does not find the file to clear it away.
     dialogs.answerFile({QString(), 0});
@@ -250,7 +246,7 @@ TEST_F(LoaderTest, TextIsLoadedWithoutACopyOrAMessage) {
     editor().loader.LoadXML("<t>x</t>");
     EXPECT_FALSE(editor().commands.canUndoAll());
     EXPECT_EQ(xml(), "<t>x</t>");
-    EXPECT_EQ(form->windowTitle(), "#document * - Quillon XML Editor");
+    EXPECT_EQ(title(), "#document * - Quillon XML Editor");
     EXPECT_EQ(tree().nodes().Count(), 3);
     EXPECT_FALSE(tree().nodes().Item(1).Expanded());
     editor().loader.LoadXML("<t>");

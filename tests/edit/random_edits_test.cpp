@@ -1,8 +1,5 @@
 #include "platform/runtime/error.h"
-#include "tests/support/editor_window.h"
-
-#include <QClipboard>
-#include <QGuiApplication>
+#include "tests/support/headless_editor.h"
 
 #include <random>
 
@@ -11,7 +8,7 @@ namespace quillon::test {
 namespace {
 
 /// Thousands of commands from a seed; after each the tree, the registry and the document agree.
-class RandomEditsTest : public EditorWindow {
+class RandomEditsTest : public HeadlessEditor {
 protected:
     /// Items and nodes in step: the same children in the same order, attributes first. Renaming
     /// an element reverses the nodes but not the items, so it is followed by a rebuild here.
@@ -93,7 +90,7 @@ protected:
 
 TEST_F(RandomEditsTest, TreeRegistryAndDocumentAgree) {
     open("<?xml version='1.0'?>\n<!--top-->\n<r a='1'>\n  <x k='2'>text</x>\n  <y/>\n</r>\n");
-    QGuiApplication::clipboard()->setText("<p q='1'>\n  <s/>\n</p>");
+    clipboard.setText("<p q='1'>\n  <s/>\n</p>");
     int done = 0;
     for (int i = 0; i < 3000; ++i) {
         try {

@@ -19,10 +19,10 @@ TEST_F(CrashRecoveryTest, WhatWasNotSavedComesBackAsADocumentWithoutAFile) {
     EXPECT_TRUE(dialogs.messages.back().text.startsWith(
         "前回保存されなかった変更があります。復元しますか？\n\n" + path("doc.xml")));
     EXPECT_EQ(dialogs.messages.back().style, 35);
-    EXPECT_EQ(form->windowTitle(), "doc.xml (復元) * - Quillon XML Editor");
+    EXPECT_EQ(title(), "doc.xml (復元) * - Quillon XML Editor");
     EXPECT_EQ(state().m_DOM.serialize(), "\xEF\xBB\xBF<r>\r\n <a>newer</a></r>");
     EXPECT_TRUE(item("newer"));
-    EXPECT_TRUE(button(u"save"));
+    EXPECT_EQ(window->opened, 1);
     EXPECT_FALSE(editor().history.CanUndo());
     EXPECT_FALSE(editor().commands.canUndoAll());
     EXPECT_EQ(editor().recentFiles.read(), QStringList(path("doc.xml")));
@@ -87,7 +87,7 @@ TEST_F(CrashRecoveryTest, ADocumentThatDiesAgainIsRecoveredUnderTheSameName) {
     restart();
     dialogs.answerMessage(6);
     recovery->offer();
-    EXPECT_EQ(form->windowTitle(), "doc.xml (復元) * - Quillon XML Editor");
+    EXPECT_EQ(title(), "doc.xml (復元) * - Quillon XML Editor");
     EXPECT_EQ(xml(), "<r>changed</r>");
 }
 
@@ -99,7 +99,7 @@ TEST_F(CrashRecoveryTest, ADocumentThatDiesAgainIsStillSuggestedToBeSavedInItsPl
         restart();
         dialogs.answerMessage(6);
         recovery->offer();
-        EXPECT_EQ(form->windowTitle(), "doc.xml (復元) * - Quillon XML Editor");
+        EXPECT_EQ(title(), "doc.xml (復元) * - Quillon XML Editor");
         dialogs.answerFile({QString(), 0});
         editor().commands.mnuFileSave_Click();
         EXPECT_EQ(dialogs.saveRequests.back().path, path("doc.xml"));
@@ -150,8 +150,7 @@ TEST_F(CrashRecoveryTest, WhatGoesWithoutBeingGivenUpIsOfferedAtTheNextStart) {
     const auto keeps = [this](const std::function<void()> &leave, bool isClosed = false) {
         recovery.reset();
         QDir(left.path()).removeRecursively();
-        form = std::make_unique<app::frmMain>(
-            app::Surroundings{folder.path(), system::SettingsStore(path("settings.ini")), {}});
+        window = makeWindow();
         recovery = start(left, {1h, 1h});
         open("<r>old</r>", "other.xml");
         open("<r>old</r>");
@@ -195,7 +194,7 @@ TEST_F(CrashRecoveryTest, WhatGoesWithoutBeingGivenUpIsOfferedAtTheNextStart) {
         giveUpSaving();
         dialogs.answerFile({path("other.xml"), 0});
         editor().commands.mnuFileOpen_Click();
-        EXPECT_EQ(form->windowTitle(), "other.xml - Quillon XML Editor");
+        EXPECT_EQ(title(), "other.xml - Quillon XML Editor");
     });
     keeps([&] {
         giveUpSaving();
@@ -204,7 +203,7 @@ TEST_F(CrashRecoveryTest, WhatGoesWithoutBeingGivenUpIsOfferedAtTheNextStart) {
     keeps(
         [&] {
             giveUpSaving();
-            EXPECT_TRUE(form->close());
+            EXPECT_TRUE(close());
         },
         true);
     // Another program opens a file.
@@ -244,10 +243,10 @@ TEST_F(CrashRecoveryTest, ADocumentThatCannotBeKeptDoesNotGo) {
     EXPECT_THROW(editor().commands.mnuFileNew_Click(), runtime::Error);
     giveUpSaving();
     dialogs.answerMessage(1);
-    EXPECT_FALSE(form->close());
+    EXPECT_FALSE(close());
     EXPECT_EQ(dialogs.messages.back().style, 48);
     EXPECT_EQ(xml(), "<r>new</r>");
-    EXPECT_EQ(form->windowTitle(), "doc.xml * - Quillon XML Editor");
+    EXPECT_EQ(title(), "doc.xml * - Quillon XML Editor");
     EXPECT_TRUE(state().m_Modified);
 }
 
@@ -264,7 +263,7 @@ TEST_F(CrashRecoveryTest, AFileThatCannotBeOpenedTakesNoChangesAway) {
     restart();
     dialogs.answerMessage(6);
     recovery->offer();
-    EXPECT_EQ(form->windowTitle(), "doc.xml (復元) * - Quillon XML Editor");
+    EXPECT_EQ(title(), "doc.xml (復元) * - Quillon XML Editor");
     EXPECT_EQ(xml(), "<r>new</r>");
 }
 

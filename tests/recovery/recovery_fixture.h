@@ -2,7 +2,7 @@
 
 #include "platform/runtime/error.h"
 #include "recovery/crash_recovery.h"
-#include "tests/support/editor_window.h"
+#include "tests/support/headless_editor.h"
 
 #include <QFileInfo>
 #include <QProcess>
@@ -16,7 +16,7 @@ using recovery::CrashRecovery;
 using recovery::Recoverable;
 
 /// A window with a recovery of its own, which works in another folder than the program's.
-class CrashRecoveryTest : public EditorWindow {
+class CrashRecoveryTest : public HeadlessEditor {
 protected:
     CrashRecoveryTest() { QDir().mkpath(kept.path()); }
 
@@ -61,8 +61,7 @@ protected:
     /// The program starts again where it died.
     void restart() {
         recovery.reset();
-        form = std::make_unique<app::frmMain>(
-            app::Surroundings{folder.path(), system::SettingsStore(path("settings.ini")), {}});
+        window = makeWindow();
         recovery = start(left, {});
     }
 

@@ -76,7 +76,7 @@ TEST_F(CrashRecoveryTest, WhatCannotBeOpenedStaysAndWhatIsOfNoUseGoes) {
     recovery->offer();
     EXPECT_EQ(dialogs.messages.back().style, 48);
     EXPECT_EQ(xml(), "<r/>");
-    EXPECT_EQ(form->windowTitle(), "doc.xml - Quillon XML Editor");
+    EXPECT_EQ(title(), "doc.xml - Quillon XML Editor");
     EXPECT_EQ(files(left), QStringList({"20011231235959-1.name", "20011231235959-1.xml"}));
     // It does not stand in the way of the others.
     write("left/recovery/20001231235959-1.xml", "<good/>");

@@ -1,15 +1,16 @@
 #include "platform/runtime/error.h"
 #include "search/caption_search.h"
 #include "search/path_query.h"
-#include "tests/support/editor_window.h"
-#include "tests/support/work_at_once.h"
+#include "tests/support/headless_editor.h"
+
+#include <QSignalSpy>
 
 namespace quillon::test {
 
 namespace {
 
 /// The window's parts with the two searches on top, whose texts are kept.
-class SearchTest : public EditorWindow {
+class SearchTest : public HeadlessEditor {
 protected:
     SearchTest() {
         const auto keep = [this](const QString &text) { texts.append(text); };
@@ -130,13 +131,14 @@ TEST_F(SearchTest, PositionsHaveSixteenBits) {
 TEST_F(SearchTest, AQueryMarksSelectsCountsAndIsRemembered) {
     open(Items);
     select("items");
+    const QSignalSpy focused(&tree(), &items::Tree::focusRequested);
     query("//item");
     EXPECT_EQ(bold(), (QStringList{"item", "item"}));
     EXPECT_EQ(lastText(), "2件検索されました。");
     EXPECT_EQ(cboPath().Text(), "items/item/") << "the path of the first match";
     EXPECT_TRUE(item("b").Expanded()) << "every match is to be seen";
     EXPECT_TRUE(tree().treeVisible());
-    EXPECT_EQ(form->focusWidget(), &tvw());
+    EXPECT_EQ(focused.size(), 1);
     query("//c");
     EXPECT_EQ(bold(), QStringList{"c"}) << "earlier marks go";
     query("//item");

@@ -1,17 +1,15 @@
 #include "platform/runtime/error.h"
 #include "platform/ui/message_box.h"
-#include "tests/support/editor_window.h"
+#include "tests/support/headless_editor.h"
 #include "tree/node_mime_data.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QMimeData>
 
 namespace quillon::test {
 
 namespace {
 
-class NodeTransfer : public EditorWindow {
+class NodeTransfer : public HeadlessEditor {
 protected:
     /// Copies the node with a caption in one document and pastes it in another, or the same.
     void copyAndPaste(const QByteArray &from, const QString &caption, const QByteArray &to,
@@ -25,11 +23,11 @@ protected:
     }
     /// The document without the layout that a node gets at its new place.
     std::string flat() { return xml().replace("\n  ", "").replace("\n", "").toStdString(); }
-    static void offer(const QByteArray &packed, const QString &text) {
+    void offer(const QByteArray &packed, const QString &text) {
         auto data = std::make_unique<QMimeData>();
         data->setText(text);
         data->setData(tree::NodeFormat, packed);
-        QGuiApplication::clipboard()->setMimeData(data.release());
+        clipboard.setMimeData(std::move(data));
     }
 };
 
@@ -60,7 +58,7 @@ TEST_F(NodeTransfer, ANodeArrivesAsWhatItWas) {
         state().m_Modified = false;
     }
     copyAndPaste("<r>\xEF\xBB\xBFt</r>", "#text", "<r/>", "r");
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), QChar(0xFEFF) + QString("t"));
+    EXPECT_EQ(clipboard.text(), QChar(0xFEFF) + QString("t"));
 }
 
 TEST_F(NodeTransfer, NamespacesComeAlongWhereTheyAreNeeded) {
@@ -95,7 +93,7 @@ TEST_F(NodeTransfer, NamespacesComeAlongWhereTheyAreNeeded) {
     select("a:e");
     EXPECT_EQ(txtEdit().utf8(), "<a:e><f b:k='1' t='a:T'/></a:e>");
     editor().nodeCommands.mnuEditCopy_Click();
-    EXPECT_EQ(QGuiApplication::clipboard()->text(),
+    EXPECT_EQ(clipboard.text(),
               "<a:e xmlns=\"d\" xmlns:a=\"u\" xmlns:b=\"w\"><f b:k='1' t='a:T'/></a:e>");
 }
 
@@ -163,7 +161,7 @@ TEST_F(NodeTransfer, WhatOnlyClaimsToBeOursGoesByItsText) {
     editor().nodeCommands.mnuEditPaste_Click();
     EXPECT_EQ(flat(), "<r><e/></r>");
     // Another program has replaced the text.
-    QGuiApplication::clipboard()->setText("<later/>");
+    clipboard.setText("<later/>");
     select("r");
     editor().nodeCommands.mnuEditPaste_Click();
     EXPECT_EQ(flat(), "<r><e/><later/></r>");

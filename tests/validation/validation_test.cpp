@@ -1,7 +1,6 @@
 #include "platform/runtime/error.h"
 #include "platform/ui/message_box.h"
-#include "tests/support/editor_window.h"
-#include "tests/support/work_at_once.h"
+#include "tests/support/headless_editor.h"
 #include "validation/validation.h"
 
 #include <QSignalSpy>
@@ -12,7 +11,7 @@ namespace {
 
 constexpr const char *Succeeded = "ドキュメントの検証が正常に終了しました。";
 
-class ValidationTest : public test::EditorWindow {
+class ValidationTest : public test::HeadlessEditor {
 protected:
     ValidationTest() {
         QObject::connect(&validation, &Validation::statusText,

@@ -1,0 +1,86 @@
+#pragma once
+
+#include "platform/ui/browser.h"
+#include "platform/ui/clipboard.h"
+#include "platform/ui/path_box.h"
+#include "platform/ui/text_box.h"
+
+#include <QMimeData>
+
+#include <functional>
+
+namespace quillon::test {
+
+/// What a window has around the logic, without a screen: each remembers what it was given, and
+/// tells of changes as its widget does.
+
+class TextBoxFake : public ui::TextBox {
+public:
+    QString Text() const override {
+        return QString::fromUtf8(utf8_).replace(QLatin1Char('\n'), QLatin1String("\r\n"));
+    }
+    QByteArray utf8() const override { return utf8_; }
+    using ui::TextBox::setText;
+    void setText(const QByteArray &utf8) override {
+        utf8_ = utf8;
+        utf8_.replace("\r\n", "\n").replace('\r', '\n');
+        if (changed)
+            changed();
+    }
+    bool Locked() const { return locked_; }
+    void setLocked(bool locked) override { locked_ = locked; }
+    void setLanguage(Language value) override { language = value; }
+    void takeFocus() override { hasFocus = true; }
+
+    std::function<void()> changed;
+    Language language = Language::Plain;
+    bool hasFocus = false;
+
+private:
+    QByteArray utf8_;
+    bool locked_ = false;
+};
+
+class PathBoxFake : public ui::PathBox {
+public:
+    QString Text() const override { return text_; }
+    void setText(const QString &text) override { text_ = text; }
+    QStringList List() const override { return list_; }
+    void AddItem(const QString &text) override { list_.append(text); }
+
+private:
+    QString text_;
+    QStringList list_;
+};
+
+class BrowserFake : public ui::Browser {
+public:
+    void setFiles(const QStringList &names) override { files = names; }
+    void Navigate(const QString &path, const QString &subject) override {
+        pages.append(path);
+        subjects.append(subject);
+    }
+    void print(const QString &documentName) override { printed.append(documentName); }
+
+    QStringList files;
+    /// What was shown so far, oldest first, and what was printed.
+    QStringList pages;
+    QStringList subjects;
+    QStringList printed;
+};
+
+class ClipboardFake : public ui::Clipboard {
+public:
+    QString text() const override { return data_ ? data_->text() : QString(); }
+    const QMimeData *mimeData() const override { return data_.get(); }
+    void setMimeData(std::unique_ptr<QMimeData> data) override { data_ = std::move(data); }
+    void setText(const QString &text) {
+        data_ = std::make_unique<QMimeData>();
+        data_->setText(text);
+    }
+
+private:
+    std::unique_ptr<QMimeData> data_;
+};
+
+} // namespace quillon::test
