@@ -141,7 +141,7 @@ protected:
             editor().commands.mnuFileNew_Click();
             return select("#document");
         }
-        dialogs.answerMessage(1);
+        dialogs.answerMessage(ui::message_answer::Ok);
         open(Sample);
         editor().builder.ExpandSubtree(tree().nodes().Item(1));
         selectColumn(column);
@@ -158,7 +158,7 @@ protected:
             {Doctype, NodeType::DocumentType},
         };
         if (column == EntityReference)
-            dialogs.answerMessage(1);
+            dialogs.answerMessage(ui::message_answer::Ok);
         if (column == Element)
             return select("a");
         if (column == Root) {
@@ -249,7 +249,7 @@ TEST_F(CommandStates, AreKnownOfEveryCommand) {
 }
 
 TEST_F(CommandStates, HoldForKeysAsWell) {
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     open(Sample);
     editor().commands.mnuFileClose_Click();
     for (const app::CommandRow &row : app::commandTable()) {
@@ -263,7 +263,7 @@ TEST_F(CommandStates, HoldForKeysAsWell) {
 }
 
 TEST_F(CommandStates, OfButtonsAreSetByTheirNewsAlone) {
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     open(Sample);
     select("a");
     const auto change = [&] {
@@ -306,7 +306,7 @@ TEST_F(CommandStates, OfButtonsAreSetByTheirNewsAlone) {
 
 TEST_F(CommandStates, OfAnEmptyWindowThatCouldNotOpenAFile) {
     dialogs.answerFile({write("broken.xml", "<r>"), 0});
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     action(u"mnuFileOpen").trigger();
     EXPECT_FALSE(button(u"save"));
     EXPECT_EQ(enabledEntries().count("mnuFileSave"), 1u) << "saving says that there is nothing";

@@ -23,8 +23,8 @@ using controls::ActionKind;
 using controls::KeyContext;
 
 const QByteArray Sample = "<r><a k=\"1\">t</a><b/><c/></r>";
-constexpr int Ok = 1;
-constexpr int Yes = 6;
+using ui::message_answer::Ok;
+using ui::message_answer::Yes;
 constexpr int patienceMs = 60'000;
 
 class RecordingShell : public system::Shell {

@@ -116,10 +116,10 @@ TEST_F(WindowTest, ClosingAsksAndClearsTheWorkingFolderAway) {
     editor().commands.DocumentModified();
     editor().recovery.keep();
     QPointer<app::frmMain> window = form.release();
-    dialogs.answerMessage(2);
+    dialogs.answerMessage(ui::message_answer::Cancel);
     EXPECT_FALSE(window->close());
     EXPECT_TRUE(QDir(path("Temp")).exists());
-    dialogs.answerMessage(7);
+    dialogs.answerMessage(ui::message_answer::No);
     EXPECT_TRUE(window->close());
     EXPECT_FALSE(QDir(path("Temp")).exists());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

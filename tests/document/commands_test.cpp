@@ -8,9 +8,9 @@ namespace quillon::test {
 
 namespace {
 
-constexpr int Yes = 6;
-constexpr int No = 7;
-constexpr int Cancel = 2;
+using ui::message_answer::Cancel;
+using ui::message_answer::No;
+using ui::message_answer::Yes;
 
 class CommandsTest : public EditorWindow {
 protected:
@@ -89,7 +89,7 @@ TEST_F(CommandsTest, OpenAsksWhatToDoWithChanges) {
     EXPECT_FALSE(state().m_ReadOnly);
 
     dialogs.answerFile({write("bad.xml", "<r>"), 0});
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     commands().mnuFileOpen_Click();
     EXPECT_EQ(title(), "Quillon XML Editor") << "the old document has been emptied";
     EXPECT_EQ(tree().nodes().Count(), 0);
@@ -142,7 +142,7 @@ TEST_F(CommandsTest, AFailedReloadLeavesEverythingAsItWas) {
     };
     QFile::setPermissions(write("doc.xml", "<broken>"), QFile::ReadOwner);
     dialogs.answerMessage(Yes);
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     commands().mnuFileReload_Click();
     EXPECT_EQ(dialogs.messages.back().text, "XMLをパースできません。");
     expectUnchanged();
@@ -170,7 +170,7 @@ TEST_F(CommandsTest, UndoingAllFromABrokenCopyLeavesEverythingAsItWas) {
     write("Temp/20011231235959.bak", "<broken>");
     time = time.addSecs(1);
     dialogs.answerMessage(Yes);
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     commands().mnuEditUndoAll_Click();
     EXPECT_EQ(title(), "doc.xml * - Quillon XML Editor");
     EXPECT_TRUE(editor().history.CanUndo());
@@ -181,7 +181,7 @@ TEST_F(CommandsTest, UndoingAllFromABrokenCopyLeavesEverythingAsItWas) {
 
 TEST_F(CommandsTest, WhatAFailedLoadLeavesInAnEmptyWindowIsNotSaved) {
     write("doc.xml", "<broken>");
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     commands().openUnasked(path("doc.xml"));
     EXPECT_EQ(title(), "doc.xml - Quillon XML Editor");
     EXPECT_THROW(commands().mnuFileSave_Click(), runtime::Error);
@@ -195,7 +195,7 @@ TEST_F(CommandsTest, WhatIsShownUnderTheNameOfABrokenFileIsNotSavedOverIt) {
     open("<r/>");
     modify();
     write("broken.xml", "<broken>");
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     time = time.addSecs(1);
     commands().openUnasked(path("broken.xml"));
     EXPECT_EQ(title(), "broken.xml * - Quillon XML Editor");
@@ -254,7 +254,7 @@ TEST_F(CommandsTest, ACaptionBeingTypedBelongsToTheDocumentThatIsSaved) {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     tree().StartLabelEdit();
     QTest::keyClicks(tvw().viewport()->findChild<QLineEdit *>(), "newer");
-    dialogs.answerMessage(2);
+    dialogs.answerMessage(Cancel);
     form->close();
     EXPECT_EQ(dialogs.messages.back().text, "保存しますか？");
     EXPECT_EQ(xml(), "<r><newer/></r>");
@@ -284,7 +284,7 @@ TEST_F(CommandsTest, AFailedSaveKeepsEverything) {
     EXPECT_EQ(state().m_FileName, path("doc.xml"));
     // Through the menu the reason is shown and the program goes on.
     state().m_FileName = path("gone/doc.xml");
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     form->actions().action(u"mnuFileSave")->trigger();
     EXPECT_EQ(dialogs.messages.back().style, 48);
     EXPECT_TRUE(dialogs.messages.back().text.contains("フォルダー"));

@@ -48,7 +48,7 @@ TEST_F(LoaderTest, AnOpenedFileIsShownBackedUpAndRemembered) {
 TEST_F(LoaderTest, WhatDoesNotParseIsToldAndStillCopied) {
     const QString readOnly = write("bad.xml", "<r>");
     QFile::setPermissions(readOnly, QFile::ReadOwner);
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     EXPECT_FALSE(OpenFile(readOnly));
     EXPECT_TRUE(state().m_DOM) << "an empty window gets an empty document";
     EXPECT_EQ(xml(), "");
@@ -57,7 +57,7 @@ TEST_F(LoaderTest, WhatDoesNotParseIsToldAndStillCopied) {
     open("<r><kept/></r>");
     time = time.addSecs(1);
     for (const char *bad : {"<r>", "", "<!-- no root -->"}) {
-        dialogs.answerMessage(1);
+        dialogs.answerMessage(ui::message_answer::Ok);
         EXPECT_FALSE(OpenFile(write("bad.xml", bad)));
         EXPECT_EQ(dialogs.messages.back().text, "XMLをパースできません。");
         EXPECT_EQ(dialogs.messages.back().style, 48);
@@ -177,7 +177,7 @@ TEST_F(LoaderTest, ADocumentWithAFaultyInstructionIsOpenAllTheSame) {
     for (const QByteArray &data : {QByteArray("href='a.xsl"), QByteArray("abcdefg"),
                                    "href='a.xsl' " + QByteArray(32'800, 'x')}) {
         open("<before/>");
-        dialogs.answerMessage(1);
+        dialogs.answerMessage(ui::message_answer::Ok);
         open("<?xml-stylesheet " + data + "?><?xml-stylesheet href='b.xsl'?><r><a/></r>");
         EXPECT_TRUE(dialogs.messages.back().text.contains("<?xml-stylesheet " + data.left(7)));
         EXPECT_EQ(dialogs.messages.back().style, 48);
@@ -207,13 +207,13 @@ TEST_F(LoaderTest, WindowsThatOpenInTheSameSecondKeepACopyEach) {
     // Each goes over its own.
     ASSERT_TRUE(second.OpenFile(write("third.xml", "<third/>")));
     open("<fourth/>");
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     EXPECT_FALSE(OpenFile(write("bad.xml", "<r>"))) << "the document before stays, and its copy";
     EXPECT_EQ(read("Temp/20011231235959.bak"), "<fourth/>");
     EXPECT_EQ(read("Temp/20011231235959-3.bak"), "<r>");
     EXPECT_EQ(read("Temp/20011231235959-2.bak"), "<third/>");
     editor().commands.DocumentModified();
-    dialogs.answerMessage(6);
+    dialogs.answerMessage(ui::message_answer::Yes);
     editor().commands.mnuEditUndoAll_Click();
     EXPECT_EQ(xml(), "<fourth/>");
 }

@@ -10,8 +10,8 @@ namespace quillon::test {
 
 namespace {
 
-constexpr int Yes = 6;
-constexpr int No = 7;
+using ui::message_answer::No;
+using ui::message_answer::Yes;
 
 class NodeCommandsTest : public EditorWindow {
 protected:
@@ -120,9 +120,9 @@ TEST_F(NodeCommandsTest, CommandsThatDoNotApplyDoNothing) {
     nothing("#document", &C::mnuNodeAddCDATA_Click);
     nothing("#document", &C::mnuNodeInsComment_Click);
     nothing("#document", &C::AddAttributeToParent);
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     nothing("#document", &C::mnuNodeAddElement_Click);
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     nothing("r", &C::mnuNodeInsElement_Click);
     state().m_ReadOnly = true;
     nothing("x", &C::mnuNodeAddElement_Click);
@@ -171,7 +171,7 @@ TEST_F(NodeCommandsTest, WhatTheMenusOffer) {
 TEST_F(NodeCommandsTest, DeletingAsksAndSelectsTheNext) {
     open("<r a='1'>\n  <x/>\n  <y><z/></y>\n  <w/>\n</r>");
     select("#document");
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     nodes().mnuEditDelete_Click();
     EXPECT_EQ(dialogs.messages.back().text, "ルート要素は削除できません。");
     EXPECT_EQ(dialogs.messages.back().style, 48);
@@ -263,14 +263,14 @@ TEST_F(NodeCommandsTest, PastingMarksTheDocumentWhenItChangesIt) {
 }
 
 TEST_F(NodeCommandsTest, ADocumentTypeStaysWhileItsEntitiesAreReferredTo) {
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     open("<!DOCTYPE t [<!ENTITY e 'x'><!ENTITY f 'y'>]><r>&e;<a k='&f;'/></r>");
     QGuiApplication::clipboard()->setText("before");
     const QByteArray before = xml();
     select("t");
     for (const auto command :
          {&edit::NodeCommands::mnuEditDelete_Click, &edit::NodeCommands::mnuEditCut_Click}) {
-        dialogs.answerMessage(1);
+        dialogs.answerMessage(ui::message_answer::Ok);
         (nodes().*command)();
         EXPECT_EQ(dialogs.messages.back().text,
                   "ドキュメントの中で実体 e が参照されているため、\n文書型宣言を削除できません。");
@@ -283,7 +283,7 @@ TEST_F(NodeCommandsTest, ADocumentTypeStaysWhileItsEntitiesAreReferredTo) {
     select("r");
     type("<r>&#38;<a k='&f;'/></r>");
     select("t");
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     nodes().mnuEditCut_Click();
     EXPECT_TRUE(dialogs.messages.back().text.contains(" f "));
     select("a");
@@ -301,13 +301,13 @@ TEST_F(NodeCommandsTest, ADocumentTypeStaysWhileItsEntitiesAreReferredTo) {
 }
 
 TEST_F(NodeCommandsTest, AnEntityReferenceDoesNotMove) {
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     open("<!DOCTYPE t [<!ENTITY e 'x'>]><r><a/>&e;<b/></r>");
     const QByteArray before = xml();
     for (const auto command :
          {&edit::NodeCommands::mnuNodeMoveUp_Click, &edit::NodeCommands::mnuNodeMoveDown_Click}) {
         tree().setSelectedItem(item("e"));
-        dialogs.answerMessage(1);
+        dialogs.answerMessage(ui::message_answer::Ok);
         (nodes().*command)();
         EXPECT_EQ(dialogs.messages.back().text, "実体 e の参照は移動できません。");
     }
@@ -395,10 +395,10 @@ TEST_F(NodeCommandsTest, TheContextMenuBelongsToTheItemUnderIt) {
 
 TEST_F(NodeCommandsTest, TheRightButtonShowsAnItemOnce) {
     show();
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     open("<!DOCTYPE t [<!ENTITY e 'x'>]><r>&e;</r>");
     const QPoint place = tvw().visualRect(tree().nodes().indexOf(item("e"))).center();
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     QTest::mousePress(tvw().viewport(), Qt::RightButton, {}, place);
     Q_EMIT tvw().customContextMenuRequested(place);
     EXPECT_EQ(dialogs.messages.size(), 2u);

@@ -170,14 +170,14 @@ TEST_F(UndoTest, UndoAllGoesBackToTheFileAsOpened) {
     editor().commands.mnuEditUndoAll_Click();
     edit("1");
     EXPECT_TRUE(editor().commands.canUndoAll());
-    dialogs.answerMessage(7);
+    dialogs.answerMessage(ui::message_answer::No);
     editor().commands.mnuEditUndoAll_Click();
     EXPECT_EQ(dialogs.messages.back().text, "変更は全て失われます。よろしいですか？");
     EXPECT_EQ(dialogs.messages.back().style, 292);
     EXPECT_EQ(value(), "1");
     // Later than the opening, whose copy has the time in its name.
     time = time.addSecs(5);
-    dialogs.answerMessage(6);
+    dialogs.answerMessage(ui::message_answer::Yes);
     editor().commands.mnuEditUndoAll_Click();
     EXPECT_EQ(xml(), "<r/>");
     EXPECT_EQ(title(), "doc.xml * - Quillon XML Editor");
@@ -187,7 +187,7 @@ TEST_F(UndoTest, UndoAllGoesBackToTheFileAsOpened) {
 
     edit("2");
     QFile::remove(state().m_BackupPath);
-    dialogs.answerMessage(6);
+    dialogs.answerMessage(ui::message_answer::Yes);
     EXPECT_THROW(editor().commands.mnuEditUndoAll_Click(), runtime::Error);
     EXPECT_EQ(value(), "2") << "without the copy the document stays";
 }

@@ -181,7 +181,7 @@ TEST_F(PreviewTest, AChosenStylesheetStaysInForce) {
     // One that cannot be carried out is told and leaves the preview.
     const QString kept = previewFile("htm");
     write("Temp/own.xsl", head + "<xsl:template match='/'><xsl:nonsense/></xsl:template>");
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     preview().mnuToolPreview_Click();
     EXPECT_TRUE(dialogs.messages.back().text.startsWith("プレビューを表示できません。\r\n"));
     EXPECT_EQ(dialogs.messages.back().style, 48);
@@ -236,7 +236,7 @@ TEST_F(PreviewTest, EveryValidationErrorLeadsToItsNode) {
     form->show();
     open("<doc><a/><wrong/></doc>");
     dialogs.answerFile({write("s.dtd", "<!ELEMENT doc (a*)><!ELEMENT a EMPTY>"), 0});
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     editor().validation.mnuToolVerifyNew_Click();
     auto *list = form->findChild<app::ValidationList *>();
     ASSERT_TRUE(list);

@@ -11,10 +11,10 @@ TEST_F(CrashRecoveryTest, WhatWasNotSavedComesBackAsADocumentWithoutAFile) {
     change("new", "newer");
     crash();
     restart();
-    dialogs.answerMessage(2);
+    dialogs.answerMessage(ui::message_answer::Cancel);
     recovery->offer();
     EXPECT_EQ(xml(), "") << "cancelled, it waits for another time";
-    dialogs.answerMessage(6);
+    dialogs.answerMessage(ui::message_answer::Yes);
     recovery->offer();
     EXPECT_TRUE(dialogs.messages.back().text.startsWith(
         "前回保存されなかった変更があります。復元しますか？\n\n" + path("doc.xml")));
@@ -41,13 +41,13 @@ TEST_F(CrashRecoveryTest, TextThatDoesNotParseComesBackInThePane) {
     EXPECT_FALSE(state().m_Modified);
     crash();
     restart();
-    dialogs.answerMessage(6);
+    dialogs.answerMessage(ui::message_answer::Yes);
     recovery->offer();
     EXPECT_EQ(xml(), "<r>t<a/><!--c--><b>2</b></r>");
     EXPECT_EQ(tree().SelectedItem(), item("b"));
     EXPECT_EQ(txtEdit().Text(), "<b>2</b");
     EXPECT_EQ(status(), "構文エラー");
-    dialogs.answerMessage(6);
+    dialogs.answerMessage(ui::message_answer::Yes);
     EXPECT_TRUE(editor().selection.mayLeavePane());
     EXPECT_EQ(txtEdit().Text(), "<b>2</b>");
 
@@ -59,7 +59,7 @@ TEST_F(CrashRecoveryTest, TextThatDoesNotParseComesBackInThePane) {
     QDir(left.path()).removeRecursively();
     crash();
     restart();
-    dialogs.answerMessage(6);
+    dialogs.answerMessage(ui::message_answer::Yes);
     recovery->offer();
     EXPECT_EQ(txtEdit().Text(), "<!--n--><r>");
     type("<!--n--><r/>");
@@ -70,7 +70,7 @@ TEST_F(CrashRecoveryTest, TextThatDoesNotParseIsKeptOnlyUntilItIsGivenUp) {
     open("<r><a/></r>");
     change("a", "<a>");
     EXPECT_EQ(files(kept).filter(".pane").size(), 1);
-    dialogs.answerMessage(6);
+    dialogs.answerMessage(ui::message_answer::Yes);
     editor().selection.ShowNode(item("r"), true);
     EXPECT_EQ(files(kept), QStringList());
     change("a", "<a/");
@@ -85,7 +85,7 @@ TEST_F(CrashRecoveryTest, ADocumentThatDiesAgainIsRecoveredUnderTheSameName) {
     change("text", "changed");
     crash();
     restart();
-    dialogs.answerMessage(6);
+    dialogs.answerMessage(ui::message_answer::Yes);
     recovery->offer();
     EXPECT_EQ(title(), "doc.xml (復元) * - Quillon XML Editor");
     EXPECT_EQ(xml(), "<r>changed</r>");
@@ -97,7 +97,7 @@ TEST_F(CrashRecoveryTest, ADocumentThatDiesAgainIsStillSuggestedToBeSavedInItsPl
     crash();
     for (int deaths = 1; deaths <= 2; ++deaths) {
         restart();
-        dialogs.answerMessage(6);
+        dialogs.answerMessage(ui::message_answer::Yes);
         recovery->offer();
         EXPECT_EQ(title(), "doc.xml (復元) * - Quillon XML Editor");
         dialogs.answerFile({QString(), 0});
@@ -112,7 +112,7 @@ TEST_F(CrashRecoveryTest, WhatItsEncodingCannotHoldIsKeptAllTheSame) {
     change("old", "😀");
     crash();
     restart();
-    dialogs.answerMessage(6);
+    dialogs.answerMessage(ui::message_answer::Yes);
     recovery->offer();
     EXPECT_TRUE(item("😀"));
 }
@@ -129,15 +129,15 @@ TEST_F(CrashRecoveryTest, SavingClosingAndEndingLeaveNothing) {
     };
     leavesNothing([this] { editor().commands.mnuFileSave_Click(); });
     leavesNothing([this] {
-        dialogs.answerMessage(7);
+        dialogs.answerMessage(ui::message_answer::No);
         editor().commands.mnuFileClose_Click();
     });
     leavesNothing([this] {
-        dialogs.answerMessage(6);
+        dialogs.answerMessage(ui::message_answer::Yes);
         editor().commands.mnuFileReload_Click();
     });
     leavesNothing([this] {
-        dialogs.answerMessage(7);
+        dialogs.answerMessage(ui::message_answer::No);
         editor().commands.mnuFileNew_Click();
     });
 }
@@ -170,7 +170,7 @@ TEST_F(CrashRecoveryTest, WhatGoesWithoutBeingGivenUpIsOfferedAtTheNextStart) {
         left.create();
         left.leave();
         restart();
-        dialogs.answerMessage(6);
+        dialogs.answerMessage(ui::message_answer::Yes);
         recovery->offer();
         EXPECT_EQ(xml(), "<r>new</r>");
         EXPECT_TRUE(recovery->find().empty());
@@ -179,7 +179,7 @@ TEST_F(CrashRecoveryTest, WhatGoesWithoutBeingGivenUpIsOfferedAtTheNextStart) {
     // A new document or a read-only one is saved by a dialog, which can be given up.
     const auto giveUpSaving = [this] {
         state().m_ReadOnly = true;
-        dialogs.answerMessage(6);
+        dialogs.answerMessage(ui::message_answer::Yes);
         dialogs.answerFile({QString(), 0});
     };
     keeps([&] {
@@ -218,7 +218,7 @@ TEST_F(CrashRecoveryTest, WhatGoesWithoutBeingGivenUpIsOfferedAtTheNextStart) {
     });
     // No was the answer to a question whose command was cancelled afterwards.
     keeps([&] {
-        dialogs.answerMessage(7);
+        dialogs.answerMessage(ui::message_answer::No);
         dialogs.answerFile({QString(), 0});
         editor().commands.mnuFileOpen_Click();
         EXPECT_EQ(xml(), "<r>new</r>");
@@ -236,13 +236,13 @@ TEST_F(CrashRecoveryTest, ADocumentThatCannotBeKeptDoesNotGo) {
     const QString other = write("other.xml", "<other/>");
     EXPECT_THROW(editor().commands.openUnasked(other), runtime::Error);
     const auto giveUpSaving = [&] {
-        dialogs.answerMessage(6);
+        dialogs.answerMessage(ui::message_answer::Yes);
         dialogs.answerFile({QString(), 0});
     };
     giveUpSaving();
     EXPECT_THROW(editor().commands.mnuFileNew_Click(), runtime::Error);
     giveUpSaving();
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     EXPECT_FALSE(close());
     EXPECT_EQ(dialogs.messages.back().style, 48);
     EXPECT_EQ(xml(), "<r>new</r>");
@@ -254,14 +254,14 @@ TEST_F(CrashRecoveryTest, AFileThatCannotBeOpenedTakesNoChangesAway) {
     open("<r>old</r>");
     change("old", "new");
     write("broken.xml", "<broken>");
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     QSignalSpy written(recovery.get(), &CrashRecovery::written);
     editor().commands.openUnasked(path("broken.xml"));
     ASSERT_TRUE(written.wait());
     EXPECT_EQ(files(kept).filter(".xml").size(), 1);
     crash();
     restart();
-    dialogs.answerMessage(6);
+    dialogs.answerMessage(ui::message_answer::Yes);
     recovery->offer();
     EXPECT_EQ(title(), "doc.xml (復元) * - Quillon XML Editor");
     EXPECT_EQ(xml(), "<r>new</r>");
@@ -272,7 +272,7 @@ TEST_F(CrashRecoveryTest, TheLastStateThatCanBeOpenedIsKept) {
     change("old", "new");
     const QStringList before = files(kept);
     select("r");
-    dialogs.answerMessage(6);
+    dialogs.answerMessage(ui::message_answer::Yes);
     editor().nodeCommands.mnuEditDelete_Click();
     ASSERT_FALSE(state().m_DOM.documentElement());
     QSignalSpy written(recovery.get(), &CrashRecovery::written);
@@ -308,7 +308,7 @@ TEST_F(CrashRecoveryTest, WhatIsUnsavedWhenTheSessionEndsIsKeptAtOnce) {
     recovery->keep();
     crash();
     restart();
-    dialogs.answerMessage(6);
+    dialogs.answerMessage(ui::message_answer::Yes);
     recovery->offer();
     EXPECT_EQ(xml(), "<r>new</r>");
     dialogs.answerFile({QString(), 0});

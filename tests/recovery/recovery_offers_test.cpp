@@ -27,13 +27,13 @@ TEST_F(CrashRecoveryTest, DeclinedOnesAreDeletedAndTheOthersWait) {
         open("<r>old</r>", name);
         change("old", name);
         crash();
-        dialogs.answerMessage(7);
+        dialogs.answerMessage(ui::message_answer::No);
         editor().commands.mnuFileClose_Click();
     }
     restart();
     dialogs.messages.clear();
-    dialogs.answerMessage(7);
-    dialogs.answerMessage(6);
+    dialogs.answerMessage(ui::message_answer::No);
+    dialogs.answerMessage(ui::message_answer::Yes);
     recovery->offer();
     EXPECT_TRUE(dialogs.messages[0].text.contains("three.xml")) << "the latest first";
     EXPECT_EQ(xml(), "<r>two.xml</r>");
@@ -71,8 +71,8 @@ TEST_F(CrashRecoveryTest, WhatCannotBeOpenedStaysAndWhatIsOfNoUseGoes) {
     write("left/recovery/.20011231235959-2.xml.Ab12Cd", "<half");
     open("<r/>");
     recovery = start(left);
-    dialogs.answerMessage(6);
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Yes);
+    dialogs.answerMessage(ui::message_answer::Ok);
     recovery->offer();
     EXPECT_EQ(dialogs.messages.back().style, 48);
     EXPECT_EQ(xml(), "<r/>");
@@ -81,9 +81,9 @@ TEST_F(CrashRecoveryTest, WhatCannotBeOpenedStaysAndWhatIsOfNoUseGoes) {
     // It does not stand in the way of the others.
     write("left/recovery/20001231235959-1.xml", "<good/>");
     write("left/recovery/20001231235959-1.name", "good.xml");
-    dialogs.answerMessage(6);
-    dialogs.answerMessage(1);
-    dialogs.answerMessage(6);
+    dialogs.answerMessage(ui::message_answer::Yes);
+    dialogs.answerMessage(ui::message_answer::Ok);
+    dialogs.answerMessage(ui::message_answer::Yes);
     recovery->offer();
     EXPECT_EQ(xml(), "<good/>");
     EXPECT_TRUE(QFile::exists(path("left/recovery/20011231235959-1.xml")));
@@ -118,7 +118,7 @@ TEST_F(CrashRecoveryTest, WhatIsWrittenInItsPlaceIsOfferedAfterACrashHalfWay) {
     EXPECT_FALSE(QFileInfo::exists(kept.filePath("recovery"))) << "the save has been finished";
     write("other.xml", "<r>wh");
     restart();
-    dialogs.answerMessage(6);
+    dialogs.answerMessage(ui::message_answer::Yes);
     recovery->offer();
     EXPECT_TRUE(dialogs.messages.back().text.contains(path("other.xml")));
     EXPECT_EQ(xml(), "<r>whole</r>");

@@ -90,7 +90,7 @@ TEST_F(SettingsTest, WhatIsTooLargeIsStoredAtTheLimit) {
 
 TEST_F(SettingsTest, BrokenValuesAreToldAndDoNotKeepTheUserOut) {
     store("Font/Size", "0");
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     form.reset();
     restart();
     EXPECT_EQ(editor().settings.fontSize, 10) << "nobody could read that";
@@ -101,8 +101,8 @@ TEST_F(SettingsTest, BrokenValuesAreToldAndDoNotKeepTheUserOut) {
     store("Programs/Path0", "/a");
     store("Programs/Name2", "c");
     store("Programs/Path2", "/c");
-    dialogs.answerMessage(1);
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
+    dialogs.answerMessage(ui::message_answer::Ok);
     form.reset();
     restart();
     ASSERT_EQ(dialogs.messages.size(), 2u);
@@ -115,7 +115,7 @@ TEST_F(SettingsTest, BrokenValuesAreToldAndDoNotKeepTheUserOut) {
     store("Programs/Path1", "/b");
     store("Font/Size", "11");
     store("Application/Width", "15000");
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     form.reset();
     restart();
     EXPECT_TRUE(dialogs.messages.back().text.contains("二重"));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/ui/dialogs.h"
+#include "platform/ui/message_box.h"
 
 #include <deque>
 #include <vector>

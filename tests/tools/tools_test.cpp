@@ -42,11 +42,11 @@ TEST_F(ToolsTest, ClearingTakesTextAndCommentsAndEmptiesAttributes) {
     open("<?xml version='1.0'?><!--c--><r a='1' b='' xmlns='urn:d' xmlns:p='urn:p'>t<x "
          "k='v'><!--d--><![CDATA[kept]]>u</x><?p "
          "d?></r>");
-    dialogs.answerMessage(2);
+    dialogs.answerMessage(ui::message_answer::Cancel);
     editor().tools.mnuToolRemoveText_Click();
     EXPECT_EQ(dialogs.messages.back().style, 289) << "Cancel is the default";
     EXPECT_TRUE(item("t"));
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     item("x").setExpanded(true);
     select("x");
     editor().tools.mnuToolRemoveText_Click();
@@ -70,11 +70,11 @@ TEST_F(ToolsTest, OtherProgramsAreStartedWithTheFile) {
     editor().tools.mnuHelpReadme_Click();
     EXPECT_EQ(shell->started, QStringList({"/usr/bin/an editor|" + path("my file.xml"),
                                            "desktop|" + runtime::programFolder() + "/readme.txt"}));
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     shell->viewerFailed();
     EXPECT_EQ(dialogs.messages.back().text,
               runtime::programFolder() + "/readme.txt\nを表示するプログラムが見つかりません。");
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     editor().tools.mnuToolOpen_Click("/missing/program");
     EXPECT_EQ(dialogs.messages.back().text, "ファイルが見つかりません。");
     EXPECT_EQ(dialogs.messages.back().style, 48);
@@ -167,7 +167,7 @@ TEST_F(ToolsTest, ARedirectToAnotherPlaceAsksFirst) {
     EXPECT_EQ(dialogs.messages.size(), 0u);
     for (const char *code : {"307 R", "302 R"}) {
         server.answers = {code + QByteArray("\r\nLocation: ") + elsewhere};
-        dialogs.answerMessage(7);
+        dialogs.answerMessage(ui::message_answer::No);
         EXPECT_THROW(send(), runtime::Error) << code;
         EXPECT_EQ(dialogs.messages.back().style, 292);
         EXPECT_TRUE(dialogs.messages.back().text.contains(other.address("/x")));
@@ -175,7 +175,7 @@ TEST_F(ToolsTest, ARedirectToAnotherPlaceAsksFirst) {
     EXPECT_EQ(other.received.size(), 0) << "refused, so nothing goes there";
     server.answers = {"308 R\r\nLocation: " + elsewhere};
     other.answers = {"200 OK"};
-    dialogs.answerMessage(6);
+    dialogs.answerMessage(ui::message_answer::Yes);
     send();
     EXPECT_TRUE(other.received.value(0).endsWith("<r></r>"));
     server.answers = {"307 R\r\nLocation: file:///etc/passwd"};
@@ -266,7 +266,7 @@ TEST_F(ToolsTest, TheTreeIsPrintedWithItsBranches) {
 }
 
 TEST_F(ToolsTest, AboutNamesTheVersion) {
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     editor().tools.mnuHelpAbout_Click();
     EXPECT_TRUE(dialogs.messages.back().text.startsWith(
         "Quillon XML Editor\tVersion " QUILLON_VERSION "\r\n"));

@@ -118,10 +118,10 @@ const QByteArray WithEntity = "<!DOCTYPE t [<!ENTITY e 'x'>]><doc><a/>&e;</doc>"
 const QByteArray Document = "<doc><item>1</item><items/><other><in/></other><!--c--></doc>";
 
 TEST_F(Drag, ADocumentTypeThatIsNeededStaysThoughItWasDraggedAway) {
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     openExpanded(WithEntity);
     const auto data = start("t");
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     drag.tvw_OLECompleteDrag(Qt::MoveAction);
     EXPECT_TRUE(dialogs.messages.back().text.contains("実体 e "));
     EXPECT_EQ(xml(), WithEntity);
@@ -345,9 +345,9 @@ TEST_F(Drag, NothingIsMovedFromWhereItMayNotBe) {
 
     // Nor does a reference, which cannot be deleted, go away.
     state().m_ReadOnly = false;
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     openExpanded("<!DOCTYPE r [<!ENTITY e 'E'>]><r>&e;<other/></r>");
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     press("e");
     EXPECT_EQ(drag.tvw_OLEStartDrag().actions, Qt::DropActions(Qt::CopyAction));
     drag.tvw_OLECompleteDrag(Qt::MoveAction);

@@ -206,20 +206,20 @@ TEST_F(EditingTest, TypingNeverGoesToAnItemThatThePaneDoesNotShow) {
 }
 
 TEST_F(EditingTest, KindsThatCannotBeEditedSaySo) {
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     open("<!DOCTYPE r [<!ENTITY e 'x'>]><r>&e;</r>");
     select("r");
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     select("e");
     EXPECT_EQ(dialogs.messages.back().text, "IXMLDOMEntityReference cannot modify");
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     type("y");
     EXPECT_EQ(dialogs.messages.back().text, "IXMLDOMEntityReference edit is not implemented yet");
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     EXPECT_FALSE(rename("y"));
     EXPECT_EQ(dialogs.messages.back().text,
               "IXMLDOMEntityReference labeledit is not implemented yet");
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     editor().removal.DeleteNode(item("e"));
     EXPECT_EQ(dialogs.messages.back().text, "IXMLDOMEntityReference cannot delete");
     EXPECT_FALSE(item("e"));
@@ -275,7 +275,7 @@ TEST_F(EditingTest, TextBecomesNodes) {
     EXPECT_FALSE(paste("id=\"2\"", "<x/>"));
     EXPECT_FALSE(paste("#document", "text"));
     EXPECT_TRUE(paste("#document", "<!--c-->"));
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     EXPECT_FALSE(paste("#document", "<second/>"));
     EXPECT_EQ(dialogs.messages.back().text, "ルート要素がすでに存在します。");
     EXPECT_EQ(xml(), "<doc><a id=\"2\"><![CDATA[x=\"1\"]]></a></doc>\n<!--c-->");
@@ -285,7 +285,7 @@ TEST_F(EditingTest, TextBecomesNodes) {
 TEST_F(EditingTest, AnElementMayReferToTheEntitiesOfTheDocument) {
     open("<!DOCTYPE r [<!ENTITY e 'x'>]><r><a>1&#38;</a><b/></r>");
     select("a");
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     type("<a>&e;2</a>");
     EXPECT_EQ(dialogs.messages.back().text, "IXMLDOMEntityReference is added to tree");
     EXPECT_EQ(xml(), "<!DOCTYPE r [<!ENTITY e 'x'>]><r><a>&e;2</a><b/></r>");

@@ -20,7 +20,7 @@ TEST_F(EditingTest, RenamingAnElementReversesWhatIsInIt) {
     EXPECT_EQ(editor().builder.registry().Item(item("#document")), state().m_DOM.node());
     modified();
     const QByteArray before = xml();
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     EXPECT_FALSE(rename("not a name"));
     EXPECT_EQ(dialogs.messages.back().style, 48);
     EXPECT_FALSE(rename(""));
@@ -35,7 +35,7 @@ TEST_F(EditingTest, RenamingAttributes) {
     EXPECT_TRUE(rename("id"));
     EXPECT_EQ(selected(), "id=\"1\"");
     EXPECT_FALSE(modified());
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     EXPECT_FALSE(rename("other"));
     EXPECT_EQ(dialogs.messages.back().text, "Already Exists. Cannot change");
     EXPECT_EQ(xml(), "<doc id='1' other='2'/>");
@@ -49,7 +49,7 @@ TEST_F(EditingTest, RenamingAttributes) {
     EXPECT_EQ(selected(), "name");
     // The old attribute is gone although the new name is not valid; its item stays.
     modified();
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     EXPECT_FALSE(rename("1 2"));
     EXPECT_EQ(xml(), "<doc other='2'/>");
     EXPECT_EQ(selected(), "name");

@@ -150,7 +150,7 @@ TEST_F(TreeBuilderTest, AttributesGoBehindTheOtherAttributes) {
 TEST_F(TreeBuilderTest, TheDocumentTakesOneElementAndNoText) {
     load("<r/>");
     QSignalSpy status(&builder, &TreeBuilder::statusText);
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     EXPECT_FALSE(add(root(), state.m_DOM.createElement("second"), Relationship::Child));
     ASSERT_EQ(dialogs.messages.size(), 1u);
     EXPECT_EQ(dialogs.messages[0].text, "ルート要素がすでに存在します。");
@@ -171,7 +171,7 @@ TEST_F(TreeBuilderTest, TheDocumentTakesOneElementAndNoText) {
 
 TEST_F(TreeBuilderTest, EntityReferencesHaveTheirItemsAndOneBoxForADocument) {
     for (unsigned opened = 1; opened <= 2; ++opened) {
-        dialogs.answerMessage(1);
+        dialogs.answerMessage(ui::message_answer::Ok);
         load("<!DOCTYPE r [<!ENTITY e 'x'>]><r>a&e;b&e;</r>");
         ASSERT_EQ(dialogs.messages.size(), opened);
         EXPECT_EQ(dialogs.messages.back().text, "IXMLDOMEntityReference is added to tree");
@@ -184,7 +184,7 @@ TEST_F(TreeBuilderTest, EntityReferencesHaveTheirItemsAndOneBoxForADocument) {
         EXPECT_EQ(dialogs.messages.size(), opened);
     }
     load("<r/>");
-    dialogs.answerMessage(1);
+    dialogs.answerMessage(ui::message_answer::Ok);
     add(item("r"), state.m_DOM.createEntityReference("e"), Relationship::Child);
     EXPECT_EQ(dialogs.messages.size(), 3u) << "where opening has met none";
 }

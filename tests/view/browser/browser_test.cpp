@@ -137,13 +137,13 @@ TEST_F(BrowserTest, ALinkIsOpenedWhenTheUserFollowsItAndAgrees) {
          "<a href='http://example.invalid/hidden'><input id=box></a>"
          "<div style='height: 2000px'></div><p id=below>below");
     script("web.click(); lab.click(); location.href = web.href;");
-    dialogs.answerMessage(7);
+    dialogs.answerMessage(ui::message_answer::No);
     click("web");
     ASSERT_TRUE(QTest::qWaitFor([&] { return dialogs.messages.size() == 1; }, Patience));
     EXPECT_EQ(dialogs.messages[0].text, "次のアドレスをブラウザーで開きますか?\n\n"
                                         "http://example.invalid/path?q=%E5%80%A4#part");
     EXPECT_EQ(desktop.opened, QStringList()) << "answered No";
-    dialogs.answerMessage(6);
+    dialogs.answerMessage(ui::message_answer::Yes);
     script("web.focus()");
     QTest::keyClick(browser.view()->focusProxy(), Qt::Key_Return);
     ASSERT_TRUE(QTest::qWaitFor([&] { return desktop.opened.size() == 1; }, Patience));
