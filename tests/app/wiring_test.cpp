@@ -169,7 +169,6 @@ TEST_F(WiringTest, TheListOfRecentFilesIsClearedFromTheOptions) {
 }
 
 TEST_F(WiringTest, TheTreeIsPrintedFromTheMenu) {
-    ScriptedPrinter printer;
     open("<r/>");
     printer.answer(path("tree.pdf"));
     trigger(u"mnuFilePrintTree");
