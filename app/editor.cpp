@@ -7,22 +7,22 @@ namespace quillon::app {
 using items::TreeItem;
 using ui::guarded;
 
-Surroundings Surroundings::ofProgram() {
+Environment Environment::ofProgram() {
     return {runtime::applicationFolder(), {}, {}, std::make_shared<system::Shell>()};
 }
 
-Editor::Editor(Surroundings given, ui::TextBox &txtEdit, ui::PathBox &cboPath, ui::Browser &ie,
+Editor::Editor(Environment given, ui::TextBox &txtEdit, ui::PathBox &cboPath, ui::Browser &ie,
                ui::LongWork &longWork, ui::Clipboard &clipboard)
-    : surroundings(std::move(given)),
-      workingFolder(runtime::workingFolder(surroundings.applicationFolder)),
-      recentFiles(surroundings.settings), settings(surroundings.settings), pane(txtEdit),
-      builder(state, options, tree), removal(builder, tree), nodeText(state, builder, tree),
-      dragAndDrop(state, builder, nodeText, removal, tree),
+    : environment(std::move(given)),
+      workingFolder(runtime::workingFolder(environment.applicationFolder)),
+      recentFiles(environment.settings), settings(environment.settings), pane(txtEdit),
+      builder(state, options, tree), removal(builder, tree), nodeInsertion(state, builder, tree),
+      dragAndDrop(state, builder, nodeInsertion, removal, tree),
       selection(state, options, builder.registry(), tree, pane, cboPath, clipboard),
       labels(state, options, builder, tree, pane),
-      paneEditing(state, options, builder, removal, labels, selection, tree, pane),
+      textEditing(state, options, builder, removal, labels, selection, tree, pane),
       history(state, builder, selection, tree), creation(state, builder, selection, tree),
-      nodeCommands(state, builder, removal, nodeText, selection, tree, clipboard),
+      nodeCommands(state, builder, removal, nodeInsertion, selection, tree, clipboard),
       captionSearch(tree, selection),
       pathQuery(tree, cboPath, selection, builder.registry(), longWork),
       preview(state, builder, selection, tree, ie, workingFolder, longWork,
@@ -30,27 +30,26 @@ Editor::Editor(Surroundings given, ui::TextBox &txtEdit, ui::PathBox &cboPath, u
                   return preview::PreviewFont{settings.fontName, settings.fontSize};
               }),
       validation(state, workingFolder, longWork),
-      tools(state, builder, *surroundings.shell, longWork),
+      tools(state, builder, *environment.shell, longWork),
       view(state, options, builder, selection, tree),
       loader(state, builder, selection, history, tree, workingFolder, recentFiles,
-             surroundings.clock, longWork),
-      commands(state, loader, builder, history, tree, pane, surroundings.applicationFolder),
-      recovery(state, commands, workingFolder, surroundings.clock) {
-    commands.beforeOverwriting = [this](const QString &path, std::string_view bytes) {
-        recovery.keepForSaving(path, bytes);
-    };
-    wireStatusTexts();
-    wireModifications();
-    wireHistory();
+             environment.clock, longWork),
+      commands(state, loader, builder, history, tree, pane, environment.applicationFolder),
+      recovery(state, commands, workingFolder, environment.clock) {
+    wireStatusBar();
+    wireDocumentCommands();
+    wireRecovery(recovery);
     wireTree();
+    wireDrops();
     wirePane();
     wirePreview();
+    wireValidation();
 }
 
-void Editor::wireStatusTexts() {
+void Editor::wireStatusBar() {
     connect(&builder, &tree::TreeBuilder::statusText, this, &Editor::statusText);
     connect(&selection, &tree::Selection::statusText, this, &Editor::statusText);
-    connect(&paneEditing, &tree::PaneEditing::statusText, this, &Editor::statusText);
+    connect(&textEditing, &tree::TextEditing::statusText, this, &Editor::statusText);
     connect(&captionSearch, &search::CaptionSearch::statusText, this, &Editor::statusText);
     connect(&pathQuery, &search::PathQuery::statusText, this, &Editor::statusText);
     connect(&preview, &preview::Preview::statusText, this, &Editor::statusText);
@@ -60,84 +59,119 @@ void Editor::wireStatusTexts() {
     connect(&recovery, &recovery::CrashRecovery::statusText, this, &Editor::statusText);
 }
 
-void Editor::wireModifications() {
-    const auto modified = &document::DocumentCommands::DocumentModified;
+void Editor::wireDocumentCommands() {
+    using document::DocumentCommands;
+    using document::DocumentLoader;
+    const auto modified = &DocumentCommands::DocumentModified;
     connect(&removal, &tree::NodeRemoval::documentModified, &commands, modified);
     connect(&labels, &tree::LabelEditing::documentModified, &commands, modified);
-    connect(&paneEditing, &tree::PaneEditing::documentModified, &commands, modified);
+    connect(&textEditing, &tree::TextEditing::documentModified, &commands, modified);
     connect(&dragAndDrop, &tree::DragAndDrop::documentModified, &commands, modified);
     connect(&creation, &edit::NodeCreation::documentModified, &commands, modified);
     connect(&nodeCommands, &edit::NodeCommands::documentModified, &commands, modified);
     connect(&tools, &tools::ToolCommands::documentModified, &commands, modified);
+
+    connect(&loader, &DocumentLoader::replacing, &commands, &DocumentCommands::leaveDocument);
+    connect(&loader, &DocumentLoader::documentOpened, &commands, &DocumentCommands::takeOpened);
+    connect(&loader, &DocumentLoader::statusUpdateRequested, &commands,
+            &DocumentCommands::UpdateStatus);
+    commands.mayLeavePane = [this] { return selection.mayLeavePane(); };
+    commands.beforeOverwriting = [this](const QString &path, std::string_view bytes) {
+        recovery.keepForSaving(path, bytes);
+    };
 }
 
-void Editor::wireHistory() {
-    connect(&history, &edit::UndoHistory::moved, &recovery,
-            &recovery::CrashRecovery::documentChanged);
+void Editor::wireRecovery(recovery::CrashRecovery &follower) {
+    using document::DocumentCommands;
+    const auto changed = &recovery::CrashRecovery::documentChanged;
+    connect(&commands, &DocumentCommands::documentModified, &follower, changed);
+    connect(&commands, &DocumentCommands::captionChanged, &follower, changed);
+    connect(&history, &edit::UndoHistory::moved, &follower, changed);
+    connect(&textEditing, &tree::TextEditing::unparsedTextChanged, &follower, changed);
+    connect(&selection, &tree::Selection::unparsedTextGivenUp, &follower, changed);
+    connect(&commands, &DocumentCommands::unsavedLeaving, &follower,
+            &recovery::CrashRecovery::leaveForNextStart);
+    follower.pane = {[this] { return selection.hasUnparsedText(); },
+                     [this] { return textEditing.unparsedText(); },
+                     [this](const QByteArray &kept) { textEditing.restoreUnparsedText(kept); }};
 }
 
 void Editor::wireTree() {
-    connect(&dragAndDrop, &tree::DragAndDrop::openFileRequested, &commands,
-            &document::DocumentCommands::openUnasked);
-    // A drag leaves the item it was dropped on selected. The pane must show that one, and show it
-    // anew when the end of the drag has taken the node out of its old place.
-    const auto refill = [this] { guarded([&] { selection.RefillPane(tree.SelectedItem()); }); };
-    connect(&dragAndDrop, &tree::DragAndDrop::documentModified, this, refill);
-    connect(&tools, &tools::ToolCommands::documentModified, this, refill);
-    connect(&removal, &tree::NodeRemoval::documentModified, this, [this, refill] {
-        if (pane.shownSequence == tree.SelectedItem().sequence())
-            refill();
-    });
-    connect(&dragAndDrop, &tree::DragAndDrop::loadXmlRequested, &loader,
-            &document::DocumentLoader::LoadXML);
     connect(&tree, &items::Tree::NodeClick, this,
             [this](const TreeItem &item) { guarded([&] { selection.ShowNode(item, true); }); });
-    tree.beforeLabelEdit = [this](const TreeItem &) {
-        bool allowed = false;
-        guarded([&] { allowed = labels.tvw_BeforeLabelEdit() && selection.mayLeavePane(); });
-        return allowed;
-    };
+    tree.beforeLabelEdit = [this](const TreeItem &) { return mayEditLabel(); };
     tree.labelEditText = [this](const TreeItem &item) { return labels.editorText(item); };
-    tree.afterLabelEdit = [this](const TreeItem &item, QString &newText) {
-        // An editor that is left with the text it opened with has edited nothing.
-        bool accepted = false;
-        if (newText != labels.editorText(item))
-            guarded([&] { accepted = labels.tvw_AfterLabelEdit(item, newText); });
-        return accepted;
+    tree.afterLabelEdit = [this](const TreeItem &item, QString &text) {
+        return takeLabel(item, text);
     };
 }
 
+void Editor::wireDrops() {
+    using tree::DragAndDrop;
+    tree.dragHandlers = dragAndDrop.handlers();
+    connect(&tree, &items::Tree::mouseDown, &dragAndDrop, &DragAndDrop::takeMouseDown);
+    connect(&dragAndDrop, &DragAndDrop::openFileRequested, &commands,
+            &document::DocumentCommands::openUnasked);
+    connect(&dragAndDrop, &DragAndDrop::loadXmlRequested, &loader,
+            &document::DocumentLoader::LoadXML);
+    dragAndDrop.mayLeavePane = [this] { return selection.mayLeavePane(); };
+    dragAndDrop.hasUnparsedText = [this] { return selection.hasUnparsedText(); };
+}
+
+void Editor::wirePane() {
+    // A drag leaves the item it was dropped on selected. The pane must show that one, and show it
+    // anew when the end of the drag has taken the node out of its old place.
+    connect(&dragAndDrop, &tree::DragAndDrop::documentModified, this, &Editor::showAnew);
+    connect(&removal, &tree::NodeRemoval::documentModified, this, &Editor::showAnewAfterRemoval);
+    connect(&tools, &tools::ToolCommands::documentModified, this, &Editor::showAnew);
+}
+
 void Editor::wirePreview() {
-    const auto request = &preview::Preview::requestPreview;
-    connect(&builder, &tree::TreeBuilder::syncPreviewRequested, &preview,
-            &preview::Preview::SyncPreview);
-    connect(&creation, &edit::NodeCreation::previewRequested, &preview, request);
-    connect(&tools, &tools::ToolCommands::previewRequested, &preview, request);
-    connect(&commands, &document::DocumentCommands::previewRequested, &preview, request);
-    connect(&commands, &document::DocumentCommands::cleared, &preview, &preview::Preview::clear);
-    // A document that is loaded again is the same one.
-    connect(&loader, &document::DocumentLoader::documentOpened, &preview,
-            [this, shown = QString()]() mutable {
-                const QString opened = loader.fileOnDisk().path;
-                if (std::exchange(shown, opened) != opened)
-                    preview.forgetPlace();
-            });
+    using preview::Preview;
+    connect(&builder, &tree::TreeBuilder::syncPreviewRequested, &preview, &Preview::SyncPreview);
+    connect(&creation, &edit::NodeCreation::previewRequested, &preview, &Preview::requestPreview);
+    connect(&tools, &tools::ToolCommands::previewRequested, &preview, &Preview::requestPreview);
+    connect(&commands, &document::DocumentCommands::previewRequested, &preview,
+            &Preview::requestPreview);
+    connect(&commands, &document::DocumentCommands::cleared, &preview, &Preview::clear);
+    connect(&loader, &document::DocumentLoader::documentOpened, this, &Editor::forgetPlaceOfOther);
+}
+
+void Editor::wireValidation() {
     const auto forgetErrors = &validation::Validation::clear;
     connect(&commands, &document::DocumentCommands::cleared, &validation, forgetErrors);
     connect(&loader, &document::DocumentLoader::documentOpened, &validation, forgetErrors);
     connect(&loader, &document::DocumentLoader::statusUpdateRequested, &validation, forgetErrors);
 }
 
-void Editor::wirePane() {
-    const auto mayLeavePane = [this] { return selection.mayLeavePane(); };
-    commands.mayLeavePane = dragAndDrop.mayLeavePane = mayLeavePane;
-    dragAndDrop.hasUnparsedText = [this] { return selection.hasUnparsedText(); };
-    recovery.pane = {[this] { return selection.hasUnparsedText(); },
-                     [this] { return paneEditing.unparsedText(); },
-                     [this](const QByteArray &kept) { paneEditing.restoreUnparsedText(kept); }};
-    const auto changed = &recovery::CrashRecovery::documentChanged;
-    connect(&paneEditing, &tree::PaneEditing::unparsedTextChanged, &recovery, changed);
-    connect(&selection, &tree::Selection::unparsedTextGivenUp, &recovery, changed);
+bool Editor::mayEditLabel() {
+    bool allowed = false;
+    guarded([&] { allowed = labels.tvw_BeforeLabelEdit() && selection.mayLeavePane(); });
+    return allowed;
+}
+
+bool Editor::takeLabel(const TreeItem &item, QString &newText) {
+    // An editor that is left with the text it opened with has edited nothing.
+    bool accepted = false;
+    if (newText != labels.editorText(item))
+        guarded([&] { accepted = labels.tvw_AfterLabelEdit(item, newText); });
+    return accepted;
+}
+
+void Editor::showAnew() {
+    guarded([&] { selection.refillPane(tree.SelectedItem()); });
+}
+
+void Editor::showAnewAfterRemoval() {
+    if (pane.shownSequence == tree.SelectedItem().sequence())
+        showAnew();
+}
+
+void Editor::forgetPlaceOfOther() {
+    // A document that is loaded again is the same one.
+    const QString opened = loader.fileOnDisk().path;
+    if (std::exchange(previewedFile_, opened) != opened)
+        preview.forgetPlace();
 }
 
 } // namespace quillon::app

@@ -18,10 +18,10 @@
 #include "tools/view_commands.h"
 #include "tree/drag_and_drop.h"
 #include "tree/label_editing.h"
+#include "tree/node_insertion.h"
 #include "tree/node_removal.h"
-#include "tree/node_text.h"
-#include "tree/pane_editing.h"
 #include "tree/selection.h"
+#include "tree/text_editing.h"
 #include "validation/validation.h"
 
 #include <QObject>
@@ -31,14 +31,14 @@
 namespace quillon::app {
 
 /// Where a window keeps its things, and what time it is.
-struct Surroundings {
+struct Environment {
     QString applicationFolder;
     system::SettingsStore settings;
     runtime::Clock clock;
     std::shared_ptr<system::Shell> shell = std::make_shared<system::Shell>();
 
     /// Those of the program as it is installed.
-    static Surroundings ofProgram();
+    static Environment ofProgram();
 };
 
 /// All subsystems of one window, from the ground up, and the wires by which news travels upward
@@ -47,10 +47,10 @@ class Editor : public QObject {
     Q_OBJECT
 
 public:
-    Editor(Surroundings surroundings, ui::TextBox &txtEdit, ui::PathBox &cboPath, ui::Browser &ie,
+    Editor(Environment environment, ui::TextBox &txtEdit, ui::PathBox &cboPath, ui::Browser &ie,
            ui::LongWork &longWork, ui::Clipboard &clipboard);
 
-    const Surroundings surroundings;
+    const Environment environment;
     const system::WorkingFolder workingFolder;
     const document::RecentFiles recentFiles;
     settings::Settings settings;
@@ -59,14 +59,14 @@ public:
     state::ViewOptions options;
 
     items::Tree tree;
-    tree::EditPane pane;
+    tree::PaneContent pane;
     tree::TreeBuilder builder;
     tree::NodeRemoval removal;
-    tree::NodeText nodeText;
+    tree::NodeInsertion nodeInsertion;
     tree::DragAndDrop dragAndDrop;
     tree::Selection selection;
     tree::LabelEditing labels;
-    tree::PaneEditing paneEditing;
+    tree::TextEditing textEditing;
 
     edit::UndoHistory history;
     edit::NodeCreation creation;
@@ -85,17 +85,31 @@ public:
     document::DocumentCommands commands;
     recovery::CrashRecovery recovery;
 
+    /// Has a recovery follow this editor's document. Its own one does already.
+    void wireRecovery(recovery::CrashRecovery &follower);
+
 Q_SIGNALS:
     /// A text for the status bar, whoever has one.
     void statusText(const QString &text);
 
 private:
-    void wireStatusTexts();
-    void wireModifications();
-    void wireHistory();
+    // The wires, by where they lead to.
+    void wireStatusBar();
+    void wireDocumentCommands();
     void wireTree();
-    void wirePreview();
+    void wireDrops();
     void wirePane();
+    void wirePreview();
+    void wireValidation();
+
+    bool mayEditLabel();
+    bool takeLabel(const items::TreeItem &item, QString &newText);
+    void showAnew();
+    void showAnewAfterRemoval();
+    void forgetPlaceOfOther();
+
+    /// The file that the preview has shown last.
+    QString previewedFile_;
 };
 
 } // namespace quillon::app

@@ -35,17 +35,14 @@ QString caption(const QString &name, QStringView marks) {
 
 DocumentCommands::DocumentCommands(state::DocumentState &state, DocumentLoader &loader,
                                    tree::TreeBuilder &builder, edit::UndoHistory &history,
-                                   items::Tree &tree, tree::EditPane &pane,
+                                   items::Tree &tree, tree::PaneContent &pane,
                                    QString applicationFolder)
     : state_(state), loader_(loader), builder_(builder), history_(history), tree_(tree),
-      pane_(pane), applicationFolder_(std::move(applicationFolder)) {
-    connect(&loader_, &DocumentLoader::statusUpdateRequested, this,
-            &DocumentCommands::UpdateStatus);
-    connect(&loader_, &DocumentLoader::replacing, this, &DocumentCommands::leaveDocument);
-    connect(&loader_, &DocumentLoader::documentOpened, this, [this] {
-        suggestedPath_.clear();
-        savedState_.reset();
-    });
+      pane_(pane), applicationFolder_(std::move(applicationFolder)) {}
+
+void DocumentCommands::takeOpened() {
+    suggestedPath_.clear();
+    savedState_.reset();
 }
 
 bool DocumentCommands::ConfirmSave() {
@@ -260,7 +257,7 @@ void DocumentCommands::DocumentModified() {
                                  : runtime::shownPath(runtime::fileName(state_.m_FileName));
         Q_EMIT captionChanged(caption(name, u" *"));
     }
-    history_.TakeSnapshot();
+    history_.takeSnapshot();
     Q_EMIT documentModified();
 }
 

@@ -16,7 +16,7 @@ class DocumentCommands : public QObject {
 public:
     DocumentCommands(state::DocumentState &state, DocumentLoader &loader,
                      tree::TreeBuilder &builder, edit::UndoHistory &history, items::Tree &tree,
-                     tree::EditPane &pane, QString applicationFolder);
+                     tree::PaneContent &pane, QString applicationFolder);
 
     void mnuFileNew_Click();
     void mnuFileOpen_Click();
@@ -56,6 +56,9 @@ public:
     /// saved, or given up by the answer to the question that the present command has asked.
     /// Whoever raises there keeps it from going.
     void leaveDocument();
+    /// To be called when a document has been opened: nothing of it is saved yet, and its place is
+    /// its file.
+    void takeOpened();
     /// Writes the document, over a read-only file, too. Raises with the reason when that fails;
     /// document, flags and caption are then as before, and so is the file.
     void SaveFile(const QString &path);
@@ -102,7 +105,7 @@ private:
     tree::TreeBuilder &builder_;
     edit::UndoHistory &history_;
     items::Tree &tree_;
-    tree::EditPane &pane_;
+    tree::PaneContent &pane_;
     QString applicationFolder_;
     /// The save dialog has no title of its own: it keeps the one that the dialog last had.
     QString dialogTitle_;

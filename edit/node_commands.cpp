@@ -36,9 +36,9 @@ bool isMovable(const Node &node) {
 } // namespace
 
 NodeCommands::NodeCommands(const state::DocumentState &state, tree::TreeBuilder &builder,
-                           tree::NodeRemoval &removal, tree::NodeText &nodeText,
+                           tree::NodeRemoval &removal, tree::NodeInsertion &nodeInsertion,
                            tree::Selection &selection, items::Tree &tree, ui::Clipboard &clipboard)
-    : state_(state), builder_(builder), removal_(removal), nodeText_(nodeText),
+    : state_(state), builder_(builder), removal_(removal), nodeInsertion_(nodeInsertion),
       selection_(selection), tree_(tree), clipboard_(clipboard) {}
 
 EditMenuStates NodeCommands::mnuEdit_Click() const {
@@ -92,9 +92,9 @@ TreeItem NodeCommands::insertClipboard(const TreeItem &item) {
     const QMimeData *data = clipboard_.mimeData();
     if (data && data->hasFormat(tree::NodeFormat)) {
         if (const auto node = tree::unpackedNode(data->data(tree::NodeFormat), state_.m_DOM))
-            return nodeText_.InsertArrivedNode(item, *node);
+            return nodeInsertion_.insertArrivedNode(item, *node);
     }
-    return nodeText_.InsertNodeFromText(item, withoutOuterBlanks(clipboard_.text()));
+    return nodeInsertion_.InsertNodeFromText(item, withoutOuterBlanks(clipboard_.text()));
 }
 
 TreeItem NodeCommands::PasteNode(const TreeItem &item) {

@@ -3,8 +3,8 @@
 #include "edit/undo_history.h"
 #include "platform/ui/clipboard.h"
 #include "state/document_state.h"
+#include "tree/node_insertion.h"
 #include "tree/node_removal.h"
-#include "tree/node_text.h"
 #include "tree/selection.h"
 
 #include <QObject>
@@ -39,8 +39,8 @@ class NodeCommands : public QObject {
 
 public:
     NodeCommands(const state::DocumentState &state, tree::TreeBuilder &builder,
-                 tree::NodeRemoval &removal, tree::NodeText &nodeText, tree::Selection &selection,
-                 items::Tree &tree, ui::Clipboard &clipboard);
+                 tree::NodeRemoval &removal, tree::NodeInsertion &nodeInsertion,
+                 tree::Selection &selection, items::Tree &tree, ui::Clipboard &clipboard);
 
     EditMenuStates mnuEdit_Click() const;
     NodeMenuStates mnuNode_Click() const;
@@ -74,7 +74,7 @@ private:
     const state::DocumentState &state_;
     tree::TreeBuilder &builder_;
     tree::NodeRemoval &removal_;
-    tree::NodeText &nodeText_;
+    tree::NodeInsertion &nodeInsertion_;
     tree::Selection &selection_;
     items::Tree &tree_;
     ui::Clipboard &clipboard_;

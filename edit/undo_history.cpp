@@ -83,7 +83,7 @@ void UndoHistory::ResetUndoHistory() {
     Q_EMIT moved();
 }
 
-void UndoHistory::TakeSnapshot() {
+void UndoHistory::takeSnapshot() {
     auto info = std::make_shared<clsUndoInfo>();
     info->setXml(state_.m_DOM);
     tree_.nodes().forEachExpanded([&](const TreeItem &item) {
@@ -135,7 +135,7 @@ void UndoHistory::restore(const clsUndoInfo &info, quint32 changed) {
     }
     if (const TreeItem item = shownAncestor(changedItem ? changedItem : lowest)) {
         tree_.setSelectedItem(item);
-        selection_.RefillPane(item);
+        selection_.refillPane(item);
     }
     tree_.setTreeVisible(true);
     tree_.setFocus();

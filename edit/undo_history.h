@@ -20,7 +20,7 @@ public:
     /// Forgets everything; the document as it is now becomes the state to start from.
     void ResetUndoHistory();
     /// Records the state that a change has just led to.
-    void TakeSnapshot();
+    void takeSnapshot();
     /// Drops the history of a document that is closed.
     void release();
 

@@ -86,12 +86,6 @@ CrashRecovery::CrashRecovery(state::DocumentState &state, document::DocumentComm
       pace_(pace) {
     timer_.setSingleShot(true);
     connect(&timer_, &QTimer::timeout, this, &CrashRecovery::write);
-    connect(&commands_, &document::DocumentCommands::documentModified, this,
-            &CrashRecovery::documentChanged);
-    connect(&commands_, &document::DocumentCommands::captionChanged, this,
-            &CrashRecovery::documentChanged);
-    connect(&commands_, &document::DocumentCommands::unsavedLeaving, this,
-            &CrashRecovery::leaveForNextStart);
 }
 
 CrashRecovery::~CrashRecovery() {

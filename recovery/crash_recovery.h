@@ -64,8 +64,8 @@ public:
     /// What is kept beside the document.
     PaneText pane;
 
-    /// The document, its modified state or its name has changed, or the text of the pane. Follows
-    /// DocumentCommands by itself; undoing and redoing and the pane are to be connected.
+    /// To be called when the document, its modified state or its name has changed, or the text of
+    /// the pane.
     void documentChanged();
 
     /// What dead programs have left, the latest first. Clears away what is of no use to anybody.

@@ -40,7 +40,7 @@ void ToolCommands::mnuToolRemoveText_Click() {
         ui::message_answer::Ok)
         return;
     ClearValues(state_.m_DOM);
-    builder_.RebuildTree();
+    builder_.rebuildTree();
     Q_EMIT documentModified();
     Q_EMIT previewRequested(state_.m_DOM.node());
 }

@@ -21,7 +21,7 @@ void ViewCommands::mnuViewFont_Click(const QString &name, qint16 size) {
 
 void ViewCommands::mnuViewText_Click(bool checked) {
     options_.viewText = checked;
-    builder_.RebuildTree();
+    builder_.rebuildTree();
     selection_.ShowNode(tree_.SelectedItem(), true);
 }
 

@@ -83,20 +83,19 @@ bool pathBeginsWith(const TreeItem &item, const TreeItem &start) {
 } // namespace
 
 DragAndDrop::DragAndDrop(const state::DocumentState &state, TreeBuilder &builder,
-                         NodeText &nodeText, NodeRemoval &removal, items::Tree &tree)
-    : state_(state), builder_(builder), nodeText_(nodeText), removal_(removal), tree_(tree) {
-    connect(&tree, &items::Tree::mouseDown, this, [this](const TreeItem &item) {
-        if (item)
-            m_nodDown = item;
-    });
-    tree.dragHandlers = {[this] { return tvw_OLEStartDrag(); },
-                         [this](const QMimeData &data) { tvw_OLEDragEnter(data); },
-                         [this] { bringSelectionBack(); },
-                         [this](const DragPoint &point) { return tvw_OLEDragOver(point); },
-                         [this](const DragPoint &point, const QMimeData &data) {
-                             return tvw_OLEDragDrop(point, data);
-                         },
-                         [this](Qt::DropAction effect) { tvw_OLECompleteDrag(effect); }};
+                         NodeInsertion &nodeInsertion, NodeRemoval &removal, items::Tree &tree)
+    : state_(state), builder_(builder), nodeInsertion_(nodeInsertion), removal_(removal),
+      tree_(tree) {}
+
+items::DragHandlers DragAndDrop::handlers() {
+    return {[this] { return tvw_OLEStartDrag(); },
+            [this](const QMimeData &data) { tvw_OLEDragEnter(data); },
+            [this] { bringSelectionBack(); },
+            [this](const DragPoint &point) { return tvw_OLEDragOver(point); },
+            [this](const DragPoint &point, const QMimeData &data) {
+                return tvw_OLEDragDrop(point, data);
+            },
+            [this](Qt::DropAction effect) { tvw_OLECompleteDrag(effect); }};
 }
 
 // ---- The source
@@ -153,6 +152,11 @@ void DragAndDrop::tvw_OLEDragEnter(const QMimeData &data) {
     isOfUse_ = isFile_ || data.hasFormat(NodeFormat) || data.hasFormat(TextFormat);
     if (!m_nodDrag)
         NodeMimeData::announceConfirmation(data);
+}
+
+void DragAndDrop::takeMouseDown(const TreeItem &item) {
+    if (item)
+        m_nodDown = item;
 }
 
 void DragAndDrop::bringSelectionBack() {
@@ -227,12 +231,12 @@ TreeItem DragAndDrop::insertDropped(const TreeItem &target, const QMimeData &dat
         if (packed.isEmpty())
             return {};
         if (const auto node = unpackedNode(packed, state_.m_DOM))
-            return nodeText_.InsertArrivedNode(target, *node);
+            return nodeInsertion_.insertArrivedNode(target, *node);
     }
     // A file manager offers text as well, but that is only the names of the files.
     if (const QString file = fileOf(data); !file.isEmpty())
-        return nodeText_.InsertNodeFromText(target, contentOf(file));
-    return data.hasFormat(TextFormat) ? nodeText_.InsertNodeFromText(target, data.text())
+        return nodeInsertion_.InsertNodeFromText(target, contentOf(file));
+    return data.hasFormat(TextFormat) ? nodeInsertion_.InsertNodeFromText(target, data.text())
                                       : TreeItem();
 }
 

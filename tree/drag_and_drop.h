@@ -1,7 +1,7 @@
 #pragma once
 
+#include "tree/node_insertion.h"
 #include "tree/node_removal.h"
-#include "tree/node_text.h"
 
 #include <functional>
 #include <optional>
@@ -17,8 +17,13 @@ class DragAndDrop : public QObject {
 
 public:
     /// Becomes the drag handlers of the tree, which must not be dragged in any more when this goes.
-    DragAndDrop(const state::DocumentState &state, TreeBuilder &builder, NodeText &nodeText,
-                NodeRemoval &removal, items::Tree &tree);
+    DragAndDrop(const state::DocumentState &state, TreeBuilder &builder,
+                NodeInsertion &nodeInsertion, NodeRemoval &removal, items::Tree &tree);
+
+    /// What the tree is to call while something is dragged.
+    items::DragHandlers handlers();
+    /// The item that a mouse button went down on, if any, is the one that a drag would take.
+    void takeMouseDown(const items::TreeItem &item);
 
     /// Begins to drag the item pressed last and offers its node, of a read-only document only for
     /// copying; without data when no item was pressed.
@@ -69,7 +74,7 @@ private:
 
     const state::DocumentState &state_;
     TreeBuilder &builder_;
-    NodeText &nodeText_;
+    NodeInsertion &nodeInsertion_;
     NodeRemoval &removal_;
     items::Tree &tree_;
     /// What comes in can be dropped.

@@ -17,7 +17,7 @@ constexpr qsizetype DocumentCaptionLength = 9;
 } // namespace
 
 LabelEditing::LabelEditing(const state::DocumentState &state, const state::ViewOptions &options,
-                           TreeBuilder &builder, items::Tree &tree, EditPane &pane)
+                           TreeBuilder &builder, items::Tree &tree, PaneContent &pane)
     : state_(state), options_(options), builder_(builder), tree_(tree), pane_(pane) {}
 
 bool LabelEditing::tvw_BeforeLabelEdit() const {

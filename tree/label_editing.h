@@ -12,7 +12,7 @@ class LabelEditing : public QObject {
 
 public:
     LabelEditing(const state::DocumentState &state, const state::ViewOptions &options,
-                 TreeBuilder &builder, items::Tree &tree, EditPane &pane);
+                 TreeBuilder &builder, items::Tree &tree, PaneContent &pane);
 
     /// Whether the selected item's caption may be edited.
     bool tvw_BeforeLabelEdit() const;
@@ -39,7 +39,7 @@ private:
     const state::ViewOptions &options_;
     TreeBuilder &builder_;
     items::Tree &tree_;
-    EditPane &pane_;
+    PaneContent &pane_;
 };
 
 } // namespace quillon::tree

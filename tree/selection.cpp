@@ -18,7 +18,7 @@ constexpr qsizetype DocumentPrefixLength = 10;
 } // namespace
 
 Selection::Selection(const state::DocumentState &state, const state::ViewOptions &options,
-                     const NodeRegistry &registry, items::Tree &tree, EditPane &pane,
+                     const NodeRegistry &registry, items::Tree &tree, PaneContent &pane,
                      ui::PathBox &cboPath, const ui::Clipboard &clipboard)
     : state_(state), options_(options), registry_(registry), tree_(tree), pane_(pane),
       cboPath_(cboPath), clipboard_(clipboard) {}
@@ -62,7 +62,7 @@ bool Selection::mayLeavePane() {
     const TreeItem shown = shownItem();
     if (reply == ui::message_answer::Yes) {
         pane_.isUnparsed = false;
-        RefillPane(shown);
+        refillPane(shown);
         Q_EMIT statusText(QString());
         Q_EMIT unparsedTextGivenUp();
         return true;
@@ -73,7 +73,7 @@ bool Selection::mayLeavePane() {
     return false;
 }
 
-void Selection::RefillPane(const TreeItem &item) {
+void Selection::refillPane(const TreeItem &item) {
     if (const Node node = GetDOMNode(item))
         fillPane(item, node);
 }

@@ -5,8 +5,8 @@
 #include "platform/ui/path_box.h"
 #include "state/document_state.h"
 #include "state/view_options.h"
-#include "tree/edit_pane.h"
 #include "tree/node_registry.h"
+#include "tree/pane_content.h"
 
 #include <QObject>
 
@@ -18,15 +18,15 @@ class Selection : public QObject {
 
 public:
     Selection(const state::DocumentState &state, const state::ViewOptions &options,
-              const NodeRegistry &registry, items::Tree &tree, EditPane &pane, ui::PathBox &cboPath,
-              const ui::Clipboard &clipboard);
+              const NodeRegistry &registry, items::Tree &tree, PaneContent &pane,
+              ui::PathBox &cboPath, const ui::Clipboard &clipboard);
 
     /// Shows an item, and selects it if selectIt says so. Nothing happens for no item or an item
     /// without a node, nor where mayLeavePane() says no. The item that the pane shows already keeps
     /// its text there if that does not parse.
     void ShowNode(const items::TreeItem &item, bool selectIt);
     /// Shows an item's path and content anew, without touching buttons, selection or status bar.
-    void RefillPane(const items::TreeItem &item);
+    void refillPane(const items::TreeItem &item);
 
     /// Whether the pane holds text for the item it shows that does not parse, so that the document
     /// does not hold it.
@@ -59,7 +59,7 @@ private:
     const state::ViewOptions &options_;
     const NodeRegistry &registry_;
     items::Tree &tree_;
-    EditPane &pane_;
+    PaneContent &pane_;
     ui::PathBox &cboPath_;
     const ui::Clipboard &clipboard_;
 };

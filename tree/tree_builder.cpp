@@ -98,7 +98,7 @@ void TreeBuilder::BuildTree(const xml::DOMDocument40 &document, bool visibleAfte
     tree_.setTreeVisible(visibleAfter);
 }
 
-void TreeBuilder::RebuildTree() {
+void TreeBuilder::rebuildTree() {
     const NodeNumbers expanded = expandedNodes();
     std::unordered_map<quint32, int> heights;
     for (TreeItem item = tree_.SelectedItem(); item; item = item.Parent())

@@ -43,7 +43,7 @@ public:
     /// The same for the current document, after which the items of the nodes that were expanded are
     /// so again, and the item of the node that was selected, or the nearest one above it, is
     /// selected.
-    void RebuildTree();
+    void rebuildTree();
 
     /// The nodes whose items are expanded; and expands the items of nodes, as far as they have any.
     NodeNumbers expandedNodes() const;

@@ -54,22 +54,21 @@ QDBusObjectPath AutomationServer::CreateWindow() {
         return {};
     }
     const QString path = QStringLiteral("%1/Window/%2").arg(FactoryPath).arg(++lastNumber_);
-    auto object = std::make_unique<WindowObject>(std::move(made), graceMs_);
-    WindowObject &window = *object;
+    auto object = std::make_unique<BusWindow>(std::move(made), graceMs_);
+    BusWindow &window = *object;
     windows_.emplace(path, std::move(object));
     waiting_.reset();
-    connect(&window, &WindowObject::called, this,
+    connect(&window, &BusWindow::called, this,
             [this, &window](const QString &client) { watch(window, client); });
     connect(
-        &window, &WindowObject::abandoned, this, [this, path] { remove(path); },
-        Qt::QueuedConnection);
+        &window, &BusWindow::abandoned, this, [this, path] { remove(path); }, Qt::QueuedConnection);
     bus_.registerObject(path, &window, Exported);
     if (calledFromDBus())
         watch(window, message().service());
     return QDBusObjectPath(path);
 }
 
-void AutomationServer::watch(WindowObject &window, const QString &client) {
+void AutomationServer::watch(BusWindow &window, const QString &client) {
     window.addClient(client);
     if (clients_.watchedServices().contains(client))
         return;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/automation/window_object.h"
+#include "app/automation/bus_window.h"
 
 #include <QDBusConnection>
 #include <QDBusContext>
@@ -45,7 +45,7 @@ public Q_SLOTS:
     Q_SCRIPTABLE QDBusObjectPath CreateWindow();
 
 private:
-    void watch(WindowObject &window, const QString &client);
+    void watch(BusWindow &window, const QString &client);
     void forgetClient(const QString &client);
     void remove(const QString &path);
 
@@ -53,7 +53,7 @@ private:
     MakeWindow makeWindow_;
     int graceMs_;
     QDBusServiceWatcher clients_;
-    std::map<QString, std::unique_ptr<WindowObject>> windows_;
+    std::map<QString, std::unique_ptr<BusWindow>> windows_;
     int lastNumber_ = 0;
     std::unique_ptr<QEventLoopLocker> waiting_;
 };

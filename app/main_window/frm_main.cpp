@@ -47,7 +47,7 @@ QList<QIcon> treeImages() {
 
 } // namespace
 
-frmMain::frmMain(Surroundings surroundings)
+frmMain::frmMain(Environment environment)
     : actions_(menuEntries()), tbr(new QToolBar(this)), tbrMove(new QToolBar(tbr)),
       picPath(new QWidget(tbr)), cboPath(new controls::PathBox(picPath)),
       vsp(new QSplitter(Qt::Horizontal, this)), hsp(new QSplitter(Qt::Vertical)),
@@ -55,7 +55,7 @@ frmMain::frmMain(Surroundings surroundings)
       validationButton_(new QPushButton) {
     setAttribute(Qt::WA_DeleteOnClose);
     menus_ = std::make_unique<controls::ActionMenus>(actions_, *menuBar());
-    editor_ = std::make_unique<Editor>(std::move(surroundings), *txtEdit, *cboPath, *ie, longWork_,
+    editor_ = std::make_unique<Editor>(std::move(environment), *txtEdit, *cboPath, *ie, longWork_,
                                        clipboard_);
     tvw = new controls::TreeView(editor_->tree);
     tvw->setImageList(treeImages());

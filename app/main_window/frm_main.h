@@ -33,7 +33,7 @@ class frmMain : public QMainWindow {
     Q_OBJECT
 
 public:
-    explicit frmMain(Surroundings surroundings = Surroundings::ofProgram());
+    explicit frmMain(Environment environment = Environment::ofProgram());
     ~frmMain() override;
 
     bool OpenFile(const QString &path) { return editor_->loader.OpenFile(path); }

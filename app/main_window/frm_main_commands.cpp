@@ -72,7 +72,7 @@ void frmMain::connectWindow() {
     connect(&commands, &document::DocumentCommands::cleared, this, &frmMain::clear);
     connect(&editor_->view, &tools::ViewCommands::fontChosen, this, &frmMain::takeFont);
     connect(txtEdit, &controls::TextBox::Change, editor_.get(),
-            [this] { guarded([this] { editor_->paneEditing.txtEdit_Change(); }); });
+            [this] { guarded([this] { editor_->textEditing.txtEdit_Change(); }); });
     connect(ie, &browser::Browser::statusText, editor_.get(), &Editor::statusText);
     connect(ie, &browser::Browser::clicked, editor_.get(),
             [this](const QString &id) { guarded([&] { editor_->preview.m_doc_onclick(id); }); });

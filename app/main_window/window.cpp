@@ -4,8 +4,8 @@
 
 namespace quillon::app {
 
-Window::Window(Surroundings surroundings) {
-    auto *form = new frmMain(std::move(surroundings));
+Window::Window(Environment environment) {
+    auto *form = new frmMain(std::move(environment));
     hWnd_ = static_cast<qint32>(form->winId());
     form->ClearStatus();
     m_frmMain = form;

@@ -15,7 +15,7 @@ class Window : public QObject {
 
 public:
     /// Makes the window, empty and not shown.
-    explicit Window(Surroundings surroundings = Surroundings::ofProgram());
+    explicit Window(Environment environment = Environment::ofProgram());
 
     /// The handle of the window, as it was when the window was made.
     qint32 hWnd() const { return hWnd_; }

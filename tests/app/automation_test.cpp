@@ -34,8 +34,8 @@ protected:
     }
 
     std::unique_ptr<Window> make() {
-        auto window = std::make_unique<Window>(Surroundings{
-            folder.path(), system::SettingsStore(folder.filePath("settings.ini")), {}});
+        auto window = std::make_unique<Window>(
+            Environment{folder.path(), system::SettingsStore(folder.filePath("settings.ini")), {}});
         forms.emplace_back(window->form());
         return window;
     }

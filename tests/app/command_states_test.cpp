@@ -128,7 +128,7 @@ protected:
         store.SaveSetting("Programs", "Name0", "editor");
         store.SaveSetting("Programs", "Path0", "/usr/bin/editor");
         form.reset();
-        form = std::make_unique<app::frmMain>(app::Surroundings{folder.path(), store, {}});
+        form = std::make_unique<app::frmMain>(app::Environment{folder.path(), store, {}});
     }
 
     QAction &action(QStringView name) { return *form->actions().action(name); }

@@ -52,7 +52,7 @@ protected:
     void reopen() {
         tree().endLabelEdit();
         form.reset();
-        form = std::make_unique<app::frmMain>(app::Surroundings{
+        form = std::make_unique<app::frmMain>(app::Environment{
             folder.path(), system::SettingsStore(path("settings.ini")), {}, shell});
     }
     void showSample() {

@@ -36,7 +36,7 @@ TEST_F(WindowTest, ThePathBoxReachesTheRightEdge) {
 TEST_F(WindowTest, TheSplittersStandWhereTheyStoodTheSessionBefore) {
     const system::SettingsStore store(path("settings.ini"));
     const auto session = [&] {
-        form = std::make_unique<app::frmMain>(app::Surroundings{folder.path(), store, {}});
+        form = std::make_unique<app::frmMain>(app::Environment{folder.path(), store, {}});
         show();
         // A part of the window gets taller, as the status bar does once its font is known.
         form->statusBar()->setMinimumHeight(form->statusBar()->height() + 10);

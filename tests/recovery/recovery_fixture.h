@@ -24,11 +24,7 @@ protected:
                                          recovery::RecoveryPace pace = {}) {
         auto made = std::make_unique<CrashRecovery>(state(), editor().commands, at,
                                                     runtime::Clock{[this] { return time; }}, pace);
-        made->pane = editor().recovery.pane;
-        QObject::connect(&editor().paneEditing, &tree::PaneEditing::unparsedTextChanged, made.get(),
-                         &CrashRecovery::documentChanged);
-        QObject::connect(&editor().selection, &tree::Selection::unparsedTextGivenUp, made.get(),
-                         &CrashRecovery::documentChanged);
+        editor().wireRecovery(*made);
         return made;
     }
     /// A change, and what it leads to on the disk.

@@ -114,7 +114,7 @@ TEST_F(SearchTest, PositionsHaveSixteenBits) {
     ASSERT_EQ(tree().nodes().Count(), 32'767);
     EXPECT_TRUE(captionSearch.SearchForward(item("r"), "d"));
     EXPECT_FALSE(captionSearch.SearchForward(tree().SelectedItem(), "d"));
-    editor().nodeText.InsertNodeFromText(item("r"), "<e/>");
+    editor().nodeInsertion.InsertNodeFromText(item("r"), "<e/>");
     ASSERT_EQ(tree().nodes().Count(), 32'768);
     const items::TreeItem start = item("r");
     for (const auto direction :

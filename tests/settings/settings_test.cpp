@@ -26,7 +26,7 @@ protected:
             old->close();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         form = std::make_unique<app::frmMain>(
-            app::Surroundings{folder.path(), system::SettingsStore(path("settings.ini")), {}});
+            app::Environment{folder.path(), system::SettingsStore(path("settings.ini")), {}});
     }
 };
 

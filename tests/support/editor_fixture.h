@@ -68,7 +68,7 @@ protected:
         return out;
     }
 
-    app::Surroundings surroundings() {
+    app::Environment environment() {
         return {folder.path(), system::SettingsStore(path("settings.ini")),
                 runtime::Clock{[this] { return time; }}};
     }

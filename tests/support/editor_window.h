@@ -23,7 +23,7 @@ protected:
     void type(const QString &text) override { txtEdit().setText(text); }
 
     ScriptedPrinter printer;
-    std::unique_ptr<app::frmMain> form = std::make_unique<app::frmMain>(surroundings());
+    std::unique_ptr<app::frmMain> form = std::make_unique<app::frmMain>(environment());
 };
 
 } // namespace quillon::test

@@ -12,10 +12,10 @@ namespace quillon::test {
 /// The logic of one window, put together as in the program, and what a window would show of it.
 class HeadlessWindow {
 public:
-    HeadlessWindow(app::Surroundings surroundings, ui::Clipboard &clipboard)
-        : editor(std::move(surroundings), txtEdit, cboPath, ie, longWork, clipboard) {
+    HeadlessWindow(app::Environment environment, ui::Clipboard &clipboard)
+        : editor(std::move(environment), txtEdit, cboPath, ie, longWork, clipboard) {
         editor.workingFolder.create();
-        txtEdit.changed = [this] { ui::guarded([this] { editor.paneEditing.txtEdit_Change(); }); };
+        txtEdit.changed = [this] { ui::guarded([this] { editor.textEditing.txtEdit_Change(); }); };
         QObject::connect(&editor, &app::Editor::statusText,
                          [this](const QString &text) { status = text; });
         QObject::connect(&editor.commands, &document::DocumentCommands::captionChanged,
@@ -62,7 +62,7 @@ protected:
 
     void type(const QString &text) override { txtEdit().setText(text); }
     std::unique_ptr<HeadlessWindow> makeWindow() {
-        return std::make_unique<HeadlessWindow>(surroundings(), clipboard);
+        return std::make_unique<HeadlessWindow>(environment(), clipboard);
     }
 
     ClipboardFake clipboard;

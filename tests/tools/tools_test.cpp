@@ -32,7 +32,7 @@ public:
 class ToolsTest : public EditorWindow {
 protected:
     ToolsTest() {
-        form = std::make_unique<app::frmMain>(app::Surroundings{
+        form = std::make_unique<app::frmMain>(app::Environment{
             folder.path(), system::SettingsStore(path("settings.ini")), runtime::Clock{}, shell});
     }
     std::shared_ptr<RecordingShell> shell = std::make_shared<RecordingShell>();

@@ -111,7 +111,8 @@ protected:
         return action;
     }
 
-    tree::DragAndDrop drag{state(), editor().builder, editor().nodeText, editor().removal, tree()};
+    tree::DragAndDrop drag{state(), editor().builder, editor().nodeInsertion, editor().removal,
+                           tree()};
 };
 
 const QByteArray WithEntity = "<!DOCTYPE t [<!ENTITY e 'x'>]><doc><a/>&e;</doc>";
@@ -471,8 +472,9 @@ TEST_F(Drag, AMoveToAnotherWindowWaitsForItsConfirmation) {
     openExpanded(Document);
     app::frmMain other({folder.path(), system::SettingsStore(path("other.ini")), {}});
     other.setAttribute(Qt::WA_DeleteOnClose, false);
-    tree::DragAndDrop target(other.editor().state, other.editor().builder, other.editor().nodeText,
-                             other.editor().removal, other.editor().tree);
+    tree::DragAndDrop target(other.editor().state, other.editor().builder,
+                             other.editor().nodeInsertion, other.editor().removal,
+                             other.editor().tree);
     ASSERT_TRUE(other.OpenFile(write("other.xml", "<b><one/></b>")));
     auto &view = *other.findChild<controls::TreeView *>("tvw");
     const items::DragPoint one{other.editor().tree.nodes().Item(3), None, Qt::MoveAction,

@@ -26,7 +26,7 @@ protected:
     }
     QString selected() { return tree().SelectedItem().Text(); }
     items::TreeItem paste(const QString &target, const QString &text) {
-        return editor().nodeText.InsertNodeFromText(item(target), text);
+        return editor().nodeInsertion.InsertNodeFromText(item(target), text);
     }
     bool modified() { return std::exchange(state().m_Modified, false); }
 };

@@ -279,7 +279,7 @@ TEST_F(EditingTest, TextBecomesNodes) {
     EXPECT_FALSE(paste("#document", "<second/>"));
     EXPECT_EQ(dialogs.messages.back().text, "ルート要素がすでに存在します。");
     EXPECT_EQ(xml(), "<doc><a id=\"2\"><![CDATA[x=\"1\"]]></a></doc>\n<!--c-->");
-    EXPECT_FALSE(editor().nodeText.InsertNodeFromText({}, "<x/>"));
+    EXPECT_FALSE(editor().nodeInsertion.InsertNodeFromText({}, "<x/>"));
 }
 
 TEST_F(EditingTest, AnElementMayReferToTheEntitiesOfTheDocument) {

@@ -177,7 +177,7 @@ TEST_F(TreeBuilderTest, EntityReferencesHaveTheirItemsAndOneBoxForADocument) {
         EXPECT_EQ(dialogs.messages.back().text, "IXMLDOMEntityReference is added to tree");
         EXPECT_EQ(dialogs.messages.back().style, 0);
         EXPECT_EQ(captions(item("r").Next()), QStringList({"a", "e", "b", "e"}));
-        builder.RebuildTree();
+        builder.rebuildTree();
         add(item("r").Next(), state.m_DOM.createEntityReference("e"), Relationship::Child);
         builder.BuildTree(state.m_DOM, true, TreeBuilder::Reason::Changed);
         EXPECT_EQ(captions(item("r").Next()).size(), 5);

@@ -98,8 +98,8 @@ public:
     /// returns it. It is written in the same form: with an end tag or without, with the same white
     /// space inside its tags and ahead of the end tag. It takes copies of the attributes, and the
     /// children themselves, both from the last to the first; they are in reverse order afterwards,
-    /// as users of the program know it. Raises Fail for an invalid name and on anything but an element,
-    /// InvalidArgument for one that stands nowhere.
+    /// as users of the program know it. Raises Fail for an invalid name and on anything but an
+    /// element, InvalidArgument for one that stands nowhere.
     Node rename(const QString &name) const;
     /// Takes oldChild out of the tree; it lives on as long as a handle names it. Raises
     /// InvalidArgument when it is not a child of this node.

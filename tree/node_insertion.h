@@ -6,9 +6,9 @@
 namespace quillon::tree {
 
 /// Turns XML text, as it comes from the clipboard or a drop, into a node under an item.
-class NodeText {
+class NodeInsertion {
 public:
-    NodeText(const state::DocumentState &state, TreeBuilder &builder, items::Tree &tree)
+    NodeInsertion(const state::DocumentState &state, TreeBuilder &builder, items::Tree &tree)
         : state_(state), builder_(builder), tree_(tree) {}
 
     /// Inserts the node that `text` stands for and returns its item, or none when nothing was
@@ -22,7 +22,7 @@ public:
     /// Inserts a node that has come from this program, as what it was. It may stand where the same
     /// node made from text may; instructions and the document type are not inserted. Where it
     /// needs them, what it brings along declares its namespaces anew. Else as above.
-    items::TreeItem InsertArrivedNode(const items::TreeItem &target, const ArrivedNode &node);
+    items::TreeItem insertArrivedNode(const items::TreeItem &target, const ArrivedNode &node);
 
 private:
     xml::Node nodeFromText(const QString &text) const;

@@ -1,4 +1,4 @@
-#include "app/automation/window_object.h"
+#include "app/automation/bus_window.h"
 
 #include "platform/ui/error_boundary.h"
 
@@ -27,8 +27,7 @@ void keepRunningFor(const frmMain &form) {
 
 } // namespace
 
-WindowObject::WindowObject(std::unique_ptr<Window> window, int graceMs)
-    : window_(std::move(window)) {
+BusWindow::BusWindow(std::unique_ptr<Window> window, int graceMs) : window_(std::move(window)) {
     grace_.setSingleShot(true);
     grace_.setInterval(graceMs);
     connect(&grace_, &QTimer::timeout, this, [this] {
@@ -37,27 +36,27 @@ WindowObject::WindowObject(std::unique_ptr<Window> window, int graceMs)
     });
     retry_.setSingleShot(true);
     retry_.setInterval(RetryMs);
-    connect(&retry_, &QTimer::timeout, this, &WindowObject::runJobs);
-    connect(window_.get(), &Window::unloaded, this, &WindowObject::reconsider);
+    connect(&retry_, &QTimer::timeout, this, &BusWindow::runJobs);
+    connect(window_.get(), &Window::unloaded, this, &BusWindow::reconsider);
     keepRunningFor(*window_->form());
 }
 
-void WindowObject::setVisible(bool visible) {
+void BusWindow::setVisible(bool visible) {
     ui::guarded([&] { window_->setVisible(visible); });
     reconsider();
 }
 
-void WindowObject::addClient(const QString &busName) {
+void BusWindow::addClient(const QString &busName) {
     clients_.insert(busName);
     reconsider();
 }
 
-void WindowObject::removeClient(const QString &busName) {
+void BusWindow::removeClient(const QString &busName) {
     if (clients_.remove(busName))
         reconsider();
 }
 
-QDBusVariant WindowObject::OpenFile(const QString &path) {
+QDBusVariant BusWindow::OpenFile(const QString &path) {
     noteCaller();
     if (calledFromDBus()) {
         setDelayedReply(true);
@@ -67,35 +66,35 @@ QDBusVariant WindowObject::OpenFile(const QString &path) {
     return emptyVariant();
 }
 
-QDBusVariant WindowObject::Save() {
+QDBusVariant BusWindow::Save() {
     noteCaller();
     window_->Save();
     return emptyVariant();
 }
 
-QDBusVariant WindowObject::SaveAs(const QDBusVariant &argument) {
+QDBusVariant BusWindow::SaveAs(const QDBusVariant &argument) {
     noteCaller();
     window_->SaveAs(argument.variant());
     return emptyVariant();
 }
 
-QDBusVariant WindowObject::Quit() {
+QDBusVariant BusWindow::Quit() {
     noteCaller();
     window_->Quit();
     return emptyVariant();
 }
 
-void WindowObject::CloseWindow() {
+void BusWindow::CloseWindow() {
     noteCaller();
     release();
 }
 
-void WindowObject::noteCaller() {
+void BusWindow::noteCaller() {
     if (calledFromDBus())
         Q_EMIT called(message().service());
 }
 
-void WindowObject::release() {
+void BusWindow::release() {
     frmMain *const released = window_->form();
     window_->CloseWindow();
     if (!released || released->isVisible())
@@ -107,19 +106,19 @@ void WindowObject::release() {
     });
 }
 
-void WindowObject::reconsider() {
+void BusWindow::reconsider() {
     if (!clients_.isEmpty() || window_->Visible())
         grace_.stop();
     else if (!grace_.isActive())
         grace_.start();
 }
 
-void WindowObject::runInTurn(std::function<void()> job) {
+void BusWindow::runInTurn(std::function<void()> job) {
     jobs_.push_back(std::move(job));
     runJobs();
 }
 
-void WindowObject::runJobs() {
+void BusWindow::runJobs() {
     if (running_)
         return;
     running_ = true;

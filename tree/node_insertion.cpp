@@ -1,4 +1,4 @@
-#include "tree/node_text.h"
+#include "tree/node_insertion.h"
 
 #include "platform/runtime/like.h"
 #include "platform/runtime/strings.h"
@@ -13,7 +13,7 @@ using runtime::mid;
 using xml::Node;
 using xml::NodeType;
 
-Node NodeText::nodeFromText(const QString &text) const {
+Node NodeInsertion::nodeFromText(const QString &text) const {
     if (const Node root = parsedFragment(state_.m_DOM, text.toUtf8()).documentElement())
         return root;
     const xml::DOMDocument40 &document = state_.m_DOM;
@@ -34,14 +34,14 @@ Node NodeText::nodeFromText(const QString &text) const {
     return document.createTextNode(text);
 }
 
-TreeItem NodeText::InsertNodeFromText(const TreeItem &target, const QString &text) {
+TreeItem NodeInsertion::InsertNodeFromText(const TreeItem &target, const QString &text) {
     if (!target)
         return {};
     const Node node = nodeFromText(text);
     return node ? insertAt(target, node) : TreeItem();
 }
 
-TreeItem NodeText::insertAttribute(const TreeItem &target, Node attribute) {
+TreeItem NodeInsertion::insertAttribute(const TreeItem &target, Node attribute) {
     const QString name = attribute.nodeName();
     const QString value = attribute.nodeValue();
     const std::optional<QString> before = builder_.registry().Item(target).getAttribute(name);
@@ -53,7 +53,7 @@ TreeItem NodeText::insertAttribute(const TreeItem &target, Node attribute) {
     return before == value ? TreeItem() : present;
 }
 
-TreeItem NodeText::InsertArrivedNode(const TreeItem &target, const ArrivedNode &arrived) {
+TreeItem NodeInsertion::insertArrivedNode(const TreeItem &target, const ArrivedNode &arrived) {
     if (!target || !arrived.node)
         return {};
     const Namespaces here = namespacesAt(builder_.registry().Item(target));
@@ -64,8 +64,8 @@ TreeItem NodeText::InsertArrivedNode(const TreeItem &target, const ArrivedNode &
     return item;
 }
 
-void NodeText::declareAt(const TreeItem &target, const QString &name, const Namespaces &scope,
-                         const Namespaces &here) {
+void NodeInsertion::declareAt(const TreeItem &target, const QString &name, const Namespaces &scope,
+                              const Namespaces &here) {
     const QString prefix = name.section(QLatin1Char(':'), 0, -2);
     const auto declared = scope.find(prefix);
     if (prefix.isEmpty() || declared == scope.end() || here.contains(prefix))
@@ -75,7 +75,7 @@ void NodeText::declareAt(const TreeItem &target, const QString &name, const Name
     builder_.AddAttributeToTree(target, declaration, false);
 }
 
-TreeItem NodeText::insertAt(const TreeItem &target, Node node) {
+TreeItem NodeInsertion::insertAt(const TreeItem &target, Node node) {
     const Node parent = builder_.registry().Item(target);
     TreeItem relItem = target;
     items::Relationship relationship = items::Relationship::Child;

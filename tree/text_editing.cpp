@@ -1,4 +1,4 @@
-#include "tree/pane_editing.h"
+#include "tree/text_editing.h"
 
 #include "platform/runtime/error.h"
 #include "platform/runtime/strings.h"
@@ -53,18 +53,18 @@ Node nodeAt(const Node &document, const QByteArray &path) {
 
 } // namespace
 
-PaneEditing::PaneEditing(state::DocumentState &state, const state::ViewOptions &options,
+TextEditing::TextEditing(state::DocumentState &state, const state::ViewOptions &options,
                          TreeBuilder &builder, NodeRemoval &removal, LabelEditing &labels,
-                         Selection &selection, items::Tree &tree, EditPane &pane)
+                         Selection &selection, items::Tree &tree, PaneContent &pane)
     : state_(state), options_(options), builder_(builder), removal_(removal), labels_(labels),
       selection_(selection), tree_(tree), pane_(pane) {}
 
-void PaneEditing::txtEdit_Change() {
+void TextEditing::txtEdit_Change() {
     const TreeItem item = tree_.SelectedItem();
     if (pane_.m_bFilling || !item)
         return;
     if (pane_.shownSequence != item.sequence()) {
-        selection_.RefillPane(item);
+        selection_.refillPane(item);
         return;
     }
     const Node node = selection_.GetSelectedDOMNode();
@@ -92,7 +92,7 @@ void PaneEditing::txtEdit_Change() {
     }
 }
 
-void PaneEditing::changeText(const TreeItem &item) {
+void TextEditing::changeText(const TreeItem &item) {
     QString text = runtime::CRLFtoLF(pane_.textBox().Text());
     if (options_.viewText)
         TreeItem(item).setText(text);
@@ -103,7 +103,7 @@ void PaneEditing::changeText(const TreeItem &item) {
     pane_.m_bFilling = false;
 }
 
-void PaneEditing::changeAttribute(const TreeItem &item, const Node &node) {
+void TextEditing::changeAttribute(const TreeItem &item, const Node &node) {
     const QString text = runtime::CRLFtoLF(pane_.textBox().Text());
     const Node element = builder_.registry().Item(item.Parent());
     try {
@@ -119,19 +119,19 @@ void PaneEditing::changeAttribute(const TreeItem &item, const Node &node) {
     Q_EMIT documentModified();
 }
 
-void PaneEditing::reportSyntaxError() {
+void TextEditing::reportSyntaxError() {
     pane_.isUnparsed = true;
     Q_EMIT unparsedTextChanged();
     Q_EMIT statusText(resources::texts::SyntaxError.toString());
 }
 
-QByteArray PaneEditing::unparsedText() const {
+QByteArray TextEditing::unparsedText() const {
     if (!selection_.hasUnparsedText())
         return {};
     return pathOf(builder_.registry().Item(pane_.shownSequence)) + '\n' + pane_.textBox().utf8();
 }
 
-void PaneEditing::restoreUnparsedText(const QByteArray &kept) {
+void TextEditing::restoreUnparsedText(const QByteArray &kept) {
     const qsizetype end = kept.indexOf('\n');
     if (end < 0)
         return;
@@ -140,7 +140,7 @@ void PaneEditing::restoreUnparsedText(const QByteArray &kept) {
     pane_.textBox().setText(kept.sliced(end + 1));
 }
 
-void PaneEditing::replaceDocument() {
+void TextEditing::replaceDocument() {
     xml::DOMDocument40 parsed = xml::DOMDocument40::create();
     if (!parsed.loadXML(pane_.textBox().utf8()))
         return reportSyntaxError();
@@ -158,7 +158,7 @@ void PaneEditing::replaceDocument() {
     Q_EMIT statusText(QString());
 }
 
-void PaneEditing::replaceElement(TreeItem item, const Node &node) {
+void TextEditing::replaceElement(TreeItem item, const Node &node) {
     const xml::DOMDocument40 parsed = parsedFragment(state_.m_DOM, pane_.textBox().utf8());
     if (!parsed.documentElement())
         return reportSyntaxError();
@@ -187,14 +187,14 @@ void PaneEditing::replaceElement(TreeItem item, const Node &node) {
     Q_EMIT statusText(QString());
 }
 
-void PaneEditing::removeOld(const TreeItem &item) {
+void TextEditing::removeOld(const TreeItem &item) {
     // What counts as modified, and as the state to come back to, is the document with the new
     // element in place, shown as it was. The removal on its own is no such state.
     const QSignalBlocker untilReplaced(removal_);
     removal_.DeleteNode(item);
 }
 
-TreeItem PaneEditing::replaceRoot(const TreeItem &item, const Node &newRoot) {
+TreeItem TextEditing::replaceRoot(const TreeItem &item, const Node &newRoot) {
     removeOld(item);
     state_.m_DOM.setDocumentElement(newRoot);
     builder_.BuildTree(state_.m_DOM, false, TreeBuilder::Reason::Changed);

@@ -6,9 +6,9 @@ namespace quillon::tree {
 
 /// The text box that shows and edits the selected node (`txtEdit`), with the flag that tells the
 /// program's own writing from the user's.
-class EditPane {
+class PaneContent {
 public:
-    explicit EditPane(ui::TextBox &txtEdit) : txtEdit_(txtEdit) {}
+    explicit PaneContent(ui::TextBox &txtEdit) : txtEdit_(txtEdit) {}
 
     ui::TextBox &textBox() const { return txtEdit_; }
 

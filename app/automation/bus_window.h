@@ -19,7 +19,7 @@ namespace quillon::app {
 ///
 /// A window that is hidden can be reached by its clients only. So it is closed when they release
 /// it or are gone; one that is shown belongs to the user and lives until it is closed.
-class WindowObject : public QObject, protected QDBusContext {
+class BusWindow : public QObject, protected QDBusContext {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.quillon.XmlEditor.Window")
     Q_PROPERTY(int hWnd READ hWnd)
@@ -29,7 +29,7 @@ class WindowObject : public QObject, protected QDBusContext {
 public:
     /// `graceMs`: how long, in milliseconds, a hidden window waits for the next client when the
     /// last one is gone. A script that makes every call from a process of its own needs it.
-    WindowObject(std::unique_ptr<Window> window, int graceMs);
+    BusWindow(std::unique_ptr<Window> window, int graceMs);
 
     int hWnd() const { return window_->hWnd(); }
     bool ReadOnly() const { return window_->ReadOnly(); }

@@ -7,13 +7,13 @@
 namespace quillon::tree {
 
 /// Carries what is typed into the edit pane over to the document, change by change.
-class PaneEditing : public QObject {
+class TextEditing : public QObject {
     Q_OBJECT
 
 public:
-    PaneEditing(state::DocumentState &state, const state::ViewOptions &options,
+    TextEditing(state::DocumentState &state, const state::ViewOptions &options,
                 TreeBuilder &builder, NodeRemoval &removal, LabelEditing &labels,
-                Selection &selection, items::Tree &tree, EditPane &pane);
+                Selection &selection, items::Tree &tree, PaneContent &pane);
 
     /// Applies the pane's text to the selected node. Text that does not parse changes nothing and
     /// is told in the status bar.
@@ -48,7 +48,7 @@ private:
     LabelEditing &labels_;
     Selection &selection_;
     items::Tree &tree_;
-    EditPane &pane_;
+    PaneContent &pane_;
 };
 
 } // namespace quillon::tree
