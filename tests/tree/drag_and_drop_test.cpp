@@ -43,6 +43,9 @@ std::unique_ptr<QMimeData> fileData(const QStringList &paths) {
 class Drag : public test::EditorWindow {
 protected:
     Drag() {
+        editor().tree.dragHandlers = drag.handlers();
+        QObject::connect(&editor().tree, &items::Tree::mouseDown, &drag,
+                         &tree::DragAndDrop::takeMouseDown);
         QObject::connect(&drag, &tree::DragAndDrop::documentModified, &drag,
                          [this] { editor().commands.DocumentModified(); });
         QObject::connect(&drag, &tree::DragAndDrop::openFileRequested, &drag,
@@ -475,6 +478,7 @@ TEST_F(Drag, AMoveToAnotherWindowWaitsForItsConfirmation) {
     tree::DragAndDrop target(other.editor().state, other.editor().builder,
                              other.editor().nodeInsertion, other.editor().removal,
                              other.editor().tree);
+    other.editor().tree.dragHandlers = target.handlers();
     ASSERT_TRUE(other.OpenFile(write("other.xml", "<b><one/></b>")));
     auto &view = *other.findChild<controls::TreeView *>("tvw");
     const items::DragPoint one{other.editor().tree.nodes().Item(3), None, Qt::MoveAction,
