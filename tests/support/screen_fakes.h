@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/runtime/strings.h"
 #include "platform/ui/browser.h"
 #include "platform/ui/clipboard.h"
 #include "platform/ui/path_box.h"
@@ -17,7 +18,7 @@ namespace quillon::test {
 class TextBoxFake : public ui::TextBox {
 public:
     QString Text() const override {
-        return QString::fromUtf8(utf8_).replace(QLatin1Char('\n'), QLatin1String("\r\n"));
+        return runtime::fromUtf8(utf8_).replace(QLatin1Char('\n'), QLatin1String("\r\n"));
     }
     QByteArray utf8() const override { return utf8_; }
     using ui::TextBox::setText;

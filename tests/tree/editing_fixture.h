@@ -1,19 +1,13 @@
 #pragma once
 
-#include "tests/support/editor_window.h"
-
-#include <QClipboard>
-#include <QGuiApplication>
-#include <QLineEdit>
-#include <QSignalSpy>
-#include <QTest>
+#include "tests/support/headless_editor.h"
 
 namespace quillon::test {
 
 constexpr auto Sample = "<?xml version='1.0'?><!--note--><!DOCTYPE doc [<!ENTITY e 'x'>]>"
                         "<doc id='1'><a k='v\nw'/><b>one\ntwo</b><![CDATA[raw]]></doc>";
 
-class EditingTest : public EditorWindow {
+class EditingTest : public HeadlessEditor {
 protected:
     tree::LabelEditing &labels() { return editor().labels; }
     /// Applies a label edit to the selected item as the tree would.
