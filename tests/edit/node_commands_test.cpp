@@ -1,10 +1,5 @@
-#include "tests/support/editor_window.h"
-
-#include <QClipboard>
-#include <QGuiApplication>
-#include <QLineEdit>
-#include <QMenu>
-#include <QTest>
+#include "platform/ui/message_box.h"
+#include "tests/support/headless_editor.h"
 
 namespace quillon::test {
 
@@ -13,33 +8,11 @@ namespace {
 using ui::message_answer::No;
 using ui::message_answer::Yes;
 
-class NodeCommandsTest : public EditorWindow {
+class NodeCommandsTest : public HeadlessEditor {
 protected:
     edit::NodeCreation &creation() { return editor().creation; }
     edit::NodeCommands &nodes() { return editor().nodeCommands; }
     QString selected() { return tree().SelectedItem().Text(); }
-    QLineEdit *labelEditor() { return tvw().findChild<QLineEdit *>(); }
-    void closeLabelEditor() {
-        if (QLineEdit *line = labelEditor())
-            QTest::keyClick(line, Qt::Key_Escape);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-    /// Types over the text in the label editor and confirms it.
-    void label(const QString &before, const QString &after) {
-        ASSERT_TRUE(labelEditor());
-        EXPECT_EQ(labelEditor()->selectedText(), before);
-        QTest::keyClicks(labelEditor(), after);
-        QTest::keyClick(labelEditor(), Qt::Key_Return);
-        QCoreApplication::processEvents();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
-    void show() {
-        form->show();
-        form->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
-        tvw().setFocus();
-    }
-    QString clipboard() { return QGuiApplication::clipboard()->text(); }
     /// The Node menu's states: expand, add element, add other, insert, up, down.
     QString nodeMenu() {
         const edit::NodeMenuStates s = nodes().mnuNode_Click();
@@ -57,36 +30,6 @@ protected:
         return out;
     }
 };
-
-TEST_F(NodeCommandsTest, ADocumentIsBuiltFromNothingWithTheKeyboard) {
-    show();
-    QTest::keyClick(&tvw(), Qt::Key_N, Qt::ControlModifier);
-    select("#document");
-    form->actions().action(u"mnuNodeAddElement")->trigger();
-    label("Element1", "order");
-    QTest::keyClick(&tvw(), Qt::Key_A, Qt::ControlModifier);
-    label("Attribute1", "id");
-    EXPECT_EQ(selected(), "id=\"\"");
-    type("1001");
-    // With the attribute selected the key adds another one beside it.
-    QTest::keyClick(&tvw(), Qt::Key_A, Qt::ControlModifier);
-    closeLabelEditor();
-    EXPECT_EQ(xml(), "<order id=\"1001\" Attribute1=\"\"/>");
-    select("order");
-    form->actions().action(u"mnuNodeAddText")->trigger();
-    closeLabelEditor();
-    EXPECT_EQ(xml(), "<order id=\"1001\" Attribute1=\"\">Text1</order>");
-    QTest::keyClick(&tvw(), Qt::Key_E, Qt::ControlModifier | Qt::AltModifier);
-    closeLabelEditor();
-    QTest::keyClick(&tvw(), Qt::Key_K, Qt::ControlModifier | Qt::AltModifier);
-    closeLabelEditor();
-    QTest::keyClick(&tvw(), Qt::Key_T, Qt::ControlModifier | Qt::AltModifier);
-    closeLabelEditor();
-    EXPECT_EQ(captions(item("order")), QStringList({"id=\"1001\"", "Attribute1=\"\"", "Text2",
-                                                    "Comment1", "Element1", "Text1"}));
-    EXPECT_EQ(form->windowTitle(), "New XML File * - Quillon XML Editor");
-    EXPECT_EQ(editor().history.CanUndo(), true);
-}
 
 TEST_F(NodeCommandsTest, NamesAreUniqueAmongTheCaptionsOfTheSiblings) {
     open("<r Element2='x'><Element1/><!--Comment1--></r>");
@@ -203,7 +146,7 @@ TEST_F(NodeCommandsTest, DeletingAsksAndSelectsTheNext) {
 
 TEST_F(NodeCommandsTest, TheClipboardCarriesMarkup) {
     open("<r a='1'><x k='\"'><!--c--></x></r>");
-    QGuiApplication::clipboard()->clear();
+    clipboard.setText({});
     const struct {
         const char *caption;
         const char *text;
@@ -216,9 +159,9 @@ TEST_F(NodeCommandsTest, TheClipboardCarriesMarkup) {
     for (const auto &c : cases) {
         select(c.caption);
         nodes().mnuEditCopy_Click();
-        EXPECT_EQ(clipboard(), c.text);
+        EXPECT_EQ(clipboard.text(), c.text);
     }
-    QGuiApplication::clipboard()->setText("  <n/>  ");
+    clipboard.setText("  <n/>  ");
     select("x");
     nodes().mnuEditPaste_Click();
     EXPECT_EQ(xml(), "<r a='1'><x k='\"'><!--c--><n/></x></r>");
@@ -227,7 +170,7 @@ TEST_F(NodeCommandsTest, TheClipboardCarriesMarkup) {
     select("x");
     nodes().mnuEditCut_Click();
     EXPECT_EQ(xml(), "<r a='1'></r>");
-    EXPECT_EQ(clipboard(), "<x k='\"'><!--c--><n/></x>");
+    EXPECT_EQ(clipboard.text(), "<x k='\"'><!--c--><n/></x>");
     EXPECT_EQ(selected(), "r");
     nodes().mnuEditPaste_Click();
     EXPECT_TRUE(item("n"));
@@ -244,7 +187,7 @@ TEST_F(NodeCommandsTest, PastingMarksTheDocumentWhenItChangesIt) {
     editor().options.viewText = false;
     open("<r a='1'><x/></r>");
     const auto paste = [&](const QString &caption, const QString &text) {
-        QGuiApplication::clipboard()->setText(text);
+        clipboard.setText(text);
         select(caption);
         nodes().mnuEditPaste_Click();
         return std::exchange(state().m_Modified, false);
@@ -265,7 +208,7 @@ TEST_F(NodeCommandsTest, PastingMarksTheDocumentWhenItChangesIt) {
 TEST_F(NodeCommandsTest, ADocumentTypeStaysWhileItsEntitiesAreReferredTo) {
     dialogs.answerMessage(ui::message_answer::Ok);
     open("<!DOCTYPE t [<!ENTITY e 'x'><!ENTITY f 'y'>]><r>&e;<a k='&f;'/></r>");
-    QGuiApplication::clipboard()->setText("before");
+    clipboard.setText("before");
     const QByteArray before = xml();
     select("t");
     for (const auto command :
@@ -276,7 +219,7 @@ TEST_F(NodeCommandsTest, ADocumentTypeStaysWhileItsEntitiesAreReferredTo) {
                   "ドキュメントの中で実体 e が参照されているため、\n文書型宣言を削除できません。");
         EXPECT_EQ(dialogs.messages.back().style, 48);
     }
-    EXPECT_EQ(clipboard(), "before");
+    EXPECT_EQ(clipboard.text(), "before");
     EXPECT_EQ(xml(), before);
     EXPECT_TRUE(item("t"));
     EXPECT_FALSE(state().m_Modified);
@@ -319,31 +262,6 @@ TEST_F(NodeCommandsTest, AnEntityReferenceDoesNotMove) {
     EXPECT_EQ(xml(), "<!DOCTYPE t [<!ENTITY e 'x'>]><r>&e;<a/><b/></r>");
 }
 
-TEST_F(NodeCommandsTest, KeysBelongToWhatHasTheFocus) {
-    show();
-    open("<r><x/>text</r>");
-    select("x");
-    tvw().setFocus();
-    QTest::keyClick(&tvw(), Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(clipboard(), "<x/>");
-    select("text");
-    txtEdit().setFocus();
-    QTest::keyClick(&txtEdit(), Qt::Key_A, Qt::ControlModifier);
-    EXPECT_EQ(txtEdit().SelLength(), 4);
-    QTest::keyClick(&txtEdit(), Qt::Key_X, Qt::ControlModifier);
-    EXPECT_EQ(clipboard(), "text");
-    EXPECT_EQ(xml(), "<r><x/>text</r>") << "an emptied pane leaves the text";
-    select("x");
-    tvw().setFocus();
-    dialogs.answerMessage(Yes);
-    QTest::keyClick(&tvw(), Qt::Key_Delete, Qt::ShiftModifier);
-    EXPECT_FALSE(item("x"));
-    state().m_ReadOnly = true;
-    select("r");
-    QTest::keyClick(&tvw(), Qt::Key_X, Qt::ControlModifier);
-    EXPECT_TRUE(item("r"));
-}
-
 TEST_F(NodeCommandsTest, MovingKeepsTheLayoutAndOneUndoStepGoesBack) {
     const QByteArray before = "<r i='1'>\n  <a/>\n\n  <b>t</b>\n  <c/>\n</r>\n";
     open(before);
@@ -369,43 +287,6 @@ TEST_F(NodeCommandsTest, MovingKeepsTheLayoutAndOneUndoStepGoesBack) {
         nodes().mnuNodeMoveDown_Click();
         EXPECT_EQ(xml(), now);
     }
-}
-
-TEST_F(NodeCommandsTest, TheContextMenuBelongsToTheItemUnderIt) {
-    show();
-    open("<r a='1'><x/></r>");
-    QMenu *menu = nullptr;
-    Q_EMIT tvw().customContextMenuRequested(
-        tvw().visualRect(tree().nodes().indexOf(item("a=\"1\""))).center());
-    EXPECT_EQ(selected(), "a=\"1\"");
-    EXPECT_EQ(txtEdit().Text(), "1");
-    menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-    ASSERT_TRUE(menu);
-    QAction *toParent = form->actions().action(u"AddAttributeToParent");
-    EXPECT_EQ(menu->actions().last(), toParent);
-    EXPECT_TRUE(toParent->isVisible());
-    EXPECT_FALSE(form->actions().action(u"mnuNodeAddElement")->isEnabled());
-    toParent->trigger();
-    menu->close();
-    closeLabelEditor();
-    EXPECT_EQ(xml(), "<r a='1' Attribute1=\"\"><x/></r>");
-    Q_EMIT tvw().customContextMenuRequested(QPoint(5, tvw().height() - 5));
-    EXPECT_FALSE(QApplication::activePopupWidget());
-}
-
-TEST_F(NodeCommandsTest, TheRightButtonShowsAnItemOnce) {
-    show();
-    dialogs.answerMessage(ui::message_answer::Ok);
-    open("<!DOCTYPE t [<!ENTITY e 'x'>]><r>&e;</r>");
-    const QPoint place = tvw().visualRect(tree().nodes().indexOf(item("e"))).center();
-    dialogs.answerMessage(ui::message_answer::Ok);
-    QTest::mousePress(tvw().viewport(), Qt::RightButton, {}, place);
-    Q_EMIT tvw().customContextMenuRequested(place);
-    EXPECT_EQ(dialogs.messages.size(), 2u);
-    EXPECT_EQ(dialogs.messages.back().text, "IXMLDOMEntityReference cannot modify");
-    ASSERT_TRUE(QApplication::activePopupWidget());
-    QApplication::activePopupWidget()->close();
-    QTest::mouseRelease(tvw().viewport(), Qt::RightButton, {}, place);
 }
 
 } // namespace
