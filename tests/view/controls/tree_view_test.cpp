@@ -1,113 +1,14 @@
-#include "platform/runtime/error.h"
-#include "platform/ui/message_box.h"
-#include "tests/support/scripted_dialogs.h"
+#include "tests/view/controls/tree_view_fixture.h"
 #include "view/controls/tree_delegate.h"
-#include "view/controls/tree_view.h"
 
 #include <QAccessible>
-#include <QApplication>
-#include <QLineEdit>
 #include <QScrollBar>
-#include <QSignalSpy>
-#include <QTest>
 
-#include <gtest/gtest.h>
-
-using namespace quillon;
-using namespace quillon::controls;
+namespace quillon::test {
 
 namespace {
 
-/// Counts the slow second clicks that would start an edit; those that do so wait for a timer first.
-class CountingView : public TreeView {
-public:
-    using TreeView::edit;
-    using TreeView::TreeView;
-    bool edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) override {
-        secondClicks += trigger == SelectedClicked;
-        return TreeView::edit(index, trigger, event);
-    }
-    int secondClicks = 0;
-};
-
-/// A shown view with a small tree, all of it expanded: a(a1 a2(x y) a3) b.
-class View : public testing::Test {
-protected:
-    View() {
-        view_.resize(300, 200);
-        const items::TreeItem a = add({}, "a");
-        add(a, "a1");
-        const items::TreeItem a2 = add(a, "a2");
-        add(a2, "x");
-        add(a2, "y");
-        add(a, "a3");
-        add({}, "b");
-        tree_.nodes().setExpandedSubtree(a, true);
-        view_.show();
-        view_.activateWindow();
-        view_.setFocus();
-        QApplication::processEvents();
-        QObject::connect(&tree_, &items::Tree::NodeClick, &view_,
-                         [this](const items::TreeItem &item) { clicks_ << item.Text(); });
-    }
-
-    items::TreeItem add(const items::TreeItem &parent, const QString &text) {
-        items::TreeItem item = tree_.nodes().Add(parent, items::Relationship::Child, ++sequence_);
-        item.setText(text);
-        return item;
-    }
-    items::TreeItem named(const QString &text) {
-        for (int i = 1; i <= tree_.nodes().Count(); ++i) {
-            if (tree_.nodes().Item(i).Text() == text)
-                return tree_.nodes().Item(i);
-        }
-        return {};
-    }
-    void select(const QString &text) { tree_.setSelectedItem(named(text)); }
-    QString selected() const { return tree_.SelectedItem().Text(); }
-
-    QPoint placeOf(const items::TreeItem &item) {
-        return view_.visualRect(tree_.nodes().indexOf(item)).topLeft() + QPoint(25, 5);
-    }
-    void click(const QPoint &position, Qt::KeyboardModifiers modifiers = {}) {
-        QTest::mouseClick(view_.viewport(), Qt::LeftButton, modifiers, position);
-    }
-    void click(const QString &text) { click(placeOf(named(text))); }
-    void clickBranch(const QString &text) {
-        const QRect rect = view_.visualRect(tree_.nodes().indexOf(named(text)));
-        click(rect.topLeft() + QPoint(-view_.indentation() / 2, 5));
-    }
-    void press(int key) { QTest::keyClick(&view_, static_cast<Qt::Key>(key)); }
-
-    QLineEdit *editor() const {
-        for (auto *editor : view_.viewport()->findChildren<QLineEdit *>()) {
-            if (editor->isVisible())
-                return editor;
-        }
-        return nullptr;
-    }
-    /// Qt closes an editor from its event loop, and in the round after that it is ready to take a
-    /// click for a new one.
-    static void settle() {
-        QApplication::processEvents();
-        QApplication::processEvents();
-    }
-    /// Types into the open editor, in place of what is selected there.
-    void enter(const QString &text, Qt::Key end) {
-        ASSERT_NE(editor(), nullptr);
-        QTest::keyClicks(editor(), text);
-        QTest::keyClick(editor(), end);
-        settle();
-        EXPECT_EQ(editor(), nullptr);
-    }
-
-    items::Tree tree_;
-    CountingView view_{tree_};
-    quint32 sequence_ = 0;
-    QStringList clicks_;
-};
-
-TEST_F(View, ClicksSelect) {
+TEST_F(TreeViewTest, ClicksSelect) {
     click("a2");
     EXPECT_EQ(selected(), "a2");
     click(placeOf(named("x")), Qt::ControlModifier);
@@ -122,7 +23,7 @@ TEST_F(View, ClicksSelect) {
     EXPECT_TRUE(view_.HitTest(QPoint(5, 195)).isNothing());
 }
 
-TEST_F(View, BranchesExpandAndCollapse) {
+TEST_F(TreeViewTest, BranchesExpandAndCollapse) {
     select("y");
     clickBranch("a2");
     EXPECT_FALSE(named("a2").Expanded());
@@ -144,7 +45,7 @@ TEST_F(View, BranchesExpandAndCollapse) {
     EXPECT_EQ(view_.rows().count(), 7) << "selecting shows the item";
 }
 
-TEST_F(View, KeysMoveAndExpand) {
+TEST_F(TreeViewTest, KeysMoveAndExpand) {
     struct Case {
         const char *from;
         int key;
@@ -174,7 +75,7 @@ TEST_F(View, KeysMoveAndExpand) {
     }
 }
 
-TEST_F(View, TypingSearches) {
+TEST_F(TreeViewTest, TypingSearches) {
     select("a3");
     press(Qt::Key_A);
     EXPECT_EQ(selected(), "a") << "on from the selected item and round the end";
@@ -184,117 +85,12 @@ TEST_F(View, TypingSearches) {
     EXPECT_EQ(selected(), "a3");
 }
 
-TEST_F(View, LabelEditsEndByKeyAndFocus) {
-    const auto startByF2 = [&] { press(Qt::Key_F2); };
-    const auto startByCode = [&] { tree_.StartLabelEdit(); };
-    const auto startByClick = [&] {
-        QApplication::setDoubleClickInterval(1);
-        click(selected());
-        EXPECT_TRUE(QTest::qWaitFor([&] { return editor() != nullptr; }));
-        clicks_.clear();
-    };
-    const auto endByCode = [&] {
-        QTest::keyClicks(editor(), "code");
-        tree_.endLabelEdit();
-    };
-    for (const std::function<void()> &start :
-         {std::function<void()>(startByF2), std::function<void()>(startByCode),
-          std::function<void()>(startByClick)}) {
-        named("a2").setText("a2\r\n ");
-        tree_.setSelectedItem(named("a2\r\n "));
-        start();
-        ASSERT_NE(editor(), nullptr);
-        EXPECT_EQ(editor()->text(), "a2\r\n ");
-        EXPECT_EQ(editor()->selectedText(), "a2\r\n ");
-        enter("new", Qt::Key_Return);
-        EXPECT_EQ(selected(), "new");
-        start();
-        enter("newer", Qt::Key_Escape);
-        EXPECT_EQ(selected(), "new");
-        start();
-        enter("tab", Qt::Key_Tab);
-        EXPECT_EQ(selected(), "tab");
-        start();
-        QTest::keyClicks(editor(), "focus");
-        view_.setFocus();
-        EXPECT_EQ(selected(), "focus");
-        tree_.StartLabelEdit();
-        endByCode();
-        EXPECT_FALSE(view_.isEditingLabel());
-        EXPECT_EQ(selected(), "code");
-        tree_.SelectedItem().setText("a2");
-        settle();
-    }
-    EXPECT_EQ(clicks_, QStringList());
-}
-
-TEST_F(View, LabelEditHooksDecide) {
-    bool allowed = false;
-    QStringList asked;
-    tree_.beforeLabelEdit = [&](const items::TreeItem &item) {
-        asked << item.Text();
-        return allowed;
-    };
-    tree_.labelEditText = [](const items::TreeItem &item) { return item.Text().toUpper(); };
-    tree_.afterLabelEdit = [&](const items::TreeItem &item, QString &text) {
-        EXPECT_EQ(editor(), nullptr);
-        if (text == "remove")
-            tree_.nodes().Remove(item);
-        text += '!';
-        return !text.startsWith("bad");
-    };
-    select("a1");
-    tree_.StartLabelEdit();
-    press(Qt::Key_F2);
-    EXPECT_EQ(editor(), nullptr);
-    EXPECT_EQ(asked, (QStringList{"a1", "a1"}));
-    const auto before = std::exchange(tree_.beforeLabelEdit, [](const items::TreeItem &) -> bool {
-        quillon::runtime::raise(quillon::runtime::error_number::Overflow);
-    });
-    quillon::test::ScriptedDialogs dialogs;
-    dialogs.answerMessage(ui::message_answer::Ok);
-    tree_.StartLabelEdit();
-    EXPECT_EQ(editor(), nullptr);
-    EXPECT_EQ(dialogs.messages.size(), 1U) << "an error is shown, and refuses";
-    tree_.beforeLabelEdit = before;
-
-    allowed = true;
-    tree_.StartLabelEdit();
-    EXPECT_EQ(editor()->text(), "A1");
-    EXPECT_EQ(editor()->selectedText(), "A1");
-    named("a1").setBold(true);
-    enter("good", Qt::Key_Return);
-    EXPECT_EQ(selected(), "good!");
-    tree_.StartLabelEdit();
-    QTest::keyClicks(editor(), "b");
-    tree_.SelectedItem().setBold(false);
-    QApplication::processEvents();
-    enter("ad", Qt::Key_Return);
-    EXPECT_EQ(selected(), "good!") << "a change of the item meanwhile keeps what was typed";
-    tree_.StartLabelEdit();
-    enter("remove", Qt::Key_Return);
-    EXPECT_EQ(selected(), "a2");
-    EXPECT_EQ(asked.size(), 5);
-
-    tree_.labelEditText = [](const items::TreeItem &item) { return item.Text(); };
-    tree_.SelectedItem().setText(QString(40'000, 'x'));
-    tree_.StartLabelEdit();
-    EXPECT_EQ(editor()->text(), tree_.SelectedItem().Text());
-    enter("", Qt::Key_Escape);
-    tree_.StartLabelEdit();
-    tree_.nodes().Clear();
-    QApplication::processEvents();
-    EXPECT_EQ(editor(), nullptr);
-    tree_.StartLabelEdit();
-    EXPECT_EQ(asked.size(), 7);
-}
-
-TEST_F(View, DrawsCaptionsOnOneLineAndOnlyTheirBeginning) {
-    const auto *delegate = qobject_cast<const TreeDelegate *>(view_.itemDelegate());
+TEST_F(TreeViewTest, DrawsCaptionsOnOneLineAndOnlyTheirBeginning) {
+    const auto *delegate = qobject_cast<const controls::TreeDelegate *>(view_.itemDelegate());
     const auto drawn = [&](const QString &caption) {
         return delegate->displayText(caption, QLocale());
     };
-    const QString limit(TreeDelegate::DrawnLength - 1, 'x');
+    const QString limit(controls::TreeDelegate::DrawnLength - 1, 'x');
     const std::pair<QString, QString> cases[] = {
         {"a\nb\r\nc\rd", "a↵b↵c↵d"},           {"\n\r\r\n\n", "↵↵↵↵"},
         {QString("a\u2028b\u2029c"), "a↵b↵c"}, {limit + "y", limit + "y"},
@@ -305,7 +101,7 @@ TEST_F(View, DrawsCaptionsOnOneLineAndOnlyTheirBeginning) {
         EXPECT_EQ(drawn(caption), expected);
 }
 
-TEST_F(View, DrawsImagesAndWeight) {
+TEST_F(TreeViewTest, DrawsImagesAndWeight) {
     struct Images : items::CaptionSource {
         QString caption(quint32) const override { return {}; }
         int image(quint32 sequence) const override { return static_cast<int>(sequence) - 2; }
@@ -339,7 +135,7 @@ TEST_F(View, DrawsImagesAndWeight) {
     tree_.nodes().setCaptionSource(nullptr);
 }
 
-TEST_F(View, ScrollsToWhatIsHidden) {
+TEST_F(TreeViewTest, ScrollsToWhatIsHidden) {
     EXPECT_EQ(view_.horizontalScrollBar()->maximum(), 0);
     named("b").setText(QString(100, 'W'));
     items::TreeItem last;
@@ -378,8 +174,7 @@ public:
     }
     int count = 0;
 };
-
-TEST_F(View, KeepsItsPictureWhileItIsRebuilt) {
+TEST_F(TreeViewTest, KeepsItsPictureWhileItIsRebuilt) {
     Paints paints(view_.viewport());
     tree_.setTreeVisible(false);
     tree_.setTreeVisible(false);
@@ -395,7 +190,7 @@ TEST_F(View, KeepsItsPictureWhileItIsRebuilt) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count > 0; }));
 }
 
-TEST_F(View, IsATreeToAssistiveTechnology) {
+TEST_F(TreeViewTest, IsATreeToAssistiveTechnology) {
     QAccessibleInterface *tree = QAccessible::queryAccessibleInterface(&view_);
     view_.setAccessibleName("tree");
     EXPECT_EQ(tree->role(), QAccessible::Tree);
@@ -432,7 +227,7 @@ TEST_F(View, IsATreeToAssistiveTechnology) {
     EXPECT_EQ(tree->child(0)->text(QAccessible::Name), "new");
 }
 
-TEST_F(View, ShowsHundredThousandLevels) {
+TEST_F(TreeViewTest, ShowsHundredThousandLevels) {
     constexpr int Levels = 100'000;
     tree_.nodes().Clear();
     tree_.nodes().beginBuild(Levels);
@@ -464,7 +259,7 @@ TEST_F(View, ShowsHundredThousandLevels) {
     EXPECT_EQ(tree_.nodes().Count(), 1);
 }
 
-TEST_F(View, ShowsAHugeSubtree) {
+TEST_F(TreeViewTest, ShowsAHugeSubtree) {
     constexpr int Parents = 60'000;
     const items::TreeItem top = named("b");
     tree_.nodes().beginBuild(Parents * 10);
@@ -495,3 +290,5 @@ TEST_F(View, ShowsAHugeSubtree) {
 }
 
 } // namespace
+
+} // namespace quillon::test
