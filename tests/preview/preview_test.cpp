@@ -1,16 +1,7 @@
-#include "tests/support/editor_window.h"
+#include "platform/ui/message_box.h"
+#include "tests/support/headless_editor.h"
 
-#include <QDeadlineTimer>
-#include <QListWidget>
-#include <QPushButton>
-#include <QSignalSpy>
 #include <QTest>
-#include <QTimer>
-#include <QWebEnginePage>
-#include <QWebEngineView>
-
-#include <memory>
-#include <optional>
 
 namespace quillon::test {
 
@@ -18,44 +9,9 @@ namespace {
 
 constexpr int Patience = 120'000;
 
-class PreviewTest : public EditorWindow {
+class PreviewTest : public HeadlessEditor {
 protected:
     preview::Preview &preview() { return editor().preview; }
-    browser::Browser &ie() { return *form->findChild<browser::Browser *>("ie"); }
-    /// Waits until the page asked for last is shown, in its place in the window.
-    void waitForPage() {
-        QSignalSpy shown(&ie(), &browser::Browser::NavigateComplete);
-        ASSERT_TRUE(shown.count() > 0 || shown.wait(Patience));
-        ASSERT_TRUE(QTest::qWaitFor(
-            [this] { return script("innerWidth").toInt() == ie().view()->width(); }, Patience));
-    }
-    QVariant script(const QString &code) {
-        const auto answer = std::make_shared<std::optional<QVariant>>();
-        // A page that goes takes the question with it.
-        QDeadlineTimer lost(0);
-        EXPECT_TRUE(QTest::qWaitFor(
-            [&] {
-                if (!*answer && lost.hasExpired()) {
-                    lost.setRemainingTime(1000);
-                    ie().view()->page()->runJavaScript(
-                        code, [answer](const QVariant &value) { *answer = value; });
-                }
-                return answer->has_value();
-            },
-            Patience))
-            << code.toStdString();
-        return answer->value_or(QVariant());
-    }
-    /// A click of the user's in the middle of an element.
-    void click(const QString &id) {
-        const QVariantList at = script("(() => { const r = document.getElementById('" + id +
-                                       "').getBoundingClientRect();"
-                                       "return [r.x + r.width / 2, r.y + r.height / 2]; })()")
-                                    .toList();
-        ASSERT_EQ(at.size(), 2);
-        QTest::mouseClick(ie().view()->focusProxy(), Qt::LeftButton, {},
-                          QPointF(at[0].toDouble(), at[1].toDouble()).toPoint());
-    }
     QString previewFile(const QString &extension) {
         return QString::fromUtf8(read("Temp/preview." + extension));
     }
@@ -63,89 +19,6 @@ protected:
 
 constexpr auto Sample =
     "<?xml version='1.0'?><!--c--><doc>text<![CDATA[cd]]><a><b 名='値'/></a></doc>";
-
-TEST_F(PreviewTest, AClickOnANameSelectsItsNode) {
-    form->show();
-    open(Sample);
-    waitForPage();
-    EXPECT_TRUE(preview().previewsWhole());
-    EXPECT_TRUE(script("document.body.innerText").toString().contains("値"));
-    // The third part counts the root's children of all kinds: text, CDATA, then the element.
-    EXPECT_EQ(script("document.getElementById('1.3.3.1').innerText").toString(), "b");
-    click("1.3.3.1");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return tree().SelectedItem() == item("b"); }, Patience));
-    EXPECT_EQ(txtEdit().Text(), "<b 名='値'/>");
-    preview().m_doc_onclick("1.3.3");
-    EXPECT_EQ(tree().SelectedItem().Text(), "a");
-    // Ids that fit nothing, and a switched off synchronisation, select nothing.
-    for (const char *id : {"", "1.3.9", "1.3.3.1.1", "x.y.z"}) {
-        preview().m_doc_onclick(id);
-        EXPECT_EQ(tree().SelectedItem().Text(), "a") << id;
-    }
-    preview().mnuToolPreviewSync_Click(false);
-    preview().m_doc_onclick("1.3.3.1");
-    EXPECT_EQ(tree().SelectedItem().Text(), "a");
-}
-
-TEST_F(PreviewTest, ABlockIsFoldedAndUnfoldedByItsMark) {
-    form->show();
-    open(Sample);
-    waitForPage();
-    const QString mark = "document.querySelector('.b[role=button]')";
-    const auto height = [&] { return script("document.body.scrollHeight").toInt(); };
-    const int unfolded = height();
-    EXPECT_EQ(script(mark + ".getAttribute('aria-expanded')").toString(), "true");
-    script(mark + ".click()");
-    EXPECT_EQ(script(mark + ".getAttribute('aria-expanded')").toString(), "false");
-    EXPECT_LT(height(), unfolded);
-    script(mark + ".dispatchEvent(new KeyboardEvent('keydown', {key: 'Enter', bubbles: true}))");
-    EXPECT_EQ(script(mark + ".getAttribute('aria-expanded')").toString(), "true");
-    EXPECT_EQ(height(), unfolded);
-}
-
-TEST_F(PreviewTest, ARefreshKeepsWhatIsFoldedAndHowFarThePageIsScrolled) {
-    form->show();
-    QByteArray many;
-    for (int i = 0; i < 200; ++i)
-        many += "<e" + QByteArray::number(i) + "><!--a\nb--><c>" + QByteArray(i, 'x') + "</c></e" +
-                QByteArray::number(i) + ">";
-    open("<doc><first/>" + many + "</doc>");
-    waitForPage();
-    const auto block = [](const QString &name) {
-        return "[...document.querySelectorAll('.t')].find((at) => at.textContent === '" + name +
-               "').closest('.e')";
-    };
-    const auto folded = [&] {
-        return script("[...document.querySelectorAll('[aria-expanded=false]')].map((mark) => "
-                      "mark.closest('[data-node]').querySelector('.t, pre').textContent).join(' ')")
-            .toString();
-    };
-    const auto place = [&] {
-        return script("Math.round(" + block("e150") + ".getBoundingClientRect().top)").toInt();
-    };
-    script(block("e7") + ".querySelector('.b').click()");
-    script(block("e150") + ".querySelector('.k .b').click()");
-    script(block("e150") + ".scrollIntoView(); scrollBy(0, 5)");
-    ASSERT_EQ(folded(), "e7 a\nb");
-    const int before = place();
-    // Ids change with what is inserted further up.
-    select("first");
-    editor().creation.mnuNodeInsElement_Click();
-    tree().endLabelEdit();
-    const auto marks = [&] { return script("document.querySelectorAll('.t[id]').length").toInt(); };
-    EXPECT_TRUE(QTest::qWaitFor([&] { return marks() == 403; }, Patience)) << marks();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return folded() == "e7 a\nb"; }, Patience));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return std::abs(place() - before) <= 2; }, Patience))
-        << place() << " was " << before;
-    preview().mnuToolPreview_Click();
-    waitForPage();
-    EXPECT_EQ(folded(), "e7 a\nb");
-    // Another document starts at its top, with everything unfolded.
-    open("<doc><first/>" + many + "</doc>", "other.xml");
-    waitForPage();
-    EXPECT_EQ(folded(), "");
-    EXPECT_EQ(script("scrollY").toInt(), 0);
-}
 
 TEST_F(PreviewTest, AnAttributePreviewsItsElement) {
     open(Sample);
@@ -191,31 +64,6 @@ TEST_F(PreviewTest, AChosenStylesheetStaysInForce) {
     EXPECT_TRUE(previewFile("htm").contains("1.3.3.1")) << "falls back to the built-in one";
 }
 
-TEST_F(PreviewTest, ThatItWasStoppedIsSaidUntilItSucceeds) {
-    form->show();
-    open(Sample);
-    waitForPage();
-    const QByteArray sheet = "<xsl:stylesheet version='1.0' "
-                             "xmlns:xsl='http://www.w3.org/1999/XSL/Transform'>"
-                             "<xsl:template match='/' name='f'><xsl:param name='n' select='90'/>"
-                             "<xsl:if test='$n &gt; 0'>%1%1</xsl:if></xsl:template>"
-                             "</xsl:stylesheet>";
-    const QByteArray call = "<xsl:call-template name='f'><xsl:with-param name='n' "
-                            "select='$n - 1'/></xsl:call-template>";
-    dialogs.answerFile({write("own.xsl", QByteArray(sheet).replace("%1", call)), 0});
-    QTimer user;
-    QObject::connect(&user, &QTimer::timeout, [] {
-        if (QWidget *box = QApplication::activeModalWidget())
-            QTest::keyClick(box, Qt::Key_Escape);
-    });
-    user.start(0);
-    preview().mnuToolSelXSL_Click();
-    EXPECT_EQ(status(), "中止しました。");
-    write("Temp/own.xsl", QByteArray(sheet).replace("%1", ""));
-    preview().mnuToolPreview_Click();
-    EXPECT_EQ(status(), "");
-}
-
 TEST_F(PreviewTest, AnEmptyDocumentHasAnEmptyPreview) {
     editor().commands.mnuFileNew_Click();
     QCoreApplication::processEvents();
@@ -230,33 +78,6 @@ TEST_F(PreviewTest, ALargeDocumentWaitsForTheKey) {
     open(many + "</r>");
     EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(path("Temp/preview.htm")); }, Patience));
     EXPECT_TRUE(previewFile("htm").contains("F5"));
-}
-
-TEST_F(PreviewTest, EveryValidationErrorLeadsToItsNode) {
-    form->show();
-    open("<doc><a/><wrong/></doc>");
-    dialogs.answerFile({write("s.dtd", "<!ELEMENT doc (a*)><!ELEMENT a EMPTY>"), 0});
-    dialogs.answerMessage(ui::message_answer::Ok);
-    editor().validation.mnuToolVerifyNew_Click();
-    auto *list = form->findChild<app::ValidationList *>();
-    ASSERT_TRUE(list);
-    EXPECT_FALSE(editor().validation.errors().empty());
-    auto *button = form->findChild<QPushButton *>("validationButton");
-    ASSERT_TRUE(button);
-    EXPECT_TRUE(button->isVisible());
-    button->click();
-    EXPECT_TRUE(list->isVisible());
-    auto *entries = list->findChild<QListWidget *>();
-    QStringList selected;
-    for (int row = 0; row < entries->count(); ++row) {
-        entries->setCurrentRow(row);
-        selected.append(tree().SelectedItem().Text());
-    }
-    EXPECT_EQ(selected, QStringList({"doc", "wrong"}));
-    open("<other/>");
-    EXPECT_TRUE(editor().validation.errors().empty()) << "they were another document's";
-    EXPECT_FALSE(button->isVisible());
-    EXPECT_FALSE(list->isVisible());
 }
 
 } // namespace
