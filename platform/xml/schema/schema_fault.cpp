@@ -6,6 +6,9 @@
 
 #include <QRegularExpression>
 
+#include <algorithm>
+#include <iterator>
+
 namespace quillon::xml {
 
 namespace texts = resources::schema_fault_texts;
@@ -51,74 +54,66 @@ QString xsdFault(const xmlError &error) {
                                : texts::AtAttribute.toString().arg(element, sentence, attribute);
 }
 
+/// What is said of faults of syntax in a schema or DTD.
+struct SyntaxFault {
+    int code;
+    QStringView text;
+};
+
+constexpr SyntaxFault SyntaxFaults[] = {
+    {XML_ERR_DOCUMENT_EMPTY, xml_texts::NoElement},
+    {XML_ERR_DOCUMENT_END, xml_texts::UnexpectedEnd},
+    {XML_ERR_INVALID_CHAR, xml_texts::InvalidToken},
+    {XML_ERR_INVALID_HEX_CHARREF, texts::BadReference},
+    {XML_ERR_INVALID_DEC_CHARREF, texts::BadReference},
+    {XML_ERR_INVALID_CHARREF, texts::BadReference},
+    {XML_ERR_ENTITYREF_NO_NAME, texts::BadReference},
+    {XML_ERR_ENTITYREF_SEMICOL_MISSING, texts::BadReference},
+    {XML_ERR_PEREF_NO_NAME, texts::BadReference},
+    {XML_ERR_PEREF_SEMICOL_MISSING, texts::BadReference},
+    {XML_ERR_UNKNOWN_ENCODING, texts::UnknownEncoding},
+    {XML_ERR_UNSUPPORTED_ENCODING, texts::UnknownEncoding},
+    {XML_ERR_INVALID_ENCODING, texts::UnknownEncoding},
+    {XML_ERR_ENCODING_NAME, texts::UnknownEncoding},
+    {XML_ERR_STRING_NOT_CLOSED, texts::UnclosedLiteral},
+    {XML_ERR_LITERAL_NOT_FINISHED, texts::UnclosedLiteral},
+    {XML_ERR_ENTITY_NOT_FINISHED, texts::UnclosedLiteral},
+    {XML_ERR_LT_IN_ATTRIBUTE, texts::BadAttribute},
+    {XML_ERR_ATTRIBUTE_NOT_STARTED, texts::BadAttribute},
+    {XML_ERR_ATTRIBUTE_NOT_FINISHED, texts::BadAttribute},
+    {XML_ERR_ATTRIBUTE_WITHOUT_VALUE, texts::BadAttribute},
+    {XML_ERR_ATTRIBUTE_REDEFINED, xml_texts::DuplicateAttribute},
+    {XML_ERR_CDATA_NOT_FINISHED, xml_texts::UnclosedCData},
+    {XML_ERR_COMMENT_NOT_FINISHED, xml_texts::UnclosedToken},
+    {XML_ERR_PI_NOT_FINISHED, xml_texts::UnclosedToken},
+    {XML_ERR_TAG_NOT_FINISHED, xml_texts::UnclosedToken},
+    {XML_ERR_GT_REQUIRED, xml_texts::UnclosedToken},
+    {XML_ERR_TAG_NAME_MISMATCH, xml_texts::MismatchedTag},
+    {XML_ERR_EXTRA_CONTENT, xml_texts::JunkAfterRoot},
+    {XML_ERR_ENTITY_LOOP, xml_texts::EntityLoop},
+    {XML_ERR_ATTLIST_NOT_STARTED, texts::BadDeclarationSyntax},
+    {XML_ERR_ATTLIST_NOT_FINISHED, texts::BadDeclarationSyntax},
+    {XML_ERR_MIXED_NOT_STARTED, texts::BadDeclarationSyntax},
+    {XML_ERR_MIXED_NOT_FINISHED, texts::BadDeclarationSyntax},
+    {XML_ERR_ELEMCONTENT_NOT_STARTED, texts::BadDeclarationSyntax},
+    {XML_ERR_ELEMCONTENT_NOT_FINISHED, texts::BadDeclarationSyntax},
+    {XML_ERR_CONDSEC_INVALID, texts::BadDeclarationSyntax},
+    {XML_ERR_CONDSEC_INVALID_KEYWORD, texts::BadDeclarationSyntax},
+    {XML_ERR_CONDSEC_NOT_FINISHED, texts::BadDeclarationSyntax},
+    {XML_ERR_EXT_SUBSET_NOT_FINISHED, texts::BadDeclarationSyntax},
+    {XML_ERR_DOCTYPE_NOT_FINISHED, texts::BadDeclarationSyntax},
+    {XML_ERR_SPACE_REQUIRED, texts::BadDeclarationSyntax},
+    {XML_ERR_NAME_REQUIRED, texts::BadDeclarationSyntax},
+    {XML_ERR_NMTOKEN_REQUIRED, texts::BadDeclarationSyntax},
+    {XML_ERR_URI_REQUIRED, texts::BadDeclarationSyntax},
+    {XML_ERR_PUBID_REQUIRED, texts::BadDeclarationSyntax},
+};
+
 QString syntaxFault(const xmlError &error) {
-    switch (error.code) {
-    case XML_ERR_DOCUMENT_EMPTY:
-        return xml_texts::NoElement.toString();
-    case XML_ERR_DOCUMENT_END:
-        return xml_texts::UnexpectedEnd.toString();
-    case XML_ERR_INVALID_CHAR:
-        return xml_texts::InvalidToken.toString();
-    case XML_ERR_INVALID_HEX_CHARREF:
-    case XML_ERR_INVALID_DEC_CHARREF:
-    case XML_ERR_INVALID_CHARREF:
-    case XML_ERR_ENTITYREF_NO_NAME:
-    case XML_ERR_ENTITYREF_SEMICOL_MISSING:
-    case XML_ERR_PEREF_NO_NAME:
-    case XML_ERR_PEREF_SEMICOL_MISSING:
-        return texts::BadReference.toString();
-    case XML_ERR_UNDECLARED_ENTITY:
-    case XML_WAR_UNDECLARED_ENTITY:
+    if (error.code == XML_ERR_UNDECLARED_ENTITY || error.code == XML_WAR_UNDECLARED_ENTITY)
         return resources::validation_texts::UndefinedEntity.toString().arg(given(error.str1));
-    case XML_ERR_UNKNOWN_ENCODING:
-    case XML_ERR_UNSUPPORTED_ENCODING:
-    case XML_ERR_INVALID_ENCODING:
-    case XML_ERR_ENCODING_NAME:
-        return texts::UnknownEncoding.toString();
-    case XML_ERR_STRING_NOT_CLOSED:
-    case XML_ERR_LITERAL_NOT_FINISHED:
-    case XML_ERR_ENTITY_NOT_FINISHED:
-        return texts::UnclosedLiteral.toString();
-    case XML_ERR_LT_IN_ATTRIBUTE:
-    case XML_ERR_ATTRIBUTE_NOT_STARTED:
-    case XML_ERR_ATTRIBUTE_NOT_FINISHED:
-    case XML_ERR_ATTRIBUTE_WITHOUT_VALUE:
-        return texts::BadAttribute.toString();
-    case XML_ERR_ATTRIBUTE_REDEFINED:
-        return xml_texts::DuplicateAttribute.toString();
-    case XML_ERR_CDATA_NOT_FINISHED:
-        return xml_texts::UnclosedCData.toString();
-    case XML_ERR_COMMENT_NOT_FINISHED:
-    case XML_ERR_PI_NOT_FINISHED:
-    case XML_ERR_TAG_NOT_FINISHED:
-    case XML_ERR_GT_REQUIRED:
-        return xml_texts::UnclosedToken.toString();
-    case XML_ERR_TAG_NAME_MISMATCH:
-        return xml_texts::MismatchedTag.toString();
-    case XML_ERR_EXTRA_CONTENT:
-        return xml_texts::JunkAfterRoot.toString();
-    case XML_ERR_ENTITY_LOOP:
-        return xml_texts::EntityLoop.toString();
-    case XML_ERR_ATTLIST_NOT_STARTED:
-    case XML_ERR_ATTLIST_NOT_FINISHED:
-    case XML_ERR_MIXED_NOT_STARTED:
-    case XML_ERR_MIXED_NOT_FINISHED:
-    case XML_ERR_ELEMCONTENT_NOT_STARTED:
-    case XML_ERR_ELEMCONTENT_NOT_FINISHED:
-    case XML_ERR_CONDSEC_INVALID:
-    case XML_ERR_CONDSEC_INVALID_KEYWORD:
-    case XML_ERR_CONDSEC_NOT_FINISHED:
-    case XML_ERR_EXT_SUBSET_NOT_FINISHED:
-    case XML_ERR_DOCTYPE_NOT_FINISHED:
-    case XML_ERR_SPACE_REQUIRED:
-    case XML_ERR_NAME_REQUIRED:
-    case XML_ERR_NMTOKEN_REQUIRED:
-    case XML_ERR_URI_REQUIRED:
-    case XML_ERR_PUBID_REQUIRED:
-        return texts::BadDeclarationSyntax.toString();
-    default:
-        return xml_texts::OtherSyntaxError.toString();
-    }
+    const auto known = std::ranges::find(SyntaxFaults, error.code, &SyntaxFault::code);
+    return (known == std::end(SyntaxFaults) ? xml_texts::OtherSyntaxError : known->text).toString();
 }
 
 } // namespace

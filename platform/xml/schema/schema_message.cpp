@@ -128,6 +128,12 @@ struct XsdReport {
                     : texts::OtherSchemaViolation.toString().arg(element).arg(error.code)};
     }
 
+    /// Content where the type has none, or text among elements.
+    SchemaMessage unwantedContent() const {
+        if (body.startsWith(QLatin1String("Character")))
+            return {schema_error::TextNotAllowed, texts::TextNotAllowed.toString().arg(element)};
+        return {schema_error::InvalidContent, texts::InvalidContent.toString().arg(element)};
+    }
     SchemaMessage invalidContent() const {
         const QString expected = captured(body, "Expected is (?:one of )?\\( (.*) \\)");
         if (body.startsWith(QLatin1String("Missing child")))
@@ -278,10 +284,7 @@ SchemaMessage xsdMessage(const xmlError &error) {
         return {schema_error::InvalidContent, texts::InvalidContent.toString().arg(report.element)};
     case XML_SCHEMAV_CVC_COMPLEX_TYPE_2_1:
     case XML_SCHEMAV_CVC_COMPLEX_TYPE_2_3:
-        if (!report.body.startsWith(QLatin1String("Character")))
-            return {schema_error::InvalidContent,
-                    texts::InvalidContent.toString().arg(report.element)};
-        return {schema_error::TextNotAllowed, texts::TextNotAllowed.toString().arg(report.element)};
+        return report.unwantedContent();
     case XML_SCHEMAV_CVC_TYPE_3_1_1:
     case XML_SCHEMAV_CVC_COMPLEX_TYPE_3_2_1:
     case XML_SCHEMAV_CVC_COMPLEX_TYPE_3_2_2:
