@@ -75,6 +75,8 @@ void Editor::wireDocumentCommands() {
     connect(&loader, &DocumentLoader::documentOpened, &commands, &DocumentCommands::takeOpened);
     connect(&loader, &DocumentLoader::statusUpdateRequested, &commands,
             &DocumentCommands::UpdateStatus);
+    connect(&commands, &DocumentCommands::cleared, &history, &edit::UndoHistory::release);
+    connect(&commands, &DocumentCommands::cleared, &selection, &tree::Selection::showNothing);
     commands.mayLeavePane = [this] { return selection.mayLeavePane(); };
     commands.beforeOverwriting = [this](const QString &path, std::string_view bytes) {
         recovery.keepForSaving(path, bytes);

@@ -68,6 +68,13 @@ void DocumentCommands::leaveDocument() {
         Q_EMIT unsavedLeaving();
 }
 
+bool DocumentCommands::confirmLeaving() {
+    if (!ConfirmSave())
+        return false;
+    leaveDocument();
+    return true;
+}
+
 void DocumentCommands::mnuFileNew_Click() {
     const QScopedValueRollback answered(changesGivenUp_);
     if (!ConfirmSave())

@@ -56,6 +56,8 @@ public:
     /// saved, or given up by the answer to the question that the present command has asked.
     /// Whoever raises there keeps it from going.
     void leaveDocument();
+    /// Both, for a window that is to close: whether it may.
+    bool confirmLeaving();
     /// To be called when a document has been opened: nothing of it is saved yet, and its place is
     /// its file.
     void takeOpened();

@@ -50,6 +50,10 @@ TreeItem Selection::shownItem() const {
     return tree_.nodes().bySequence(pane_.shownSequence);
 }
 
+void Selection::showNothing() {
+    cboPath_.setText(QString());
+}
+
 bool Selection::hasUnparsedText() const {
     return pane_.isUnparsed && GetDOMNode(shownItem());
 }

@@ -28,6 +28,8 @@ public:
     /// Shows an item's path and content anew, without touching buttons, selection or status bar.
     void refillPane(const items::TreeItem &item);
 
+    /// Empties the path box: there is no document any more.
+    void showNothing();
     /// Whether the pane holds text for the item it shows that does not parse, so that the document
     /// does not hold it.
     bool hasUnparsedText() const;

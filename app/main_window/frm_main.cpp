@@ -178,12 +178,7 @@ QString frmMain::handle() const {
 void frmMain::closeEvent(QCloseEvent *event) {
     bool unload = false;
     guarded([this] { editor_->tree.endLabelEdit(); });
-    guarded([&] {
-        if (editor_->commands.ConfirmSave()) {
-            editor_->commands.leaveDocument();
-            unload = true;
-        }
-    });
+    guarded([&] { unload = editor_->commands.confirmLeaving(); });
     event->setAccepted(unload);
     if (unload)
         guarded([this] { Form_Unload(); });

@@ -96,9 +96,7 @@ void frmMain::showCaption(QString caption) {
 }
 
 void frmMain::clear() {
-    editor_->history.release();
     setButtons(button_news::All);
-    cboPath->setText(QString());
 }
 
 void frmMain::showTreeMenu(const QPoint &position) {

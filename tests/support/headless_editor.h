@@ -26,12 +26,7 @@ public:
     /// What every window does when it is closed; false when it stays.
     bool close() {
         bool isClosed = false;
-        ui::guarded([&] {
-            if (!editor.commands.ConfirmSave())
-                return;
-            editor.commands.leaveDocument();
-            isClosed = true;
-        });
+        ui::guarded([&] { isClosed = editor.commands.confirmLeaving(); });
         return isClosed;
     }
 
