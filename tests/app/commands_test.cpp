@@ -15,6 +15,9 @@
 #include <QTimer>
 #include <QToolBar>
 
+#include <map>
+#include <set>
+
 namespace quillon::test {
 
 namespace {
@@ -346,6 +349,40 @@ TEST_F(Commands, AnswerToTheirKeysAndToNoOther) {
     for (const Qt::KeyboardModifier modifier : {Qt::NoModifier, Qt::ShiftModifier})
         QTest::keyClick(&tvw(), Qt::Key_Delete, modifier);
     EXPECT_EQ(ran, "mnuEditDelete mnuEditDelete ");
+}
+
+TEST_F(Commands, HaveTheKeysThatUsersKnow) {
+    const std::map<std::string, std::string> known{
+        {"mnuFileNew", "Ctrl+N"},
+        {"mnuFileOpen", "Ctrl+O"},
+        {"mnuFileSave", "Ctrl+S"},
+        {"mnuFilePrint", "Ctrl+P"},
+        {"mnuFileQuit", "Alt+F4"},
+        {"mnuEditUndo", "Ctrl+Z"},
+        {"mnuEditRedo", "Ctrl+Y"},
+        {"mnuEditCut", "Ctrl+X"},
+        {"mnuEditCopy", "Ctrl+C"},
+        {"mnuEditPaste", "Ctrl+V"},
+        {"mnuEditDelete", "Ctrl+D"},
+        {"mnuEditRename", "F2"},
+        {"mnuEditFind", "Ctrl+F"},
+        {"mnuEditFindNext", "F3"},
+        {"SearchBackward", "Shift+F3"},
+        {"mnuNodeAddAttribute", "Ctrl+A"},
+        {"mnuNodeInsElement", "Ctrl+Alt+E"},
+        {"mnuNodeInsText", "Ctrl+Alt+T"},
+        {"mnuNodeInsComment", "Ctrl+Alt+K"},
+        {"mnuToolPreview", "F5"},
+        {"mnuToolPreviewSel", "Ctrl+F5"},
+        {"mnuToolVerify", "F7"},
+    };
+    std::map<std::string, std::string> keys;
+    for (const app::CommandRow &row : app::commandTable()) {
+        if (!row.entry.key.isEmpty())
+            keys.emplace(row.entry.name.toString().toStdString(),
+                         row.entry.key.toString().toStdString());
+    }
+    EXPECT_EQ(keys, known);
 }
 
 TEST_F(Commands, HaveTheirPlacesAndAccessKeys) {

@@ -2,12 +2,14 @@
 #include "tests/support/editor_window.h"
 
 #include <QAccessible>
+#include <QApplication>
 #include <QMenuBar>
 #include <QSignalSpy>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTest>
 #include <QToolBar>
+#include <QWindow>
 
 namespace quillon::test {
 
@@ -86,6 +88,24 @@ TEST_F(WindowTest, KeysWorkFromTreeAndPane) {
     EXPECT_EQ(xml(), "<r a=\"1\"/>");
     QTest::keyClick(&tvw(), Qt::Key_S, Qt::ControlModifier);
     EXPECT_EQ(read("doc.xml"), "<r a=\"1\"/>");
+}
+
+TEST_F(WindowTest, TheTreesMenuHasAKey) {
+    show();
+    open("<r/>");
+    form->activateWindow();
+    tvw().setFocus();
+    QTest::keyClick(&tvw(), Qt::Key_F10, Qt::ShiftModifier);
+    QWidget *menu = QApplication::activePopupWidget();
+    ASSERT_TRUE(menu);
+    EXPECT_EQ(menu, form->actions().action(u"treeMenu")->menu());
+    menu->close();
+}
+
+TEST_F(WindowTest, TheTitleShowsANameAsItIs) {
+    show();
+    open("<r/>", "a[*].xml");
+    EXPECT_EQ(form->windowHandle()->title(), "a[*].xml - Quillon XML Editor");
 }
 
 TEST_F(WindowTest, EveryControlHasANameAndEveryNodeAPicture) {
