@@ -205,6 +205,14 @@ TEST_F(NodeCommandsTest, PastingMarksTheDocumentWhenItChangesIt) {
     EXPECT_EQ(xml(), "<r a='1'><x/></r>");
 }
 
+TEST_F(NodeCommandsTest, PastedTextLosesOnlyTheBlanksAroundIt) {
+    open("<r/>");
+    select("r");
+    clipboard.setText("  \t a\tb \n ");
+    nodes().mnuEditPaste_Click();
+    EXPECT_EQ(state().m_DOM.documentElement().firstChild().nodeValue(), "\t a\tb \n");
+}
+
 TEST_F(NodeCommandsTest, ADocumentTypeStaysWhileItsEntitiesAreReferredTo) {
     dialogs.answerMessage(ui::message_answer::Ok);
     open("<!DOCTYPE t [<!ENTITY e 'x'><!ENTITY f 'y'>]><r>&e;<a k='&f;'/></r>");

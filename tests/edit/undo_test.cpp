@@ -1,6 +1,8 @@
 #include "platform/runtime/error.h"
 #include "tests/support/headless_editor.h"
 
+#include <QSignalSpy>
+
 namespace quillon::test {
 
 namespace {
@@ -34,6 +36,18 @@ TEST_F(UndoTest, TenStepsBackAndForth) {
     }
     EXPECT_FALSE(history().CanRedo());
     EXPECT_TRUE(history().CanUndo());
+}
+
+TEST_F(UndoTest, TheKeyboardGoesOnInTheTree) {
+    open("<r/>");
+    edit("1");
+    const QSignalSpy focused(&tree(), &items::Tree::focusRequested);
+    history().UndoCommand();
+    EXPECT_EQ(focused.size(), 1);
+    history().RedoCommand();
+    EXPECT_EQ(focused.size(), 2);
+    history().RedoCommand();
+    EXPECT_EQ(focused.size(), 2) << "there was nothing to redo";
 }
 
 TEST_F(UndoTest, ThePaneOfADocumentThatIsEmptyAgainIsEmpty) {

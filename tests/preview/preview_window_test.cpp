@@ -191,8 +191,10 @@ TEST_F(PreviewWindow, EveryValidationErrorLeadsToItsNode) {
     for (int row = 0; row < entries->count(); ++row) {
         entries->setCurrentRow(row);
         selected.append(tree().SelectedItem().Text());
+        EXPECT_EQ(entries->item(row)->text().count('\n'), 0) << "one line to each";
     }
     EXPECT_EQ(selected, QStringList({"doc", "wrong"}));
+    EXPECT_TRUE(editor().validation.errors().front().reason.contains('\n'));
     open("<other/>");
     EXPECT_TRUE(editor().validation.errors().empty()) << "they were another document's";
     EXPECT_FALSE(button->isVisible());

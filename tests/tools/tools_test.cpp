@@ -2,6 +2,7 @@
 #include "platform/runtime/paths.h"
 #include "platform/system/http_post.h"
 #include "tests/support/editor_window.h"
+#include "tests/support/work_at_once.h"
 
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -263,6 +264,18 @@ TEST_F(ToolsTest, TheTreeIsPrintedWithItsBranches) {
     EXPECT_EQ(text.count("|-"), 2 + 199);
     EXPECT_EQ(text.count("+-"), 2);
     EXPECT_GE(text.count('\f'), 2) << "more than one page";
+}
+
+TEST_F(ToolsTest, AStoppedPrintLeavesNoFile) {
+    open("<r/>");
+    WorkAtOnce work;
+    tools::TreePrinting printing(state(), tree(), work);
+    for (const bool isStopped : {true, false}) {
+        work.isStopWanted = isStopped;
+        printer.answer(path("tree.pdf"));
+        printing.mnuFilePrintTree_Click();
+        EXPECT_EQ(QFile::exists(path("tree.pdf")), !isStopped);
+    }
 }
 
 TEST_F(ToolsTest, AboutNamesTheVersion) {

@@ -91,7 +91,7 @@ TEST(RoundTrip, EveryEncodingGivesItsBytesBack) {
         {"windows-1252", "CP1252", "“quoted”"},
         {"windows-1251", "CP1251", "Привет"},
         {"GB18030", "GB18030", "汉字 😀"},
-        {"gb2312", "GBK", "汉字"},
+        {"gb2312", "GBK", "汉字 镕"},
         {"Big5", "BIG5", "漢字"},
         {"EUC-KR", "EUC-KR", "한글"},
         {"koi8-r", "KOI8-R", "Привет"},
