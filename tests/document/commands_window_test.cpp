@@ -54,6 +54,19 @@ TEST_F(CommandsWindow, ACaptionBeingTypedBelongsToTheDocumentThatIsSaved) {
     EXPECT_EQ(xml(), "<r><newer/></r>");
 }
 
+TEST_F(CommandsWindow, ACaptionBeingTypedIsKeptWhenAnotherProgramOpensAFile) {
+    form->show();
+    open("<r><old/></r>");
+    select("old");
+    tree().StartLabelEdit();
+    QTest::keyClicks(tvw().viewport()->findChild<QLineEdit *>(), "new");
+    editor().commands.openUnasked(write("other.xml", "<other/>"));
+    EXPECT_EQ(xml(), "<other/>");
+    const QStringList kept = QDir(path("Temp/recovery")).entryList({"*.xml"}, QDir::Files);
+    ASSERT_EQ(kept.size(), 1);
+    EXPECT_EQ(read("Temp/recovery/" + kept[0]), "<r><new/></r>");
+}
+
 } // namespace
 
 } // namespace quillon::test

@@ -64,6 +64,15 @@ TEST_F(PreviewTest, AChosenStylesheetStaysInForce) {
     EXPECT_TRUE(previewFile("htm").contains("1.3.3.1")) << "falls back to the built-in one";
 }
 
+TEST_F(PreviewTest, APageIsOfferedTheStylesheetsOfItsOwnDocumentOnly) {
+    for (const QString name : {"one", "two"}) {
+        write(name + ".css", "r {}");
+        open("<?xml-stylesheet href='" + name.toUtf8() + ".css'?><r/>", name + ".xml");
+        preview().mnuToolPreview_Click();
+        EXPECT_EQ(window->ie.files, QStringList(name + ".css"));
+    }
+}
+
 TEST_F(PreviewTest, AnEmptyDocumentHasAnEmptyPreview) {
     editor().commands.mnuFileNew_Click();
     QCoreApplication::processEvents();

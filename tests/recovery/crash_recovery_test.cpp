@@ -35,6 +35,20 @@ TEST_F(CrashRecoveryTest, WhatWasNotSavedComesBackAsADocumentWithoutAFile) {
     EXPECT_FALSE(QFileInfo::exists(left.filePath("recovery")));
 }
 
+TEST_F(CrashRecoveryTest, UndoingAndRedoingReachTheCopy) {
+    open("<r>old</r>");
+    change("old", "new");
+    change("new", "newer");
+    const QString copy = "kept/recovery/" + files(kept).filter(".xml").value(0);
+    QSignalSpy written(recovery.get(), &CrashRecovery::written);
+    editor().history.UndoCommand();
+    ASSERT_TRUE(written.wait());
+    EXPECT_EQ(read(copy), "<r>new</r>");
+    editor().history.RedoCommand();
+    ASSERT_TRUE(written.wait());
+    EXPECT_EQ(read(copy), "<r>newer</r>");
+}
+
 TEST_F(CrashRecoveryTest, TextThatDoesNotParseComesBackInThePane) {
     open("<r>t<a/><!--c--><b>2</b></r>");
     change("b", "<b>2</b");

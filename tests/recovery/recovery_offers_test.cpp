@@ -4,9 +4,12 @@ namespace quillon::test {
 
 namespace {
 
-TEST_F(CrashRecoveryTest, ThatNothingCanBeKeptIsToldOnce) {
-    QDir(path("kept")).removeRecursively();
-    write("kept", "a file where the folder should be");
+TEST_F(CrashRecoveryTest, ThatNothingCanBeKeptIsToldOnceUntilItSucceeds) {
+    const auto barFolder = [this] {
+        QDir(path("kept")).removeRecursively();
+        write("kept", "a file where the folder should be");
+    };
+    barFolder();
     QStringList told;
     QObject::connect(recovery.get(), &CrashRecovery::statusText,
                      [&](const QString &text) { told.append(text); });
@@ -19,6 +22,9 @@ TEST_F(CrashRecoveryTest, ThatNothingCanBeKeptIsToldOnce) {
     QSignalSpy written(recovery.get(), &CrashRecovery::written);
     EXPECT_TRUE(written.wait());
     EXPECT_EQ(told.size(), 1);
+    barFolder();
+    type("newer");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return told.size() == 2; }));
 }
 
 TEST_F(CrashRecoveryTest, DeclinedOnesAreDeletedAndTheOthersWait) {

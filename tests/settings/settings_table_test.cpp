@@ -75,6 +75,22 @@ TEST_F(SettingTable, RefusesNumbersBelowTheirRange) {
     EXPECT_EQ(reports.size(), 1);
 }
 
+TEST_F(SettingTable, AnEditorThatIsTakenOffTheListStaysAway) {
+    const auto stored = [this] {
+        Settings settings(store);
+        Placement placement{};
+        settings.load(placement);
+        return settings.editors;
+    };
+    Settings settings(store);
+    settings.editors = {{"a", "/a"}, {"b", "/b"}};
+    settings.saveEditors();
+    ASSERT_EQ(stored().size(), 2u);
+    settings.editors.pop_back();
+    settings.saveEditors();
+    EXPECT_EQ(stored().size(), 1u);
+}
+
 TEST_F(SettingTable, NumbersItsLists) {
     EditorNames.write(store, 0, "a");
     EditorNames.write(store, 10, "k");

@@ -173,6 +173,12 @@ TEST_F(ToolsTest, ARedirectToAnotherPlaceAsksFirst) {
         EXPECT_EQ(dialogs.messages.back().style, 292);
         EXPECT_TRUE(dialogs.messages.back().text.contains(other.address("/x")));
     }
+    // Letters that look like others are seen in the name as it is sent.
+    server.answers = {"307 R\r\nLocation: http://bücher.example.org/"};
+    dialogs.answerMessage(ui::message_answer::No);
+    EXPECT_THROW(send(), runtime::Error);
+    EXPECT_TRUE(dialogs.messages.back().text.contains("//xn--bcher-kva.example.org/"))
+        << dialogs.messages.back().text.toStdString();
     EXPECT_EQ(other.received.size(), 0) << "refused, so nothing goes there";
     server.answers = {"308 R\r\nLocation: " + elsewhere};
     other.answers = {"200 OK"};
@@ -204,14 +210,14 @@ TEST(ShellTest, TellsThatTheDesktopFoundNoViewer) {
     opener.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     const QByteArray before = qgetenv("PATH");
     qputenv("PATH", folder.path().toLocal8Bit() + ':' + before);
-    int failures = 0;
-    const auto failed = [&] { ++failures; };
-    system::Shell().openOnDesktop("0", failed);
-    system::Shell().openOnDesktop("3", failed);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return failures == 1; }));
+    bool hasFailed = false;
+    const auto mustNot = [] { ADD_FAILURE() << "a viewer was found"; };
+    system::Shell().openOnDesktop("0", mustNot);
+    system::Shell().openOnDesktop("3", [&] { hasFailed = true; });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return hasFailed; }));
     qputenv("PATH", folder.path().toLocal8Bit());
     opener.remove();
-    EXPECT_THROW(system::Shell().openOnDesktop("0", failed), runtime::Error);
+    EXPECT_THROW(system::Shell().openOnDesktop("0", mustNot), runtime::Error);
     qputenv("PATH", before);
 }
 

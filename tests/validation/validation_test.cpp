@@ -184,7 +184,8 @@ TEST_F(ValidationTest, TellsWhatWasNotThereAndThatThereIsMore) {
     EXPECT_EQ(status, QString(Succeeded) + " スキーマが取り込む 'n.xsd' が見つからないため、"
                                            "その宣言を使わずに検証しました。");
     EXPECT_TRUE(validation.errors().empty());
-    for (const int errors : {1000, 1001}) {
+    // What one run has found is none of the next one's.
+    for (const int errors : {1001, 1000}) {
         open("<r>" + QByteArray("<b/>").repeated(errors) + "</r>");
         dialogs.answerMessage(ui::message_answer::Ok);
         choose("s.xml", Xdr);
