@@ -1,0 +1,133 @@
+#include "app/main_window/command_rows.h"
+
+namespace quillon::app::command_rows {
+
+namespace {
+
+using controls::ActionKind;
+using controls::KeyContext;
+using edit::EditMenuStates;
+using edit::NodeMenuStates;
+
+constexpr QStringView popupMenu = u"mnuNodeContext";
+constexpr QStringView treeMenu = u"treeMenu";
+
+bool canAddAttributeToParent(const Editor &editor) {
+    return editor.creation.canAddAttributeToParent();
+}
+
+using Create = edit::NodeCreation;
+
+template <void (edit::NodeCreation::*Handler)()>
+void create(frmMain &form) {
+    (form.editor().creation.*Handler)();
+}
+
+/// Its key also works with a child of the element selected.
+void addAttribute(frmMain &form) {
+    edit::NodeCreation &creation = form.editor().creation;
+    if (creation.canAddAttributeToParent())
+        creation.AddAttributeToParent();
+    else
+        creation.mnuNodeAddAttribute_Click();
+}
+
+constexpr CommandRow Rows[] = {
+    menu(nodeMenu, text::NodeMenu),
+    {.entry = {u"mnuNodeMoveUp", nodeMenu, text::NodeMoveUp},
+     .enabled = inNodeMenu<&NodeMenuStates::moveUp>,
+     .paneText = PaneText::IsAskedAbout,
+     .run = [](frmMain &form) { form.editor().nodeCommands.mnuNodeMoveUp_Click(); }},
+    {.entry = {u"mnuNodeMoveDown", nodeMenu, text::NodeMoveDown},
+     .enabled = inNodeMenu<&NodeMenuStates::moveDown>,
+     .paneText = PaneText::IsAskedAbout,
+     .run = [](frmMain &form) { form.editor().nodeCommands.mnuNodeMoveDown_Click(); }},
+    line(u"mnuNodeLine1", nodeMenu),
+    {.entry = {u"mnuNodeAddElement", nodeMenu, text::NodeAddElement},
+     .enabled = inNodeMenu<&NodeMenuStates::addElement>,
+     .paneText = PaneText::IsAskedAbout,
+     .run = create<&Create::mnuNodeAddElement_Click>},
+    {.entry = {u"mnuNodeAddAttribute", nodeMenu, text::NodeAddAttribute, u"Ctrl+A",
+               KeyContext::Tree},
+     .enabled = inNodeMenu<&NodeMenuStates::addOther>,
+     .paneText = PaneText::IsAskedAbout,
+     .run = addAttribute},
+    {.entry = {u"mnuNodeAddText", nodeMenu, text::NodeAddText},
+     .enabled = inNodeMenu<&NodeMenuStates::addOther>,
+     .paneText = PaneText::IsAskedAbout,
+     .run = create<&Create::mnuNodeAddText_Click>},
+    {.entry = {u"mnuNodeAddComment", nodeMenu, text::NodeAddComment},
+     .enabled = inNodeMenu<&NodeMenuStates::addOther>,
+     .paneText = PaneText::IsAskedAbout,
+     .run = create<&Create::mnuNodeAddComment_Click>},
+    {.entry = {u"mnuNodeAddCDATA", nodeMenu, text::NodeAddCDATA},
+     .enabled = inNodeMenu<&NodeMenuStates::addOther>,
+     .paneText = PaneText::IsAskedAbout,
+     .run = create<&Create::mnuNodeAddCDATA_Click>},
+    line(u"mnuNodeLine2", nodeMenu),
+    {.entry = {u"mnuNodeInsElement", nodeMenu, text::NodeInsElement, u"Ctrl+Alt+E",
+               KeyContext::Tree},
+     .enabled = inNodeMenu<&NodeMenuStates::insert>,
+     .paneText = PaneText::IsAskedAbout,
+     .run = create<&Create::mnuNodeInsElement_Click>},
+    {.entry = {u"mnuNodeInsText", nodeMenu, text::NodeInsText, u"Ctrl+Alt+T", KeyContext::Tree},
+     .enabled = inNodeMenu<&NodeMenuStates::insert>,
+     .paneText = PaneText::IsAskedAbout,
+     .run = create<&Create::mnuNodeInsText_Click>},
+    {.entry = {u"mnuNodeInsComment", nodeMenu, text::NodeInsComment, u"Ctrl+Alt+K",
+               KeyContext::Tree},
+     .enabled = inNodeMenu<&NodeMenuStates::insert>,
+     .paneText = PaneText::IsAskedAbout,
+     .run = create<&Create::mnuNodeInsComment_Click>},
+    {.entry = {u"mnuNodeInsCDATA", nodeMenu, text::NodeInsCDATA},
+     .enabled = inNodeMenu<&NodeMenuStates::insert>,
+     .paneText = PaneText::IsAskedAbout,
+     .run = create<&Create::mnuNodeInsCDATA_Click>},
+    line(u"mnuNodeLine3", nodeMenu),
+    {.entry = {u"mnuNodeDelete", nodeMenu, text::NodeDelete},
+     .enabled = inEditMenu<&EditMenuStates::remove>,
+     .paneText = PaneText::IsAskedAbout,
+     .run = [](frmMain &form) { form.editor().nodeCommands.mnuEditDelete_Click(); }},
+};
+
+constexpr CommandRow ContextRows[] = {
+    // The tree has a menu of its own, below, which shows more.
+    {.entry = {.name = popupMenu,
+               .caption = text::NodeContextMenu,
+               .kind = ActionKind::Menu,
+               .visible = false}},
+    {.entry = {u"mnuNodeContextUp", popupMenu, text::NodeMoveUp},
+     .enabled = inNodeMenu<&NodeMenuStates::moveUp>,
+     .paneText = PaneText::IsAskedAbout,
+     .run = [](frmMain &form) { form.editor().nodeCommands.mnuNodeMoveUp_Click(); }},
+    {.entry = {u"mnuNodeContextDown", popupMenu, text::NodeMoveDown},
+     .enabled = inNodeMenu<&NodeMenuStates::moveDown>,
+     .paneText = PaneText::IsAskedAbout,
+     .run = [](frmMain &form) { form.editor().nodeCommands.mnuNodeMoveDown_Click(); }},
+
+    {.entry = {.name = treeMenu, .menu = nodeMenu, .kind = ActionKind::ContextMenu}},
+    line(u"treeMenuLine1", treeMenu),
+    {.entry = {.name = u"AddAttributeToParent",
+               .menu = treeMenu,
+               .caption = text::AddAttributeToParent,
+               .hidesWhenDisabled = true},
+     .enabled = canAddAttributeToParent,
+     .paneText = PaneText::IsAskedAbout,
+     .run = create<&Create::AddAttributeToParent>},
+
+    {.entry = {.name = u"SelectByPath"},
+     .button = {u"move", text::MoveTip, LastMainGroup + 1, 1},
+     .run = [](frmMain &form) { form.editor().pathQuery.SelectByPath(); }},
+};
+
+} // namespace
+
+std::span<const CommandRow> ofNodeMenu() {
+    return Rows;
+}
+
+std::span<const CommandRow> ofContextMenus() {
+    return ContextRows;
+}
+
+} // namespace quillon::app::command_rows
