@@ -124,8 +124,6 @@ void frmMain::showValidationErrors() {
                                  : resources::texts::ValidationListButton;
     validationButton_->setText(text.toString().arg(errors.size()));
     validationButton_->setVisible(!errors.empty());
-    if (errors.empty())
-        validationList_->hide();
 }
 
 void frmMain::mnuWindowTileH_Click() {

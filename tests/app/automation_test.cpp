@@ -12,6 +12,7 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -199,6 +200,25 @@ TEST_F(AutomationTest, AHiddenWindowGoesWithItsLastClient) {
     QDBusConnection::disconnectFromBus("second client");
     EXPECT_TRUE(isGone(0));
     EXPECT_TRUE(isShown(2));
+    // The user closes it, and nobody is left who could call its object.
+    forms[2]->close();
+    QDBusConnection late = bus.connect("client");
+    const QVariantList hWnd{"org.quillon.XmlEditor.Window", "hWnd"};
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        return !call(late, "/org/quillon/XmlEditor/Window/3", "org.freedesktop.DBus.Properties",
+                     "Get", hWnd)
+                    .isValid();
+    }));
+}
+
+TEST_F(AutomationTest, AProgramThatTheBusHasStartedEndsWithItsLastWindow) {
+    server.waitForFirstClient();
+    QTimer::singleShot(0, &server, [this] { onWindow(createWindow(), "CloseWindow"); });
+    constexpr int NotEnded = 1;
+    QTimer patience;
+    QObject::connect(&patience, &QTimer::timeout, [] { QCoreApplication::exit(NotEnded); });
+    patience.start(20'000);
+    EXPECT_EQ(QCoreApplication::exec(), 0);
 }
 
 TEST_F(AutomationTest, OnlyTheFirstProcessServes) {

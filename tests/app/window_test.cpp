@@ -23,6 +23,18 @@ protected:
     }
 };
 
+TEST_F(WindowTest, ARelativePathLeadsToTheSameFileFromAnyFolder) {
+    const QString before = QDir::currentPath();
+    QDir::setCurrent(folder.path());
+    write("doc.xml", "<r/>");
+    app::Window window(environment());
+    window.OpenFile("doc.xml");
+    QDir::setCurrent(before);
+    const std::unique_ptr<app::frmMain> opened(window.form());
+    ASSERT_TRUE(opened);
+    EXPECT_EQ(opened->editor().state.m_FileName, path("doc.xml"));
+}
+
 TEST_F(WindowTest, ThePathBoxReachesTheRightEdge) {
     show();
     for (const int width : {1200, 900}) {

@@ -168,6 +168,35 @@ TEST_F(WiringTest, TheListOfRecentFilesIsClearedFromTheOptions) {
     EXPECT_EQ(editor().recentFiles.read(), QStringList(path("three.xml")));
 }
 
+TEST_F(WiringTest, NodesDraggedOverThePaneAreNoText) {
+    open("<r/>");
+    QMimeData data;
+    data.setText("<a/>");
+    const auto isTaken = [&] {
+        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        enter.ignore();
+        QApplication::sendEvent(txtEdit().viewport(), &enter);
+        return enter.isAccepted();
+    };
+    EXPECT_TRUE(isTaken());
+    data.setData(tree::NodeFormat, "<a/>");
+    EXPECT_FALSE(isTaken());
+}
+
+TEST_F(WiringTest, ExternalEditorsAreThereInTheNextSession) {
+    editor().settings.editors = {{"editor", "/bin/true"}};
+    QTimer::singleShot(0, form.get(), [] {
+        QApplication::activeModalWidget()
+            ->findChild<QDialogButtonBox *>()
+            ->button(QDialogButtonBox::Ok)
+            ->click();
+    });
+    trigger(u"mnuToolOption");
+    form = std::make_unique<app::frmMain>(environment());
+    ASSERT_EQ(editor().settings.editors.size(), 1u);
+    EXPECT_EQ(editor().settings.editors[0].path, "/bin/true");
+}
+
 TEST_F(WiringTest, TheTreeIsPrintedFromTheMenu) {
     open("<r/>");
     printer.answer(path("tree.pdf"));

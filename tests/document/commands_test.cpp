@@ -203,6 +203,14 @@ TEST_F(CommandsTest, WhatIsShownUnderTheNameOfABrokenFileIsNotSavedOverIt) {
     modify();
     commands().mnuFileSave_Click();
     EXPECT_EQ(read("doc.xml"), "<r changed=\"1\"/>");
+    // From then on its name is the one that it was saved under.
+    dialogs.answerMessage(ui::message_answer::Ok);
+    commands().openUnasked(path("broken.xml"));
+    dialogs.answerFile({path("other.xml"), 0});
+    commands().mnuFileSave_Click();
+    dialogs.answerFile({});
+    commands().mnuFileSaveAs_Click();
+    EXPECT_EQ(dialogs.saveRequests.back().path, path("other.xml"));
 }
 
 TEST_F(CommandsTest, ANewDocumentHasNoStateToGoBackToAndNoFile) {

@@ -195,6 +195,9 @@ TEST_F(LoaderTest, ADocumentWithAFaultyInstructionIsOpenAllTheSame) {
     EXPECT_EQ(dialogs.messages.size(), 3u) << "one is told of, the other is none";
     open("<?xml-stylesheet abcdXa.xslX?><r/>");
     EXPECT_EQ(dialogs.messages.size(), 3u) << "the delimiter is at the fifth character";
+    dialogs.answerMessage(ui::message_answer::Ok);
+    open("<?xml-stylesheet first?><?xml-stylesheet second?><r/>");
+    EXPECT_TRUE(dialogs.messages.back().text.contains("first"));
 }
 
 TEST_F(LoaderTest, WindowsThatOpenInTheSameSecondKeepACopyEach) {

@@ -1,6 +1,8 @@
 #include "platform/ui/message_box.h"
 #include "tests/support/headless_editor.h"
 
+#include <QSignalSpy>
+
 namespace quillon::test {
 
 namespace {
@@ -40,6 +42,14 @@ TEST_F(NodeCommandsTest, NamesAreUniqueAmongTheCaptionsOfTheSiblings) {
     editor().options.viewText = false;
     editor().builder.BuildTree(state().m_DOM, true);
     EXPECT_EQ(creation().MakeUniqueName(item("r"), "Comment"), "Comment1");
+}
+
+TEST_F(NodeCommandsTest, AnAddedElementIsPreviewedAtOnce) {
+    open("<r/>");
+    select("r");
+    const QSignalSpy previewed(&editor().creation, &edit::NodeCreation::previewRequested);
+    editor().creation.mnuNodeAddElement_Click();
+    EXPECT_EQ(previewed.size(), 1);
 }
 
 TEST_F(NodeCommandsTest, CommandsThatDoNotApplyDoNothing) {

@@ -113,6 +113,13 @@ TEST_F(NodeCommandsWindow, TheContextMenuBelongsToTheItemUnderIt) {
     EXPECT_EQ(xml(), "<r a='1' Attribute1=\"\"><x/></r>");
     Q_EMIT tvw().customContextMenuRequested(QPoint(5, tvw().height() - 5));
     EXPECT_FALSE(QApplication::activePopupWidget());
+    // The program may have selected an item without showing it.
+    tree().setSelectedItem(item("r"));
+    Q_EMIT tvw().customContextMenuRequested(
+        tvw().visualRect(tree().nodes().indexOf(item("r"))).center());
+    ASSERT_TRUE(QApplication::activePopupWidget());
+    QApplication::activePopupWidget()->close();
+    EXPECT_EQ(txtEdit().Text(), QString::fromUtf8(xml()));
 }
 
 TEST_F(NodeCommandsWindow, TheRightButtonShowsAnItemOnce) {

@@ -32,6 +32,16 @@ TEST_F(PreviewTest, AnAttributePreviewsItsElement) {
     EXPECT_EQ(tree().SelectedItem(), before) << "clicks in the preview of a node do nothing";
 }
 
+TEST_F(PreviewTest, OneThatWasStoppedHasChangedNothing) {
+    open(Sample);
+    preview().mnuToolPreview_Click();
+    select("a");
+    window->longWork.isStopWanted = true;
+    preview().mnuToolPreviewSel_Click();
+    EXPECT_TRUE(preview().previewsWhole());
+    EXPECT_FALSE(status().isEmpty());
+}
+
 TEST_F(PreviewTest, AChosenStylesheetStaysInForce) {
     open(Sample);
     const QByteArray head = "<xsl:stylesheet version='1.0' "

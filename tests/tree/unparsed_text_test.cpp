@@ -100,6 +100,12 @@ TEST_F(UnparsedText, GoesWhenTheUserSaysSo) {
     tree().selectAsUser(item("b"));
     EXPECT_EQ(txtEdit().utf8(), "<b>2</b>");
     EXPECT_EQ(status(), "");
+    // A query is remembered as it was asked, though the box shows another path by then.
+    typeBroken();
+    dialogs.answerMessage(Yes);
+    cboPath().setText("//b");
+    editor().pathQuery.SelectByPath();
+    EXPECT_EQ(cboPath().List(), QStringList("//b"));
 }
 
 TEST_F(UnparsedText, StaysWithoutAQuestionWhereNothingHappensToIt) {

@@ -96,6 +96,14 @@ TEST_F(UnparsedTextWindow, IsTheStepThatIsUndone) {
     EXPECT_EQ(txtEdit().Text(), "<a>9</a>");
     run(u"mnuEditUndo");
     EXPECT_NE(xml(), before);
+    // Going forth again would take it away as everything else does.
+    typeBroken();
+    dialogs.answerMessage(No);
+    run(u"mnuEditRedo");
+    EXPECT_EQ(txtEdit().Text(), Broken);
+    dialogs.answerMessage(Yes);
+    run(u"mnuEditRedo");
+    EXPECT_EQ(xml(), before);
 }
 
 TEST_F(UnparsedTextWindow, GoesWhenTheUserSaysSo) {

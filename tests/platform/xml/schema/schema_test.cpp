@@ -75,6 +75,13 @@ TEST_F(Schema, Dtd) {
     EXPECT_EQ(found[1].node.nodeName(), "zz");
     EXPECT_EQ(found[1].line, 4);
     EXPECT_TRUE(found[1].reason.contains("'zz'"));
+    // References that lead nowhere are known at the end only; they come in the document's order.
+    files.write("s.dtd", "<!ELEMENT r (a|b)*><!ELEMENT a EMPTY><!ELEMENT b EMPTY>"
+                         "<!ATTLIST a z IDREF #IMPLIED><!ATTLIST b c IDREF #IMPLIED>");
+    const auto dangling = byDtd("<r><a z='y'/><b c='x'/></r>");
+    ASSERT_EQ(dangling.size(), 2u);
+    EXPECT_EQ(dangling[0].node.nodeName(), "a");
+    EXPECT_EQ(dangling[1].node.nodeName(), "b");
 }
 
 TEST_F(Schema, Xsd) {
@@ -133,6 +140,9 @@ TEST_F(Schema, OnlyTheFolderIsRead) {
         EXPECT_FALSE(failure([&] { byXsd("<r>1</r>"); }).isNull()) << place.toStdString();
     }
     EXPECT_FALSE(listener.wasCalled());
+    // The first part that is missing is named.
+    writeXsd("<xs:include schemaLocation='first.xsd'/><xs:include schemaLocation='second.xsd'/>");
+    EXPECT_TRUE(failure([&] { byXsd("<r>1</r>"); }).contains("first.xsd"));
     // A link does not lead out of it either.
     ASSERT_TRUE(QFile::link(outside.filePath("part.xsd"), files.path("link.xsd")));
     writeXsd("<xs:include schemaLocation='link.xsd'/>");

@@ -97,6 +97,7 @@ TEST(XdrDatatype, LengthsCountCharactersOrBytes) {
     EXPECT_TRUE(allowed(Type::String, 1, 1, "\U00020000"));
     EXPECT_TRUE(allowed(Type::BinHex, 2, 2, "dead"));
     EXPECT_FALSE(allowed(Type::BinHex, 2, 2, "de"));
+    EXPECT_TRUE(allowed(Type::BinHex, 2, 2, " dead "));
     EXPECT_TRUE(allowed(Type::BinBase64, 1, 1, "AA=="));
     EXPECT_FALSE(allowed(Type::BinBase64, 1, 1, "AAA="));
 }
