@@ -34,6 +34,7 @@ inline constexpr QStringView BeforeDeclaration =
 inline constexpr QStringView UnderItself =
     u"ノードまたはその上位ノードを、そのノード自身の下に挿入することはできません。";
 inline constexpr QStringView NotAChild = u"指定されたノードは、このノードの子ではありません。";
+inline constexpr QStringView OutsideOfValue = u"値の範囲外の文字が指定されています。";
 inline constexpr QStringView AttributeInUse =
     u"属性を別のノードに追加する前に、元のノードから削除する必要があります。";
 

@@ -103,6 +103,11 @@ void FileOutput::markup(std::string_view text) {
         failFor(text.substr(firstUnheld(bytes_, text, 0)));
 }
 
+void FileOutput::require(std::string_view text) const {
+    if (!bytes_.canHold(text))
+        failFor(text.substr(firstUnheld(bytes_, text, 0)));
+}
+
 void FileOutput::characters(std::string_view text) {
     const std::string converted = lineEnd_ == LineEnd::LF ? std::string() : withLineEnds(text);
     if (lineEnd_ != LineEnd::LF)

@@ -56,6 +56,8 @@ public:
     void markup(std::string_view text) override;
     void characters(std::string_view text) override;
 
+    /// Raises Fail, as markup() does, when the target cannot hold the text; writes nothing.
+    void require(std::string_view text) const;
     /// Raises Fail when the bytes would read back as another text.
     std::string take();
 

@@ -29,7 +29,7 @@ private:
     /// with nothing written, when the output cannot hold it.
     bool source(Number n, std::uint32_t start, std::uint32_t end);
     void flush();
-    /// Writes white space of the node's source.
+    /// Writes white space or other markup of the node's source.
     void blanks(Number n, std::uint32_t start, std::uint32_t end) {
         if (!source(n, start, end))
             markup(normalizeLineEnds(arena_.slice(n, start, end)));
@@ -54,6 +54,11 @@ private:
     void attribute(Number n);
     void leaf(Number n);
     void ownLeaf(Number n);
+    void ownAttributeValue(Number n, char quote);
+    /// Writes a value that was changed in places: what is kept as it was read, and by `own`, given
+    /// from where to where, what was made here.
+    template <typename Own>
+    void changedValue(Number n, Own &&own);
     bool hasEndTag(Number n) const;
 
     const Arena &arena_;
@@ -223,8 +228,8 @@ void Serializer::attribute(Number n) {
     const bool renamed = r.has(record_flag::Renamed);
     if (isVerbatim(r) && !renamed && source(n, r.start, r.end))
         return;
-    markup(arena_.names->utf8(r.name));
     if (!r.has(record_flag::Source)) {
+        markup(arena_.names->utf8(r.name));
         markup("=\"");
         characters(escapeAttribute(valueOf(arena_, n), '"'));
         markup("\"");
@@ -233,18 +238,56 @@ void Serializer::attribute(Number n) {
     // The blanks around "=" and the kind of quote stay.
     const std::string_view raw = arena_.slice(n, r.start, r.end);
     const AttributeSource parts = splitAttribute(raw);
-    if (isVerbatim(r) && source(n, r.start + static_cast<std::uint32_t>(parts.nameEnd), r.end))
+    const std::uint32_t nameEnd = r.start + static_cast<std::uint32_t>(parts.nameEnd);
+    if (renamed || !source(n, r.start, nameEnd))
+        markup(arena_.names->utf8(r.name));
+    if (isVerbatim(r) && source(n, nameEnd, r.end))
         return;
-    markup(normalizeLineEnds(raw.substr(parts.nameEnd, parts.valueStart - parts.nameEnd)));
-    if (isVerbatim(r)) {
+    blanks(n, nameEnd, r.start + static_cast<std::uint32_t>(parts.valueStart));
+    if (isVerbatim(r))
         characters(
             normalizeLineEnds(raw.substr(parts.valueStart, parts.valueEnd - parts.valueStart)));
-    } else {
-        const std::string value = valueOf(arena_, n);
-        characters(
-            escapeAttribute(value, raw.back(), keptReferences(value, readAttribute(arena_, n))));
+    else
+        ownAttributeValue(n, raw.back());
+    blanks(n, r.start + static_cast<std::uint32_t>(parts.valueEnd), r.end);
+}
+
+void Serializer::ownAttributeValue(Number n, char quote) {
+    const std::string value = valueOf(arena_, n);
+    const std::vector<TextPlace> references = keptReferences(value, readAttribute(arena_, n));
+    if (arena_.keptStretches(n).empty()) {
+        characters(escapeAttribute(value, quote, references));
+        return;
     }
-    markup(raw.substr(parts.valueEnd));
+    changedValue(n, [&](std::size_t start, std::size_t end) {
+        std::vector<TextPlace> here;
+        for (const TextPlace &reference : references) {
+            if (reference.start >= start && reference.start + reference.length <= end)
+                here.push_back({reference.start - start, reference.length});
+        }
+        characters(
+            escapeAttribute(std::string_view(value).substr(start, end - start), quote, here));
+    });
+}
+
+template <typename Own>
+void Serializer::changedValue(Number n, Own &&own) {
+    const NodeType kind = arena_.record(n).kind;
+    std::size_t at = 0;
+    for (const KeptStretch &kept : arena_.keptStretches(n)) {
+        if (at < kept.at)
+            own(at, std::size_t(kept.at));
+        if (!source(n, kept.start, kept.end)) {
+            const std::string raw = normalizeLineEnds(arena_.slice(n, kept.start, kept.end));
+            if (kind == NodeType::Text || kind == NodeType::Attribute)
+                characters(raw);
+            else
+                markup(raw);
+        }
+        at = kept.at + kept.length;
+    }
+    if (const std::size_t end = arena_.ownText(n, OwnTextKind::Value).size(); at < end)
+        own(at, end);
 }
 
 void Serializer::leaf(Number n) {
@@ -264,6 +307,19 @@ void Serializer::ownLeaf(Number n) {
     const Record &r = arena_.record(n);
     const std::string value = valueOf(arena_, n);
     const std::string_view name = arena_.names->utf8(r.name);
+    if (!arena_.keptStretches(n).empty()) {
+        const TextPlace inside = valueSource(arena_, n);
+        blanks(n, r.start, static_cast<std::uint32_t>(inside.start));
+        changedValue(n, [&](std::size_t start, std::size_t end) {
+            const std::string_view made = std::string_view(value).substr(start, end - start);
+            if (r.kind == NodeType::Text)
+                characters(escapeText(made, true));
+            else
+                markup(made);
+        });
+        blanks(n, static_cast<std::uint32_t>(inside.start + inside.length), r.end);
+        return;
+    }
     switch (r.kind) {
     case NodeType::Text:
         characters(escapeText(value, r.parent != 0 &&
@@ -339,9 +395,15 @@ QByteArray serializeNode(const Arena &arena, Number node) {
     return output.take();
 }
 
-std::string serializeDocument(const Arena &arena) {
+std::unique_ptr<FileOutput> outputFor(const Arena &arena) {
     const Target target = targetOf(arena);
-    FileOutput output(target.codec, arena.format.lineEnd, target.encodingName, target.mark);
+    return std::make_unique<FileOutput>(target.codec, arena.format.lineEnd, target.encodingName,
+                                        target.mark);
+}
+
+std::string serializeDocument(const Arena &arena) {
+    const std::unique_ptr<FileOutput> file = outputFor(arena);
+    FileOutput &output = *file;
     Serializer(arena, output).write(arena.documentNumber());
     return output.take();
 }

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "platform/xml/io/output.h"
 #include "platform/xml/storage/arena.h"
 
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -9,6 +11,10 @@ namespace quillon::xml {
 
 /// The markup of a node in UTF-8 with LF line ends.
 QByteArray serializeNode(const Arena &arena, Number node);
+
+/// What takes the bytes of a document in its own encoding, with its byte order mark and line ends.
+/// Raises Fail for an encoding that is not supported.
+std::unique_ptr<FileOutput> outputFor(const Arena &arena);
 
 /// The bytes of a whole document in its own encoding, with its byte order mark and line ends.
 /// Raises Fail for an encoding that is not supported and for a character that the encoding cannot

@@ -12,7 +12,7 @@ namespace {
 /// Room for the numbers of one process's largest document and its edits.
 constexpr std::uint32_t MaxSlots = 0xF0000000;
 
-auto findOwn(const Page &page, std::uint16_t slot, OwnTextKind kind) {
+auto placeOfOwn(const Page &page, std::uint16_t slot, OwnTextKind kind) {
     return std::lower_bound(
         page.texts.begin(), page.texts.end(), std::pair(slot, kind),
         [](const Page::Own &own, const std::pair<std::uint16_t, OwnTextKind> &key) {
@@ -154,21 +154,30 @@ const Ref<SourceText> &Arena::source(Number n) const {
     return page(n - base_).sources[record(n).source];
 }
 
-std::string_view Arena::ownText(Number n, OwnTextKind kind) const {
+const OwnText *Arena::findOwn(Number n, OwnTextKind kind) const {
     const Page &p = page(n - base_);
     const auto slot = static_cast<std::uint16_t>(indexOf(n - base_));
-    const auto at = findOwn(p, slot, kind);
-    if (at == p.texts.end() || at->slot != slot || at->kind != kind)
-        return {};
-    return at->text->utf8;
+    const auto at = placeOfOwn(p, slot, kind);
+    return at == p.texts.end() || at->slot != slot || at->kind != kind ? nullptr : at->text.get();
 }
 
-void Arena::setOwnText(Number n, OwnTextKind kind, std::string text) {
+std::string_view Arena::ownText(Number n, OwnTextKind kind) const {
+    const OwnText *const own = findOwn(n, kind);
+    return own ? std::string_view(own->utf8) : std::string_view();
+}
+
+std::span<const KeptStretch> Arena::keptStretches(Number n) const {
+    const OwnText *const own = findOwn(n, OwnTextKind::Value);
+    return own ? std::span(own->kept) : std::span<const KeptStretch>();
+}
+
+void Arena::setOwnText(Number n, OwnTextKind kind, std::string text,
+                       std::vector<KeptStretch> kept) {
     derived.drop();
     Page &p = writePage(n - base_);
     const auto slot = static_cast<std::uint16_t>(indexOf(n - base_));
-    const auto at = p.texts.begin() + (findOwn(p, slot, kind) - p.texts.cbegin());
-    Ref<OwnText> own(new OwnText(std::move(text)));
+    const auto at = p.texts.begin() + (placeOfOwn(p, slot, kind) - p.texts.cbegin());
+    Ref<OwnText> own(new OwnText(std::move(text), std::move(kept)));
     if (at != p.texts.end() && at->slot == slot && at->kind == kind)
         at->text = std::move(own);
     else
@@ -291,8 +300,11 @@ Number Arena::copyOne(const Arena &from, Number node, std::vector<std::uint32_t>
         w.contentEnd = p.contentEnd;
         w.endTagStart = p.endTagStart;
     }
-    if (r.has(record_flag::OwnValue))
-        setOwnText(copy, OwnTextKind::Value, std::string(from.ownText(node, OwnTextKind::Value)));
+    if (r.has(record_flag::OwnValue)) {
+        const std::span<const KeptStretch> kept = from.keptStretches(node);
+        setOwnText(copy, OwnTextKind::Value, std::string(from.ownText(node, OwnTextKind::Value)),
+                   {kept.begin(), kept.end()});
+    }
     if (r.has(record_flag::OwnLayout))
         setOwnText(copy, OwnTextKind::Layout, std::string(from.ownText(node, OwnTextKind::Layout)));
     if (r.has(record_flag::OwnEndLayout))

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -208,7 +209,10 @@ public:
 
     /// A text that a node owns; empty when it owns none of that kind.
     std::string_view ownText(Number n, OwnTextKind kind) const;
-    void setOwnText(Number n, OwnTextKind kind, std::string text);
+    void setOwnText(Number n, OwnTextKind kind, std::string text,
+                    std::vector<KeptStretch> kept = {});
+    /// What of the value that a node owns still stands in its source.
+    std::span<const KeptStretch> keptStretches(Number n) const;
 
     /// The white space ahead of a node, or ahead of an element's end tag. Line ends as read.
     std::string_view layout(Number n) const;
@@ -242,6 +246,8 @@ public:
     DerivedKeeper derived;
 
 private:
+    const OwnText *findOwn(Number n, OwnTextKind kind) const;
+
     struct Directory final : RefCounted {
         static constexpr std::uint32_t PageCount = 512;
         std::array<Ref<Page>, PageCount> pages;

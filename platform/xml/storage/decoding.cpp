@@ -83,16 +83,28 @@ std::size_t markupEnd(std::string_view raw, std::size_t at) {
 /// Turns markup into the characters it stands for.
 class Decoder {
 public:
-    /// What the markup is: it decides what a "<" and an unknown reference mean.
-    enum class Form { Text, Attribute, Content };
+    /// What the markup is: it decides what a "<", a "&" and an unknown reference mean.
+    enum class Form { Text, Attribute, Content, Plain };
 
     Decoder(const EntityTable &entities, Form form) : entities_(entities), form_(form) {}
 
     void decode(std::string_view raw, int depth = 0);
     AttributeText take() { return std::move(decoded_); }
 
+    /// Where to note how value and source hang together, if anybody wants to know.
+    std::vector<DecodedRun> *runs = nullptr;
+
 private:
     void addReference(std::string_view name, int depth);
+    /// Notes what the source from `start` to `end` has added to the value since that was
+    /// `valueStart` long. What entities hold is no part of the source.
+    void note(int depth, std::size_t valueStart, std::size_t start, std::size_t end,
+              bool isLiteral) {
+        if (runs && depth == 0 && start != end)
+            runs->push_back({{valueStart, decoded_.value.size() - valueStart},
+                             {start, end - start},
+                             isLiteral});
+    }
 
     const EntityTable &entities_;
     Form form_;
@@ -101,16 +113,23 @@ private:
 
 void Decoder::decode(std::string_view raw, int depth) {
     std::string &out = decoded_.value;
+    const char *const specials = form_ == Form::Content ? "&\r<"
+                                 : form_ == Form::Plain ? "\r"
+                                                        : "&\r";
     for (std::size_t i = 0; i < raw.size();) {
-        const std::size_t special = raw.find_first_of(form_ == Form::Content ? "&\r<" : "&\r", i);
-        out.append(raw, i, special == raw.npos ? raw.npos : special - i);
-        if (special == raw.npos)
+        const std::size_t special = std::min(raw.find_first_of(specials, i), raw.size());
+        const std::size_t before = out.size();
+        out.append(raw, i, special - i);
+        note(depth, before, i, special, true);
+        if (special == raw.size())
             return;
         i = special + 1;
+        const std::size_t valueStart = out.size();
         if (raw[special] == '\r') {
             out += '\n';
             if (i < raw.size() && raw[i] == '\n')
                 ++i;
+            note(depth, valueStart, special, i, false);
             continue;
         }
         if (raw[special] == '<') {
@@ -123,10 +142,12 @@ void Decoder::decode(std::string_view raw, int depth) {
         const std::size_t end = raw.find(';', i);
         if (end == raw.npos) {
             out += '&';
+            note(depth, valueStart, special, i, false);
             continue;
         }
         addReference(raw.substr(i, end - i), depth);
         i = end + 1;
+        note(depth, valueStart, special, i, false);
     }
 }
 
@@ -176,6 +197,17 @@ AttributeText decodeAttribute(std::string_view raw, const EntityTable &entities)
     Decoder decoder(entities, Decoder::Form::Attribute);
     decoder.decode(raw);
     return decoder.take();
+}
+
+std::vector<DecodedRun> decodedRuns(std::string_view raw, SourceForm form,
+                                    const EntityTable &entities) {
+    std::vector<DecodedRun> runs;
+    Decoder decoder(entities, form == SourceForm::Attribute ? Decoder::Form::Attribute
+                              : form == SourceForm::Plain   ? Decoder::Form::Plain
+                                                            : Decoder::Form::Text);
+    decoder.runs = &runs;
+    decoder.decode(raw);
+    return runs;
 }
 
 std::string_view referredEntityIn(std::string_view raw) {

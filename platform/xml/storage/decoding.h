@@ -19,6 +19,28 @@ struct TextPlace {
     std::size_t length;
 };
 
+/// A stretch of a value and of the source that it was decoded from.
+struct DecodedRun {
+    TextPlace value;
+    TextPlace source;
+    /// The characters stand there as they are. Otherwise the source is one reference or line end,
+    /// which no part of the value stands for alone.
+    bool isLiteral;
+};
+
+/// What a value can be decoded from.
+enum class SourceForm {
+    /// Character data or the source of an attribute: with references.
+    Characters,
+    Attribute,
+    /// A comment, an instruction or a CDATA section: without.
+    Plain,
+};
+
+/// How the value of a stretch of source hangs together with it, from its start to its end.
+std::vector<DecodedRun> decodedRuns(std::string_view raw, SourceForm form,
+                                    const EntityTable &entities);
+
 /// The value of an attribute as it is shown: with references to entities that no internal subset
 /// declares, and whose texts are therefore unknown, as they are written.
 struct AttributeText {

@@ -43,10 +43,23 @@ struct SourceText final : RefCounted {
     }
 };
 
+/// A stretch of a value made here that still stands in its node's source: where in the value, and
+/// where in the source.
+struct KeptStretch {
+    std::uint32_t at;
+    std::uint32_t length;
+    std::uint32_t start;
+    std::uint32_t end;
+};
+
 /// A text made here: the value of a changed node, or the layout of an inserted one.
 struct OwnText final : RefCounted {
-    explicit OwnText(std::string text) : utf8(std::move(text)) {}
+    explicit OwnText(std::string text, std::vector<KeptStretch> keptStretches)
+        : utf8(std::move(text)), kept(std::move(keptStretches)) {}
     const std::string utf8;
+    /// For a value that was changed in places: what is written as it was read. Ascending, not
+    /// overlapping.
+    const std::vector<KeptStretch> kept;
 };
 
 } // namespace quillon::xml

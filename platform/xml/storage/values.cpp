@@ -162,7 +162,8 @@ std::string instructionMarkup(std::string_view target, std::string_view value) {
 
 AttributeSource splitAttribute(std::string_view source) {
     const std::size_t nameEnd = source.find_first_of("= \t\r\n");
-    return {nameEnd, source.find_first_of("\"'", nameEnd) + 1, source.size() - 1};
+    // Nothing but blanks and "=" stands ahead of the quote, which is the last character, too.
+    return {nameEnd, source.find(source.back(), nameEnd) + 1, source.size() - 1};
 }
 
 std::string_view instructionData(std::string_view source, std::size_t targetLength) {
@@ -181,26 +182,67 @@ AttributeText readAttribute(const Arena &arena, Number node) {
                            *arena.entities);
 }
 
-std::string valueOf(const Arena &arena, Number node) {
+TextPlace valueSource(const Arena &arena, Number node) {
     const Record &r = arena.record(node);
-    if (r.has(record_flag::OwnValue))
-        return std::string(arena.ownText(node, OwnTextKind::Value));
-    if (!r.has(record_flag::Source))
-        return {};
     const std::string_view source = arena.slice(node, r.start, r.end);
     switch (r.kind) {
-    case NodeType::Attribute:
-        return readAttribute(arena, node).value;
+    case NodeType::Attribute: {
+        const AttributeSource parts = splitAttribute(source);
+        return {r.start + parts.valueStart, parts.valueEnd - parts.valueStart};
+    }
     case NodeType::Text:
-        return decodeCharacters(source, *arena.entities);
-    case NodeType::CDATASection:
-        return normalizeLineEnds(cdataCharacters(source));
+        return {r.start, source.size()};
+    case NodeType::CDATASection: {
+        const std::string_view data = cdataCharacters(source);
+        return {r.start + std::size_t(data.data() - source.data()), data.size()};
+    }
     case NodeType::Comment:
-        return normalizeLineEnds(source.substr(4, source.size() - 7));
-    case NodeType::ProcessingInstruction:
-        return normalizeLineEnds(instructionData(source, arena.names->utf8(r.name).size()));
+        return {r.start + 4, source.size() - 7};
+    case NodeType::ProcessingInstruction: {
+        const std::string_view data = instructionData(source, arena.names->utf8(r.name).size());
+        return {r.start + std::size_t(data.data() - source.data()), data.size()};
+    }
     default:
+        return {r.start, 0};
+    }
+}
+
+std::string_view valueView(const Arena &arena, Number node, std::string &buffer) {
+    const Record &r = arena.record(node);
+    if (r.has(record_flag::OwnValue))
+        return arena.ownText(node, OwnTextKind::Value);
+    if (!r.has(record_flag::Source))
         return {};
+    const SourceText &text = *arena.source(node);
+    const TextPlace place = valueSource(arena, node);
+    const std::string_view source = std::string_view(text.utf8).substr(place.start, place.length);
+    const bool hasReferences = r.kind == NodeType::Attribute || r.kind == NodeType::Text;
+    if (hasReferences && source.find('&') != source.npos)
+        buffer = r.kind == NodeType::Text ? decodeCharacters(source, *arena.entities)
+                                          : decodeAttribute(source, *arena.entities).value;
+    else if (text.hasCarriageReturn && source.find('\r') != source.npos)
+        buffer = normalizeLineEnds(source);
+    else
+        return source;
+    return buffer;
+}
+
+std::string valueOf(const Arena &arena, Number node) {
+    std::string buffer;
+    const std::string_view value = valueView(arena, node, buffer);
+    return value.data() == buffer.data() ? std::move(buffer) : std::string(value);
+}
+
+bool holdsAsItIs(NodeType kind, std::string_view value) {
+    switch (kind) {
+    case NodeType::CDATASection:
+        return value.find("]]>") == value.npos;
+    case NodeType::Comment:
+        return value.find("--") == value.npos && !value.ends_with('-');
+    case NodeType::ProcessingInstruction:
+        return value.find("?>") == value.npos;
+    default:
+        return true;
     }
 }
 

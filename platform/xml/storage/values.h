@@ -40,8 +40,19 @@ std::string_view instructionData(std::string_view source, std::size_t targetLeng
 /// What an attribute was when it was read, whatever its value is now; empty when it was not.
 AttributeText readAttribute(const Arena &arena, Number attribute);
 
+/// Where the value of a node that was read stands in its source text, without the markup around
+/// it.
+TextPlace valueSource(const Arena &arena, Number node);
+
 /// The value of any node that has one.
 std::string valueOf(const Arena &arena, Number node);
+/// The same without a copy where it stands somewhere as it is; else it is put into `buffer`. Good
+/// until the document or the buffer changes.
+std::string_view valueView(const Arena &arena, Number node, std::string &buffer);
+
+/// Whether the format holds a value of a comment, an instruction or a CDATA section as it is; any
+/// other kind's it does.
+bool holdsAsItIs(NodeType kind, std::string_view value);
 
 /// Checks that XML allows every character; raises Fail. Turns CR LF and CR into LF.
 std::string checkedValue(const QString &value);
