@@ -24,7 +24,7 @@ Editor::Editor(Environment given, ui::TextBox &txtEdit, ui::PathBox &cboPath, ui
       history(state, builder, selection, tree), creation(state, builder, selection, tree),
       nodeCommands(state, builder, removal, nodeInsertion, selection, tree, clipboard),
       captionSearch(tree, selection),
-      pathQuery(tree, cboPath, selection, builder.registry(), longWork),
+      pathQuery(tree, cboPath, selection, builder.registry(), longWork), hits(state),
       preview(state, builder, selection, tree, ie, workingFolder, longWork,
               [this] {
                   return preview::PreviewFont{settings.fontName, settings.fontSize};
@@ -44,6 +44,7 @@ Editor::Editor(Environment given, ui::TextBox &txtEdit, ui::PathBox &cboPath, ui
     wirePane();
     wirePreview();
     wireValidation();
+    wireHits();
 }
 
 void Editor::wireStatusBar() {
@@ -144,6 +145,15 @@ void Editor::wireValidation() {
     connect(&commands, &document::DocumentCommands::cleared, &validation, forgetErrors);
     connect(&loader, &document::DocumentLoader::documentOpened, &validation, forgetErrors);
     connect(&loader, &document::DocumentLoader::statusUpdateRequested, &validation, forgetErrors);
+}
+
+void Editor::wireHits() {
+    using search::HitList;
+    connect(&history, &edit::UndoHistory::recorded, &hits, &HitList::documentChanged);
+    connect(&history, &edit::UndoHistory::moved, &hits, &HitList::documentRestored);
+    connect(&commands, &document::DocumentCommands::cleared, &hits, &HitList::clear);
+    connect(&commands, &document::DocumentCommands::documentCreated, &hits, &HitList::clear);
+    connect(&loader, &document::DocumentLoader::documentOpened, &hits, &HitList::clear);
 }
 
 bool Editor::mayEditLabel() {

@@ -12,6 +12,7 @@
 #include "preview/preview.h"
 #include "recovery/crash_recovery.h"
 #include "search/caption_search.h"
+#include "search/hit_list.h"
 #include "search/path_query.h"
 #include "settings/settings.h"
 #include "tools/tool_commands.h"
@@ -74,6 +75,7 @@ public:
 
     search::CaptionSearch captionSearch;
     search::PathQuery pathQuery;
+    search::HitList hits;
 
     preview::Preview preview;
     validation::Validation validation;
@@ -101,6 +103,7 @@ private:
     void wirePane();
     void wirePreview();
     void wireValidation();
+    void wireHits();
 
     bool mayEditLabel();
     bool takeLabel(const items::TreeItem &item, QString &newText);
