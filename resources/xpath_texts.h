@@ -24,7 +24,8 @@ inline constexpr QStringView UnclosedLiteral =
 inline constexpr QStringView VariableNameExpected = u"XPath 式の '$' の後には変数名が必要です。";
 inline constexpr QStringView NumberExpected = u"XPath 式の数値が正しくありません。";
 inline constexpr QStringView ForbiddenCharacter = u"XPath 式で使用できない文字があります。";
-inline constexpr QStringView UnknownVariable = u"この変数は定義されていません。";
+inline constexpr QStringView UnknownVariable =
+    u"この変数は定義されていません。使用できる変数は、選択中のノードを表す $selection だけです。";
 inline constexpr QStringView UnknownFunction = u"この名前の関数はありません。";
 inline constexpr QStringView WrongArgumentCount = u"関数の引数の数が正しくありません。";
 inline constexpr QStringView WrongType =

@@ -9,7 +9,6 @@
 #include <cstring>
 #include <deque>
 #include <libxml/parserInternals.h>
-#include <unordered_map>
 
 namespace quillon::xml {
 
@@ -151,6 +150,8 @@ void LibxmlTree::Writer::addNamespaceDeclarations(xmlNode *element, Number n) {
         (last ? last->next : element->nsDef) = declaration;
         last = declaration;
         declared.scope->push_back(declaration);
+        if (declaration->prefix && *declaration->href != 0)
+            tree_.firstDeclarations_.emplace(view(declaration->prefix), declaration);
     }
 }
 
@@ -313,6 +314,11 @@ xmlNode *LibxmlTree::find(Number number) {
         node = child;
     }
     return node;
+}
+
+const xmlNs *LibxmlTree::firstDeclarationOf(std::string_view prefix) const {
+    const auto found = firstDeclarations_.find(prefix);
+    return found == firstDeclarations_.end() ? nullptr : found->second;
 }
 
 LibxmlTree::Ordinal LibxmlTree::ordinalOf(const xmlNode *node) {

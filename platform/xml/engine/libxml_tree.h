@@ -6,6 +6,8 @@
 
 #include <libxml/tree.h>
 #include <memory_resource>
+#include <string_view>
+#include <unordered_map>
 
 namespace quillon::xml {
 
@@ -29,6 +31,7 @@ public:
     LibxmlTree &operator=(const LibxmlTree &) = delete;
 
     xmlDoc *document() { return &document_; }
+    const xmlDoc *document() const { return &document_; }
     /// Lets id() find elements by their identifiers: the values of xml:id and of what
     /// `documentType`, the markup of a document type or nothing, declares as ID in its internal
     /// subset. Of elements with the same one the first is found. Takes a walk over the document.
@@ -36,6 +39,9 @@ public:
     /// The copy of a node; null for a node that XPath cannot see or that does not stand in the
     /// document. Takes a search through the document.
     xmlNode *find(Number number);
+    /// The first declaration of a prefix in document order that gives it a namespace; null for a
+    /// prefix that is declared nowhere.
+    const xmlNs *firstDeclarationOf(std::string_view prefix) const;
     /// The place of a node of this copy. For a namespace node, that of the declaration; 0 for one
     /// that no attribute declares.
     static Ordinal ordinalOf(const xmlNode *node);
@@ -54,6 +60,8 @@ private:
     std::pmr::monotonic_buffer_resource nodes_;
     std::pmr::monotonic_buffer_resource texts_;
     std::vector<Number> numbers_;
+    /// By prefix.
+    std::unordered_map<std::string_view, const xmlNs *> firstDeclarations_;
 };
 
 } // namespace quillon::xml

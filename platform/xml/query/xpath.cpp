@@ -4,206 +4,20 @@
 #include "platform/xml/dom/handle_access.h"
 #include "platform/xml/engine/child_process.h"
 #include "platform/xml/engine/document_type.h"
-#include "platform/xml/engine/libxml_handles.h"
 #include "platform/xml/engine/libxml_tree.h"
 #include "platform/xml/query/xpath_error.h"
+#include "platform/xml/query/xpath_evaluation.h"
 #include "resources/xml_texts.h"
 #include "resources/xpath_texts.h"
 
-#include <algorithm>
 #include <cstring>
-#include <iterator>
-#include <libxml/xpath.h>
-#include <libxml/xpathInternals.h>
-#include <set>
 
 namespace quillon::xml {
 
 namespace {
 
-/// Upper bound of the operations of one query, most of them a look at one node: a few seconds.
-constexpr unsigned long MaxOperations = 100'000'000;
-
-using Context = std::unique_ptr<xmlXPathContext, Releaser<xmlXPathFreeContext>>;
-using Compiled = std::unique_ptr<xmlXPathCompExpr, Releaser<xmlXPathFreeCompExpr>>;
-using Result = std::unique_ptr<xmlXPathObject, Releaser<xmlXPathFreeObject>>;
-
-/// Keeps libxml2 from printing what it has told the error handler anyway.
-class Silence {
-public:
-    Silence() : handler_(xmlGenericError), data_(xmlGenericErrorContext) {
-        xmlSetGenericErrorFunc(nullptr, ignore);
-    }
-    Silence(const Silence &) = delete;
-    Silence &operator=(const Silence &) = delete;
-    ~Silence() { xmlSetGenericErrorFunc(data_, handler_); }
-
-private:
-    static void ignore(void *, const char *, ...) {}
-
-    xmlGenericErrorFunc handler_;
-    void *data_;
-};
-
-/// A node that was found, with its place in the document.
-struct Hit {
-    LibxmlTree::Ordinal ordinal;
-    xmlNode *node;
-
-    bool operator<(const Hit &other) const { return ordinal < other.ordinal; }
-    bool operator==(const Hit &other) const { return ordinal == other.ordinal; }
-};
-using Hits = std::vector<Hit>;
-/// Whether the node in each place has been found.
-using Seen = std::vector<bool>;
-
-/// One expression, evaluated from one node.
-class Query {
-public:
-    Query(LibxmlTree &tree, xmlNode *start, const XPathExpression &expression);
-
-    Hits run();
-
-private:
-    static void onError(void *data, xmlError *error);
-    static xmlXPathFunction onFunction(void *data, const xmlChar *name, const xmlChar *);
-    static xmlXPathObject *onVariable(void *data, const xmlChar *name, const xmlChar *);
-
-    void declarePrefixes();
-    Compiled compile(const std::string &text);
-    void checkPrefixes() const;
-    void addFrom(xmlNode *node, xmlXPathCompExpr *step, Seen &seen, Hits &hits);
-    Hits take(const std::vector<Compiled> &steps);
-
-    LibxmlTree &tree_;
-    xmlNode *start_;
-    const XPathExpression &expression_;
-    Context context_;
-    std::set<std::string, std::less<>> prefixes_ = {"xml"};
-    unsigned long operationsLeft_ = MaxOperations;
-    XPathFailure failure_;
-};
-
-Query::Query(LibxmlTree &tree, xmlNode *start, const XPathExpression &expression)
-    : tree_(tree), start_(start), expression_(expression),
-      context_(xmlXPathNewContext(tree.document())) {
-    if (!context_)
-        throw std::bad_alloc();
-    context_->error = onError;
-    context_->userData = this;
-    xmlXPathContextSetCache(context_.get(), 1, -1, 0);
-    xmlXPathRegisterFuncLookup(context_.get(), onFunction, this);
-    xmlXPathRegisterVariableLookup(context_.get(), onVariable, this);
-    declarePrefixes();
-}
-
-void Query::onError(void *data, xmlError *error) {
-    // What follows the first one is of its making.
-    XPathFailure &failure = static_cast<Query *>(data)->failure_;
-    if (failure.code != 0)
-        return;
-    failure.code = error->code == XML_ERR_NO_MEMORY ? int(XPATH_MEMORY_ERROR)
-                                                    : error->code - XML_XPATH_EXPRESSION_OK;
-    failure.position = static_cast<std::size_t>(std::max(error->int1, 0));
-}
-
-xmlXPathFunction Query::onFunction(void *data, const xmlChar *name, const xmlChar *) {
-    static_cast<Query *>(data)->failure_.function = view(name);
-    return nullptr;
-}
-
-xmlXPathObject *Query::onVariable(void *data, const xmlChar *name, const xmlChar *) {
-    static_cast<Query *>(data)->failure_.variable = view(name);
-    return nullptr;
-}
-
-void Query::declarePrefixes() {
-    const xmlNode *node = start_;
-    if (node->type == XML_DOCUMENT_NODE)
-        node = xmlDocGetRootElement(tree_.document());
-    for (; node && node->type != XML_DOCUMENT_NODE; node = node->parent) {
-        if (node->type != XML_ELEMENT_NODE)
-            continue;
-        for (const xmlNs *ns = node->nsDef; ns; ns = ns->next) {
-            // Inner declarations come first and hide outer ones.
-            if (ns->prefix && prefixes_.emplace(view(ns->prefix)).second)
-                xmlXPathRegisterNs(context_.get(), ns->prefix, ns->href);
-        }
-    }
-}
-
-Compiled Query::compile(const std::string &text) {
-    const XPathExpression parsed(text);
-    Compiled compiled(xmlXPathCtxtCompile(context_.get(), utf8(parsed.forLibxml2().c_str())));
-    if (!compiled || failure_.code != 0) {
-        failure_.position = parsed.positionOf(failure_.position);
-        raiseXPathError(expression_, failure_);
-    }
-    return compiled;
-}
-
-void Query::checkPrefixes() const {
-    for (const XPathToken &prefix : expression_.prefixes()) {
-        if (!prefixes_.contains(expression_.text(prefix)))
-            raiseUndeclaredPrefix(expression_, prefix);
-    }
-}
-
-void Query::addFrom(xmlNode *node, xmlXPathCompExpr *step, Seen &seen, Hits &hits) {
-    context_->node = node;
-    context_->opCount = 0;
-    context_->opLimit = operationsLeft_;
-    const Result result(xmlXPathCompiledEval(step, context_.get()));
-    if (failure_.code != 0 || !result)
-        raiseXPathError(expression_, failure_);
-    // A limit of 0 would be none.
-    operationsLeft_ -= std::min(context_->opCount, operationsLeft_ - 1);
-    if (result->type != XPATH_NODESET)
-        raiseNotNodes(expression_);
-    const xmlNodeSet *found = result->nodesetval;
-    for (int i = 0; found && i < found->nodeNr; ++i) {
-        const LibxmlTree::Ordinal ordinal = LibxmlTree::ordinalOf(found->nodeTab[i]);
-        if (ordinal != 0 && !seen[ordinal]) {
-            seen[ordinal] = true;
-            hits.push_back({ordinal, found->nodeTab[i]});
-        }
-    }
-}
-
-Hits Query::take(const std::vector<Compiled> &steps) {
-    Hits hits = {{LibxmlTree::ordinalOf(start_), start_}};
-    for (const Compiled &step : steps) {
-        Hits next;
-        Seen seen(std::size_t(tree_.lastOrdinal()) + 1);
-        for (const Hit &hit : hits)
-            addFrom(hit.node, step.get(), seen, next);
-        if (!std::is_sorted(next.begin(), next.end()))
-            std::sort(next.begin(), next.end());
-        hits = std::move(next);
-    }
-    return hits;
-}
-
-Hits Query::run() {
-    const Silence silence;
-    // Whatever is wrong with the text shows here, at its place in the whole.
-    compile(expression_.utf8());
-    checkPrefixes();
-    Hits hits;
-    for (const std::vector<std::string> &texts : expression_.steps()) {
-        std::vector<Compiled> steps;
-        // Without a bracket, libxml2 may choose a way of its own for simple paths, on which it
-        // passes over what is nested more than 10,000 deep.
-        for (const std::string &text : texts)
-            steps.push_back(compile("(" + text + ")"));
-        const Hits found = take(steps);
-        Hits merged;
-        std::set_union(hits.begin(), hits.end(), found.begin(), found.end(),
-                       std::back_inserter(merged));
-        hits = std::move(merged);
-    }
-    return hits;
-}
+/// What a child reports: one of these, then places of nodes, or a text in UTF-8.
+enum class Report : char { Nodes, NodesInDefaultNamespace, Value, ValueInDefaultNamespace };
 
 LibxmlTree &treeOf(Arena &arena) {
     if (!arena.derived.get())
@@ -211,10 +25,40 @@ LibxmlTree &treeOf(Arena &arena) {
     return static_cast<LibxmlTree &>(*arena.derived.get());
 }
 
-} // namespace
+QByteArray reported(const XPathOutcome &outcome) {
+    const Report kind =
+        outcome.value ? outcome.inDefaultNamespace ? Report::ValueInDefaultNamespace : Report::Value
+        : outcome.inDefaultNamespace ? Report::NodesInDefaultNamespace
+                                     : Report::Nodes;
+    QByteArray report(1, char(kind));
+    if (outcome.value)
+        return report.append(*outcome.value);
+    return report.append(reinterpret_cast<const char *>(outcome.nodes.data()),
+                         qsizetype(outcome.nodes.size() * sizeof(LibxmlTree::Ordinal)));
+}
 
-std::vector<Node> selectNodes(const Node &context, const QString &expression,
-                              const runtime::Progress &progress) {
+XPathAnswer answerOf(const QByteArray &report, const Node &context, const LibxmlTree &tree) {
+    const auto kind = Report(report.at(0));
+    XPathAnswer answer;
+    answer.inDefaultNamespace =
+        kind == Report::NodesInDefaultNamespace || kind == Report::ValueInDefaultNamespace;
+    if (kind == Report::Value || kind == Report::ValueInDefaultNamespace) {
+        answer.value = QString::fromUtf8(QByteArrayView(report).sliced(1));
+        return answer;
+    }
+    LibxmlTree::Ordinal ordinal;
+    answer.nodes.reserve(std::size_t(report.size()) / sizeof ordinal);
+    for (qsizetype at = 1; at < report.size(); at += qsizetype(sizeof ordinal)) {
+        std::memcpy(&ordinal, report.constData() + at, sizeof ordinal);
+        answer.nodes.push_back(HandleAccess::node(context, tree.numberAt(ordinal)));
+    }
+    return answer;
+}
+
+/// Has a child evaluate an expression by one of the functions of xpath_evaluation.h.
+template <typename Evaluate>
+XPathAnswer ask(const Node &context, const QString &expression, const Node &selection,
+                const runtime::Progress &progress, Evaluate &&evaluate) {
     using namespace runtime;
     if (context.isNull())
         throw Error(error_number::InvalidArgument, resources::xml_texts::NoNode.toString());
@@ -223,32 +67,39 @@ std::vector<Node> selectNodes(const Node &context, const QString &expression,
     if (!start)
         throw Error(error_number::InvalidArgument, resources::xpath_texts::BadContext.toString());
     const XPathExpression parsed(expression.toStdString());
+    xmlNode *selected = parsed.usesVariable() ? tree.find(selection.number()) : nullptr;
     const bool asksForIds = parsed.callOf("id").kind != XPathToken::Kind::End;
     const QByteArray documentType =
         asksForIds ? documentTypeOf(context.ownerDocument()) : QByteArray();
     // The limit on operations does not see what comparing sets of nodes costs; a child can be
     // stopped at any time.
-    const QByteArray found = runInChild(
+    const QByteArray report = runInChild(
         [&] {
             if (asksForIds)
                 tree.indexIdentifiers(documentType);
-            const Hits hits = Query(tree, start, parsed).run();
-            std::vector<LibxmlTree::Ordinal> ordinals;
-            ordinals.reserve(hits.size());
-            for (const Hit &hit : hits)
-                ordinals.push_back(hit.ordinal);
-            return QByteArray(reinterpret_cast<const char *>(ordinals.data()),
-                              qsizetype(ordinals.size() * sizeof(LibxmlTree::Ordinal)));
+            return reported(evaluate(tree, {parsed, start, selected}));
         },
         {}, progress);
-    std::vector<Node> nodes;
-    LibxmlTree::Ordinal ordinal;
-    nodes.reserve(std::size_t(found.size()) / sizeof ordinal);
-    for (qsizetype at = 0; at < found.size(); at += qsizetype(sizeof ordinal)) {
-        std::memcpy(&ordinal, found.constData() + at, sizeof ordinal);
-        nodes.push_back(HandleAccess::node(context, tree.numberAt(ordinal)));
-    }
-    return nodes;
+    return answerOf(report, context, tree);
+}
+
+} // namespace
+
+std::vector<Node> selectNodes(const Node &context, const QString &expression,
+                              const runtime::Progress &progress) {
+    return ask(context, expression, {}, progress,
+               [](LibxmlTree &tree, const XPathQuestion &question) {
+                   XPathOutcome outcome = evaluated(tree, question);
+                   if (outcome.value)
+                       raiseNotNodes(question.expression);
+                   return outcome;
+               })
+        .nodes;
+}
+
+XPathAnswer evaluateXPath(const Node &context, const QString &expression, const Node &selection,
+                          const runtime::Progress &progress) {
+    return ask(context, expression, selection, progress, evaluatedWithDefaults);
 }
 
 Node ownerElement(const Node &attribute) {

@@ -3,6 +3,7 @@
 #include "platform/runtime/progress.h"
 #include "platform/xml/dom/dom.h"
 
+#include <optional>
 #include <vector>
 
 namespace quillon::xml {
@@ -13,9 +14,11 @@ namespace quillon::xml {
 /// XPath sees the document as the DOM holds it: every text and CDATA section is a node of its own,
 /// an entity reference is a text node, white space that is layout is nothing. It sees neither the
 /// XML declaration nor the document type, and xmlns attributes only on the namespace axis. The
-/// prefixes declared in scope of the context node can be used; those of the root element if that
-/// node is the document. A name without a prefix means no namespace. id() knows xml:id and what the
-/// internal subset declares as ID.
+/// prefixes declared in scope of the context node can be used (those of the root element if that
+/// node is the document), then those declared anywhere, where the first declaration counts, then
+/// `str`, `math`, `set` and `date` for the functions of EXSLT. A name without a prefix means no
+/// namespace. id() knows xml:id and what the internal subset declares as ID, and current() is the
+/// context node.
 ///
 /// The first query copies the document, which later ones use until the document is changed. The
 /// expression is evaluated in a child process, whose progress is unknown.
@@ -26,6 +29,24 @@ namespace quillon::xml {
 /// many steps or too much time; Cancelled when the progress function says so.
 std::vector<Node> selectNodes(const Node &context, const QString &expression,
                               const runtime::Progress &progress = {});
+
+/// What an expression leads to.
+struct XPathAnswer {
+    /// The nodes found, in document order, each once.
+    std::vector<Node> nodes;
+    /// The text of a result that is a number, a text or a truth value ("true" or "false"); nothing
+    /// for nodes.
+    std::optional<QString> value;
+    /// The names without a prefix were taken for those of a default namespace.
+    bool inDefaultNamespace = false;
+};
+
+/// The same for an expression of the user's. Names without a prefix that find nothing are asked for
+/// again in the default namespace in force at the context, then in that of the root element; for a
+/// result that is not nodes, names find nothing when no element without a namespace has any of
+/// them. The variable `$selection` is the node given, or no node.
+XPathAnswer evaluateXPath(const Node &context, const QString &expression,
+                          const Node &selection = {}, const runtime::Progress &progress = {});
 
 /// The element that an attribute is set on; the empty handle for one that stands nowhere and for
 /// other nodes.

@@ -23,6 +23,9 @@ bool isNamePart(char c) {
 
 constexpr std::string_view Axis = "child::";
 
+/// libxml2 takes no more than 5,000 at once.
+constexpr std::size_t MostStepsAtOnce = 1000;
+
 template <std::size_t N>
 bool isOneOf(std::string_view text, const std::array<std::string_view, N> &all) {
     return std::find(all.begin(), all.end(), text) != all.end();
@@ -47,6 +50,25 @@ void XPathExpression::scan() {
         at = end;
     }
     tokens_.push_back({Kind::End, at, at});
+    findOperators();
+}
+
+void XPathExpression::findOperators() {
+    constexpr std::array<std::string_view, 8> Always = {"=", "!=", "<", "<=", ">", ">=", "+", "-"};
+    constexpr std::array<std::string_view, 5> Sometimes = {"*", "and", "or", "div", "mod"};
+    constexpr std::array<std::string_view, 10> AheadOfOperand = {"@", "::", ":",  "(", "[",
+                                                                 ",", "/",  "//", "|", "$"};
+    operators_.resize(tokens_.size());
+    for (std::size_t i = 0; i < tokens_.size(); ++i) {
+        const XPathToken &own = tokens_[i];
+        if (own.kind == Kind::Symbol && isOneOf(text(own), Always)) {
+            operators_[i] = true;
+        } else if (i > 0 && own.kind != Kind::Literal && isOneOf(text(own), Sometimes)) {
+            const XPathToken &before = tokens_[i - 1];
+            operators_[i] = !operators_[i - 1] &&
+                            (before.kind != Kind::Symbol || !isOneOf(text(before), AheadOfOperand));
+        }
+    }
 }
 
 std::size_t XPathExpression::endOfToken(std::size_t start, Kind &kind) const {
@@ -94,6 +116,11 @@ const XPathToken &XPathExpression::useOf(std::string_view variable) const {
     return tokens_.back();
 }
 
+bool XPathExpression::usesVariable() const {
+    return std::any_of(tokens_.begin(), tokens_.end(),
+                       [this](const XPathToken &token) { return text(token) == "$"; });
+}
+
 bool XPathExpression::lacksParenthesis() const {
     constexpr std::array<std::string_view, 5> EndOfOperand = {")", "]", ".", "..", "*"};
     std::string open;
@@ -117,6 +144,32 @@ std::vector<XPathToken> XPathExpression::prefixes() const {
             found.push_back(tokens_[i]);
     }
     return found;
+}
+
+std::vector<XPathToken> XPathExpression::plainNames() const {
+    constexpr std::array<std::string_view, 2> OtherAxes = {"attribute", "namespace"};
+    constexpr std::array<std::string_view, 3> AheadOfOther = {"@", "$", ":"};
+    constexpr std::array<std::string_view, 3> BehindOther = {"(", "::", ":"};
+    std::vector<XPathToken> found;
+    for (std::size_t i = 0; i + 1 < tokens_.size(); ++i) {
+        const bool isName = tokens_[i].kind == Kind::Name && !isOperator(i);
+        if (!isName || isOneOf(text(tokens_[i + 1]), BehindOther) ||
+            (i > 0 && isOneOf(text(tokens_[i - 1]), AheadOfOther)) ||
+            (i > 1 && is(i - 1, "::") && isOneOf(text(tokens_[i - 2]), OtherAxes)))
+            continue;
+        found.push_back(tokens_[i]);
+    }
+    return found;
+}
+
+std::string XPathExpression::withPrefix(std::string_view prefix) const {
+    std::string result;
+    std::size_t copied = 0;
+    for (const XPathToken &name : plainNames()) {
+        result.append(utf8_, copied, name.start - copied).append(prefix).append(":");
+        copied = name.start;
+    }
+    return result.append(utf8_, copied);
 }
 
 std::vector<std::size_t> XPathExpression::placesOfAxes() const {
@@ -161,20 +214,6 @@ bool XPathExpression::is(std::size_t token, std::string_view symbol) const {
            text(tokens_[token]) == symbol;
 }
 
-bool XPathExpression::isOperator(std::size_t token) const {
-    constexpr std::array<std::string_view, 8> Always = {"=", "!=", "<", "<=", ">", ">=", "+", "-"};
-    constexpr std::array<std::string_view, 5> Sometimes = {"*", "and", "or", "div", "mod"};
-    constexpr std::array<std::string_view, 9> AheadOfOperand = {"@", "::", ":",  "(", "[",
-                                                                ",", "/",  "//", "|"};
-    const XPathToken &own = tokens_[token];
-    if (own.kind == Kind::Symbol && isOneOf(text(own), Always))
-        return true;
-    if (token == 0 || own.kind == Kind::Literal || !isOneOf(text(own), Sometimes))
-        return false;
-    const XPathToken &before = tokens_[token - 1];
-    return before.kind != Kind::Symbol || !isOneOf(text(before), AheadOfOperand);
-}
-
 bool XPathExpression::findsNodesTwice(std::size_t firstOfStep) const {
     constexpr std::array<std::string_view, 3> Once = {"child", "attribute", "self"};
     return is(firstOfStep - 1, "//") || is(firstOfStep, "..") ||
@@ -199,6 +238,7 @@ XPathExpression::Steps XPathExpression::stepsBetween(std::size_t first, std::siz
     std::string axis = isAfterGroup && is(first, "//") ? ".//" : "";
     std::size_t start = isAfterGroup ? first + 1 : first;
     bool cutting = isAfterGroup;
+    std::size_t together = 0;
     const auto cut = [&](std::size_t at) {
         const std::size_t from = tokens_[start].start;
         steps.push_back(axis + utf8_.substr(from, tokens_[at].start - from));
@@ -210,8 +250,9 @@ XPathExpression::Steps XPathExpression::stepsBetween(std::size_t first, std::siz
             continue;
         // From here on step by step: what follows must start from each node once.
         cutting = cutting || findsNodesTwice(i + 1);
-        if (!cutting)
+        if (!cutting && ++together < MostStepsAtOnce)
             continue;
+        together = 0;
         cut(i);
         axis = is(i, "//") ? ".//" : "";
         start = i + 1;

@@ -35,10 +35,15 @@ public:
     const XPathToken &callOf(std::string_view function) const;
     /// The name of the first use of that variable; the end for none.
     const XPathToken &useOf(std::string_view variable) const;
+    bool usesVariable() const;
     /// Whether the text ends inside parentheses, right after something that is complete.
     bool lacksParenthesis() const;
     /// The prefixes of the names in it, in order.
     std::vector<XPathToken> prefixes() const;
+    /// The names of elements in it that have no prefix, in order.
+    std::vector<XPathToken> plainNames() const;
+    /// The same expression with that prefix ahead of every one of them.
+    std::string withPrefix(std::string_view prefix) const;
 
     /// The same expression or pattern in words that libxml2 understands: it takes "/" alone for a
     /// whole path where a name beyond ASCII follows, unless the name's axis is written.
@@ -51,17 +56,19 @@ public:
     /// counts for nothing. libxml2 compares each node that a step finds with all found before
     /// when the step may find one twice (as parent, ancestor or descendant of several nodes), and
     /// each node of a union with all others. Found nodes can be told apart in less time, so cuts
-    /// are made where it would do that; what it does at once stays together.
+    /// are made where it would do that; what it does at once stays together. It also refuses a path
+    /// of thousands of steps, so that one is cut now and then.
     std::vector<Steps> steps() const;
 
 private:
     using Kind = XPathToken::Kind;
 
     void scan();
+    void findOperators();
     std::size_t endOfToken(std::size_t start, Kind &kind) const;
     bool is(std::size_t token, std::string_view symbol) const;
     /// Whether a token that may be a name, or "*", stands where only an operator can.
-    bool isOperator(std::size_t token) const;
+    bool isOperator(std::size_t token) const { return operators_[token]; }
     bool findsNodesTwice(std::size_t firstOfStep) const;
     /// Where libxml2 needs the axis written, ascending.
     std::vector<std::size_t> placesOfAxes() const;
@@ -75,6 +82,8 @@ private:
 
     std::string utf8_;
     std::vector<XPathToken> tokens_;
+    /// By token.
+    std::vector<bool> operators_;
 };
 
 } // namespace quillon::xml
