@@ -24,7 +24,9 @@ Editor::Editor(Environment given, ui::TextBox &txtEdit, ui::PathBox &cboPath, ui
       history(state, builder, selection, tree), creation(state, builder, selection, tree),
       nodeCommands(state, builder, removal, nodeInsertion, selection, tree, clipboard),
       captionSearch(tree, selection),
-      pathQuery(tree, cboPath, selection, builder.registry(), longWork), hits(state),
+      pathQuery(tree, cboPath, selection, builder.registry(), longWork),
+      pathCopy(tree, selection, clipboard), pathCompletion(state, cboPath),
+      queryHistory(environment.settings), hits(state),
       preview(state, builder, selection, tree, ie, workingFolder, longWork,
               [this] {
                   return preview::PreviewFont{settings.fontName, settings.fontSize};
@@ -42,6 +44,7 @@ Editor::Editor(Environment given, ui::TextBox &txtEdit, ui::PathBox &cboPath, ui
     wireTree();
     wireDrops();
     wirePane();
+    wireQueries(cboPath);
     wirePreview();
     wireValidation();
     wireHits();
@@ -53,6 +56,7 @@ void Editor::wireStatusBar() {
     connect(&textEditing, &tree::TextEditing::statusText, this, &Editor::statusText);
     connect(&captionSearch, &search::CaptionSearch::statusText, this, &Editor::statusText);
     connect(&pathQuery, &search::PathQuery::statusText, this, &Editor::statusText);
+    connect(&pathCopy, &search::PathCopy::statusText, this, &Editor::statusText);
     connect(&preview, &preview::Preview::statusText, this, &Editor::statusText);
     connect(&validation, &validation::Validation::statusText, this, &Editor::statusText);
     connect(&loader, &document::DocumentLoader::statusText, this, &Editor::statusText);
@@ -127,6 +131,13 @@ void Editor::wirePane() {
     connect(&dragAndDrop, &tree::DragAndDrop::documentModified, this, &Editor::showAnew);
     connect(&removal, &tree::NodeRemoval::documentModified, this, &Editor::showAnewAfterRemoval);
     connect(&tools, &tools::ToolCommands::documentModified, this, &Editor::showAnew);
+}
+
+void Editor::wireQueries(ui::PathBox &cboPath) {
+    for (const QString &query : queryHistory.read())
+        cboPath.AddItem(query);
+    connect(&pathQuery, &search::PathQuery::remembered, this,
+            [this](const QString &query) { queryHistory.add(query); });
 }
 
 void Editor::wirePreview() {

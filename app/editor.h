@@ -13,7 +13,10 @@
 #include "recovery/crash_recovery.h"
 #include "search/caption_search.h"
 #include "search/hit_list.h"
+#include "search/path_completion.h"
+#include "search/path_copy.h"
 #include "search/path_query.h"
+#include "search/query_history.h"
 #include "settings/settings.h"
 #include "tools/tool_commands.h"
 #include "tools/view_commands.h"
@@ -75,6 +78,9 @@ public:
 
     search::CaptionSearch captionSearch;
     search::PathQuery pathQuery;
+    search::PathCopy pathCopy;
+    const search::PathCompletion pathCompletion;
+    const search::QueryHistory queryHistory;
     search::HitList hits;
 
     preview::Preview preview;
@@ -101,6 +107,7 @@ private:
     void wireTree();
     void wireDrops();
     void wirePane();
+    void wireQueries(ui::PathBox &cboPath);
     void wirePreview();
     void wireValidation();
     void wireHits();

@@ -3,7 +3,9 @@
 #include "platform/runtime/error.h"
 #include "platform/ui/error_boundary.h"
 #include "platform/xml/query/xpath.h"
+#include "resources/query_texts.h"
 #include "resources/texts.h"
+#include "search/selected_node.h"
 
 namespace quillon::search {
 
@@ -12,6 +14,7 @@ using items::TreeStore;
 using xml::Node;
 using xml::NodeType;
 namespace texts = resources::texts;
+namespace query_texts = resources::query_texts;
 
 namespace {
 
@@ -83,6 +86,23 @@ private:
     quint32 element_ = 0;
 };
 
+/// A result that is no nodes, as the status bar has room for it.
+QString told(const xml::XPathAnswer &answer) {
+    constexpr qsizetype MostShown = 1000;
+    QString value = answer.value->left(MostShown);
+    for (QChar &c : value) {
+        if (c.isSpace() || c.category() == QChar::Other_Control)
+            c = QLatin1Char(' ');
+    }
+    if (value.isEmpty())
+        value = query_texts::EmptyResult.toString();
+    else if (answer.value->size() > MostShown)
+        value += QChar(u'…');
+    return (answer.inDefaultNamespace ? query_texts::ResultInDefaultNamespace : query_texts::Result)
+        .toString()
+        .arg(value);
+}
+
 } // namespace
 
 PathQuery::PathQuery(items::Tree &tree, ui::PathBox &cboPath, tree::Selection &selection,
@@ -94,22 +114,29 @@ void PathQuery::SelectByPath() {
     const Node context = contextNode();
     if (!context)
         return;
-    std::vector<Node> matches;
+    xml::XPathAnswer answer;
     try {
         longWork_.run(texts::Querying.toString(), ui::LongWork::Stop::Offered,
                       [&](const runtime::Progress &progress) {
-                          matches = xml::selectNodes(context, cboPath_.Text(), progress);
+                          answer = xml::evaluateXPath(context, cboPath_.Text(),
+                                                      selectedNode(selection_, tree_), progress);
                       });
     } catch (const runtime::Error &error) {
         Q_EMIT statusText(error.description());
         return;
     }
+    // Below the box comes to show the path of what the pane shows.
+    const QString query = cboPath_.Text();
+    if (answer.value) {
+        Q_EMIT statusText(told(answer));
+        remember(query);
+        return;
+    }
+    const std::vector<Node> &matches = answer.nodes;
     if (matches.empty()) {
         Q_EMIT statusText(texts::NothingFound.toString());
         return;
     }
-    // Both below have the box show the path of what the pane shows.
-    const QString query = cboPath_.Text();
     if (!selection_.mayLeavePane())
         return;
     tree_.setTreeVisible(false);
@@ -122,7 +149,10 @@ void PathQuery::SelectByPath() {
     });
     tree_.setTreeVisible(true);
     tree_.setFocus();
-    Q_EMIT statusText(QString::number(matches.size()) + texts::MatchesFound.toString());
+    const QString count = QString::number(matches.size());
+    Q_EMIT statusText(answer.inDefaultNamespace
+                          ? query_texts::MatchesInDefaultNamespace.toString().arg(count)
+                          : count + texts::MatchesFound.toString());
     remember(query);
 }
 
@@ -158,6 +188,7 @@ TreeItem PathQuery::mark(const std::vector<Node> &matches) {
 void PathQuery::remember(const QString &query) {
     if (!cboPath_.List().contains(query))
         cboPath_.AddItem(query);
+    Q_EMIT remembered(query);
 }
 
 } // namespace quillon::search

@@ -23,12 +23,15 @@ public:
     /// Queries from the selected element or document, or from the parent of what else is selected.
     /// Shows all items found in bold and expands what is above them, selects the first one, tells
     /// the number of nodes in the status bar and adds the query to the list of the path box. An
-    /// error in the query, that nothing was found and that the user has had it stopped is told in
+    /// result that is no nodes is told and remembered, and changes nothing else. An error in the
+    /// query, that nothing was found and that the user has had it stopped is told in
     /// the status bar and changes nothing. Nothing happens when nothing is selected.
     void SelectByPath();
 
 Q_SIGNALS:
     void statusText(const QString &text);
+    /// A query has been answered.
+    void remembered(const QString &query);
 
 private:
     xml::Node contextNode() const;

@@ -41,4 +41,16 @@ void SettingList::write(const system::SettingsStore &store, qsizetype position,
     store.SaveSetting(section.toString(), keyOf(*this, position), text);
 }
 
+QStringList SettingLines::read(const system::SettingsStore &store) const {
+    const QString text = store.GetSetting(section.toString(), key.toString());
+    const QStringList lines = text.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    return lines.mid(std::max<qsizetype>(0, lines.size() - most));
+}
+
+void SettingLines::write(const system::SettingsStore &store, const QStringList &lines) const {
+    store.SaveSetting(
+        section.toString(), key.toString(),
+        lines.mid(std::max<qsizetype>(0, lines.size() - most)).join(QLatin1Char('\n')));
+}
+
 } // namespace quillon::settings

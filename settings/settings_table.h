@@ -3,6 +3,7 @@
 #include "platform/system/settings_store.h"
 #include "settings/external_editor.h"
 
+#include <QStringList>
 #include <QStringView>
 
 #include <limits>
@@ -66,6 +67,19 @@ struct SettingList {
     QString read(const system::SettingsStore &store, qsizetype position) const;
     void write(const system::SettingsStore &store, qsizetype position, const QString &text) const;
 };
+
+/// A list of texts of one line each under one key, which grows at its end.
+struct SettingLines {
+    QStringView section;
+    QStringView key;
+    /// So many are kept, the last ones.
+    int most;
+
+    QStringList read(const system::SettingsStore &store) const;
+    void write(const system::SettingsStore &store, const QStringList &lines) const;
+};
+
+inline constexpr SettingLines PathQueries{u"Application", u"PathQueries", 30};
 
 inline constexpr SettingList EditorNames{u"Programs", u"Name", 0, 11};
 inline constexpr SettingList EditorPaths{u"Programs", u"Path", 0, 11};

@@ -44,6 +44,7 @@ constexpr CommandRow array(QStringView name, QStringView menu, QStringView capti
 
 bool hasDocument(const Editor &editor);
 bool isWritable(const Editor &editor);
+bool hasSelection(const Editor &editor);
 
 template <bool edit::EditMenuStates::*State>
 bool inEditMenu(const Editor &editor) {

@@ -101,6 +101,10 @@ constexpr CommandRow Rows[] = {
          [](frmMain &form) {
              form.editor().view.mnuViewLock_Click(isChecked(form, u"mnuViewLock"));
          }},
+    line(u"mnuEditLine5", editMenu),
+    {.entry = {u"mnuEditCopyXPath", editMenu, text::EditCopyXPath, u"Ctrl+Shift+C"},
+     .enabled = hasSelection,
+     .run = [](frmMain &form) { form.editor().pathCopy.mnuEditCopyXPath_Click(); }},
 };
 
 } // namespace

@@ -115,6 +115,11 @@ constexpr CommandRow ContextRows[] = {
      .paneText = PaneText::IsAskedAbout,
      .run = create<&Create::AddAttributeToParent>},
 
+    line(u"treeMenuLine2", treeMenu),
+    {.entry = {.name = u"treeMenuCopyXPath", .menu = treeMenu, .caption = text::EditCopyXPath},
+     .enabled = hasSelection,
+     .run = [](frmMain &form) { form.editor().pathCopy.mnuEditCopyXPath_Click(); }},
+
     {.entry = {.name = u"SelectByPath"},
      .button = {u"move", text::MoveTip, LastMainGroup + 1, 1},
      .run = [](frmMain &form) { form.editor().pathQuery.SelectByPath(); }},

@@ -16,6 +16,10 @@ bool isWritable(const Editor &editor) {
     return !editor.state.m_ReadOnly;
 }
 
+bool hasSelection(const Editor &editor) {
+    return bool(editor.tree.SelectedItem());
+}
+
 bool isChecked(frmMain &form, QStringView command) {
     return form.actions().action(command)->isChecked();
 }

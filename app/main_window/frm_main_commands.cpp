@@ -79,6 +79,9 @@ void frmMain::connectWindow() {
     const auto selectByPath = [this] { guarded([this] { editor_->pathQuery.SelectByPath(); }); };
     connect(cboPath, &controls::PathBox::Enter, this, selectByPath);
     connect(cboPath, &controls::PathBox::Click, this, selectByPath);
+    cboPath->propose = [this](const QString &typed) {
+        return editor_->pathCompletion.proposals(typed);
+    };
     menus_->onMenuOpening(u"mnuFile", [this] { showRecentFiles(); });
     tvw->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(tvw, &QWidget::customContextMenuRequested, this, &frmMain::showTreeMenu);

@@ -69,6 +69,7 @@ constexpr States MenuStates[] = {
     {"mnuEditFind", WithDocument},
     {"mnuEditFindNext", WithDocument},
     {"mnuViewLock", Always},
+    {"mnuEditCopyXPath", WithDocument},
     {"mnuNodeCollapse", ".####......."},
     {"mnuNodeExpand", ".####......."},
     {"mnuViewText", Always},
@@ -229,8 +230,8 @@ TEST_F(CommandStates, HideWhatTheTreeMenuOffersForOthers) {
 
 TEST_F(CommandStates, AreKnownOfEveryCommand) {
     // The hidden menu, which nobody can open, and what has no place in the menu bar.
-    std::set<QString> names{"mnuNodeContextUp", "mnuNodeContextDown", "AddAttributeToParent",
-                            "SearchBackward", "SelectByPath"};
+    std::set<QString> names{"mnuNodeContextUp",  "mnuNodeContextDown", "AddAttributeToParent",
+                            "treeMenuCopyXPath", "SearchBackward",     "SelectByPath"};
     std::set<QString> buttons;
     for (const States &row : MenuStates)
         names.insert(row.name);

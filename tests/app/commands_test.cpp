@@ -86,6 +86,9 @@ protected:
             return xml() == document;
         };
     }
+    std::function<bool()> copies(const QString &text) {
+        return [text] { return QGuiApplication::clipboard()->text() == text; };
+    }
     void change() {
         state().m_DOM.documentElement().setAttribute("n", "1");
         editor().commands.DocumentModified();
@@ -205,6 +208,8 @@ std::vector<Commands::Case> Commands::viewCases() {
         {u"SelectByPath", [this] { cboPath().setText("/r/c"); },
          [this] { return selected() == u"c"; }},
         {u"mnuViewLock", [] {}, [this] { return editor().options.viewLock; }},
+        {u"mnuEditCopyXPath", [this] { select("b"); }, copies("/r/b")},
+        {u"treeMenuCopyXPath", [this] { select("t"); }, copies("/r/a/text()")},
         {u"mnuViewText", [] {}, [this] { return item("k") && !item("k=\"1\""); }},
         {u"mnuNodeCollapse", [this] { select("r"); },
          [this] { return expanded() == QStringList("#document"); }},
@@ -345,7 +350,7 @@ TEST_F(Commands, AnswerToTheirKeysAndToNoOther) {
             tvw().setFocus();
         }
     }
-    EXPECT_EQ(keys.size(), 21u);
+    EXPECT_EQ(keys.size(), 22u);
     for (const Qt::KeyboardModifier modifier : {Qt::NoModifier, Qt::ShiftModifier})
         QTest::keyClick(&tvw(), Qt::Key_Delete, modifier);
     EXPECT_EQ(ran, "mnuEditDelete mnuEditDelete ");
@@ -367,6 +372,7 @@ TEST_F(Commands, HaveTheKeysThatUsersKnow) {
         {"mnuEditRename", "F2"},
         {"mnuEditFind", "Ctrl+F"},
         {"mnuEditFindNext", "F3"},
+        {"mnuEditCopyXPath", "Ctrl+Shift+C"},
         {"SearchBackward", "Shift+F3"},
         {"mnuNodeAddAttribute", "Ctrl+A"},
         {"mnuNodeInsElement", "Ctrl+Alt+E"},
@@ -403,13 +409,13 @@ TEST_F(Commands, HaveTheirPlacesAndAccessKeys) {
     };
     EXPECT_EQ(keysOf(form->menuBar()->actions()), "FEVNTWH.") << "the last one is hidden";
     EXPECT_EQ(menuKeys(u"mnuFile"), "NOR|SA|PT|M|CX");
-    EXPECT_EQ(menuKeys(u"mnuEdit"), "URA|TCPD|R|FN|L");
+    EXPECT_EQ(menuKeys(u"mnuEdit"), "URA|TCPD|R|FN|L|Q");
     EXPECT_EQ(menuKeys(u"mnuView"), "CE|T|F");
     EXPECT_EQ(menuKeys(u"mnuNode"), "UD|EATCD|LXM.|D");
     EXPECT_EQ(menuKeys(u"mnuTool"), "XPNHY|SV|SC|E|O");
     EXPECT_EQ(menuKeys(u"mnuWindow"), "H");
     EXPECT_EQ(menuKeys(u"mnuHelp"), "RA");
-    EXPECT_EQ(menuKeys(u"treeMenu"), menuKeys(u"mnuNode") + "|P");
+    EXPECT_EQ(menuKeys(u"treeMenu"), menuKeys(u"mnuNode") + "|P|Q");
     QStringList buttons;
     for (const char *bar : {"tbr", "tbrMove"}) {
         for (const QAction *entry : form->findChild<QToolBar *>(bar)->actions())

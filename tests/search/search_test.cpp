@@ -1,6 +1,9 @@
 #include "platform/runtime/error.h"
 #include "search/caption_search.h"
+#include "search/path_completion.h"
+#include "search/path_copy.h"
 #include "search/path_query.h"
+#include "search/query_history.h"
 #include "tests/support/headless_editor.h"
 
 #include <QSignalSpy>
@@ -211,6 +214,142 @@ TEST_F(SearchTest, MatchesBelowOneAnotherAreAllShown) {
     query("//d");
     EXPECT_EQ(lastText(), "20000件検索されました。");
     EXPECT_EQ(expanded().size(), 20'000) << "all but the innermost, and the document";
+}
+
+TEST_F(SearchTest, TheDefaultNamespaceIsNamed) {
+    open("<注文 xmlns='urn:d'><品/><品/></注文>");
+    select("#document");
+    query("//品");
+    EXPECT_EQ(lastText(), "既定の名前空間で 2 件");
+    EXPECT_EQ(bold().size(), 2);
+    EXPECT_EQ(cboPath().List(), QStringList{"//品"});
+    query("count(//品)");
+    EXPECT_EQ(lastText(), "結果: 2 (既定の名前空間)");
+}
+
+TEST_F(SearchTest, AResultThatIsNoNodesIsShown) {
+    open("<r><a n='100'>あ\n\t𠮟</a><a n='250'/></r>");
+    select("n=\"100\"");
+    const struct {
+        QString query;
+        QString text;
+    } cases[] = {
+        {"sum(//@n)", "結果: 350"},
+        {"//a = ''", "結果: true"},
+        {"string(//a)", "結果: あ  𠮟"},
+        {"string(//a[2])", "結果: (空の文字列)"},
+        {"'%1'", "結果: %1"},
+        {"str:padding(3000, 'x')", "結果: " + QString(1000, 'x') + "…"},
+        {"count($selection) + $selection", "結果: 101"},
+    };
+    QStringList queries;
+    for (const auto &c : cases) {
+        query(c.query);
+        EXPECT_EQ(lastText(), c.text);
+        EXPECT_EQ(cboPath().Text(), c.query) << "stays to be gone on with";
+        queries.append(c.query);
+    }
+    EXPECT_EQ(cboPath().List(), queries);
+    EXPECT_EQ(selected(), "n=\"100\"");
+    EXPECT_EQ(bold(), QStringList());
+}
+
+TEST_F(SearchTest, TheLastQueriesAreKept) {
+    open(Items);
+    const auto kept = [this] {
+        const auto later = makeWindow();
+        return later->cboPath.List();
+    };
+    const auto ask = [&](app::Editor &by, ui::PathBox &box, const QString &path) {
+        box.setText(path);
+        by.pathQuery.SelectByPath();
+    };
+    select("items");
+    const auto other = makeWindow();
+    other->editor.loader.LoadXML("<r/>");
+    other->editor.selection.ShowNode(other->editor.tree.nodes().Item(1), true);
+    ask(editor(), cboPath(), "//item");
+    ask(other->editor, other->cboPath, "//r");
+    ask(editor(), cboPath(), "//none");
+    ask(editor(), cboPath(), "//b[");
+    ask(editor(), cboPath(), "//b");
+    EXPECT_EQ(kept(), (QStringList{"//item", "//r", "//b"})) << "of both windows, if answered";
+    ask(editor(), cboPath(), "//item");
+    EXPECT_EQ(kept(), (QStringList{"//r", "//b", "//item"}));
+    EXPECT_EQ(cboPath().List(), (QStringList{"//item", "//b"})) << "the box keeps its order";
+    for (int i = 0; i < 30; ++i)
+        ask(editor(), cboPath(), QString("/items[%1 > 0]").arg(i + 1));
+    EXPECT_EQ(kept().size(), 30);
+    EXPECT_EQ(kept().first(), "/items[1 > 0]");
+    EXPECT_EQ(cboPath().List().size(), 32);
+}
+
+TEST_F(SearchTest, TypingIsCompletedFromQueriesAndNames) {
+    open("<orders><order no='1' 値='2'/><p:order xmlns:p='u'/></orders>");
+    const search::PathCompletion completion(state(), cboPath());
+    for (const char *query : {"//order", "/orders/x", "//ORDER[1]", "//o"})
+        cboPath().AddItem(query);
+    const struct {
+        const char *typed;
+        QStringList proposals;
+    } cases[] = {
+        {"", {}},
+        {"//", {"//o", "//ORDER[1]", "//order"}},
+        {"//o", {"//ORDER[1]", "//order", "//orders"}},
+        {"/orders/x/ORD", {"/orders/x/order", "/orders/x/orders"}},
+        {"//order/@", {}},
+        {"//order/@値", {}},
+        {"//order[@n", {"//order[@no"}},
+        {"値 = p:o", {"値 = p:order"}},
+        {"//x[. = 'or", {}},
+        {"//order ", {}},
+        {"$or", {}},
+        {"xm", {}},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(completion.proposals(c.typed), c.proposals) << c.typed;
+    open("<r><" + QByteArray("n").repeated(5) + "/></r>");
+    EXPECT_EQ(completion.proposals("n"), QStringList{"nnnnn"}) << "not the names of others";
+    editor().commands.ClearStatus();
+    EXPECT_EQ(completion.proposals("n"), QStringList());
+}
+
+TEST_F(SearchTest, ThePathOfTheSelectedNodeIsCopied) {
+    dialogs.answerMessage(ui::message_answer::Ok);
+    open("<?xml version='1.0'?><!DOCTYPE r [<!ENTITY e 'x'>]>"
+         "<r xmlns='urn:d'><a k='1'>t&e;</a><b xmlns=''/></r>");
+    search::PathCopy copy(tree(), editor().selection, clipboard);
+    QObject::connect(&copy, &search::PathCopy::statusText,
+                     [this](const QString &text) { texts.append(text); });
+    xml::Node attribute = state().m_DOM.createAttribute("added");
+    editor().builder.AddAttributeToTree(item("a"), attribute, false);
+    const struct {
+        const char *caption;
+        QString path;
+    } cases[] = {
+        {"a", "/r/a"},           {"k=\"1\"", "/r/a/@k"}, {"added=\"\"", "/r/a/@added"},
+        {"t", "/r/a/text()[1]"}, {"#document", "/"},     {"e", "/r/a/text()[2]"},
+    };
+    for (const auto &c : cases) {
+        if (c.caption == QString("e"))
+            dialogs.answerMessage(ui::message_answer::Ok);
+        select(c.caption);
+        copy.mnuEditCopyXPath_Click();
+        EXPECT_EQ(clipboard.text(), c.path);
+        EXPECT_EQ(lastText(), "XPath をコピーしました: " + c.path);
+    }
+    const auto copyNode = [&](const xml::Node &node) {
+        editor().selection.ShowNode(editor().builder.itemOf(node), true);
+        copy.mnuEditCopyXPath_Click();
+        return lastText();
+    };
+    const xml::Node root = state().m_DOM.documentElement();
+    EXPECT_EQ(copyNode(root.previousSibling()), "文書型宣言を選択する XPath はありません。");
+    EXPECT_EQ(copyNode(state().m_DOM.node().firstChild()),
+              "XML 宣言を選択する XPath はありません。");
+    EXPECT_EQ(copyNode(root.lastChild().getAttributeNode("xmlns")),
+              "名前空間の宣言を取り消す属性を選択する XPath はありません。");
+    EXPECT_EQ(clipboard.text(), "/r/a/text()[2]") << "what was copied stays";
 }
 
 } // namespace

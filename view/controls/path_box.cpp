@@ -1,5 +1,7 @@
 #include "view/controls/path_box.h"
 
+#include "resources/query_texts.h"
+
 #include <QAbstractItemView>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -20,6 +22,24 @@ PathBox::PathBox(QWidget *parent) : QComboBox(parent) {
     disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
     connect(lineEdit(), &QLineEdit::returnPressed, this, &PathBox::Enter);
     connect(this, &QComboBox::activated, this, &PathBox::Click);
+    // The line editor and the box would take a choice in it for more than typing; so they do not
+    // know of it.
+    completer_.setModel(&proposals_);
+    completer_.setCompletionMode(QCompleter::PopupCompletion);
+    completer_.setWidget(this);
+    proposalList()->setAccessibleName(resources::query_texts::ProposalsName.toString());
+    connect(lineEdit(), &QLineEdit::textEdited, this, &PathBox::showProposals);
+    connect(&completer_, qOverload<const QString &>(&QCompleter::activated), this,
+            &QComboBox::setEditText);
+}
+
+void PathBox::showProposals(const QString &typed) {
+    const bool isAtEnd = lineEdit()->cursorPosition() == typed.size();
+    proposals_.setStringList(propose && isAtEnd ? propose(typed) : QStringList());
+    if (proposals_.rowCount() == 0)
+        proposalList()->hide();
+    else
+        completer_.complete();
 }
 
 void PathBox::setText(const QString &text) {
@@ -45,6 +65,17 @@ void PathBox::AddItem(const QString &text) {
 }
 
 void PathBox::keyPressEvent(QKeyEvent *event) {
+    if (proposalList()->isVisible()) {
+        const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+        if (event->key() == Qt::Key_Escape ||
+            (isReturn && proposalList()->currentIndex().isValid())) {
+            // The list has both for itself.
+            event->ignore();
+            return;
+        }
+        if (isReturn)
+            proposalList()->hide();
+    }
     if (event->key() != Qt::Key_Escape) {
         QComboBox::keyPressEvent(event);
         return;

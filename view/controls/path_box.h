@@ -3,11 +3,17 @@
 #include "platform/ui/path_box.h"
 
 #include <QComboBox>
+#include <QCompleter>
+#include <QStringListModel>
+
+#include <functional>
 
 namespace quillon::controls {
 
-/// The path box on the screen. What is typed is never completed,
-/// changed or added to the list. Escape brings back the text that the program set last.
+/// The path box on the screen. What is typed is never changed or added to the list unasked. Below
+/// it stands a list of what could be meant; an entry that is chosen there becomes the text, to be
+/// gone on with. Escape puts that list away, and without it brings back the text that the program
+/// set last.
 class PathBox : public QComboBox, public ui::PathBox {
     Q_OBJECT
 
@@ -19,6 +25,12 @@ public:
     QStringList List() const override;
     void AddItem(const QString &text) override;
 
+    /// Says what could be meant by a text that has been typed to its end. None: nothing is
+    /// proposed.
+    std::function<QStringList(const QString &typed)> propose;
+    /// The list of proposals, which is shown while there are any.
+    QAbstractItemView *proposalList() const { return completer_.popup(); }
+
 Q_SIGNALS:
     /// Return was pressed.
     void Enter();
@@ -29,7 +41,11 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    void showProposals(const QString &typed);
+
     QString textSet_;
+    QStringListModel proposals_;
+    QCompleter completer_;
 };
 
 } // namespace quillon::controls

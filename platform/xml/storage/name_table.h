@@ -21,6 +21,8 @@ public:
     std::uint32_t intern(std::string_view utf8);
     /// The number of a name that is there already, or 0.
     std::uint32_t find(std::string_view utf8) const;
+    /// The numbers of the names are below this one. 0 is the empty name.
+    std::uint32_t size() const { return static_cast<std::uint32_t>(entries_.size()); }
     std::string_view utf8(std::uint32_t name) const { return entries_[name].utf8; }
     const QString &string(std::uint32_t name) const;
 

@@ -59,4 +59,52 @@ TEST_F(PathBoxTest, TellsReturnFromAChoice) {
     EXPECT_EQ(enter_.count(), 1);
 }
 
+/// What is proposed becomes the text when it is chosen; until then the box is as ever.
+TEST_F(PathBoxTest, ProposesWithoutTakingPart) {
+    box_.propose = [](const QString &typed) {
+        return typed == u"/a" ? QStringList{typed + QLatin1Char('b'), typed + QLatin1Char('c')}
+                              : QStringList();
+    };
+    const auto type = [this] {
+        box_.setText(QString());
+        QTest::keyClicks(&box_, QStringLiteral("/a"));
+        EXPECT_TRUE(box_.proposalList()->isVisible());
+        EXPECT_EQ(box_.Text(), u"/a");
+    };
+    const auto press = [this](Qt::Key key) { QTest::keyClick(box_.proposalList(), key); };
+    type();
+    QTest::keyClicks(box_.proposalList(), QStringLiteral("x"));
+    EXPECT_EQ(box_.Text(), u"/ax");
+    EXPECT_FALSE(box_.proposalList()->isVisible()) << "nothing to propose any more";
+
+    type();
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(box_.proposalList()->isVisible());
+    EXPECT_EQ(box_.Text(), u"/a");
+    QTest::keyClick(&box_, Qt::Key_Escape);
+    EXPECT_EQ(box_.Text(), u"");
+
+    type();
+    press(Qt::Key_Return);
+    EXPECT_EQ(enter_.count(), 1) << "what was typed is what is asked";
+    EXPECT_EQ(box_.Text(), u"/a");
+    EXPECT_FALSE(box_.proposalList()->isVisible());
+
+    type();
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    press(Qt::Key_Return);
+    EXPECT_EQ(box_.Text(), u"/ac");
+    EXPECT_EQ(enter_.count(), 1) << "chosen to be gone on with";
+    QTest::keyClick(&box_, Qt::Key_Return);
+    EXPECT_EQ(enter_.count(), 2);
+    EXPECT_EQ(click_.count(), 0);
+    EXPECT_EQ(box_.List().size(), 2);
+
+    box_.setText(QStringLiteral("a"));
+    box_.lineEdit()->setCursorPosition(0);
+    QTest::keyClicks(&box_, QStringLiteral("/"));
+    EXPECT_FALSE(box_.proposalList()->isVisible()) << "in the middle of a text";
+}
+
 } // namespace

@@ -1,0 +1,19 @@
+#include "search/query_history.h"
+
+namespace quillon::search {
+
+using settings::PathQueries;
+
+QStringList QueryHistory::read() const {
+    return PathQueries.read(store_);
+}
+
+void QueryHistory::add(const QString &query) const {
+    // Other windows may have added some.
+    QStringList queries = read();
+    queries.removeAll(query);
+    queries.append(query);
+    PathQueries.write(store_, queries);
+}
+
+} // namespace quillon::search
