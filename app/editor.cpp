@@ -1,6 +1,7 @@
 #include "app/editor.h"
 
 #include "platform/ui/error_boundary.h"
+#include "platform/xml/query/xpath.h"
 
 namespace quillon::app {
 
@@ -26,7 +27,8 @@ Editor::Editor(Environment given, ui::TextBox &txtEdit, ui::PathBox &cboPath, ui
       captionSearch(tree, selection),
       pathQuery(tree, cboPath, selection, builder.registry(), longWork),
       pathCopy(tree, selection, clipboard), pathCompletion(state, cboPath),
-      queryHistory(environment.settings), hits(state),
+      queryHistory(environment.settings), hits(state), replacing(state, options, builder, tree),
+      findAndReplace(state, builder, selection, tree, replacing, hits, longWork),
       preview(state, builder, selection, tree, ie, workingFolder, longWork,
               [this] {
                   return preview::PreviewFont{settings.fontName, settings.fontSize};
@@ -48,6 +50,7 @@ Editor::Editor(Environment given, ui::TextBox &txtEdit, ui::PathBox &cboPath, ui
     wirePreview();
     wireValidation();
     wireHits();
+    wireReplacing();
 }
 
 void Editor::wireStatusBar() {
@@ -165,6 +168,31 @@ void Editor::wireHits() {
     connect(&commands, &document::DocumentCommands::cleared, &hits, &HitList::clear);
     connect(&commands, &document::DocumentCommands::documentCreated, &hits, &HitList::clear);
     connect(&loader, &document::DocumentLoader::documentOpened, &hits, &HitList::clear);
+}
+
+void Editor::wireReplacing() {
+    using search::FindAndReplace;
+    connect(&replacing, &search::Replacing::documentModified, &commands,
+            &document::DocumentCommands::DocumentModified);
+    connect(&replacing, &search::Replacing::documentModified, this, &Editor::showAnew);
+    connect(&findAndReplace, &FindAndReplace::statusText, this, &Editor::statusText);
+    connect(&findAndReplace, &FindAndReplace::hitReached, this, &Editor::goTo);
+    connect(&hits, &search::HitList::shown, &findAndReplace, &FindAndReplace::takeShown);
+    findAndReplace.mayLeavePane = [this] { return selection.mayLeavePane(); };
+}
+
+void Editor::goTo(const search::Hit &hit) {
+    guarded([&] {
+        const xml::Node node = state.m_DOM.nodeByNumber(hit.node);
+        TreeItem item = builder.itemOf(node);
+        if (!item) {
+            // An attribute that was added has an item for a copy of it.
+            builder.showOwnAttributes({xml::ownerElement(node).number()});
+            item = builder.itemOf(node);
+        }
+        selection.ShowNode(item, true);
+        item.EnsureVisible();
+    });
 }
 
 bool Editor::mayEditLabel() {

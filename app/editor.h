@@ -12,6 +12,7 @@
 #include "preview/preview.h"
 #include "recovery/crash_recovery.h"
 #include "search/caption_search.h"
+#include "search/find_and_replace.h"
 #include "search/hit_list.h"
 #include "search/path_completion.h"
 #include "search/path_copy.h"
@@ -82,6 +83,8 @@ public:
     const search::PathCompletion pathCompletion;
     const search::QueryHistory queryHistory;
     search::HitList hits;
+    search::Replacing replacing;
+    search::FindAndReplace findAndReplace;
 
     preview::Preview preview;
     validation::Validation validation;
@@ -111,9 +114,11 @@ private:
     void wirePreview();
     void wireValidation();
     void wireHits();
+    void wireReplacing();
 
     bool mayEditLabel();
     bool takeLabel(const items::TreeItem &item, QString &newText);
+    void goTo(const search::Hit &hit);
     void showAnew();
     void showAnewAfterRemoval();
     void forgetPlaceOfOther();

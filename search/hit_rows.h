@@ -1,6 +1,7 @@
 #pragma once
 
 #include "search/hit.h"
+#include "search/span.h"
 
 #include <QHash>
 
@@ -15,14 +16,6 @@ enum class HitOrder {
     Path,
     Text,
     After,
-};
-
-/// A piece of a text: 0-based, in UTF-16 units.
-struct Span {
-    qsizetype at = 0;
-    qsizetype length = 0;
-
-    bool operator==(const Span &) const = default;
 };
 
 /// What is to be read of one hit.

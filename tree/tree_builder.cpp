@@ -236,6 +236,30 @@ TreeItem TreeBuilder::AddAttributeToTree(const TreeItem &elemItem, Node &attr, b
     return AddNodeToTree(relItem, attr, treeOnly, relationship);
 }
 
+void TreeBuilder::showOwnAttributes(const std::vector<quint32> &elements) {
+    std::vector<bool> isWanted;
+    for (const quint32 number : elements) {
+        if (isWanted.size() <= number)
+            isWanted.resize(number + 1);
+        isWanted[number] = true;
+    }
+    std::vector<TreeItem> items;
+    m_dicNode.forEach([&](quint32 sequence, quint32 number) {
+        if (number < isWanted.size() && isWanted[number])
+            items.push_back(tree_.nodes().bySequence(sequence));
+    });
+    for (const TreeItem &item : items) {
+        const Node element = m_dicNode.Item(item);
+        for (TreeItem child = item.Child(); child; child = child.Next()) {
+            const Node shown = m_dicNode.Item(child);
+            if (shown.nodeType() != NodeType::Attribute)
+                continue;
+            if (const Node own = element.getAttributeNode(shown.nodeName()))
+                m_dicNode.set(child.sequence(), own);
+        }
+    }
+}
+
 TreeItem TreeBuilder::itemOf(const Node &node) const {
     TreeItem found;
     if (!node || !(node.ownerDocument() == m_dicNode.document()))

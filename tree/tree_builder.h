@@ -65,6 +65,10 @@ public:
     /// the item shows: in insertion that is a copy, not the attribute on the element.
     TreeItem AddAttributeToTree(const TreeItem &elemItem, xml::Node &attr, bool treeOnly);
 
+    /// Has the items of the attributes of elements, known by their numbers, show what is set on
+    /// these, and no copies.
+    void showOwnAttributes(const std::vector<quint32> &elements);
+
     /// The item that shows a node; Nothing when none does.
     TreeItem itemOf(const xml::Node &node) const;
 

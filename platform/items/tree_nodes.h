@@ -72,6 +72,12 @@ public:
     }
     /// Expands all items above this one.
     void expandAncestors(const TreeItem &item);
+    /// Has the captions of items asked for anew: those for whose sequence numbers f is true.
+    template <typename F>
+    void renewCaptions(F &&f) {
+        captions_.removeIf([&](const auto &own) { return f(store_.sequenceOf(own.key())); });
+        Q_EMIT appearanceChanged();
+    }
     /// Makes no item bold.
     void clearBold();
 
@@ -108,7 +114,7 @@ public:
 Q_SIGNALS:
     /// An item, or with it everything below, has been expanded or collapsed.
     void expansionChanged(const quillon::items::TreeItem &item, bool expanded);
-    /// The weight of many items has changed.
+    /// The weight, or the captions, of many items have changed.
     void appearanceChanged();
     /// A view should scroll to this item; its ancestors are expanded.
     void revealRequested(const quillon::items::TreeItem &item);

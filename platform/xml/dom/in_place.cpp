@@ -1,6 +1,7 @@
 #include "platform/xml/dom/in_place.h"
 
 #include "platform/runtime/error.h"
+#include "platform/runtime/strings.h"
 #include "platform/xml/dom/handle_access.h"
 #include "platform/xml/storage/value_changes.h"
 #include "platform/xml/storage/values.h"
@@ -83,6 +84,22 @@ void replaceInValue(const Node &node, const std::vector<ValueChange> &changes) {
         markTagChanged(arena, parent);
     else if (parent != 0)
         arena.markContentChanged(parent);
+}
+
+std::vector<ValueStretch> referencesIn(const Node &attribute) {
+    std::vector<ValueStretch> stretches;
+    if (attribute.nodeType() != NodeType::Attribute)
+        return stretches;
+    const Arena &arena = HandleAccess::arena(attribute);
+    const std::string value = valueOf(arena, attribute.number());
+    if (value.find('&') == value.npos)
+        return stretches;
+    const auto units = [&](std::size_t start, std::size_t length) {
+        return runtime::fromUtf8(std::string_view(value).substr(start, length)).size();
+    };
+    for (const TextPlace &place : keptReferences(value, readAttribute(arena, attribute.number())))
+        stretches.push_back({units(0, place.start), units(place.start, place.length)});
+    return stretches;
 }
 
 void changeName(const Node &element, const QString &name) {

@@ -21,6 +21,15 @@ struct ValueChange {
 /// and InvalidArgument for a stretch outside of the value.
 void replaceInValue(const Node &node, const std::vector<ValueChange> &changes);
 
+/// A stretch of a value, in UTF-16 units.
+struct ValueStretch {
+    qsizetype at;
+    qsizetype length;
+};
+
+/// Where in an attribute's value references stand whose texts are not known, as they are written.
+std::vector<ValueStretch> referencesIn(const Node &attribute);
+
 /// Gives an element another name. Raises Fail for a name that XML does not allow and on anything
 /// but an element.
 void changeName(const Node &element, const QString &name);
