@@ -4,6 +4,7 @@
 #include "app/start_up/start_up.h"
 #include "bench/check_bench.h"
 #include "bench/edit_bench.h"
+#include "bench/search_bench.h"
 #include "view/controls/application.h"
 #include "view/controls/desktop_dialogs.h"
 
@@ -77,6 +78,8 @@ void openAndPrint(int argc, char **argv, const char *task, const char *path) {
     Table table;
     if (std::strcmp(task, "--edit") == 0)
         measureEditing(table, *form, QString::fromLocal8Bit(path));
+    else if (std::strcmp(task, "--search") == 0)
+        measureSearching(table, *form);
     else if (std::strcmp(task, "--check") == 0)
         measureChecking(table, *form, QString::fromLocal8Bit(path));
     else

@@ -22,7 +22,10 @@ void measureFinding(Table &table, app::Editor &editor) {
     } searches[] = {
         {"find a text: all places", QStringLiteral("営業所"), {}, 400},
         {"find a text that nearly all values have", QStringLiteral("-"), {}, 0},
-        {"find a text by wildcards", QStringLiteral("第*所"), {.kind = search::PatternKind::Wildcards}, 0},
+        {"find a text by wildcards",
+         QStringLiteral("第*所"),
+         {.kind = search::PatternKind::Wildcards},
+         0},
         {"find a text, ignoring case and width",
          QStringLiteral("エイギョウショ"),
          {.matchCase = false, .matchWidth = false},
@@ -55,7 +58,8 @@ void measureSearching(Table &table, app::frmMain &form) {
     hits.resize(std::min(hits.size(), Count));
     std::vector<search::Change> changes;
     const auto prepare = [&] {
-        editor.history.ResetUndoHistory();
+        // The state to come back to, in which the record can be seen.
+        editor.history.takeSnapshot();
         changes.assign(hits.size(), {QStringLiteral("品番-")});
         QCoreApplication::processEvents();
     };
@@ -63,7 +67,6 @@ void measureSearching(Table &table, app::frmMain &form) {
     table.row("plan the replacing of a text",
               bestOf(3, [&] { editor.findAndReplace.planAll(request); }), "ms", 0);
     editor.hits.clear();
-    double undo = NotMeasured;
     const double replace = bestOf(
         1,
         [&] {
@@ -72,7 +75,7 @@ void measureSearching(Table &table, app::frmMain &form) {
             return done;
         },
         prepare);
-    undo = bestOf(1, [&] {
+    const double undo = bestOf(1, [&] {
         editor.history.UndoCommand();
         QCoreApplication::processEvents();
     });

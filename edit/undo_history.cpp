@@ -12,6 +12,24 @@ using items::TreeItem;
 
 namespace {
 
+/// Numbers of nodes, to be looked for among millions of others.
+class NodeSet {
+public:
+    explicit NodeSet(const std::vector<std::vector<quint32>> &lists) {
+        for (const std::vector<quint32> &numbers : lists) {
+            for (const quint32 number : numbers) {
+                if (bits_.size() <= number)
+                    bits_.resize(std::size_t(number) + 1);
+                bits_[number] = true;
+            }
+        }
+    }
+    bool contains(quint32 number) const { return number < bits_.size() && bits_[number]; }
+
+private:
+    std::vector<bool> bits_;
+};
+
 /// The number of the node that an item shows, as it stands in the document. The item of an
 /// attribute that was added, or of one below a renamed element, shows another node than the
 /// document has; what counts is the attribute of that name on the element.
@@ -113,7 +131,11 @@ void UndoHistory::restore(const clsUndoInfo &info, quint32 changed) {
     // the pane has no number in common with the one before, but both are the first item.
     TreeItem lowest = path.empty() ? TreeItem() : tree_.nodes().Item(1);
     std::size_t lowestHeight = path.size();
+    const NodeSet concerned(
+        {path, {info.ExpandIndex().begin(), info.ExpandIndex().end()}, {changed}});
     builder_.registry().forEach([&](quint32 sequence, quint32 number) {
+        if (!concerned.contains(number))
+            return;
         const auto item = [&] { return tree_.nodes().bySequence(sequence); };
         if (expand.count(number) != 0)
             expanded.push_back(item());

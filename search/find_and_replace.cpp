@@ -4,6 +4,7 @@
 #include "platform/xml/query/xpath.h"
 #include "resources/search_texts.h"
 #include "search/replace_plan.h"
+#include "search/selected_node.h"
 #include "search/text_search.h"
 
 #include <unordered_set>
@@ -121,20 +122,12 @@ void FindAndReplace::takeShown() {
         queryHits_.push_back(hits_.hit(row).node);
 }
 
-Node FindAndReplace::selectedNode() const {
-    const Node node = selection_.GetSelectedDOMNode();
-    if (node.nodeType() != NodeType::Attribute)
-        return node;
-    const Node element = selection_.GetDOMNode(tree_.SelectedItem().Parent());
-    const Node own = element.getAttributeNode(node.nodeName());
-    return own ? own : node;
-}
-
 bool FindAndReplace::isAtLatestHit(const SearchRequest &request) const {
     SearchRequest same = request;
     if (reached_)
         same.with = reached_->request.with;
-    return reached_ && same == reached_->request && selectedNode().number() == reached_->hit.node;
+    return reached_ && same == reached_->request &&
+           selectedNode(selection_, tree_).number() == reached_->hit.node;
 }
 
 // ---- Where to search
@@ -155,7 +148,7 @@ std::vector<Node> FindAndReplace::topsOf(const SearchRequest &request) {
         break;
     case SearchScope::Selection: {
         // Going from hit to hit moves the selection, but not what is searched.
-        const quint32 selected = selectedNode().number();
+        const quint32 selected = selectedNode(selection_, tree_).number();
         const int row = hits_.currentRow();
         const bool isAtHit = isAtLatestHit(request) || (row >= 0 && row < hits_.rowCount() &&
                                                         hits_.hit(row).node == selected);
@@ -194,7 +187,7 @@ bool FindAndReplace::goToNext(const SearchRequest &request) {
     const TextPattern pattern(request.what, request.pattern);
     remember(request, false);
     const std::vector<Node> tops = topsOf(request);
-    const Node start = selectedNode();
+    const Node start = selectedNode(selection_, tree_);
     const Hit from = isAtLatestHit(request) ? reached_->next : Hit{};
     const TextSearch search(pattern, request.parts);
     std::optional<Hit> hit;

@@ -94,8 +94,6 @@ private:
     /// Runs a command; what it raises is told.
     void told(const std::function<void()> &command);
     void remember(const SearchRequest &request, bool replaces);
-    /// The selected node as it stands in the document.
-    xml::Node selectedNode() const;
     bool isAtLatestHit(const SearchRequest &request) const;
     std::vector<xml::Node> topsOf(const SearchRequest &request);
     std::vector<xml::Node> queryHits() const;

@@ -6,8 +6,9 @@
 namespace quillon::xml {
 
 PartWalk::PartWalk(const Node &top, unsigned kinds)
-    : top_(top), kinds_(kinds), node_(top.isNull() ? 0 : top.number()) {
-    if (top.nodeType() == NodeType::Attribute)
+    : top_(top), isAttributeAlone_(top.nodeType() == NodeType::Attribute), kinds_(kinds),
+      node_(top.isNull() ? 0 : top.number()) {
+    if (isAttributeAlone_)
         startAt(top);
 }
 
@@ -58,7 +59,7 @@ bool PartWalk::takeNode(NodePart &part) {
 void PartWalk::advance() {
     const Arena &arena = HandleAccess::arena(top_);
     step_ = Step::Name;
-    if (top_.nodeType() == NodeType::Attribute) {
+    if (isAttributeAlone_) {
         node_ = attribute_ = 0;
         return;
     }

@@ -59,6 +59,7 @@ private:
     void advance();
 
     Node top_;
+    bool isAttributeAlone_;
     unsigned kinds_;
     quint32 node_;
     /// Where the walk is among the attributes of node_; 0 outside of them.
