@@ -30,6 +30,7 @@ inline constexpr QStringView EditDelete = u"削除(&D)\tCtrl+D";
 inline constexpr QStringView EditRename = u"名前の変更(&R)";
 inline constexpr QStringView EditFind = u"検索(&F)...";
 inline constexpr QStringView EditFindNext = u"次を検索(&N)";
+inline constexpr QStringView EditReplace = u"検索と置換(&H)...";
 inline constexpr QStringView EditCopyXPath = u"XPath をコピー(&Q)";
 inline constexpr QStringView ViewLock = u"要素・属性名のロック(&L)";
 

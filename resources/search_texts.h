@@ -54,6 +54,47 @@ inline constexpr QStringView Replaced = u"%L1 か所を置換しました。";
 inline constexpr QStringView ReplacedLess =
     u"%L1 か所を置換しました。%L2 か所は置換できませんでした: %3";
 
+// The dialog. Names are for screen readers, which are not to read access keys.
+inline constexpr QStringView DialogTitle = u"検索と置換";
+inline constexpr QStringView WhatLabel = u"検索する文字列(&N):";
+inline constexpr QStringView WhatName = u"検索する文字列";
+inline constexpr QStringView WithLabel = u"置換後の文字列(&P):";
+inline constexpr QStringView WithName = u"置換後の文字列";
+inline constexpr QStringView KindGroup = u"検索の方法";
+inline constexpr QStringView KindPlain = u"文字列(&T)";
+inline constexpr QStringView KindWildcards = u"ワイルドカード(&K)";
+inline constexpr QStringView KindExpression = u"正規表現(&G)";
+inline constexpr QStringView PlainHint = u"入力した文字列をそのまま検索します。";
+inline constexpr QStringView WildcardsHint =
+    u"* 任意の文字列　? 任意の 1 文字　# 数字 1 文字　[あいう] いずれか 1 文字　"
+    u"[!あいう] それ以外の 1 文字";
+inline constexpr QStringView ExpressionHint =
+    u"置換後の文字列で、$1、$2 … はグループ、$& は一致した全体、\\n は改行、\\t はタブを表します。";
+inline constexpr QStringView MatchCase = u"大文字と小文字を区別する(&C)";
+inline constexpr QStringView WholeWord = u"単語単位で検索する(&W)";
+inline constexpr QStringView MatchWidth = u"全角と半角、ひらがなとカタカナを区別する(&Z)";
+inline constexpr QStringView PartsGroup = u"検索する場所";
+inline constexpr QStringView ElementNames = u"要素名(&1)";
+inline constexpr QStringView AttributeNames = u"属性名(&2)";
+inline constexpr QStringView AttributeValues = u"属性値(&3)";
+inline constexpr QStringView TextNodes = u"テキスト(&4)";
+inline constexpr QStringView CDataNodes = u"CDATA(&5)";
+inline constexpr QStringView Comments = u"コメント(&6)";
+inline constexpr QStringView Instructions = u"処理命令(&7)";
+inline constexpr QStringView NoParts = u"検索する場所を選択してください。";
+inline constexpr QStringView ScopeGroup = u"検索する範囲";
+inline constexpr QStringView ScopeDocument = u"ドキュメント全体(&D)";
+inline constexpr QStringView ScopeSelection = u"選択したノードとその下(&S)";
+inline constexpr QStringView ScopeQueryHits = u"XPath の検索結果とその下(&X)";
+inline constexpr QStringView FindNextButton = u"次を検索(&F)";
+inline constexpr QStringView FindAllButton = u"すべて検索(&A)";
+inline constexpr QStringView ReplaceButton = u"置換(&R)";
+inline constexpr QStringView ReplaceAllButton = u"すべて置換(&L)...";
+inline constexpr QStringView ExecuteButton = u"実行(&E)";
+inline constexpr QStringView DiscardButton = u"取り消し(&U)";
+inline constexpr QStringView CloseButton = u"閉じる";
+inline constexpr QStringView MessageName = u"結果";
+
 /// What is wrong with a regular expression, by the library's own words; `offset` is the 0-based
 /// place in it.
 QString expressionFault(const QString &message, qsizetype offset);

@@ -102,6 +102,9 @@ constexpr CommandRow Rows[] = {
              form.editor().view.mnuViewLock_Click(isChecked(form, u"mnuViewLock"));
          }},
     line(u"mnuEditLine5", editMenu),
+    {.entry = {u"mnuEditReplace", editMenu, text::EditReplace, u"Ctrl+H"},
+     .enabled = hasDocument,
+     .run = [](frmMain &form) { form.mnuEditReplace_Click(); }},
     {.entry = {u"mnuEditCopyXPath", editMenu, text::EditCopyXPath, u"Ctrl+Shift+C"},
      .enabled = hasSelection,
      .run = [](frmMain &form) { form.editor().pathCopy.mnuEditCopyXPath_Click(); }},

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/editor.h"
+#include "app/main_window/replace_dialog.h"
 #include "app/main_window/tree_keys.h"
 #include "app/main_window/validation_list.h"
 #include "platform/system/companion_link.h"
@@ -45,6 +46,7 @@ public:
     void endSession();
 
     void mnuFilePrintTree_Click() { treePrinting_->mnuFilePrintTree_Click(); }
+    void mnuEditReplace_Click();
     void mnuToolOption_Click();
     void mnuWindowTileH_Click();
 
@@ -119,6 +121,7 @@ private:
     std::unique_ptr<tools::TreePrinting> treePrinting_;
     std::unique_ptr<TreeKeys> treeKeys_;
     ValidationList *validationList_ = nullptr;
+    ReplaceDialog *replaceDialog_ = nullptr;
     system::CompanionLink companion_;
 };
 

@@ -92,6 +92,12 @@ void frmMain::connectWindow() {
     connect(validationButton_, &QPushButton::clicked, validationList_, &QWidget::show);
 }
 
+void frmMain::mnuEditReplace_Click() {
+    if (!replaceDialog_)
+        replaceDialog_ = new ReplaceDialog(*editor_, this);
+    replaceDialog_->showForInput();
+}
+
 void frmMain::showCaption(QString caption) {
     // Written once, Qt takes it for the place of a mark of its own.
     const QString mark = QStringLiteral("[*]");

@@ -69,6 +69,7 @@ constexpr States MenuStates[] = {
     {"mnuEditFind", WithDocument},
     {"mnuEditFindNext", WithDocument},
     {"mnuViewLock", Always},
+    {"mnuEditReplace", WithDocument},
     {"mnuEditCopyXPath", WithDocument},
     {"mnuNodeCollapse", ".####......."},
     {"mnuNodeExpand", ".####......."},

@@ -208,6 +208,11 @@ std::vector<Commands::Case> Commands::viewCases() {
         {u"SelectByPath", [this] { cboPath().setText("/r/c"); },
          [this] { return selected() == u"c"; }},
         {u"mnuViewLock", [] {}, [this] { return editor().options.viewLock; }},
+        {u"mnuEditReplace", [] {},
+         [this] {
+             const auto *const dialog = form->findChild<QWidget *>("replaceDialog");
+             return dialog && dialog->isVisible();
+         }},
         {u"mnuEditCopyXPath", [this] { select("b"); }, copies("/r/b")},
         {u"treeMenuCopyXPath", [this] { select("t"); }, copies("/r/a/text()")},
         {u"mnuViewText", [] {}, [this] { return item("k") && !item("k=\"1\""); }},
@@ -350,7 +355,7 @@ TEST_F(Commands, AnswerToTheirKeysAndToNoOther) {
             tvw().setFocus();
         }
     }
-    EXPECT_EQ(keys.size(), 22u);
+    EXPECT_EQ(keys.size(), 23u);
     for (const Qt::KeyboardModifier modifier : {Qt::NoModifier, Qt::ShiftModifier})
         QTest::keyClick(&tvw(), Qt::Key_Delete, modifier);
     EXPECT_EQ(ran, "mnuEditDelete mnuEditDelete ");
@@ -372,6 +377,7 @@ TEST_F(Commands, HaveTheKeysThatUsersKnow) {
         {"mnuEditRename", "F2"},
         {"mnuEditFind", "Ctrl+F"},
         {"mnuEditFindNext", "F3"},
+        {"mnuEditReplace", "Ctrl+H"},
         {"mnuEditCopyXPath", "Ctrl+Shift+C"},
         {"SearchBackward", "Shift+F3"},
         {"mnuNodeAddAttribute", "Ctrl+A"},
@@ -409,7 +415,7 @@ TEST_F(Commands, HaveTheirPlacesAndAccessKeys) {
     };
     EXPECT_EQ(keysOf(form->menuBar()->actions()), "FEVNTWH.") << "the last one is hidden";
     EXPECT_EQ(menuKeys(u"mnuFile"), "NOR|SA|PT|M|CX");
-    EXPECT_EQ(menuKeys(u"mnuEdit"), "URA|TCPD|R|FN|L|Q");
+    EXPECT_EQ(menuKeys(u"mnuEdit"), "URA|TCPD|R|FN|L|HQ");
     EXPECT_EQ(menuKeys(u"mnuView"), "CE|T|F");
     EXPECT_EQ(menuKeys(u"mnuNode"), "UD|EATCD|LXM.|D");
     EXPECT_EQ(menuKeys(u"mnuTool"), "XPNHY|SV|SC|E|O");

@@ -32,11 +32,23 @@ protected:
     items::TreeItem anyItem() {
         return tree().nodes().Item(1 + int(random() % unsigned(tree().nodes().Count())));
     }
+    /// Names and values alike, some of which cannot be what they would be.
+    void replaceAll() {
+        const QStringList texts{"t", "x", "e", "a", "&", "-", "xy", "1", ""};
+        const auto any = [&] { return texts[qsizetype(random() % unsigned(texts.size()))]; };
+        search::SearchRequest request;
+        request.what = any();
+        request.with = any();
+        request.parts = 1 + unsigned(random() % 255);
+        editor().findAndReplace.planAll(request);
+        editor().findAndReplace.execute();
+        editor().hits.clear();
+    }
     void act() {
         edit::NodeCommands &commands = editor().nodeCommands;
         edit::NodeCreation &creation = editor().creation;
         editor().selection.ShowNode(anyItem(), true);
-        switch (random() % 14) {
+        switch (random() % 15) {
         case 0:
             if (tree().SelectedItem() != tree().nodes().Item(1))
                 creation.mnuNodeAddElement_Click();
@@ -79,6 +91,9 @@ protected:
             break;
         case 12:
             editor().history.RedoCommand();
+            break;
+        case 13:
+            replaceAll();
             break;
         default:
             tree().SelectedItem().setExpanded(random() % 2);
