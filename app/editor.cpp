@@ -27,7 +27,9 @@ Editor::Editor(Environment given, ui::TextBox &txtEdit, ui::PathBox &cboPath, ui
       captionSearch(tree, selection),
       pathQuery(tree, cboPath, selection, builder.registry(), longWork),
       pathCopy(tree, selection, clipboard), pathCompletion(state, cboPath),
-      queryHistory(environment.settings), hits(state), replacing(state, options, builder, tree),
+      queryHistory(environment.settings), hits(state),
+      hitNavigation(hits, builder, selection, tree, pane), hitExport(hits, clipboard, longWork),
+      replacing(state, options, builder, tree),
       findAndReplace(state, builder, selection, tree, replacing, hits, longWork),
       preview(state, builder, selection, tree, ie, workingFolder, longWork,
               [this] {
@@ -60,6 +62,8 @@ void Editor::wireStatusBar() {
     connect(&captionSearch, &search::CaptionSearch::statusText, this, &Editor::statusText);
     connect(&pathQuery, &search::PathQuery::statusText, this, &Editor::statusText);
     connect(&pathCopy, &search::PathCopy::statusText, this, &Editor::statusText);
+    connect(&hitNavigation, &search::HitNavigation::statusText, this, &Editor::statusText);
+    connect(&hitExport, &search::HitExport::statusText, this, &Editor::statusText);
     connect(&preview, &preview::Preview::statusText, this, &Editor::statusText);
     connect(&validation, &validation::Validation::statusText, this, &Editor::statusText);
     connect(&loader, &document::DocumentLoader::statusText, this, &Editor::statusText);
@@ -163,6 +167,16 @@ void Editor::wireValidation() {
 
 void Editor::wireHits() {
     using search::HitList;
+    connect(&captionSearch, &search::CaptionSearch::found, &hits,
+            [this](const search::Hits &found) {
+                hits.show(found);
+                hitNavigation.startFromSelected();
+            });
+    connect(&pathQuery, &search::PathQuery::found, &hits,
+            [this](const QString &query, const std::vector<xml::Node> &nodes) {
+                hits.show(search::nodeHits(search::HitSource::Query, query, nodes));
+                hitNavigation.startFromSelected();
+            });
     connect(&history, &edit::UndoHistory::recorded, &hits, &HitList::documentChanged);
     connect(&history, &edit::UndoHistory::moved, &hits, &HitList::documentRestored);
     connect(&commands, &document::DocumentCommands::cleared, &hits, &HitList::clear);
@@ -176,23 +190,10 @@ void Editor::wireReplacing() {
             &document::DocumentCommands::DocumentModified);
     connect(&replacing, &search::Replacing::documentModified, this, &Editor::showAnew);
     connect(&findAndReplace, &FindAndReplace::statusText, this, &Editor::statusText);
-    connect(&findAndReplace, &FindAndReplace::hitReached, this, &Editor::goTo);
+    connect(&findAndReplace, &FindAndReplace::hitReached, this,
+            [this](const search::Hit &hit) { guarded([&] { hitNavigation.show(hit); }); });
     connect(&hits, &search::HitList::shown, &findAndReplace, &FindAndReplace::takeShown);
     findAndReplace.mayLeavePane = [this] { return selection.mayLeavePane(); };
-}
-
-void Editor::goTo(const search::Hit &hit) {
-    guarded([&] {
-        const xml::Node node = state.m_DOM.nodeByNumber(hit.node);
-        TreeItem item = builder.itemOf(node);
-        if (!item) {
-            // An attribute that was added has an item for a copy of it.
-            builder.showOwnAttributes({xml::ownerElement(node).number()});
-            item = builder.itemOf(node);
-        }
-        selection.ShowNode(item, true);
-        item.EnsureVisible();
-    });
 }
 
 bool Editor::mayEditLabel() {

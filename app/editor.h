@@ -13,7 +13,9 @@
 #include "recovery/crash_recovery.h"
 #include "search/caption_search.h"
 #include "search/find_and_replace.h"
+#include "search/hit_export.h"
 #include "search/hit_list.h"
+#include "search/hit_navigation.h"
 #include "search/path_completion.h"
 #include "search/path_copy.h"
 #include "search/path_query.h"
@@ -83,6 +85,8 @@ public:
     const search::PathCompletion pathCompletion;
     const search::QueryHistory queryHistory;
     search::HitList hits;
+    search::HitNavigation hitNavigation;
+    search::HitExport hitExport;
     search::Replacing replacing;
     search::FindAndReplace findAndReplace;
 
@@ -118,7 +122,6 @@ private:
 
     bool mayEditLabel();
     bool takeLabel(const items::TreeItem &item, QString &newText);
-    void goTo(const search::Hit &hit);
     void showAnew();
     void showAnewAfterRemoval();
     void forgetPlaceOfOther();

@@ -40,6 +40,12 @@ inline constexpr QStringView NodeExpand = u"ツリー項目の展開(&E)";
 inline constexpr QStringView ViewText = u"テキストの内容をツリーに表示(&T)";
 inline constexpr QStringView ViewFont = u"フォント(&F)...";
 
+inline constexpr QStringView ViewPanel = u"検索結果パネル(&P)";
+inline constexpr QStringView ViewNextHit = u"次の検索結果(&N)";
+inline constexpr QStringView ViewPreviousHit = u"前の検索結果(&B)";
+inline constexpr QStringView ViewNextPart = u"次の領域へ移動(&M)";
+inline constexpr QStringView ViewPreviousPart = u"前の領域へ移動(&O)";
+
 inline constexpr QStringView NodeMenu = u"ノード(&N)";
 inline constexpr QStringView NodeMoveUp = u"上へ移動(&U)";
 inline constexpr QStringView NodeMoveDown = u"下へ移動(&D)";

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/items/tree.h"
+#include "search/hit.h"
 #include "tree/selection.h"
 
 #include <QObject>
@@ -35,10 +36,15 @@ public:
 
 Q_SIGNALS:
     void statusText(const QString &text);
+    /// A pattern has been entered, and these are all the captions that it matches, before and
+    /// after the item that the search started from.
+    void found(const quillon::search::Hits &hits);
 
 private:
     /// Selects the first match after `start` in steps of +1 or -1, and tells whether there was one.
     bool search(const items::TreeItem &start, int step, const QString &pattern);
+    Hits allMatches() const;
+    Hit hitAt(const items::TreeItem &item, const QString &caption) const;
 
     items::Tree &tree_;
     tree::Selection &selection_;

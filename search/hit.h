@@ -70,4 +70,7 @@ struct Hits {
     std::function<Change(const xml::Node &node, const Hit &hit)> planAgain = {};
 };
 
+/// Hits that are nodes as such, as a query finds them.
+Hits nodeHits(HitSource source, const QString &title, const std::vector<xml::Node> &nodes);
+
 } // namespace quillon::search

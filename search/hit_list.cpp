@@ -1,5 +1,6 @@
 #include "search/hit_list.h"
 
+#include "platform/ui/error_boundary.h"
 #include "search/hit_sorting.h"
 
 #include <algorithm>
@@ -8,9 +9,21 @@
 
 namespace quillon::search {
 
-HitList::HitList(const state::DocumentState &state) : state_(state) {}
+namespace {
+
+/// A slice is not to be felt by whoever types, nor are slices to run between quick keystrokes.
+constexpr std::chrono::milliseconds Slice(4);
+constexpr std::chrono::milliseconds Pause(200);
+
+} // namespace
+
+HitList::HitList(const state::DocumentState &state) : state_(state) {
+    idle_.setSingleShot(true);
+    connect(&idle_, &QTimer::timeout, this, &HitList::sweepWhenIdle);
+}
 
 void HitList::show(Hits hits) {
+    ++revision_;
     list_ = std::move(hits);
     marks_.assign(list_.hits.size(), 0);
     rows_.resize(list_.hits.size());
@@ -63,8 +76,11 @@ void HitList::setAllTicked(bool on) {
 }
 
 void HitList::sort(HitOrder by, Qt::SortOrder direction, const runtime::Progress &progress) {
+    const auto goOn = [this, &progress, begun = revision_](double done) {
+        return (!progress || progress(done)) && revision_ == begun;
+    };
     sorted_ = sortedHits(
-        list_, [this](std::size_t at) { return nodeAt(at); }, reader_, by, direction, progress);
+        list_, [this](std::size_t at) { return nodeAt(at); }, reader_, by, direction, goOn);
     order_ = by;
     direction_ = direction;
     makeRows();
@@ -86,6 +102,7 @@ int HitList::rowBefore() const {
 }
 
 void HitList::makeRows() {
+    ++revision_;
     const quint32 current = currentRow_ >= 0 && !currentIsGone_ && currentRow_ < rowCount()
                                 ? rows_[std::size_t(currentRow_)]
                                 : std::numeric_limits<quint32>::max();
@@ -122,11 +139,12 @@ void HitList::documentChanged() {
         }
         endOfNumbers_.reset();
     }
+    ++revision_;
     reader_ = {};
     sweep_.reset();
     isStale_ = true;
     Q_EMIT rowTextsChanged();
-    Q_EMIT becameStale();
+    idle_.start(Pause);
 }
 
 void HitList::documentRestored() {
@@ -138,6 +156,13 @@ void HitList::documentRestored() {
     endOfNumbers_.reset();
     documentChanged();
     endOfNumbers_ = end;
+}
+
+void HitList::sweepWhenIdle() {
+    ui::guarded([this] {
+        if (sweep(Slice))
+            idle_.start(0);
+    });
 }
 
 void HitList::sweepAll() {

@@ -7,6 +7,7 @@
 #include "state/document_state.h"
 
 #include <QObject>
+#include <QTimer>
 
 #include <chrono>
 #include <optional>
@@ -19,8 +20,8 @@ namespace quillon::search {
 ///
 /// The list follows the document. What has been removed from it is no row any more, and is one
 /// again when the removal is undone; what has changed is searched anew. Edits only make a note of
-/// that: followed they are by sweep(), in slices, when nothing else is to be done. Until then a row
-/// may be one whose node is gone.
+/// that; they are followed in slices, soon after the last one, when nothing else is to be done.
+/// Until then a row may be one whose node is gone.
 class HitList : public QObject {
     Q_OBJECT
 
@@ -63,7 +64,7 @@ public:
     }
 
     /// Puts the rows in order; equal ones stay in document order. Raises Cancelled when the
-    /// progress function says so; the rows are then in the order that they were in.
+    /// progress function says so, or the list has changed meanwhile; the order is then what it was.
     void sort(HitOrder by, Qt::SortOrder direction, const runtime::Progress &progress = {});
     HitOrder order() const { return order_; }
     Qt::SortOrder direction() const { return direction_; }
@@ -81,12 +82,13 @@ public:
     void documentChanged();
     void documentRestored();
 
+    /// Another number after whatever may have changed the rows. Long work that lets events in sees
+    /// by it that it has to stop.
+    quint32 revision() const { return revision_; }
+
     /// Whether the document has changed since the rows were last compared with it.
     bool isStale() const { return isStale_; }
-    /// Compares some of the rows with the document, for about the time given. False when there is
-    /// no more to do.
-    bool sweep(std::chrono::microseconds time);
-    /// All of them.
+    /// Compares the rows with the document at once.
     void sweepAll();
 
 Q_SIGNALS:
@@ -97,8 +99,6 @@ Q_SIGNALS:
     /// Rows may read otherwise than before.
     void rowTextsChanged();
     void currentRowChanged(int row);
-    /// The document has changed, and sweep() has something to do.
-    void becameStale();
 
 private:
     // What is noted of each hit.
@@ -126,6 +126,10 @@ private:
     bool isTickedHit(std::size_t at) const {
         return (marks_[at] & Unticked) == 0 && list_.changes[at].obstacle.isEmpty();
     }
+    /// Compares some of the rows with the document, for about the time given. False when there is
+    /// no more to do.
+    bool sweep(std::chrono::microseconds time);
+    void sweepWhenIdle();
     /// Whether the number of a hit can mean another node in the present document.
     bool isBeyondReach(std::size_t at) const;
     xml::Node nodeAt(std::size_t at) const;
@@ -154,7 +158,9 @@ private:
     /// The state of their document that the hits were last compared with.
     xml::DOMDocument40 compared_;
     bool isStale_ = false;
+    quint32 revision_ = 0;
     std::optional<Sweep> sweep_;
+    QTimer idle_;
     /// While what has been undone can still be redone: no node of the present state has a number
     /// from here on.
     std::optional<quint32> endOfNumbers_;

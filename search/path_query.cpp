@@ -154,6 +154,7 @@ void PathQuery::SelectByPath() {
                           ? query_texts::MatchesInDefaultNamespace.toString().arg(count)
                           : count + texts::MatchesFound.toString());
     remember(query);
+    Q_EMIT found(query, matches);
 }
 
 Node PathQuery::contextNode() const {

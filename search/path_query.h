@@ -32,6 +32,8 @@ Q_SIGNALS:
     void statusText(const QString &text);
     /// A query has been answered.
     void remembered(const QString &query);
+    /// A query has found nodes, in document order; not all of them need be marked.
+    void found(const QString &query, const std::vector<quillon::xml::Node> &nodes);
 
 private:
     xml::Node contextNode() const;

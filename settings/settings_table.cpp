@@ -16,6 +16,8 @@ constexpr SettingRow Rows[] = {
     {u"Application", u"SplitLeft", &Placement::splitLeft},
     {u"Application", u"SplitTop", &Placement::splitTop},
     {u"Application", u"Maximized", &Values::maximized, u"0"},
+    {u"Panel", u"Shown", &Values::panelShown, u"0"},
+    {u"Panel", u"Height", &Values::panelHeight, u"2700", 0},
 };
 
 QString keyOf(const SettingList &list, qsizetype position) {

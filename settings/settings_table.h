@@ -31,6 +31,9 @@ struct Values {
     qint16 fontSize = 0;
     /// The window fills its screen.
     bool maximized = false;
+    /// The panel with the lists: whether it is shown, and its height in twips.
+    bool panelShown = false;
+    qint16 panelHeight = 0;
     /// At most as many as EditorNames holds, in order.
     std::vector<ExternalEditor> editors;
 };

@@ -10,6 +10,10 @@ bool canExpand(const Editor &editor) {
     return editor.view.mnuView_Click();
 }
 
+bool hasHits(const Editor &editor) {
+    return !editor.hits.isEmpty();
+}
+
 void chooseFont(frmMain &form) {
     const settings::Settings &settings = form.editor().settings;
     form.editor().view.mnuViewFont_Click(settings.fontName, settings.fontSize);
@@ -36,6 +40,21 @@ constexpr CommandRow Rows[] = {
          }},
     line(u"mnuViewLine2", viewMenu),
     {.entry = {u"mnuViewFont", viewMenu, text::ViewFont}, .run = chooseFont},
+    line(u"mnuViewLine3", viewMenu),
+    {.entry =
+         {.name = u"mnuViewPanel", .menu = viewMenu, .caption = text::ViewPanel, .checkable = true},
+     .run = [](frmMain &form) { form.mnuViewPanel_Click(isChecked(form, u"mnuViewPanel")); }},
+    {.entry = {u"mnuViewNextHit", viewMenu, text::ViewNextHit, u"F4"},
+     .enabled = hasHits,
+     .run = [](frmMain &form) { form.editor().hitNavigation.mnuViewNextHit_Click(); }},
+    {.entry = {u"mnuViewPreviousHit", viewMenu, text::ViewPreviousHit, u"Shift+F4"},
+     .enabled = hasHits,
+     .run = [](frmMain &form) { form.editor().hitNavigation.mnuViewPreviousHit_Click(); }},
+    line(u"mnuViewLine4", viewMenu),
+    {.entry = {u"mnuViewNextPart", viewMenu, text::ViewNextPart, u"F6"},
+     .run = [](frmMain &form) { form.focusPart(+1); }},
+    {.entry = {u"mnuViewPreviousPart", viewMenu, text::ViewPreviousPart, u"Shift+F6"},
+     .run = [](frmMain &form) { form.focusPart(-1); }},
 };
 
 } // namespace

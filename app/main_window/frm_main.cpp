@@ -59,6 +59,7 @@ frmMain::frmMain(Environment environment)
                                        clipboard_);
     tvw = new controls::TreeView(editor_->tree);
     tvw->setImageList(treeImages());
+    panel_ = new ResultPanel(*editor_, tvw->imageList(), longWork_, this);
     treePrinting_ = std::make_unique<tools::TreePrinting>(editor_->state, editor_->tree, longWork_);
     treePrinting_->look = [this] { return tools::PrintLook{tvw->font(), tvw->imageList()}; };
     // Nodes are moved within the tree; in the pane they would be typing.
@@ -75,7 +76,8 @@ frmMain::frmMain(Environment environment)
 }
 
 frmMain::~frmMain() {
-    // Ahead of the tree that it shows.
+    // Ahead of what they show.
+    delete panel_;
     delete tvw;
 }
 
@@ -93,8 +95,11 @@ void frmMain::layOut() {
     }
     vsp->setChildrenCollapsible(false);
     setCentralWidget(vsp);
+    addDockWidget(Qt::BottomDockWidgetArea, panel_);
+    panel_->hide();
 
     statusBar()->addWidget(sbr, 1);
+    statusBar()->addPermanentWidget(&panel_->button());
     statusBar()->addPermanentWidget(validationButton_);
     validationButton_->hide();
     // A long text must not widen the window.

@@ -2,6 +2,7 @@
 
 #include "app/editor.h"
 #include "app/main_window/replace_dialog.h"
+#include "app/main_window/result_panel.h"
 #include "app/main_window/tree_keys.h"
 #include "app/main_window/validation_list.h"
 #include "platform/system/companion_link.h"
@@ -17,6 +18,7 @@
 
 #include <QMainWindow>
 
+#include <functional>
 #include <memory>
 
 class QLabel;
@@ -49,6 +51,10 @@ public:
     void mnuEditReplace_Click();
     void mnuToolOption_Click();
     void mnuWindowTileH_Click();
+    void mnuViewPanel_Click(bool show);
+    /// Gives the keyboard to the next part of the window, or with -1 to the one before: tree, pane,
+    /// preview, panel, path box, and round again. Parts that are not to be seen are left out.
+    void focusPart(int step);
 
     Editor &editor() { return *editor_; }
     controls::ActionSet &actions() { return actions_; }
@@ -76,6 +82,7 @@ private:
     void connectCommands();
     void connectButtons();
     void connectWindow();
+    void connectPanel();
     /// Runs a command unless the user keeps text in the pane that it would take away.
     void runCommand(const CommandRow &row);
     /// Sets the buttons that go by some news, of `button_news`.
@@ -88,6 +95,8 @@ private:
     void showRecentFiles();
     void showTreeMenu(const QPoint &position);
     void showValidationErrors();
+    /// The parts that focusPart() goes through, with what gives each the keyboard.
+    std::vector<std::pair<QWidget *, std::function<void()>>> parts();
     void showFaultyNode(const xml::Node &node);
 
     void showCaption(QString caption);
@@ -122,6 +131,7 @@ private:
     std::unique_ptr<TreeKeys> treeKeys_;
     ValidationList *validationList_ = nullptr;
     ReplaceDialog *replaceDialog_ = nullptr;
+    ResultPanel *panel_ = nullptr;
     system::CompanionLink companion_;
 };
 

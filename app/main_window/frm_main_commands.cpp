@@ -4,6 +4,7 @@
 #include "resources/texts.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QMenu>
 #include <QPushButton>
 
@@ -90,6 +91,50 @@ void frmMain::connectWindow() {
     connect(&editor_->validation, &validation::Validation::errorsChanged, this,
             &frmMain::showValidationErrors);
     connect(validationButton_, &QPushButton::clicked, validationList_, &QWidget::show);
+    connectPanel();
+}
+
+void frmMain::connectPanel() {
+    connect(panel_, &ResultPanel::focusGivenUp, tvw, [this] { tvw->setFocus(); });
+    connect(panel_, &ResultPanel::entered, this,
+            [this](bool inPane) { inPane ? txtEdit->setFocus() : tvw->setFocus(); });
+    menus_->onMenuOpening(
+        u"mnuView", [this] { actions_.action(u"mnuViewPanel")->setChecked(panel_->isVisible()); });
+}
+
+void frmMain::mnuViewPanel_Click(bool show) {
+    show ? panel_->open() : panel_->shut();
+}
+
+std::vector<std::pair<QWidget *, std::function<void()>>> frmMain::parts() {
+    const auto itself = [](QWidget *widget) {
+        return std::pair<QWidget *, std::function<void()>>(
+            widget, [widget] { widget->setFocus(Qt::TabFocusReason); });
+    };
+    return {itself(tvw),
+            itself(txtEdit),
+            itself(ie),
+            {panel_, [this] { panel_->takeFocus(); }},
+            itself(cboPath)};
+}
+
+void frmMain::focusPart(int step) {
+    const auto all = parts();
+    const QWidget *const focus = QApplication::focusWidget();
+    const auto count = int(all.size());
+    int at = step > 0 ? -1 : count;
+    for (int part = 0; part < count; ++part) {
+        QWidget *const widget = all[std::size_t(part)].first;
+        if (focus && (widget == focus || widget->isAncestorOf(focus)))
+            at = part;
+    }
+    for (int i = 0; i < count; ++i) {
+        at = (at + step + count) % count;
+        const auto &[widget, takeFocus] = all[std::size_t(at)];
+        // A splitter may have left no room for it.
+        if (widget->isVisible() && !widget->visibleRegion().isEmpty())
+            return takeFocus();
+    }
 }
 
 void frmMain::mnuEditReplace_Click() {

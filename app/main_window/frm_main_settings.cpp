@@ -10,6 +10,8 @@
 #include <QScreen>
 #include <QSplitter>
 
+#include <limits>
+
 namespace quillon::app {
 
 using ui::guarded;
@@ -47,6 +49,8 @@ void frmMain::Form_Initialize() {
     place(placed);
     if (settings.maximized)
         setWindowState(windowState() | Qt::WindowMaximized);
+    panel_->setUsualHeight(settings.panelHeight / TwipsPerPixel);
+    panel_->setVisible(settings.panelShown);
     ignoringErrors([&] { takeFont(settings.fontName, settings.fontSize); });
     showExternalEditors();
     ignoringErrors([this] { editor_->workingFolder.create(); });
@@ -65,6 +69,9 @@ void frmMain::endSession() {
 
 void frmMain::leave() {
     editor_->settings.maximized = isMaximized();
+    editor_->settings.panelShown = !panel_->isHidden();
+    editor_->settings.panelHeight = qint16(
+        std::min(panel_->usualHeight() * TwipsPerPixel, int{std::numeric_limits<qint16>::max()}));
     editor_->settings.save(placement(), !isMinimized() && !isMaximized());
     editor_->workingFolder.leave();
     ignoringErrors([this] { companion_.execute(QStringLiteral("REMOVE ") + handle()); });
@@ -143,6 +150,7 @@ void frmMain::takeFont(const QString &name, qint16 size) {
     editor_->settings.fontSize = size;
     txtEdit->setTextFont(name, size);
     tvw->setFont(QFont(name, size));
+    panel_->setTextFont(QFont(name, size));
     // The path box keeps its size: a larger one would stretch the toolbar.
     QFont pathFont = cboPath->font();
     pathFont.setFamily(name);

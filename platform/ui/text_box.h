@@ -29,6 +29,9 @@ public:
     virtual void setLocked(bool locked) = 0;
     /// What the text is coloured as.
     virtual void setLanguage(Language language) = 0;
+    /// Selects a piece of Text() and scrolls to it: 0-based, so a line end counts two. What is
+    /// beyond the text is left out.
+    virtual void select(qsizetype start, qsizetype length) = 0;
     /// What is typed goes here from now on.
     virtual void takeFocus() = 0;
 };

@@ -229,6 +229,26 @@ std::vector<Commands::Case> Commands::viewCases() {
              dialogs.answerFont({"Sans Serif", 14});
          },
          [this] { return tvw().font().pointSize() == 14; }},
+        {u"mnuViewPanel", [] {},
+         [this] { return form->findChild<QWidget *>("resultPanel")->isVisible(); }},
+        {u"mnuViewNextHit",
+         [this] {
+             select("r");
+             cboPath().setText("*");
+             editor().pathQuery.SelectByPath();
+         },
+         [this] { return selected() == u"b"; }},
+        {u"mnuViewPreviousHit",
+         [this] {
+             select("r");
+             cboPath().setText("*");
+             editor().pathQuery.SelectByPath();
+             editor().hits.setCurrentRow(2);
+         },
+         [this] { return selected() == u"b"; }},
+        {u"mnuViewNextPart", [] {}, [this] { return txtEdit().hasFocus(); }},
+        {u"mnuViewPreviousPart", [] {},
+         [this] { return cboPath().isAncestorOf(QApplication::focusWidget()); }},
     };
 }
 
@@ -355,7 +375,7 @@ TEST_F(Commands, AnswerToTheirKeysAndToNoOther) {
             tvw().setFocus();
         }
     }
-    EXPECT_EQ(keys.size(), 23u);
+    EXPECT_EQ(keys.size(), 27u);
     for (const Qt::KeyboardModifier modifier : {Qt::NoModifier, Qt::ShiftModifier})
         QTest::keyClick(&tvw(), Qt::Key_Delete, modifier);
     EXPECT_EQ(ran, "mnuEditDelete mnuEditDelete ");
@@ -380,6 +400,10 @@ TEST_F(Commands, HaveTheKeysThatUsersKnow) {
         {"mnuEditReplace", "Ctrl+H"},
         {"mnuEditCopyXPath", "Ctrl+Shift+C"},
         {"SearchBackward", "Shift+F3"},
+        {"mnuViewNextHit", "F4"},
+        {"mnuViewPreviousHit", "Shift+F4"},
+        {"mnuViewNextPart", "F6"},
+        {"mnuViewPreviousPart", "Shift+F6"},
         {"mnuNodeAddAttribute", "Ctrl+A"},
         {"mnuNodeInsElement", "Ctrl+Alt+E"},
         {"mnuNodeInsText", "Ctrl+Alt+T"},
@@ -416,7 +440,7 @@ TEST_F(Commands, HaveTheirPlacesAndAccessKeys) {
     EXPECT_EQ(keysOf(form->menuBar()->actions()), "FEVNTWH.") << "the last one is hidden";
     EXPECT_EQ(menuKeys(u"mnuFile"), "NOR|SA|PT|M|CX");
     EXPECT_EQ(menuKeys(u"mnuEdit"), "URA|TCPD|R|FN|L|HQ");
-    EXPECT_EQ(menuKeys(u"mnuView"), "CE|T|F");
+    EXPECT_EQ(menuKeys(u"mnuView"), "CE|T|F|PNB|MO");
     EXPECT_EQ(menuKeys(u"mnuNode"), "UD|EATCD|LXM.|D");
     EXPECT_EQ(menuKeys(u"mnuTool"), "XPNHY|SV|SC|E|O");
     EXPECT_EQ(menuKeys(u"mnuWindow"), "H");

@@ -54,7 +54,8 @@ TEST_F(SearchTest, CaptionsMatchAsAWholeInTheOrderOfTheItems) {
     open(Items);
     tree().setSelectedItem({});
     find("item");
-    EXPECT_EQ(dialogs.prompts, std::vector<QString>{"検索する文字列を入力してください。"});
+    ASSERT_EQ(dialogs.prompts.size(), 1u);
+    EXPECT_TRUE(dialogs.prompts[0].startsWith("検索する文字列を入力してください。\n* は任意"));
     EXPECT_EQ(selected(), "item");
     EXPECT_EQ(cboPath().Text(), "items/item/");
     EXPECT_EQ(lastText(), "");

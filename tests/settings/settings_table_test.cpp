@@ -17,7 +17,8 @@ const QStringList Contract = {
     "Application Left number W -40",       "Application Top number W 60",
     "Application Width number W 9000",     "Application Height number W 8000",
     "Application SplitLeft number W 3000", "Application SplitTop number W 4000",
-    "Application Maximized number 0 -1",
+    "Application Maximized number 0 -1",   "Panel Shown number 0 -1",
+    "Panel Height number 2700 3000",
 };
 
 class SettingTable : public testing::Test {

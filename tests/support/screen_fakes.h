@@ -31,11 +31,15 @@ public:
     bool Locked() const { return locked_; }
     void setLocked(bool locked) override { locked_ = locked; }
     void setLanguage(Language value) override { language = value; }
+    void select(qsizetype start, qsizetype length) override {
+        selected = Text().mid(start, length);
+    }
     void takeFocus() override { hasFocus = true; }
 
     std::function<void()> changed;
     Language language = Language::Plain;
     bool hasFocus = false;
+    QString selected;
 
 private:
     QByteArray utf8_;

@@ -150,6 +150,11 @@ void TextBox::setSelLength(qsizetype length) {
     send(SCI_SETSEL, start, start + bytesOf(length, bytes().sliced(start)));
 }
 
+void TextBox::select(qsizetype start, qsizetype length) {
+    setSelStart(start);
+    setSelLength(length);
+}
+
 void TextBox::selectAll() {
     send(SCI_SELECTALL);
 }

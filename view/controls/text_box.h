@@ -36,6 +36,7 @@ public:
     void setSelStart(qsizetype start);
     qsizetype SelLength() const;
     void setSelLength(qsizetype length);
+    void select(qsizetype start, qsizetype length) override;
 
     void selectAll();
     void cut();
