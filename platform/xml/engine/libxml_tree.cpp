@@ -62,6 +62,8 @@ private:
         return new (tree_.nodes_.allocate(sizeof(T), alignof(T))) T();
     }
     xmlChar *copyText(std::string_view text);
+    /// Good until the next one is asked for.
+    std::string_view value(Number n) { return valueView(arena_, n, buffer_); }
     void *newOrdinal(Number n);
     const Name &name(std::uint32_t id);
     static xmlNs *namespaceOf(const Name &name);
@@ -82,6 +84,7 @@ private:
     std::unordered_map<std::string_view, Scope> scopes_;
     /// By number of the name; in a deque for references that hold.
     std::deque<Name> names_;
+    std::string buffer_;
 };
 
 xmlChar *LibxmlTree::Writer::copyText(std::string_view text) {
@@ -145,7 +148,7 @@ void LibxmlTree::Writer::addNamespaceDeclarations(xmlNode *element, Number n) {
             continue;
         auto *declaration = make<xmlNs>();
         declaration->type = XML_LOCAL_NAMESPACE;
-        declaration->href = copyText(valueOf(arena_, a));
+        declaration->href = copyText(value(a));
         declaration->prefix = declared.hasPrefix ? declared.local : nullptr;
         (last ? last->next : element->nsDef) = declaration;
         last = declaration;
@@ -173,7 +176,7 @@ void LibxmlTree::Writer::addAttribute(xmlNode *element, xmlAttr *&last, Number n
     text->name = xmlStringText;
     text->doc = &tree_.document_;
     text->parent = reinterpret_cast<xmlNode *>(attribute);
-    text->content = copyText(valueOf(arena_, n));
+    text->content = copyText(value(n));
     attribute->children = attribute->last = text;
 }
 
@@ -214,21 +217,21 @@ void LibxmlTree::Writer::add(Number n) {
         addElement(n);
         break;
     case NodeType::Text:
-        addCharacters(XML_TEXT_NODE, xmlStringText, n, valueOf(arena_, n));
+        addCharacters(XML_TEXT_NODE, xmlStringText, n, value(n));
         break;
     case NodeType::CDATASection:
-        addCharacters(XML_CDATA_SECTION_NODE, nullptr, n, valueOf(arena_, n));
+        addCharacters(XML_CDATA_SECTION_NODE, nullptr, n, value(n));
         break;
     case NodeType::EntityReference:
         addCharacters(XML_TEXT_NODE, xmlStringText, n,
                       entityText(arena_.names->utf8(r.name), *arena_.entities));
         break;
     case NodeType::Comment:
-        addCharacters(XML_COMMENT_NODE, xmlStringComment, n, valueOf(arena_, n));
+        addCharacters(XML_COMMENT_NODE, xmlStringComment, n, value(n));
         break;
     case NodeType::ProcessingInstruction:
         if (arena_.names->utf8(r.name) != "xml")
-            addCharacters(XML_PI_NODE, name(r.name).whole, n, valueOf(arena_, n));
+            addCharacters(XML_PI_NODE, name(r.name).whole, n, value(n));
         break;
     default:
         break;
@@ -266,6 +269,7 @@ void LibxmlTree::Writer::write() {
 
 LibxmlTree::LibxmlTree(const Arena &arena)
     : names_(arena.names), nodes_(FirstBlock), texts_(FirstBlock) {
+    numbers_.reserve(arena.slotCount());
     xmlNamespace_.type = XML_LOCAL_NAMESPACE;
     xmlNamespace_.href = XML_XML_NAMESPACE;
     xmlNamespace_.prefix = utf8("xml");

@@ -186,10 +186,11 @@ bool PathWriter::isKey(Number attribute, Number element, const std::vector<Numbe
     const std::string value = valueOf(arena_, attribute);
     if (!canBeShown(value))
         return false;
+    const std::uint32_t name = arena_.record(attribute).name;
+    std::string buffer;
     return std::none_of(others.begin(), others.end(), [&](Number other) {
-        const Number same =
-            other == element ? 0 : attributeOf(other, arena_.record(attribute).name);
-        return same != 0 && valueOf(arena_, same) == value;
+        const Number same = other == element ? 0 : attributeOf(other, name);
+        return same != 0 && valueView(arena_, same, buffer) == value;
     });
 }
 
