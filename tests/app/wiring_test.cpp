@@ -3,9 +3,11 @@
 #include "tests/support/editor_window.h"
 #include "tests/support/scripted_printer.h"
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QDialogButtonBox>
 #include <QDropEvent>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QPushButton>
 #include <QTest>
@@ -202,6 +204,34 @@ TEST_F(WiringTest, TheTreeIsPrintedFromTheMenu) {
     printer.answer(path("tree.pdf"));
     trigger(u"mnuFilePrintTree");
     EXPECT_TRUE(read("tree.pdf").startsWith("%PDF"));
+}
+
+TEST_F(WiringTest, ThePathBoxKnowsQueriesAndTheDocument) {
+    form->show();
+    form->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
+    open("<注文><品a/><品ab/></注文>");
+    select("#document");
+    const auto type = [this](const QString &text) {
+        cboPath().setFocus();
+        cboPath().lineEdit()->selectAll();
+        cboPath().lineEdit()->insert(text.first(text.size() - 1));
+        QTest::keyClicks(&cboPath(), text.last(1));
+        const QAbstractItemModel &proposals = *cboPath().proposalList()->model();
+        QStringList all;
+        for (int row = 0; row < proposals.rowCount(); ++row)
+            all.append(proposals.index(row, 0).data().toString());
+        return all;
+    };
+    EXPECT_EQ(type("//品a"), (QStringList{"//品ab"}));
+    EXPECT_TRUE(cboPath().proposalList()->isVisible());
+    EXPECT_EQ(type("//品ab"), QStringList());
+    QTest::keyClick(&cboPath(), Qt::Key_Return);
+    EXPECT_EQ(tree().SelectedItem(), item("品ab"));
+    EXPECT_EQ(type("//品a"), QStringList("//品ab"));
+    form.reset();
+    form = std::make_unique<app::frmMain>(environment());
+    EXPECT_EQ(cboPath().List(), QStringList("//品ab"));
 }
 
 } // namespace
