@@ -5,6 +5,7 @@
 #include <QAbstractItemView>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QWheelEvent>
 
 namespace quillon::controls {
 
@@ -13,6 +14,7 @@ PathBox::PathBox(QWidget *parent) : QComboBox(parent) {
     setInsertPolicy(QComboBox::NoInsert);
     setCompleter(nullptr);
     setDuplicatesEnabled(true);
+    setFocusPolicy(Qt::StrongFocus);
     // As wide as the toolbar has room, whatever is in the list.
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(6);
@@ -62,6 +64,10 @@ void PathBox::AddItem(const QString &text) {
     // A combo box makes its first entry the text.
     setCurrentIndex(-1);
     setEditText(before);
+}
+
+void PathBox::wheelEvent(QWheelEvent *event) {
+    event->ignore();
 }
 
 void PathBox::keyPressEvent(QKeyEvent *event) {

@@ -39,6 +39,8 @@ Q_SIGNALS:
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    /// Turning the wheel on the way over the toolbar is no choice from the list.
+    void wheelEvent(QWheelEvent *event) override;
 
 private:
     void showProposals(const QString &typed);

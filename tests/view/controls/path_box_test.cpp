@@ -1,9 +1,11 @@
 #include "view/controls/path_box.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
+#include <QWheelEvent>
 
 #include <gtest/gtest.h>
 
@@ -57,6 +59,14 @@ TEST_F(PathBoxTest, TellsReturnFromAChoice) {
         EXPECT_EQ(click_.count(), chosen) << "the same one again, too";
     }
     EXPECT_EQ(enter_.count(), 1);
+}
+
+TEST_F(PathBoxTest, TakesNoTurnOfTheWheelForAChoice) {
+    QWheelEvent down(QPointF(5, 5), box_.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
+                     Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&box_, &down);
+    EXPECT_EQ(click_.count(), 0);
+    EXPECT_EQ(box_.Text(), u"");
 }
 
 /// What is proposed becomes the text when it is chosen; until then the box is as ever.
