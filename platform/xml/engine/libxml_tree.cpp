@@ -14,9 +14,6 @@ namespace quillon::xml {
 
 namespace {
 
-/// Size of the first block; each further one is larger than the one before.
-constexpr std::size_t FirstBlock = 16 * 1024;
-
 /// libxml2 leaves the field to its users, who may keep a number in it.
 void *asPrivate(std::uintptr_t ordinal) {
     return reinterpret_cast<void *>(ordinal);
@@ -267,8 +264,7 @@ void LibxmlTree::Writer::write() {
     }
 }
 
-LibxmlTree::LibxmlTree(const Arena &arena)
-    : names_(arena.names), nodes_(FirstBlock), texts_(FirstBlock) {
+LibxmlTree::LibxmlTree(const Arena &arena) : names_(arena.names) {
     numbers_.reserve(arena.slotCount());
     xmlNamespace_.type = XML_LOCAL_NAMESPACE;
     xmlNamespace_.href = XML_XML_NAMESPACE;

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "platform/xml/engine/memory_pool.h"
 #include "platform/xml/storage/arena.h"
 
 #include <QByteArray>
 
 #include <libxml/tree.h>
-#include <memory_resource>
 #include <string_view>
 #include <unordered_map>
 
@@ -57,8 +57,8 @@ private:
     xmlNs xmlNamespace_ = {};
     /// The copies of names point into it.
     Ref<NameTable> names_;
-    std::pmr::monotonic_buffer_resource nodes_;
-    std::pmr::monotonic_buffer_resource texts_;
+    MemoryPool nodes_;
+    MemoryPool texts_;
     std::vector<Number> numbers_;
     /// By prefix.
     std::unordered_map<std::string_view, const xmlNs *> firstDeclarations_;

@@ -132,6 +132,14 @@ TEST(XPathAnswer, APathOfAnyLengthIsFollowed) {
     EXPECT_EQ(answer(parsed(start + "<e n='1'/>" + end).node(), path + "/e"), " 1");
 }
 
+TEST(XPathAnswer, TextsOfAnyLengthAreSeen) {
+    const std::string text(5'000'000, 'x');
+    EXPECT_EQ(
+        answer(parsed("<r><a>1</a><b>" + text + "</b><c v='" + text + "'/><d>2</d></r>").node(),
+               "concat(//a, string-length(//b), string-length(//c/@v), //d)"),
+        "=1500000050000002");
+}
+
 } // namespace
 
 } // namespace quillon::xml::test
