@@ -333,6 +333,17 @@ TEST_F(FindAndReplaceTest, WhatTheEncodingLacksIsLeftOutWhereNoReferenceCanStand
         state().m_DOM.serialize().endsWith("<q a='&#233;'>&#233;<!--q--><![CDATA[q]]><?p q?></q>"));
 }
 
+TEST_F(FindAndReplaceTest, APlanFollowsWhatIsEditedMeanwhile) {
+    open("<r><a>x</a><b>x</b><c>x</c></r>");
+    commands().planAll(request("x", "y"));
+    editor().selection.ShowNode(item("a").Child(), true);
+    type("zzx");
+    editor().selection.ShowNode(item("b").Child(), true);
+    type("z");
+    commands().execute();
+    EXPECT_EQ(xml(), "<r><a>zzy</a><b>z</b><c>y</c></r>");
+}
+
 TEST_F(FindAndReplaceTest, WhatMayNotChangeDoesNot) {
     open("<a a='a'>a</a>");
     editor().options.viewLock = true;
@@ -382,8 +393,14 @@ TEST_F(FindAndReplaceTest, ItemsThatShowCopiesOfAttributesFollow) {
     EXPECT_EQ(txtEdit().Text(), "y");
     type("z");
     EXPECT_EQ(xml(), "<r k='y' y=\"y\"><f y='z'/></r>");
-    // A caption that was typed is no other than one that was read.
+    // The item of an attribute that is pasted once more keeps its caption, as long as it does.
+    xml::Node pasted = state().m_DOM.createAttribute("k");
+    pasted.setNodeValue("z");
+    editor().builder.AddAttributeToTree(item("r"), pasted, false);
+    EXPECT_EQ(captions(item("r")), QStringList({"k=\"y\"", "y=\"y\"", "k=\"z\"", "f"}));
+    select("y=\"z\"");
     replaceAll(request("z", "w"));
+    EXPECT_EQ(captions(item("r")), QStringList({"k=\"w\"", "y=\"y\"", "k=\"w\"", "f"}));
     EXPECT_EQ(selected(), "y=\"w\"");
     EXPECT_EQ(walk(request("w"), 1), QStringList("y=\"w\""));
 }

@@ -151,12 +151,25 @@ TEST(InPlace, WhatTheFormatCannotHoldIsWrittenAsEver) {
         {"<r>x>&#65;</r>", "]]", "<r>]]&gt;A</r>"},
         // A text of blanks would be layout.
         {"<r>x</r>", " ", "<r>&#32;</r>"},
+        {"<r> x\n</r>", "", "<r>&#32;\n</r>"},
     };
     for (const auto &one : cases) {
         const DOMDocument40 document = parsed(one.before);
         replaceX(document.documentElement().firstChild(), one.with);
         EXPECT_EQ(xml(document), one.after);
         EXPECT_EQ(xml(parsed(one.after)), one.after);
+    }
+}
+
+TEST(InPlace, LineEndsOfTwoKindsDoNotGrowIntoOne) {
+    const Files files;
+    for (const std::string text : {"<r>\n<a>z\rx</a></r>", "<r>\r<a>x\nz</a></r>"}) {
+        DOMDocument40 document = DOMDocument40::create();
+        ASSERT_TRUE(document.load(files.write("in.xml", text)));
+        replaceX(document.documentElement().firstChild().firstChild(), "\n");
+        DOMDocument40 again = DOMDocument40::create();
+        ASSERT_TRUE(again.load(files.write("out.xml", document.serialize().toStdString())));
+        EXPECT_EQ(again.documentElement().text().remove('z'), "\n\n");
     }
 }
 
