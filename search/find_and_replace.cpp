@@ -266,6 +266,7 @@ void FindAndReplace::findAll(const SearchRequest &request) {
         };
         const auto count = qlonglong(found.hits.size());
         hits_.show(std::move(found));
+        Q_EMIT listed();
         Q_EMIT statusText(texts::PlacesFound.toString().arg(count));
     });
 }
@@ -323,6 +324,7 @@ void FindAndReplace::showPlan(const SearchRequest &request,
         plan.changes, [](const Change &change) { return !change.obstacle.isEmpty(); });
     const auto good = qlonglong(plan.changes.size()) - qlonglong(refused);
     hits_.show(std::move(plan));
+    Q_EMIT listed();
     Q_EMIT statusText(refused == 0
                           ? texts::Planned.toString().arg(good)
                           : texts::PlannedLess.toString().arg(good).arg(qlonglong(refused)));

@@ -80,6 +80,8 @@ public:
 
 Q_SIGNALS:
     void statusText(const QString &text);
+    /// The list of hits has what was asked for, and is to be seen.
+    void listed();
     /// A hit to be selected in tree and pane.
     void hitReached(const quillon::search::Hit &hit);
 

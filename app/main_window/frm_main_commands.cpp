@@ -96,6 +96,8 @@ void frmMain::connectWindow() {
 
 void frmMain::connectPanel() {
     connect(panel_, &ResultPanel::focusGivenUp, tvw, [this] { tvw->setFocus(); });
+    // The keyboard stays with the dialog that has asked for the list.
+    connect(&editor_->findAndReplace, &search::FindAndReplace::listed, panel_, &QWidget::show);
     connect(panel_, &ResultPanel::entered, this,
             [this](bool inPane) { inPane ? txtEdit->setFocus() : tvw->setFocus(); });
     menus_->onMenuOpening(

@@ -87,6 +87,8 @@ TEST_F(ReplaceDialogTest, FindsPlansAndReplaces) {
     EXPECT_EQ(tree().SelectedItem().Text(), "k=\"x\"");
     button("findAll").click();
     EXPECT_EQ(text("message"), "2 か所で見つかりました。");
+    EXPECT_TRUE(form->findChild<app::ResultPanel *>()->isVisible());
+    EXPECT_TRUE(dialog->isActiveWindow());
     EXPECT_EQ(status(), text("message"));
     EXPECT_FALSE(button("execute").isEnabled());
     enter("with", "y");

@@ -75,6 +75,7 @@ TEST_F(FindAndReplaceTest, GoesFromHitToHitAndAround) {
     EXPECT_EQ(walk(request("item"), 10),
               QStringList({"item 1", "item", "no=\"item\"", "an item item", "an item item", "item",
                            "p", "item", "item 1", "item"}));
+    EXPECT_EQ(txtEdit().selected, "item") << "it is to be seen in the pane, too";
     // From wherever the selection is.
     select("b");
     EXPECT_EQ(walk(request("item", {}, part_kind::ElementName), 3),
