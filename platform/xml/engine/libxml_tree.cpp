@@ -6,7 +6,6 @@
 #include "platform/xml/storage/values.h"
 
 #include <algorithm>
-#include <cstring>
 #include <deque>
 #include <libxml/parserInternals.h>
 
@@ -86,7 +85,7 @@ private:
 
 xmlChar *LibxmlTree::Writer::copyText(std::string_view text) {
     auto *copy = static_cast<char *>(tree_.texts_.allocate(text.size() + 1, 1));
-    std::memcpy(copy, text.data(), text.size());
+    text.copy(copy, text.size());
     copy[text.size()] = '\0';
     return reinterpret_cast<xmlChar *>(copy);
 }
