@@ -51,8 +51,8 @@ frmMain::frmMain(Environment environment)
     : actions_(menuEntries()), tbr(new QToolBar(this)), tbrMove(new QToolBar(tbr)),
       picPath(new QWidget(tbr)), cboPath(new controls::PathBox(picPath)),
       vsp(new QSplitter(Qt::Horizontal, this)), hsp(new QSplitter(Qt::Vertical)),
-      txtEdit(new controls::TextBox), ie(new browser::Browser), sbr(new QLabel),
-      validationButton_(new QPushButton) {
+      txtEdit(new controls::TextBox), textPane_(new controls::TextPane(*txtEdit)),
+      ie(new browser::Browser), sbr(new QLabel), validationButton_(new QPushButton) {
     setAttribute(Qt::WA_DeleteOnClose);
     menus_ = std::make_unique<controls::ActionMenus>(actions_, *menuBar());
     editor_ = std::make_unique<Editor>(std::move(environment), *txtEdit, *cboPath, *ie, longWork_,
@@ -83,7 +83,7 @@ frmMain::~frmMain() {
 
 void frmMain::layOut() {
     fillToolBar();
-    hsp->addWidget(txtEdit);
+    hsp->addWidget(textPane_);
     hsp->addWidget(ie);
     vsp->addWidget(tvw);
     vsp->addWidget(hsp);

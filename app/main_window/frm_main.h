@@ -14,6 +14,7 @@
 #include "view/controls/path_box.h"
 #include "view/controls/progress_box.h"
 #include "view/controls/text_box.h"
+#include "view/controls/text_pane.h"
 #include "view/controls/tree_view.h"
 
 #include <QMainWindow>
@@ -119,6 +120,7 @@ private:
     QSplitter *hsp;
     controls::TreeView *tvw = nullptr;
     controls::TextBox *txtEdit;
+    controls::TextPane *textPane_;
     browser::Browser *ie;
     QLabel *sbr;
     QPushButton *validationButton_;

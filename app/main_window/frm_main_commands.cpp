@@ -114,7 +114,7 @@ std::vector<std::pair<QWidget *, std::function<void()>>> frmMain::parts() {
             widget, [widget] { widget->setFocus(Qt::TabFocusReason); });
     };
     return {itself(tvw),
-            itself(txtEdit),
+            itself(textPane_),
             itself(ie),
             {panel_, [this] { panel_->takeFocus(); }},
             itself(cboPath)};
@@ -133,8 +133,8 @@ void frmMain::focusPart(int step) {
     for (int i = 0; i < count; ++i) {
         at = (at + step + count) % count;
         const auto &[widget, takeFocus] = all[std::size_t(at)];
-        // A splitter may have left no room for it.
-        if (widget->isVisible() && !widget->visibleRegion().isEmpty())
+        // A splitter puts what it has no room for beside what is to be seen.
+        if (widget->isVisible() && widget->parentWidget()->rect().intersects(widget->geometry()))
             return takeFocus();
     }
 }

@@ -155,6 +155,35 @@ void TextBox::select(qsizetype start, qsizetype length) {
     setSelLength(length);
 }
 
+QString TextBox::selectedText() const {
+    const long start = send(SCI_GETSELECTIONSTART);
+    return runtime::fromUtf8(bytes().sliced(start, send(SCI_GETSELECTIONEND) - start));
+}
+
+void TextBox::unselect() {
+    send(SCI_SETEMPTYSELECTION, send(SCI_GETSELECTIONSTART));
+}
+
+TextBox::Found TextBox::find(const QString &what, Direction direction, bool matchCase) {
+    const bool forward = direction == Direction::Forward;
+    const QByteArray text = what.toUtf8();
+    const long from = send(forward ? SCI_GETSELECTIONEND : SCI_GETSELECTIONSTART);
+    const long end = forward ? send(SCI_GETLENGTH) : 0;
+    const long otherEnd = forward ? 0 : send(SCI_GETLENGTH);
+    send(SCI_SETSEARCHFLAGS, matchCase ? SCFIND_MATCHCASE : 0);
+    for (const auto &[start, found] :
+         {std::pair(from, Found::There), std::pair(otherEnd, Found::FromOtherEnd)}) {
+        send(SCI_SETTARGETSTART, start);
+        send(SCI_SETTARGETEND, end);
+        if (SendScintilla(SCI_SEARCHINTARGET, static_cast<unsigned long>(text.size()),
+                          text.constData()) < 0)
+            continue;
+        send(SCI_SETSEL, send(SCI_GETTARGETSTART), send(SCI_GETTARGETEND));
+        return found;
+    }
+    return Found::Nowhere;
+}
+
 void TextBox::selectAll() {
     send(SCI_SELECTALL);
 }

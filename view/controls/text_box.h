@@ -38,6 +38,17 @@ public:
     void setSelLength(qsizetype length);
     void select(qsizetype start, qsizetype length) override;
 
+    /// With LF line ends.
+    QString selectedText() const;
+    /// Leaves the caret at the start of what was selected.
+    void unselect();
+
+    enum class Direction { Forward, Backward };
+    enum class Found { Nowhere, There, FromOtherEnd };
+    /// Selects the next (previous) place where a text stands, behind (ahead of) the selection or
+    /// the caret, else from the other end of the text, and scrolls to it.
+    Found find(const QString &what, Direction direction, bool matchCase);
+
     void selectAll();
     void cut();
     void copy();
