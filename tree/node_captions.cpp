@@ -1,5 +1,7 @@
 #include "tree/node_captions.h"
 
+#include "resources/node_texts.h"
+
 namespace quillon::tree {
 
 using xml::NodeType;
@@ -21,6 +23,33 @@ QString captionOf(const xml::Node &node, bool viewText) {
     default:
         return node.nodeName();
     }
+}
+
+QString kindText(NodeType kind) {
+    namespace texts = resources::node_texts;
+    switch (kind) {
+    case NodeType::Document:
+        return texts::Document.toString();
+    case NodeType::Element:
+        return texts::Element.toString();
+    case NodeType::Attribute:
+        return texts::Attribute.toString();
+    case NodeType::Text:
+        return texts::Text.toString();
+    case NodeType::Comment:
+        return texts::Comment.toString();
+    case NodeType::CDATASection:
+        return texts::CDataSection.toString();
+    case NodeType::ProcessingInstruction:
+        return texts::Instruction.toString();
+    case NodeType::DocumentType:
+        return texts::DocumentType.toString();
+    case NodeType::EntityReference:
+        return texts::EntityReference.toString();
+    case NodeType::None:
+        break;
+    }
+    return {};
 }
 
 QString imageKeyOf(const xml::Node &node) {
@@ -52,6 +81,10 @@ QString NodeCaptions::caption(quint32 sequence) const {
 
 int NodeCaptions::image(quint32 sequence) const {
     return static_cast<int>(imageKeys().indexOf(imageKeyOf(registry_.Item(sequence))));
+}
+
+QString NodeCaptions::kind(quint32 sequence) const {
+    return kindText(registry_.Item(sequence).nodeType());
 }
 
 } // namespace quillon::tree

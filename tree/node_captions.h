@@ -15,6 +15,9 @@ QString captionOf(const xml::Node &node, bool viewText);
 /// quotation marks. Nothing in the value is escaped.
 QString attributeCaption(const QString &name, const QString &value);
 
+/// What a kind of node is called; empty for no node.
+QString kindText(xml::NodeType kind);
+
 /// The key of the tree image for a kind of node. CDATA sections, the document type and every
 /// other kind share the comment's image.
 QString imageKeyOf(const xml::Node &node);
@@ -30,6 +33,7 @@ public:
 
     QString caption(quint32 sequence) const override;
     int image(quint32 sequence) const override;
+    QString kind(quint32 sequence) const override;
 
 private:
     const NodeRegistry &registry_;

@@ -2,17 +2,19 @@
 
 namespace quillon::items {
 
-using Slot = TreeStore::Slot;
-
 Tree::Tree(QObject *parent) : QObject(parent) {
     // Ahead of everybody else's connections: nothing that runs on removal must see removed rows,
     // and the selection model must find the selection passed on.
     connect(&nodes_, &Nodes::rowsInserted, this, &Tree::followInsertion);
     connect(&nodes_, &Nodes::rowsAboutToBeRemoved, this, &Tree::passSelectionOn);
     connect(&nodes_, &Nodes::rowsRemoved, this, [this] { rows_.removed(); });
-    connect(&nodes_, &Nodes::modelReset, this, [this] { rows_.invalidate(); });
+    connect(&nodes_, &Nodes::modelReset, this, [this] {
+        rows_.invalidate();
+        others_ = BitRow();
+    });
     connect(&nodes_, &Nodes::expansionChanged, this, &Tree::followExpansion);
     selection_.setModel(&nodes_);
+    connect(&selection_, &QItemSelectionModel::currentChanged, this, &Tree::followCurrent);
 }
 
 TreeItem Tree::SelectedItem() const {
@@ -25,6 +27,7 @@ void Tree::setSelectedItem(const TreeItem &item) {
         selection_.clear();
         return;
     }
+    selectOnlyCurrent();
     if (item == SelectedItem())
         return;
     nodes_.expandAncestors(item);
@@ -34,6 +37,7 @@ void Tree::setSelectedItem(const TreeItem &item) {
 }
 
 void Tree::selectInPlace(const TreeItem &item) {
+    selectOnlyCurrent();
     isSelectingInPlace_ = true;
     selection_.setCurrentIndex(nodes_.indexOf(item), QItemSelectionModel::ClearAndSelect);
     isSelectingInPlace_ = false;
@@ -67,6 +71,7 @@ void Tree::passSelectionOn(const QModelIndex &parent, int row) {
     const TreeStore &store = nodes_.store();
     const Slot removed = Nodes::slotAt(nodes_.index(row, 0, parent));
     const Slot current = currentSlot();
+    dropOthersFrom(removed);
     if (current == 0 || (current != removed && !store.isAncestor(removed, current)))
         return;
     Slot heir = store.next(removed);
@@ -80,9 +85,14 @@ void Tree::passSelectionOn(const QModelIndex &parent, int row) {
 void Tree::followExpansion(const TreeItem &item, bool expanded) {
     rows_.invalidate();
     Q_EMIT shownRowsChanged();
+    if (expanded)
+        return;
     // A selected item that is out of sight would be at the mercy of the next command.
-    if (!expanded && nodes_.store().isAncestor(nodes_.slotOf(item), currentSlot()))
-        setSelectedItem(item);
+    const Slot collapsed = nodes_.slotOf(item);
+    if (others_.count() != 0)
+        dropHiddenOthers();
+    if (nodes_.store().isAncestor(collapsed, currentSlot()))
+        others_.count() == 0 ? setSelectedItem(item) : select(others_, collapsed);
 }
 
 } // namespace quillon::items

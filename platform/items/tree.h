@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <utility>
+#include <vector>
 
 namespace quillon::items {
 
@@ -15,9 +16,11 @@ namespace quillon::items {
 /// the user does to them. A view shows it and follows it; without one everything here works as
 /// well, only that nobody sees it.
 ///
-/// At most one item is selected, and it is never out of sight: when it is removed, the selection
-/// goes to its next sibling, else to its parent, else to its previous sibling; when an item above
-/// it is collapsed, to that one.
+/// Most of the program knows one selected item, SelectedItem(). It is never out of sight: when it
+/// is removed, the selection goes to its next sibling, else to its parent, else to its previous
+/// sibling; when an item above it is collapsed, to that one. The user may select others beside it,
+/// which are in sight as well: they are no longer selected when they go or an item above them is
+/// collapsed, nor when the program selects an item.
 class Tree : public QObject {
     Q_OBJECT
 
@@ -30,12 +33,46 @@ public:
     const TreeRows &rows() const { return rows_; }
 
     TreeItem SelectedItem() const;
-    /// Selects an item, expands its ancestors and asks the view to scroll to it; Nothing deselects.
+    /// Selects an item and no other, expands its ancestors and asks the view to scroll to it;
+    /// Nothing deselects.
     void setSelectedItem(const TreeItem &item);
     /// Selects an item in view without scrolling: it must not slip away from under the pointer.
     void selectInPlace(const TreeItem &item);
     /// Whether the present change of the selection is selectInPlace()'s.
     bool isSelectingInPlace() const { return isSelectingInPlace_; }
+
+    /// SelectedItem() and the others selected beside it, in the order of the tree.
+    std::vector<TreeItem> selectedItems() const;
+    /// The same without those that are below another of them.
+    std::vector<TreeItem> topmostSelectedItems() const;
+    bool isSelected(const TreeItem &item) const;
+    int selectedCount() const;
+    /// Selects some items and no others, expands what is above them and asks the view to scroll to
+    /// `current`, which becomes SelectedItem() and need not be among the items.
+    void selectItems(const std::vector<TreeItem> &items, const TreeItem &current);
+    /// What is selected, to be brought back while its items are there and in sight.
+    struct Selected {
+        TreeItem current;
+        BitRow others;
+    };
+    Selected selected() const { return {SelectedItem(), others_}; }
+    /// Brings it back without scrolling; nothing happens when the current item has gone.
+    void bringBack(const Selected &before);
+
+    // What the user does to select several items, each of them in sight. The item that is named
+    // becomes SelectedItem().
+
+    /// Selects an item beside what is selected, or does so no longer. The last one stays selected.
+    void toggleSelected(const TreeItem &item);
+    /// Selects the rows from the anchor to an item: alone, or beside `before`. The anchor is the
+    /// item that was selected last by other means.
+    void extendSelection(const TreeItem &to, const Selected &before = {});
+    /// The same from another item on, which becomes the anchor.
+    void selectRange(const TreeItem &from, const TreeItem &to, const Selected &before = {});
+    /// Makes an item that is selected the current one; the others stay selected.
+    void makeCurrent(const TreeItem &item);
+    /// Selects SelectedItem() alone.
+    void selectOnlyCurrent();
 
     /// Runs what the user does with the tree; sends NodeClick if that has selected another item.
     template <typename Gesture>
@@ -85,6 +122,9 @@ Q_SIGNALS:
     /// A mouse button went down on an item or on Nothing. Sent after the press has done its work.
     void mouseDown(const quillon::items::TreeItem &item);
 
+    /// Others are selected beside SelectedItem() than before.
+    void otherSelectedItemsChanged();
+
     /// Items have been expanded or collapsed, so others are shown now.
     void shownRowsChanged();
     void treeVisibleChanged(bool visible);
@@ -93,14 +133,29 @@ Q_SIGNALS:
     void labelEditEndRequested();
 
 private:
-    TreeStore::Slot currentSlot() const { return Nodes::slotAt(selection_.currentIndex()); }
+    using Slot = TreeStore::Slot;
+
+    Slot currentSlot() const { return Nodes::slotAt(selection_.currentIndex()); }
     void followInsertion(const QModelIndex &parent, int first, int last);
     void passSelectionOn(const QModelIndex &parent, int row);
     void followExpansion(const TreeItem &item, bool expanded);
+    void followCurrent();
+    /// Selects `current` and the others beside it, all of which are in sight.
+    void select(BitRow others, Slot current);
+    BitRow noOthers() const;
+    /// Selects neither this item nor what is below it, but for SelectedItem().
+    void dropOthersFrom(Slot top);
+    void dropHiddenOthers();
+    void expandAbove(const std::vector<TreeItem> &items);
 
     Nodes nodes_;
     TreeRows rows_{nodes_.store()};
     QItemSelectionModel selection_;
+    /// The slots of what is selected beside the selected item; that one's is not among them.
+    BitRow others_;
+    /// Where extending the selection starts from.
+    TreeItem anchor_;
+    bool isSelectingSeveral_ = false;
     bool isSelectingInPlace_ = false;
     bool isVisible_ = true;
 };

@@ -19,6 +19,14 @@ public:
     bool test(quint32 position) const { return (words_[position / 64] & mask(position)) != 0; }
     void set(quint32 position);
     void reset(quint32 position);
+    /// The same where the row may end ahead of the position: what it does not have is not set.
+    bool testIfAny(quint32 position) const {
+        return position / 64 < words_.size() && test(position);
+    }
+    void resetIfAny(quint32 position) {
+        if (testIfAny(position))
+            reset(position);
+    }
 
     /// How many bits are set.
     quint32 count() const { return count_; }

@@ -209,6 +209,11 @@ int Nodes::image(const TreeItem &item) const {
     return slot != 0 && source_ != nullptr ? source_->image(store_.sequenceOf(slot)) : -1;
 }
 
+QString Nodes::kind(const TreeItem &item) const {
+    const Slot slot = slotOf(item);
+    return slot != 0 && source_ != nullptr ? source_->kind(store_.sequenceOf(slot)) : QString();
+}
+
 QVariant Nodes::data(const QModelIndex &index, int role) const {
     const Slot slot = slotAt(index);
     const bool isCaption = role == Qt::DisplayRole || role == Qt::EditRole;

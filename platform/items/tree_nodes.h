@@ -17,6 +17,8 @@ public:
     virtual QString caption(quint32 sequence) const = 0;
     /// 0-based place in the view's image list; -1 for no image.
     virtual int image(quint32 sequence) const = 0;
+    /// What the image means, in words for those who cannot see it; empty for nothing.
+    virtual QString kind(quint32) const { return {}; }
 };
 
 /// How a new item stands to the one it is added to.
@@ -99,6 +101,8 @@ public:
 
     /// What the caption source says about the item's image; -1 for Nothing and without a source.
     int image(const TreeItem &item) const;
+    /// What it says about the item's kind; empty for Nothing and without a source.
+    QString kind(const TreeItem &item) const;
 
     QModelIndex index(int row, int column, const QModelIndex &parent = {}) const override;
     QModelIndex parent(const QModelIndex &child) const override;

@@ -29,6 +29,8 @@ public:
         return isLive(slot) ? slot : 0;
     }
     bool isLive(Slot slot) const { return slot < links_.size() && live_.test(slot); }
+    /// All slots are below this number.
+    quint32 slotCount() const { return static_cast<quint32>(links_.size()); }
     quint32 sequenceOf(Slot slot) const { return slot + base_; }
 
     /// Raises InvalidProcedureCall unless the number is positive and greater than that of every

@@ -1,5 +1,6 @@
 #include "view/controls/tree_accessible.h"
 
+#include "resources/node_texts.h"
 #include "view/controls/tree_view.h"
 
 #include <QAccessible>
@@ -32,7 +33,14 @@ public:
     int indexOfChild(const QAccessibleInterface *) const override { return -1; }
 
     QString text(QAccessible::Text kind) const override {
-        return kind == QAccessible::Name ? item_.Text() : QString();
+        switch (kind) {
+        case QAccessible::Name:
+            return item_.Text();
+        case QAccessible::Description:
+            return kindAndLevel();
+        default:
+            return {};
+        }
     }
     void setText(QAccessible::Text, const QString &) override {}
     QAccessible::Role role() const override { return QAccessible::TreeItem; }
@@ -52,7 +60,7 @@ public:
         return nullptr;
     }
 
-    bool isSelected() const override { return item_ && view_.tree().SelectedItem() == item_; }
+    bool isSelected() const override { return view_.tree().isSelected(item_); }
     QList<QAccessibleInterface *> columnHeaderCells() const override { return {}; }
     QList<QAccessibleInterface *> rowHeaderCells() const override { return {}; }
     int columnIndex() const override { return 0; }
@@ -78,6 +86,15 @@ public:
     QStringList keyBindingsForAction(const QString &) const override { return {}; }
 
 private:
+    QString kindAndLevel() const {
+        const items::Nodes &nodes = view_.tree().nodes();
+        const QString kind = nodes.kind(item_);
+        return kind.isEmpty()
+                   ? kind
+                   : resources::node_texts::KindAndLevel.toString().arg(
+                         kind, QString::number(nodes.store().level(nodes.slotOf(item_)) + 1));
+    }
+
     TreeView &view_;
     items::TreeItem item_;
 };
@@ -90,10 +107,12 @@ QAccessible::State RowAccessible::state() const {
     }
     const QRect shown = view_.visualRect(view_.tree().nodes().indexOf(item_));
     state.selectable = true;
+    state.multiSelectable = true;
+    state.extSelectable = true;
     state.focusable = true;
     state.editable = true;
     state.selected = isSelected();
-    state.focused = state.selected && view_.hasFocus();
+    state.focused = view_.hasFocus() && view_.focusItem() == item_;
     state.expandable = static_cast<bool>(item_.Child());
     state.expanded = state.expandable && item_.Expanded();
     state.offscreen = !view_.viewport()->rect().intersects(shown);
@@ -115,6 +134,12 @@ public:
         return QAccessibleWidget::interface_cast(type);
     }
 
+    QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.multiSelectable = true;
+        state.extSelectable = true;
+        return state;
+    }
     int childCount() const override { return view_.rows().count(); }
     QAccessibleInterface *child(int index) const override {
         return accessibleOf(view_.rows().at(index));
@@ -130,7 +155,7 @@ public:
         return row != nullptr && row->isValid() ? row->row() : -1;
     }
     QAccessibleInterface *focusChild() const override {
-        return view_.hasFocus() ? accessibleOf(items::Nodes::slotAt(view_.currentIndex()))
+        return view_.hasFocus() ? accessibleOf(view_.tree().nodes().slotOf(view_.focusItem()))
                                 : QAccessibleWidget::focusChild();
     }
 
@@ -151,21 +176,33 @@ public:
             cells << child(row);
         return cells;
     }
-    int selectedRowCount() const override { return static_cast<int>(selectedRows().size()); }
+    int selectedRowCount() const override { return view_.tree().selectedCount(); }
     QList<int> selectedRows() const override {
-        const int row =
-            view_.rows().rowOf(view_.tree().nodes().slotOf(view_.tree().SelectedItem()));
-        return row < 0 ? QList<int>() : QList<int>{row};
+        // In one pass, as there may be very many.
+        QList<int> rows;
+        const int count = selectedRowCount();
+        for (int row = 0; rows.size() < count && row < rowCount(); ++row) {
+            if (isRowSelected(row))
+                rows << row;
+        }
+        return rows;
     }
-    bool isRowSelected(int row) const override { return selectedRows().contains(row); }
+    bool isRowSelected(int row) const override { return view_.tree().isSelected(itemAt(row)); }
+    /// Beside what is selected, as the interface has it; a row's action selects it alone.
     bool selectRow(int row) override {
-        const items::TreeItem item = view_.tree().nodes().item(view_.rows().at(row));
-        if (item)
-            view_.tree().selectAsUser(item);
+        const items::TreeItem item = itemAt(row);
+        if (item && !view_.tree().isSelected(item))
+            toggle(item);
         return !item.isNothing();
     }
-    // One item of the tree is always selected, and the only column cannot be.
-    bool unselectRow(int) override { return false; }
+    /// False for the last one: one item of the tree is always selected.
+    bool unselectRow(int row) override {
+        const items::TreeItem item = itemAt(row);
+        if (view_.tree().isSelected(item))
+            toggle(item);
+        return item && !view_.tree().isSelected(item);
+    }
+    // The only column cannot be selected.
     int selectedColumnCount() const override { return 0; }
     QList<int> selectedColumns() const override { return {}; }
     bool isColumnSelected(int) const override { return false; }
@@ -186,6 +223,13 @@ public:
     }
 
 private:
+    items::TreeItem itemAt(int row) const {
+        return view_.tree().nodes().item(view_.rows().at(row));
+    }
+    void toggle(const items::TreeItem &item) {
+        view_.tree().asUserGesture([&] { view_.tree().toggleSelected(item); });
+    }
+
     QAccessibleInterface *accessibleOf(items::TreeStore::Slot slot) const {
         if (slot == 0)
             return nullptr;

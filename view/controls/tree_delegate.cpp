@@ -1,5 +1,7 @@
 #include "view/controls/tree_delegate.h"
 
+#include "resources/node_texts.h"
+
 #include <QLineEdit>
 
 #include <algorithm>
@@ -61,6 +63,7 @@ QWidget *TreeDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem 
                                     const QModelIndex &index) const {
     auto *editor = new QLineEdit(parent);
     editor->setFrame(false);
+    editor->setAccessibleName(resources::node_texts::LabelEditorName.toString());
     editor->setMaxLength(std::numeric_limits<int>::max());
     // The text is put in here and once: a change of the item must not overwrite what the user has
     // typed since.

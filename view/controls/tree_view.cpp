@@ -44,6 +44,10 @@ void TreeView::showTree() {
     connect(&tree_, &items::Tree::shownRowsChanged, this, [this] { scheduleDelayedItemsLayout(); });
     connect(&nodes_, &items::Nodes::appearanceChanged, this,
             [this] { scheduleDelayedItemsLayout(); });
+    connect(&tree_, &items::Tree::otherSelectedItemsChanged, this, [this] {
+        viewport()->update();
+        notifyAccessibility(QAccessible::SelectionWithin, currentIndex());
+    });
     connect(&nodes_, &items::Nodes::revealRequested, this,
             [this](const items::TreeItem &item) { scrollTo(nodes_.indexOf(item)); });
     connect(&tree_, &items::Tree::treeVisibleChanged, this, &TreeView::setUpdatesEnabled);
@@ -85,8 +89,9 @@ void TreeView::dataChanged(const QModelIndex &topLeft, const QModelIndex &,
 }
 
 void TreeView::currentChanged(const QModelIndex &current, const QModelIndex &previous) {
+    focusItem_ = {};
     // The base scrolls to the item, unless it is told not to.
-    setAutoScroll(!tree_.isSelectingInPlace());
+    setAutoScroll(!tree_.isSelectingInPlace() && !isSelectingByMouse_);
     QAbstractItemView::currentChanged(current, previous);
     setAutoScroll(true);
     notifyAccessibility(QAccessible::Focus, current);
@@ -179,15 +184,22 @@ void TreeView::mousePressEvent(QMouseEvent *event) {
     isPressSpent_ = branch != 0;
     isPressOnSelected_ = event->button() == Qt::LeftButton && !isPressSpent_ && pressed &&
                          pressed == tree_.SelectedItem();
+    pressForSeveral_.reset();
+    pressPosition_ = position;
+    pressModifiers_ = event->modifiers();
+    isPressBesideCaptions_ =
+        event->button() == Qt::LeftButton && !isPressSpent_ && isBesideCaptions(position);
     if (isPressSpent_)
         setExpandedAsUser(nodes_.item(branch), !nodes_.item(branch).Expanded());
+    else if (isForSeveral(*event, pressed))
+        pressForSeveral(*event, pressed);
     else
         tree_.asUserGesture([&] { QTreeView::mousePressEvent(event); });
     Q_EMIT tree_.mouseDown(pressed);
 }
 
 void TreeView::mouseMoveEvent(QMouseEvent *event) {
-    if (isPressSpent_ && event->buttons() != Qt::NoButton)
+    if ((isPressSpent_ && event->buttons() != Qt::NoButton) || moveForSeveral(*event))
         return;
     if (state() != DraggingState)
         tree_.asUserGesture([&] { QTreeView::mouseMoveEvent(event); });
@@ -197,9 +209,16 @@ void TreeView::mouseMoveEvent(QMouseEvent *event) {
 }
 
 void TreeView::mouseReleaseEvent(QMouseEvent *event) {
+    isPressBesideCaptions_ = false;
+    if (frame_)
+        endFrame();
     // The base would take the release for a click on the item.
     if (std::exchange(isPressSpent_, false))
         return;
+    if (pressForSeveral_) {
+        finishPressForSeveral();
+        return;
+    }
     tree_.asUserGesture([&] { QTreeView::mouseReleaseEvent(event); });
     const items::TreeItem released = HitTest(event->position().toPoint());
     if (std::exchange(isPressOnSelected_, false) && released && released == tree_.SelectedItem())
@@ -207,7 +226,10 @@ void TreeView::mouseReleaseEvent(QMouseEvent *event) {
 }
 
 void TreeView::mouseDoubleClickEvent(QMouseEvent *event) {
-    if (event->button() == Qt::LeftButton && branchAt(event->position().toPoint()) != 0) {
+    const bool isForItems =
+        (event->modifiers() & (Qt::ShiftModifier | Qt::ControlModifier)) != Qt::NoModifier;
+    if (event->button() == Qt::LeftButton &&
+        (isForItems || branchAt(event->position().toPoint()) != 0)) {
         mousePressEvent(event);
         return;
     }
@@ -236,6 +258,8 @@ void TreeView::keyPressEvent(QKeyEvent *event) {
             break;
         }
     }
+    if (keyForSeveral(*event))
+        return;
     // Getting the focus makes the first item current and does not select it. A cursor key would go
     // past it, or nowhere where it is the only one.
     if (!tree_.SelectedItem())
@@ -251,31 +275,14 @@ QModelIndex TreeView::moveCursor(CursorAction action, Qt::KeyboardModifiers) {
     const Slot current = items::Nodes::slotAt(currentIndex());
     const int row = rows_.rowOf(current);
     const int last = rows_.count() - 1;
-    const auto indexAtRow = [&](int to) {
-        return nodes_.indexOf(rows_.at(std::clamp(to, 0, last)));
-    };
     if (last < 0)
         return {};
     if (row < 0)
-        return indexAtRow(0);
+        return nodes_.indexOf(rows_.at(0));
 
     const items::TreeItem item = nodes_.item(current);
     const bool isOpen = canExpand(current) && item.Expanded();
     switch (action) {
-    case MoveUp:
-    case MovePrevious:
-        return indexAtRow(row - 1);
-    case MoveDown:
-    case MoveNext:
-        return indexAtRow(row + 1);
-    case MovePageUp:
-        return indexAtRow(row - rowsPerPage());
-    case MovePageDown:
-        return indexAtRow(row + rowsPerPage());
-    case MoveHome:
-        return indexAtRow(0);
-    case MoveEnd:
-        return indexAtRow(last);
     case MoveLeft:
         if (!isOpen)
             return nodes_.indexOf(item.Parent() ? item.Parent() : item);
@@ -287,6 +294,8 @@ QModelIndex TreeView::moveCursor(CursorAction action, Qt::KeyboardModifiers) {
         if (canExpand(current))
             setExpandedAsUser(item, true);
         break;
+    default:
+        return nodes_.indexOf(rows_.at(rowAfter(action, row)));
     }
     return currentIndex();
 }
@@ -317,8 +326,7 @@ void TreeView::keyboardSearch(const QString &search) {
 
 QItemSelectionModel::SelectionFlags TreeView::selectionCommand(const QModelIndex &index,
                                                                const QEvent *) const {
-    // Whatever modifier is held: one item is selected, and a click beside the items changes
-    // nothing.
+    // What selects several items does not come here. A click beside the items changes nothing.
     return index.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
 }
 

@@ -33,6 +33,9 @@ public:
     /// The item in the row at a point of the viewport, or Nothing.
     items::TreeItem HitTest(const QPoint &position) const;
     bool isEditingLabel() const { return state() == EditingState; }
+    /// The item that keys go to: the selected one, unless Ctrl and a cursor key have gone on from
+    /// it.
+    items::TreeItem focusItem() const;
     /// What the user does by clicking the branch of an item; may send the tree's NodeClick.
     void setExpandedAsUser(const items::TreeItem &item, bool expanded);
 
@@ -101,6 +104,27 @@ private:
     void endLabelEdit();
     void finishLabelEdit();
 
+    // Selecting several items: tree_view_selection.cpp.
+
+    /// Whether a press is about several items. It then does its work when the button is released,
+    /// as it may yet turn out to begin a drag.
+    bool isForSeveral(const QMouseEvent &event, const items::TreeItem &pressed) const;
+    void pressForSeveral(const QMouseEvent &event, const items::TreeItem &pressed);
+    void finishPressForSeveral();
+    /// Begins what the button that is down is for, a drag or a frame, when the pointer has gone far
+    /// enough; false when that is the base's business.
+    bool moveForSeveral(const QMouseEvent &event);
+    bool keyForSeveral(const QKeyEvent &event);
+    /// Whether a point is well behind a caption or below all of them.
+    bool isBesideCaptions(const QPoint &position) const;
+    void beginFrame();
+    /// Has the frame end at dragPosition_ and selects what it spans.
+    void followFrame();
+    void endFrame();
+    void paintFrame(QPainter &painter);
+    void startScrollingNearEdges();
+    int rowAfter(CursorAction action, int row) const;
+
     /// Turns dragging on, in both directions. A collapsed item expands after the pointer has rested
     /// on it for autoExpandDelay().
     void setUpDragging();
@@ -138,6 +162,23 @@ private:
     bool isPressSpent_ = false;
     /// The item that is pressed was selected before.
     bool isPressOnSelected_ = false;
+    /// A press about several items.
+    std::optional<items::TreeItem> pressForSeveral_;
+    /// Where the button went down, and with what keys.
+    QPoint pressPosition_;
+    Qt::KeyboardModifiers pressModifiers_;
+    /// The button went down where a frame may begin.
+    bool isPressBesideCaptions_ = false;
+    /// A frame that is being drawn.
+    struct Frame {
+        /// Where it begins, from the top left of the contents.
+        QPoint origin;
+        items::Tree::Selected before;
+    };
+    std::optional<Frame> frame_;
+    bool isSelectingByMouse_ = false;
+    /// Where Ctrl and the cursor keys have gone.
+    items::TreeItem focusItem_;
     QString searchText_;
     QElapsedTimer searchTimer_;
     /// What was entered in the editor that is closing.

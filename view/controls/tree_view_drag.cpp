@@ -68,7 +68,10 @@ void TreeView::dragMoveEvent(QDragMoveEvent *event) {
     dragPoint_.proposed = event->proposedAction();
     dragPoint_.possible = event->possibleActions();
     answer(*event, hover());
+    startScrollingNearEdges();
+}
 
+void TreeView::startScrollingNearEdges() {
     const int margin = autoScrollMargin();
     if (viewport()->rect().adjusted(margin, margin, -margin, -margin).contains(dragPosition_))
         scrollTimer_.stop();
@@ -126,7 +129,10 @@ void TreeView::scrollAtEdges() {
     scrollAtEdge(*verticalScrollBar(), dragPosition_.y(), size.height(), margin);
     scrollAtEdge(*horizontalScrollBar(), dragPosition_.x(), size.width(), margin);
     // Another item has come under the pointer, which may never move again before the drop.
-    hover();
+    if (frame_)
+        followFrame();
+    else
+        hover();
 }
 
 } // namespace quillon::controls

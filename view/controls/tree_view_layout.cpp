@@ -184,6 +184,8 @@ void TreeView::paintEvent(QPaintEvent *event) {
     const int top = verticalScrollBar()->value();
     forEachRow(top + event->rect().top() / rowHeight_, top + event->rect().bottom() / rowHeight_,
                [&](int row, Slot slot, int level) { paintRow(painter, option, row, slot, level); });
+    if (frame_)
+        paintFrame(painter);
 }
 
 void TreeView::paintRow(QPainter &painter, QStyleOptionViewItem option, int row, Slot slot,
@@ -192,8 +194,11 @@ void TreeView::paintRow(QPainter &painter, QStyleOptionViewItem option, int row,
     option.rect = rowRect(row);
     const bool isHovered =
         viewport()->underMouse() && option.rect.contains(viewport()->mapFromGlobal(QCursor::pos()));
-    option.state.setFlag(QStyle::State_Selected, selectionModel()->isSelected(index));
-    option.state.setFlag(QStyle::State_HasFocus, hasFocus() && index == currentIndex());
+    const items::TreeItem item = nodes_.item(slot);
+    const bool isFocused =
+        hasFocus() && (focusItem_ ? item == focusItem_ : index == currentIndex());
+    option.state.setFlag(QStyle::State_Selected, tree_.isSelected(item));
+    option.state.setFlag(QStyle::State_HasFocus, isFocused);
     option.state.setFlag(QStyle::State_MouseOver, isHovered);
     style()->drawPrimitive(QStyle::PE_PanelItemViewRow, &option, &painter, this);
     paintBranches(painter, option, slot, level);

@@ -40,6 +40,13 @@ protected:
     }
     void select(const QString &text) { tree_.setSelectedItem(named(text)); }
     QString selected() const { return tree_.SelectedItem().Text(); }
+    static QString texts(const std::vector<TreeItem> &items) {
+        QStringList texts;
+        for (const TreeItem &item : items)
+            texts << item.Text();
+        return texts.join(' ');
+    }
+    QString all() const { return texts(tree_.selectedItems()); }
 
     Tree tree_;
     quint32 sequence_ = 0;
@@ -148,6 +155,69 @@ TEST_F(SmallTree, AsksForTheEditingOfACaption) {
     EXPECT_EQ(selected(), "new");
     tree_.enterLabel(named("new"), "re");
     EXPECT_EQ(selected(), "renew");
+}
+
+TEST_F(SmallTree, SelectsSeveralInTheOrderOfTheTree) {
+    select("a1");
+    tree_.extendSelection(named("x"));
+    EXPECT_EQ(all(), "a1 a2 x");
+    EXPECT_EQ(selected(), "x");
+    tree_.toggleSelected(named("b"));
+    EXPECT_EQ(all(), "a1 a2 x b");
+    EXPECT_EQ(selected(), "b");
+    tree_.toggleSelected(named("a1"));
+    EXPECT_EQ(all(), "a2 x b") << "selected, it is no longer";
+    EXPECT_EQ(selected(), "b");
+    EXPECT_EQ(texts(tree_.topmostSelectedItems()), "a2 b") << "x goes with a2";
+    tree_.toggleSelected(named("b"));
+    EXPECT_EQ(selected(), "x") << "the nearest takes its place";
+    tree_.makeCurrent(named("a2"));
+    EXPECT_EQ(all(), "a2 x");
+    EXPECT_EQ(selected(), "a2");
+    tree_.extendSelection(named("a3"), tree_.selected());
+    EXPECT_EQ(all(), "a2 x y a3");
+    tree_.extendSelection(named("a1"));
+    EXPECT_EQ(all(), "a1 a2") << "from where the last other gesture was";
+    tree_.setSelectedItem(named("a1"));
+    EXPECT_EQ(all(), "a1") << "also where it is the current one";
+    tree_.toggleSelected(named("a1"));
+    EXPECT_EQ(all(), "a1");
+    tree_.selectItems({named("y"), named("a1"), {}}, named("b"));
+    EXPECT_EQ(all(), "a1 y b");
+    EXPECT_EQ(selected(), "b");
+}
+
+TEST_F(SmallTree, WhatVanishesIsNoLongerSelected) {
+    const auto start = [&] {
+        tree_.selectItems({named("a1"), named("x"), named("y")}, named("b"));
+    };
+    start();
+    named("a2").setExpanded(false);
+    EXPECT_EQ(all(), "a1 b") << "collapsed";
+    named("a2").setExpanded(true);
+    EXPECT_EQ(all(), "a1 b");
+    start();
+    tree_.makeCurrent(named("y"));
+    named("a2").setExpanded(false);
+    EXPECT_EQ(all(), "a1 a2 b") << "what is collapsed stands for the current one";
+    EXPECT_EQ(selected(), "a2");
+    start();
+    tree_.nodes().Remove(named("a2"));
+    EXPECT_EQ(all(), "a1 b");
+    const Tree::Selected before = tree_.selected();
+    select("a3");
+    tree_.nodes().Remove(named("a1"));
+    tree_.bringBack(before);
+    EXPECT_EQ(all(), "b");
+    tree_.extendSelection(named("a"));
+    tree_.nodes().Remove(named("a"));
+    EXPECT_EQ(all(), "b");
+    tree_.nodes().Clear();
+    EXPECT_EQ(tree_.selectedCount(), 0);
+    add({}, "new");
+    EXPECT_FALSE(tree_.isSelected(named("new")));
+    tree_.bringBack(before);
+    EXPECT_EQ(tree_.selectedCount(), 0) << "of another content";
 }
 
 TEST_F(SmallTree, TellsOnceWhetherItIsToBeSeen) {

@@ -11,7 +11,7 @@ namespace {
 TEST_F(TreeViewTest, ClicksSelect) {
     click("a2");
     EXPECT_EQ(selected(), "a2");
-    click(placeOf(named("x")), Qt::ControlModifier);
+    click("x");
     click(placeOf(named("x")), Qt::ControlModifier);
     EXPECT_EQ(selected(), "x");
     click(QPoint(5, 195));
@@ -220,6 +220,25 @@ TEST_F(TreeViewTest, IsATreeToAssistiveTechnology) {
     EXPECT_EQ(tree->focusChild(), a2);
     EXPECT_EQ(table->selectedRows(), QList<int>{2});
     EXPECT_EQ(clicks_, QStringList{"a2"});
+
+    EXPECT_TRUE(tree->state().multiSelectable && a2->state().multiSelectable);
+    EXPECT_FALSE(table->unselectRow(2)) << "the last one";
+    EXPECT_TRUE(table->selectRow(0));
+    EXPECT_EQ(table->selectedRows(), (QList<int>{0, 2}));
+    EXPECT_EQ(table->selectedCells(), (QList<QAccessibleInterface *>{tree->child(0), a2}));
+    EXPECT_TRUE(a2->state().selected && !a2->state().focused);
+    EXPECT_TRUE(table->unselectRow(0));
+    EXPECT_EQ(table->selectedRows(), QList<int>{2});
+
+    struct Kinds : items::CaptionSource {
+        QString caption(quint32) const override { return {}; }
+        int image(quint32) const override { return 0; }
+        QString kind(quint32) const override { return "要素"; }
+    } kinds;
+    EXPECT_EQ(a2->text(QAccessible::Description), "");
+    tree_.nodes().setCaptionSource(&kinds);
+    EXPECT_EQ(a2->text(QAccessible::Description), "要素、レベル 2");
+    tree_.nodes().setCaptionSource(nullptr);
 
     tree_.nodes().Clear();
     EXPECT_EQ(tree->childCount(), 0);
