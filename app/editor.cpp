@@ -2,6 +2,7 @@
 
 #include "platform/ui/error_boundary.h"
 #include "platform/xml/query/xpath.h"
+#include "resources/node_texts.h"
 
 namespace quillon::app {
 
@@ -23,7 +24,9 @@ Editor::Editor(Environment given, ui::TextBox &txtEdit, ui::PathBox &cboPath, ui
       labels(state, options, builder, tree, pane),
       textEditing(state, options, builder, removal, labels, selection, tree, pane),
       history(state, builder, selection, tree), creation(state, builder, selection, tree),
-      nodeCommands(state, builder, removal, nodeInsertion, selection, tree, clipboard),
+      structure(state, builder, removal, selection, tree),
+      sorting(state, builder, removal, selection, tree, longWork),
+      nodeCommands(state, builder, removal, nodeInsertion, selection, structure, tree, clipboard),
       captionSearch(tree, selection),
       pathQuery(tree, cboPath, selection, builder.registry(), longWork),
       pathCopy(tree, selection, clipboard), pathCompletion(state, cboPath),
@@ -59,6 +62,7 @@ void Editor::wireStatusBar() {
     connect(&builder, &tree::TreeBuilder::statusText, this, &Editor::statusText);
     connect(&selection, &tree::Selection::statusText, this, &Editor::statusText);
     connect(&textEditing, &tree::TextEditing::statusText, this, &Editor::statusText);
+    connect(&sorting, &edit::ChildSorting::statusText, this, &Editor::statusText);
     connect(&captionSearch, &search::CaptionSearch::statusText, this, &Editor::statusText);
     connect(&pathQuery, &search::PathQuery::statusText, this, &Editor::statusText);
     connect(&pathCopy, &search::PathCopy::statusText, this, &Editor::statusText);
@@ -81,6 +85,8 @@ void Editor::wireDocumentCommands() {
     connect(&dragAndDrop, &tree::DragAndDrop::documentModified, &commands, modified);
     connect(&creation, &edit::NodeCreation::documentModified, &commands, modified);
     connect(&nodeCommands, &edit::NodeCommands::documentModified, &commands, modified);
+    connect(&structure, &edit::StructureCommands::documentModified, &commands, modified);
+    connect(&sorting, &edit::ChildSorting::documentModified, &commands, modified);
     connect(&tools, &tools::ToolCommands::documentModified, &commands, modified);
 
     connect(&loader, &DocumentLoader::replacing, &commands, &DocumentCommands::leaveDocument);
@@ -113,6 +119,11 @@ void Editor::wireRecovery(recovery::CrashRecovery &follower) {
 void Editor::wireTree() {
     connect(&tree, &items::Tree::NodeClick, this,
             [this](const TreeItem &item) { guarded([&] { selection.ShowNode(item, true); }); });
+    // How many there are, in the place of what showing the node has left there.
+    connect(&tree, &items::Tree::selectedCountChanged, this, [this](int count) {
+        Q_EMIT statusText(count > 1 ? resources::node_texts::SeveralSelected.toString().arg(count)
+                                    : QString());
+    });
     tree.beforeLabelEdit = [this](const TreeItem &) { return mayEditLabel(); };
     tree.labelEditText = [this](const TreeItem &item) { return labels.editorText(item); };
     tree.afterLabelEdit = [this](const TreeItem &item, QString &text) {

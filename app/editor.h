@@ -2,6 +2,7 @@
 
 #include "document/document_commands.h"
 #include "document/document_loader.h"
+#include "edit/child_sorting.h"
 #include "edit/node_commands.h"
 #include "edit/node_creation.h"
 #include "edit/undo_history.h"
@@ -77,6 +78,8 @@ public:
 
     edit::UndoHistory history;
     edit::NodeCreation creation;
+    edit::StructureCommands structure;
+    edit::ChildSorting sorting;
     edit::NodeCommands nodeCommands;
 
     search::CaptionSearch captionSearch;

@@ -3,7 +3,9 @@
 #include "platform/runtime/strings.h"
 #include "platform/ui/message_box.h"
 #include "resources/messages.h"
+#include "resources/node_texts.h"
 #include "resources/texts.h"
+#include "tree/node_mime_data.h"
 
 #include <QMimeData>
 
@@ -37,9 +39,10 @@ bool isMovable(const Node &node) {
 
 NodeCommands::NodeCommands(const state::DocumentState &state, tree::TreeBuilder &builder,
                            tree::NodeRemoval &removal, tree::NodeInsertion &nodeInsertion,
-                           tree::Selection &selection, items::Tree &tree, ui::Clipboard &clipboard)
+                           tree::Selection &selection, StructureCommands &structure,
+                           items::Tree &tree, ui::Clipboard &clipboard)
     : state_(state), builder_(builder), removal_(removal), nodeInsertion_(nodeInsertion),
-      selection_(selection), tree_(tree), clipboard_(clipboard) {}
+      selection_(selection), structure_(structure), tree_(tree), clipboard_(clipboard) {}
 
 EditMenuStates NodeCommands::mnuEdit_Click() const {
     const NodeType kind = selection_.GetSelectedDOMNode().nodeType();
@@ -68,7 +71,10 @@ NodeMenuStates NodeCommands::mnuNode_Click() const {
         states.addElement = states.addOther = node.nodeType() == NodeType::Element;
         states.insert = node.nodeType() != NodeType::Attribute;
     }
-    if (isMovable(node)) {
+    if (tree_.selectedCount() > 1) {
+        // Whether they can move, and which of them cannot, the commands say.
+        states.moveUp = states.moveDown = true;
+    } else if (isMovable(node)) {
         states.moveUp = bool(node.previousSibling());
         states.moveDown = bool(node.nextSibling());
     }
@@ -78,66 +84,106 @@ NodeMenuStates NodeCommands::mnuNode_Click() const {
 }
 
 void NodeCommands::CopyNode(const TreeItem &item) {
-    if (!item)
-        return;
-    const tree::DepartingNode node(selection_.GetDOMNode(item),
-                                   selection_.GetDOMNode(item.Parent()));
+    if (item)
+        copyItems({item});
+}
+
+void NodeCommands::copyItems(const Items &items) {
+    tree::DepartingNodes nodes;
+    for (const TreeItem &item : items)
+        nodes.add(selection_.GetDOMNode(item), selection_.GetDOMNode(item.Parent()));
     auto data = std::make_unique<QMimeData>();
-    data->setText(runtime::fromUtf8(node.text()));
-    data->setData(tree::NodeFormat, node.packed());
+    data->setText(runtime::fromUtf8(nodes.text()));
+    data->setData(nodes.format(), nodes.packed());
     clipboard_.setMimeData(std::move(data));
 }
 
-TreeItem NodeCommands::insertClipboard(const TreeItem &item) {
+NodeCommands::Items NodeCommands::insertClipboard(const TreeItem &item) {
     const QMimeData *data = clipboard_.mimeData();
-    if (data && data->hasFormat(tree::NodeFormat)) {
-        if (const auto node = tree::unpackedNode(data->data(tree::NodeFormat), state_.m_DOM))
-            return nodeInsertion_.insertArrivedNode(item, *node);
+    if (data && tree::NodeMimeData::hasNodes(*data)) {
+        const auto nodes =
+            tree::unpackedNodes(tree::NodeMimeData::packedNodes(*data), state_.m_DOM);
+        if (!nodes.empty())
+            return nodeInsertion_.insertArrivedNodes(item, nodes);
     }
-    return nodeInsertion_.InsertNodeFromText(item, withoutOuterBlanks(clipboard_.text()));
+    return nodeInsertion_.insertText(item, withoutOuterBlanks(clipboard_.text()));
 }
 
 TreeItem NodeCommands::PasteNode(const TreeItem &item) {
-    const TreeItem newItem = insertClipboard(item);
-    if (!newItem)
+    const Items newItems = insertClipboard(item);
+    if (newItems.empty())
         return {};
-    selection_.ShowNode(newItem, true);
+    if (newItems.size() > 1)
+        tree_.selectItems(newItems, newItems.back());
+    selection_.ShowNode(newItems.back(), true);
     Q_EMIT documentModified();
-    return newItem;
+    return newItems.back();
 }
 
 void NodeCommands::mnuEditCopy_Click() {
-    CopyNode(tree_.SelectedItem());
+    if (const Items items = tree_.topmostSelectedItems(); !items.empty())
+        copyItems(items);
     if (!clipboard_.text().isEmpty() &&
         selection_.GetSelectedDOMNode().nodeType() == NodeType::Element)
         Q_EMIT pasteEnabled();
 }
 
+bool NodeCommands::mayDeleteAll(const Items &items) const {
+    for (const TreeItem &item : items) {
+        const Node node = selection_.GetDOMNode(item);
+        if (node.nodeType() == NodeType::EntityReference) {
+            ui::showMessage(resources::node_texts::ReferenceStays.toString().arg(node.nodeName()),
+                            style::Exclamation);
+            return false;
+        }
+        if (!removal_.mayDelete(item))
+            return false;
+    }
+    return true;
+}
+
 void NodeCommands::mnuEditCut_Click() {
-    if (!removal_.mayDelete(tree_.SelectedItem()))
-        return;
-    CopyNode(tree_.SelectedItem());
-    removal_.DeleteNode(tree_.SelectedItem());
+    const Items items = tree_.topmostSelectedItems();
+    if (items.size() > 1) {
+        if (!mayDeleteAll(items))
+            return;
+        copyItems(items);
+        removal_.DeleteNodes(items);
+    } else {
+        const TreeItem item = items.empty() ? TreeItem() : items.front();
+        if (!removal_.mayDelete(item))
+            return;
+        CopyNode(item);
+        removal_.DeleteNode(item);
+    }
     selection_.ShowNode(tree_.SelectedItem(), true);
 }
 
+bool NodeCommands::confirmsDeleting() const {
+    constexpr int Ask = style::YesNo + style::Question + style::DefaultButton2;
+    const int count = tree_.selectedCount();
+    const QString question = count > 1
+                                 ? resources::node_texts::ConfirmDeleteSeveral.toString().arg(count)
+                                 : resources::messageText(resources::message::ConfirmDelete);
+    return !g_bConfirmDelete || ui::showMessage(question, Ask) == ui::message_answer::Yes;
+}
+
 void NodeCommands::mnuEditDelete_Click() {
-    const TreeItem item = tree_.SelectedItem();
-    if (state_.m_ReadOnly || !item)
+    const Items items = tree_.topmostSelectedItems();
+    if (state_.m_ReadOnly || items.empty())
         return;
-    if (item == tree_.nodes().Item(1)) {
+    if (items.front() == tree_.nodes().Item(1)) {
         ui::showMessage(resources::messageText(resources::message::RootCannotBeDeleted),
                         style::Exclamation);
         return;
     }
-    if (!removal_.mayDelete(item))
+    const bool may = items.size() > 1 ? mayDeleteAll(items) : removal_.mayDelete(items.front());
+    if (!may || !confirmsDeleting())
         return;
-    constexpr int Ask = style::YesNo + style::Question + style::DefaultButton2;
-    if (g_bConfirmDelete &&
-        ui::showMessage(resources::messageText(resources::message::ConfirmDelete), Ask) !=
-            ui::message_answer::Yes)
-        return;
-    removal_.DeleteNode(item);
+    if (items.size() > 1)
+        removal_.DeleteNodes(items);
+    else
+        removal_.DeleteNode(items.front());
     selection_.ShowNode(tree_.SelectedItem(), true);
 }
 
@@ -148,6 +194,17 @@ void NodeCommands::mnuEditPaste_Click() {
 
 void NodeCommands::mnuEditRename_Click() {
     tree_.StartLabelEdit();
+}
+
+void NodeCommands::selectMarked() {
+    const Items marked = tree_.nodes().boldItems();
+    if (marked.empty())
+        return;
+    const TreeItem present = tree_.SelectedItem();
+    tree_.selectItems(marked, present.Bold() ? present : marked.front());
+    if (!present.Bold())
+        tree_.selectItems(marked, tree_.selectedItems().front());
+    selection_.ShowNode(tree_.SelectedItem(), true);
 }
 
 void NodeCommands::moveSelected(TreeItem relItem, Relationship relationship) {
@@ -171,6 +228,10 @@ void NodeCommands::moveSelected(TreeItem relItem, Relationship relationship) {
 }
 
 void NodeCommands::mnuNodeMoveUp_Click() {
+    if (tree_.selectedCount() > 1) {
+        structure_.moveSelected(StructureCommands::Direction::Up);
+        return;
+    }
     const Node node = selection_.GetSelectedDOMNode();
     if (!isMovable(node) || !node.previousSibling())
         return;
@@ -181,6 +242,10 @@ void NodeCommands::mnuNodeMoveUp_Click() {
 }
 
 void NodeCommands::mnuNodeMoveDown_Click() {
+    if (tree_.selectedCount() > 1) {
+        structure_.moveSelected(StructureCommands::Direction::Down);
+        return;
+    }
     const Node node = selection_.GetSelectedDOMNode();
     if (!isMovable(node) || !node.nextSibling())
         return;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "edit/undo_history.h"
+#include "edit/structure_commands.h"
 #include "platform/ui/clipboard.h"
 #include "state/document_state.h"
 #include "tree/node_insertion.h"
@@ -32,22 +32,25 @@ struct NodeMenuStates {
     bool moveDown = false;
 };
 
-/// Removes, moves, renames and transfers nodes. The clipboard holds one node in this program's own
-/// format and its markup as plain text.
+/// Removes, moves, renames and transfers nodes: what is selected, all of it or, where something
+/// cannot be done with one of several nodes, nothing. The clipboard holds the nodes in this
+/// program's own format and their markup as plain text.
 class NodeCommands : public QObject {
     Q_OBJECT
 
 public:
     NodeCommands(const state::DocumentState &state, tree::TreeBuilder &builder,
                  tree::NodeRemoval &removal, tree::NodeInsertion &nodeInsertion,
-                 tree::Selection &selection, items::Tree &tree, ui::Clipboard &clipboard);
+                 tree::Selection &selection, StructureCommands &structure, items::Tree &tree,
+                 ui::Clipboard &clipboard);
 
     EditMenuStates mnuEdit_Click() const;
     NodeMenuStates mnuNode_Click() const;
 
     void CopyNode(const items::TreeItem &item);
-    /// Pastes the clipboard's node, or else its text, at an item; returns the item of the new node,
-    /// or none when nothing was inserted, which leaves the document as it was.
+    /// Pastes the clipboard's nodes, or else its text, at an item; returns the item of the new
+    /// node, the last of several, or none when nothing was inserted, which leaves the document as
+    /// it was.
     items::TreeItem PasteNode(const items::TreeItem &item);
 
     void mnuEditCopy_Click();
@@ -55,6 +58,9 @@ public:
     void mnuEditDelete_Click();
     void mnuEditPaste_Click();
     void mnuEditRename_Click();
+    /// Selects the items that are bold, with the selected one as the current if it is among them,
+    /// else the first.
+    void selectMarked();
     void mnuNodeMoveUp_Click();
     void mnuNodeMoveDown_Click();
 
@@ -67,7 +73,13 @@ Q_SIGNALS:
     void pasteEnabled();
 
 private:
-    items::TreeItem insertClipboard(const items::TreeItem &item);
+    using Items = std::vector<items::TreeItem>;
+
+    void copyItems(const Items &items);
+    Items insertClipboard(const items::TreeItem &item);
+    /// Whether all of several nodes can be deleted; a message box says which cannot.
+    bool mayDeleteAll(const Items &items) const;
+    bool confirmsDeleting() const;
     /// Puts a copy of the selected node at the place named, removes the node and shows the copy.
     void moveSelected(items::TreeItem relItem, items::Relationship relationship);
 
@@ -76,6 +88,7 @@ private:
     tree::NodeRemoval &removal_;
     tree::NodeInsertion &nodeInsertion_;
     tree::Selection &selection_;
+    StructureCommands &structure_;
     items::Tree &tree_;
     ui::Clipboard &clipboard_;
 };

@@ -110,18 +110,27 @@ void UndoHistory::takeSnapshot() {
     if (const TreeItem selected = tree_.SelectedItem()) {
         info->setNodeKey(selected.Key());
         info->setSelectedNode(documentNumber(selected, builder_.registry()));
+        if (tree_.selectedCount() > 1) {
+            std::vector<quint32> numbers;
+            for (const TreeItem &item : tree_.selectedItems())
+                numbers.push_back(documentNumber(item, builder_.registry()));
+            info->setSelectedNodes(std::move(numbers));
+        }
     }
     history().Action(std::move(info));
     Q_EMIT recorded();
 }
 
-void UndoHistory::restore(const clsUndoInfo &info, quint32 changed) {
+void UndoHistory::restore(const clsUndoInfo &info, const clsUndoInfo &change) {
     const std::vector<quint32> path = selectedPath();
     const std::vector<quint32> siblings =
         childNumbers(tree_.SelectedItem().Parent(), builder_.registry());
     state_.m_DOM = info.xml().clone();
     builder_.BuildTree(state_.m_DOM, false, tree::TreeBuilder::Reason::Changed);
     const std::unordered_set<quint32> expand(info.ExpandIndex().begin(), info.ExpandIndex().end());
+    const std::unordered_set<quint32> several(change.selectedNodes().begin(),
+                                              change.selectedNodes().end());
+    std::vector<TreeItem> severalItems;
     std::unordered_map<quint32, std::size_t> heights;
     for (std::size_t height = 0; height < path.size(); ++height)
         heights[path[height]] = height;
@@ -131,16 +140,20 @@ void UndoHistory::restore(const clsUndoInfo &info, quint32 changed) {
     // the pane has no number in common with the one before, but both are the first item.
     TreeItem lowest = path.empty() ? TreeItem() : tree_.nodes().Item(1);
     std::size_t lowestHeight = path.size();
-    const NodeSet concerned(
-        {path, {info.ExpandIndex().begin(), info.ExpandIndex().end()}, {changed}});
+    const NodeSet concerned({path,
+                             {info.ExpandIndex().begin(), info.ExpandIndex().end()},
+                             change.selectedNodes(),
+                             {change.selectedNode()}});
     builder_.registry().forEach([&](quint32 sequence, quint32 number) {
         if (!concerned.contains(number))
             return;
         const auto item = [&] { return tree_.nodes().bySequence(sequence); };
         if (expand.count(number) != 0)
             expanded.push_back(item());
-        if (number == changed)
+        if (number == change.selectedNode())
             changedItem = item();
+        if (several.count(number) != 0)
+            severalItems.push_back(item());
         const auto height = heights.find(number);
         if (height != heights.end() && height->second < lowestHeight) {
             lowest = item();
@@ -157,6 +170,8 @@ void UndoHistory::restore(const clsUndoInfo &info, quint32 changed) {
     }
     if (const TreeItem item = shownAncestor(changedItem ? changedItem : lowest)) {
         tree_.setSelectedItem(item);
+        if (item == changedItem)
+            selectBeside(severalItems);
         selection_.refillPane(item);
     }
     tree_.setTreeVisible(true);
@@ -171,6 +186,16 @@ std::vector<quint32> UndoHistory::selectedPath() const {
     return path;
 }
 
+void UndoHistory::selectBeside(const std::vector<TreeItem> &items) {
+    std::vector<TreeItem> shown;
+    for (const TreeItem &item : items) {
+        if (shownAncestor(item) == item)
+            shown.push_back(item);
+    }
+    if (!shown.empty())
+        tree_.selectItems(shown, tree_.SelectedItem());
+}
+
 TreeItem UndoHistory::shownAncestor(TreeItem item) const {
     for (TreeItem above = item.Parent(); above; above = above.Parent()) {
         if (!above.Expanded())
@@ -182,14 +207,14 @@ TreeItem UndoHistory::shownAncestor(TreeItem item) const {
 void UndoHistory::UndoCommand() {
     const clsUndoRedo::Info left = history().current();
     if (const auto info = history().Undo())
-        restore(*info, left->selectedNode());
+        restore(*info, *left);
     Q_EMIT selectionRestored();
     Q_EMIT moved();
 }
 
 void UndoHistory::RedoCommand() {
     if (const auto info = history().Redo())
-        restore(*info, info->selectedNode());
+        restore(*info, *info);
     // The selection's buttons are left as they are; only undoing sets them.
     Q_EMIT moved();
 }

@@ -41,11 +41,13 @@ Q_SIGNALS:
 
 private:
     clsUndoRedo &history();
-    /// Installs a state. `changed` is the number of the node that was selected when the change
-    /// between the two states was made; it is selected again.
-    void restore(const clsUndoInfo &info, quint32 changed);
+    /// Installs a state. `change` is the later of the two states between which it leads: what was
+    /// selected there when the change was made is selected again.
+    void restore(const clsUndoInfo &info, const clsUndoInfo &change);
     /// The numbers of the selected node and of those above it, from the bottom up.
     std::vector<quint32> selectedPath() const;
+    /// Selects, beside the selected item, those of several that are in sight.
+    void selectBeside(const std::vector<items::TreeItem> &items);
     /// The item itself, or the lowest item above it that can be selected without expanding one.
     items::TreeItem shownAncestor(items::TreeItem item) const;
 

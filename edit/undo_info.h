@@ -35,12 +35,17 @@ public:
     quint32 selectedNode() const { return selectedNode_; }
     void setSelectedNode(quint32 number) { selectedNode_ = number; }
 
+    /// The numbers of all selected nodes where there are several; else empty.
+    const std::vector<quint32> &selectedNodes() const { return selectedNodes_; }
+    void setSelectedNodes(std::vector<quint32> numbers) { selectedNodes_ = std::move(numbers); }
+
 private:
     std::vector<qint32> expand_;
     xml::DOMDocument40 xml_;
     qint32 selectedIndex_ = 0;
     QString nodeKey_;
     quint32 selectedNode_ = 0;
+    std::vector<quint32> selectedNodes_;
 };
 
 } // namespace quillon::edit

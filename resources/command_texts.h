@@ -32,6 +32,7 @@ inline constexpr QStringView EditFind = u"検索(&F)...";
 inline constexpr QStringView EditFindNext = u"次を検索(&N)";
 inline constexpr QStringView EditReplace = u"検索と置換(&H)...";
 inline constexpr QStringView EditCopyXPath = u"XPath をコピー(&Q)";
+inline constexpr QStringView EditSelectMatches = u"一致した項目を選択(&M)";
 inline constexpr QStringView ViewLock = u"要素・属性名のロック(&L)";
 
 inline constexpr QStringView ViewMenu = u"表示(&V)";
@@ -59,6 +60,12 @@ inline constexpr QStringView NodeInsText = u"テキストの挿入(&X)\tCtrl+Alt
 inline constexpr QStringView NodeInsComment = u"コメントの挿入(&M)\tCtrl+Alt+K";
 inline constexpr QStringView NodeInsCDATA = u"CDATAの挿入";
 inline constexpr QStringView NodeDelete = u"削除(&D)";
+inline constexpr QStringView NodeDuplicate = u"複製(&B)";
+inline constexpr QStringView NodeRaise = u"一段上げる(&R)";
+inline constexpr QStringView NodeLower = u"一段下げる(&W)";
+inline constexpr QStringView NodeEnclose = u"要素で囲む(&G)...";
+inline constexpr QStringView NodeUnwrap = u"囲みを外す(&O)";
+inline constexpr QStringView NodeSort = u"並べ替え(&S)...";
 /// In the context menu of the tree alone.
 inline constexpr QStringView AddAttributeToParent = u"親要素に属性を追加(&P)";
 inline constexpr QStringView NodeContextMenu = u"Popup";

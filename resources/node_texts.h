@@ -36,11 +36,15 @@ inline constexpr QStringView CannotLower =
     u"直前に、移動先になる要素が必要です。";
 inline constexpr QStringView CannotDuplicate = u"「%1」は複製できないため、何も変更していません。";
 inline constexpr QStringView CannotDelete = u"「%1」は削除できないため、何も変更していません。";
-inline constexpr QStringView CannotInsertHere =
-    u"貼り付けようとした「%1」は、ここには挿入できません。何も変更していません。";
+inline constexpr QStringView InstructionsAreNotInserted =
+    u"処理命令と文書型宣言は挿入できないため、何も挿入していません。";
+inline constexpr QStringView OnlyElementsAndComments =
+    u"ドキュメントの直下に挿入できるのは要素とコメントだけのため、何も挿入していません。";
+inline constexpr QStringView OnlyOneRoot =
+    u"ルート要素は 1 つだけのため、2 つ以上の要素は挿入できません。何も挿入していません。";
 inline constexpr QStringView SameAttributeTwice =
-    u"同じ名前の属性「%1」が 2 つ以上あるため、1 つの要素には挿入できません。\n"
-    u"何も変更していません。";
+    u"同じ名前の属性「%1」が 2 つ以上あり、1 つの要素には挿入できません。\n"
+    u"何も挿入していません。";
 inline constexpr QStringView OneRootOnly =
     u"ルート要素は 1 つだけです。「%1」を変更すると 2 つ以上になるため、何も変更していません。";
 inline constexpr QStringView TextUnderDocument =
@@ -56,6 +60,8 @@ inline constexpr QStringView EncloseSiblingsOnly =
     u"1 つの要素で囲めるのは、同じ親を持つノードだけです。何も変更していません。";
 inline constexpr QStringView CannotUnwrap =
     u"「%1」は要素ではないため、囲みを外せません。何も変更していません。";
+inline constexpr QStringView RootStays =
+    u"ルート要素「%1」の中に要素がないため、囲みを外せません。何も変更していません。";
 /// %1 is the number of attributes.
 inline constexpr QStringView UnwrapLosesAttributes =
     u"囲みを外すと、要素の属性 %1 個が失われます。よろしいですか？";
@@ -78,6 +84,7 @@ inline constexpr QStringView CannotSort =
 inline constexpr QStringView CannotSortMixed =
     u"「%1」の子にはテキストがあり、並べ替えると文章の順序が変わります。\n"
     u"何も変更していません。";
+inline constexpr QStringView Sorting = u"並べ替えています...";
 inline constexpr QStringView SortedAlready = u"すでにこの順序に並んでいます。";
 
 } // namespace quillon::resources::node_texts

@@ -110,46 +110,82 @@ items::DragOffer DragAndDrop::tvw_OLEStartDrag() {
     if (!m_nodDrag)
         return {};
     const NodeRegistry &registry = builder_.registry();
-    auto data = std::make_unique<NodeMimeData>(
-        DepartingNode(registry.Item(m_nodDrag), registry.Item(m_nodDrag.Parent())));
+    dragged_ = draggedItems();
+    ownNumbers_.clear();
+    DepartingNodes nodes;
+    for (const TreeItem &item : dragged_) {
+        const xml::Node node = registry.Item(item);
+        nodes.add(node, registry.Item(item.Parent()));
+        const bool isAttribute = node.nodeType() == NodeType::Attribute;
+        ownNumbers_.push_back((isAttribute ? item.Parent() : item).sequence());
+    }
+    std::sort(ownNumbers_.begin(), ownNumbers_.end());
+    auto data = std::make_unique<NodeMimeData>(std::move(nodes));
     connect(data.get(), &NodeMimeData::confirmationAnnounced, this,
             [this] { awaitsConfirmation_ = true; });
     // Not while the other program waits for the answer to what it asks.
     connect(
         data.get(), &NodeMimeData::moveConfirmed, this,
-        [this, item = m_nodDrag] { ui::guarded([&] { completeMove(item); }); },
+        [this, items = dragged_] {
+            // Of an earlier drag, otherwise.
+            if (items == unconfirmed_)
+                ui::guarded([&] { completeMove(); });
+        },
         Qt::QueuedConnection);
     items::DragOffer offer{std::move(data)};
     // A reference cannot be deleted, so a move would leave it twice.
-    if (state_.m_ReadOnly || registry.Item(m_nodDrag).nodeType() == NodeType::EntityReference)
+    if (state_.m_ReadOnly || holdsEntityReference(dragged_))
         offer.actions = Qt::CopyAction;
     return offer;
 }
 
+DragAndDrop::Items DragAndDrop::draggedItems() const {
+    if (!tree_.isSelected(m_nodDrag) || tree_.selectedCount() < 2)
+        return {m_nodDrag};
+    return tree_.topmostSelectedItems();
+}
+
+bool DragAndDrop::holdsEntityReference(const Items &items) const {
+    return std::any_of(items.begin(), items.end(), [&](const TreeItem &item) {
+        return builder_.registry().Item(item).nodeType() == NodeType::EntityReference;
+    });
+}
+
 void DragAndDrop::tvw_OLECompleteDrag(Qt::DropAction effect) {
     bringSelectionBack();
-    const TreeItem dragged = std::exchange(m_nodDrag, {});
-    unconfirmed_ = {};
+    m_nodDrag = {};
+    const Items dragged = std::exchange(dragged_, {});
+    unconfirmed_.clear();
     const bool isUnconfirmed = std::exchange(awaitsConfirmation_, false);
-    if (effect != Qt::MoveAction || state_.m_ReadOnly ||
-        builder_.registry().Item(dragged).nodeType() == NodeType::EntityReference)
+    if (effect != Qt::MoveAction || state_.m_ReadOnly || holdsEntityReference(dragged))
         return;
     if (isUnconfirmed)
         unconfirmed_ = dragged;
     else
-        removal_.DeleteNode(dragged);
+        remove(dragged);
 }
 
-void DragAndDrop::completeMove(const TreeItem &item) {
-    if (item && item == unconfirmed_)
-        removal_.DeleteNode(std::exchange(unconfirmed_, {}));
+void DragAndDrop::completeMove() {
+    remove(std::exchange(unconfirmed_, {}));
+}
+
+void DragAndDrop::remove(const Items &items) {
+    // What has gone since is gone already.
+    Items present;
+    std::copy_if(items.begin(), items.end(), std::back_inserter(present),
+                 [](const TreeItem &item) { return bool(item); });
+    const auto mayDelete = [this](const TreeItem &item) { return removal_.mayDelete(item); };
+    if (items.size() == 1 && !present.empty())
+        removal_.DeleteNode(present.front());
+    else if (!present.empty() && std::all_of(present.begin(), present.end(), mayDelete))
+        removal_.DeleteNodes(present);
 }
 
 // ---- The target
 
 void DragAndDrop::tvw_OLEDragEnter(const QMimeData &data) {
     isFile_ = !fileOf(data).isEmpty();
-    isOfUse_ = isFile_ || data.hasFormat(NodeFormat) || data.hasFormat(TextFormat);
+    isOfUse_ = isFile_ || NodeMimeData::hasNodes(data) || data.hasFormat(TextFormat);
     if (!m_nodDrag)
         NodeMimeData::announceConfirmation(data);
 }
@@ -160,21 +196,29 @@ void DragAndDrop::takeMouseDown(const TreeItem &item) {
 }
 
 void DragAndDrop::bringSelectionBack() {
-    if (const auto before = std::exchange(selectedBefore_, std::nullopt); before && *before)
-        tree_.selectInPlace(*before);
-}
-
-bool DragAndDrop::isWithinDragged(const TreeItem &target) const {
-    // By the paths, not by descent, at the price that a later sibling whose caption begins with
-    // the dragged one's is refused as well.
-    return m_nodDrag && pathBeginsWith(target, m_nodDrag);
+    if (const auto before = std::exchange(selectedBefore_, std::nullopt))
+        tree_.bringBack(*before);
 }
 
 bool DragAndDrop::isOwnPlace(const TreeItem &target) const {
+    if (!m_nodDrag)
+        return false;
+    const auto isOwn = [&](const TreeItem &item) {
+        return std::binary_search(ownNumbers_.begin(), ownNumbers_.end(), item.sequence());
+    };
     // An attribute would be given its own value and then be removed.
-    const bool isOwnElement = m_nodDrag && target == m_nodDrag.Parent() &&
-                              builder_.registry().Item(m_nodDrag).nodeType() == NodeType::Attribute;
-    return isOwnElement || isWithinDragged(target);
+    if (isOwn(target))
+        return true;
+    // By the paths, not by descent, at the price that a later sibling whose caption begins with
+    // the dragged one's is refused as well. Of several nodes, each of which may have such siblings,
+    // that would refuse too much.
+    if (ownNumbers_.size() == 1)
+        return pathBeginsWith(target, m_nodDrag);
+    for (TreeItem at = target; at; at = at.Parent()) {
+        if (isOwn(at) && std::find(dragged_.begin(), dragged_.end(), at) != dragged_.end())
+            return true;
+    }
+    return false;
 }
 
 Qt::DropAction DragAndDrop::tvw_OLEDragOver(const DragPoint &point) {
@@ -183,7 +227,7 @@ Qt::DropAction DragAndDrop::tvw_OLEDragOver(const DragPoint &point) {
     if (!point.item)
         return isFile_ ? allowed(Qt::CopyAction, point) : point.proposed;
     if (!selectedBefore_)
-        selectedBefore_ = tree_.SelectedItem();
+        selectedBefore_ = tree_.selected();
     tree_.selectInPlace(point.item);
     // The document takes drops, as of files, but is not offered as a target for nodes.
     if (builder_.registry().Item(point.item).nodeType() != NodeType::Element ||
@@ -208,36 +252,39 @@ Qt::DropAction DragAndDrop::tvw_OLEDragDrop(const DragPoint &point, const QMimeD
 
 Qt::DropAction DragAndDrop::takeDropped(const DragPoint &point, const QMimeData &data) {
     const TreeItem target = point.item ? point.item : tree_.SelectedItem();
+    const bool isOwnDrag(m_nodDrag);
     if (state_.m_ReadOnly || isOwnPlace(target))
         return Qt::IgnoreAction;
     if (!state_.showsDocument())
         return openDropped(data);
     if (!mayLeavePane() || !insertDropped(target, data))
         return Qt::IgnoreAction;
-    Q_EMIT documentModified();
     // Moved, a file would be removed from where it is.
-    if (point.modifiers.testFlag(Qt::ControlModifier) || !fileOf(data).isEmpty() ||
-        !point.possible.testFlag(Qt::MoveAction))
+    const bool isCopy = point.modifiers.testFlag(Qt::ControlModifier) || !fileOf(data).isEmpty() ||
+                        !point.possible.testFlag(Qt::MoveAction);
+    if (!isCopy && dragged_.size() > 1)
+        removal_.removeNodes(std::exchange(dragged_, {}));
+    Q_EMIT documentModified();
+    if (isCopy)
         return Qt::CopyAction;
-    if (!m_nodDrag)
+    if (!isOwnDrag)
         NodeMimeData::confirmMove(data);
     return Qt::MoveAction;
 }
 
-TreeItem DragAndDrop::insertDropped(const TreeItem &target, const QMimeData &data) {
-    if (data.hasFormat(NodeFormat)) {
-        const QByteArray packed = NodeMimeData::packedNode(data);
+bool DragAndDrop::insertDropped(const TreeItem &target, const QMimeData &data) {
+    if (NodeMimeData::hasNodes(data)) {
+        const QByteArray packed = NodeMimeData::packedNodes(data);
         // Too large for the way from one program to another, as its text will be.
         if (packed.isEmpty())
-            return {};
-        if (const auto node = unpackedNode(packed, state_.m_DOM))
-            return nodeInsertion_.insertArrivedNode(target, *node);
+            return false;
+        if (const auto nodes = unpackedNodes(packed, state_.m_DOM); !nodes.empty())
+            return !nodeInsertion_.insertArrivedNodes(target, nodes).empty();
     }
     // A file manager offers text as well, but that is only the names of the files.
     if (const QString file = fileOf(data); !file.isEmpty())
-        return nodeInsertion_.InsertNodeFromText(target, contentOf(file));
-    return data.hasFormat(TextFormat) ? nodeInsertion_.InsertNodeFromText(target, data.text())
-                                      : TreeItem();
+        return !nodeInsertion_.insertText(target, contentOf(file)).empty();
+    return data.hasFormat(TextFormat) && !nodeInsertion_.insertText(target, data.text()).empty();
 }
 
 Qt::DropAction DragAndDrop::openDropped(const QMimeData &data) {

@@ -25,8 +25,9 @@ public:
     /// The item that a mouse button went down on, if any, is the one that a drag would take.
     void takeMouseDown(const items::TreeItem &item);
 
-    /// Begins to drag the item pressed last and offers its node, of a read-only document only for
-    /// copying; without data when no item was pressed.
+    /// Begins to drag the item pressed last, with the others that are selected if it is one of
+    /// several, and offers their nodes, of a read-only document only for copying; without data when
+    /// no item was pressed.
     items::DragOffer tvw_OLEStartDrag();
     /// Something dragged comes in.
     void tvw_OLEDragEnter(const QMimeData &data);
@@ -40,8 +41,9 @@ public:
     /// Qt::CopyAction if Ctrl is held, alone or not, for a file, and where the source allows no
     /// move; Qt::MoveAction otherwise; Qt::IgnoreAction when nothing was inserted.
     Qt::DropAction tvw_OLEDragDrop(const items::DragPoint &point, const QMimeData &data);
-    /// Ends the drag of an item; removes its node after a move, or, where another window of this
-    /// program took it, as soon as that one has confirmed the move.
+    /// Ends the drag; removes the nodes after a move, or, where another window of this program took
+    /// them, as soon as that one has confirmed the move. Several that were moved within the tree
+    /// have gone with the drop, so that the move is one change.
     void tvw_OLECompleteDrag(Qt::DropAction effect);
     /// The drag has gone elsewhere or was given up: what was selected before is so again.
     void bringSelectionBack();
@@ -53,7 +55,8 @@ public:
 
     /// The item that a mouse button went down on last.
     items::TreeItem m_nodDown;
-    /// The item that is dragged out of this tree; Nothing when none is.
+    /// The item that is dragged out of this tree; Nothing when none is. Of several, the one
+    /// pressed.
     items::TreeItem m_nodDrag;
 
 Q_SIGNALS:
@@ -64,11 +67,16 @@ Q_SIGNALS:
     void documentModified();
 
 private:
-    void completeMove(const items::TreeItem &item);
+    using Items = std::vector<items::TreeItem>;
+
+    void completeMove();
+    void remove(const Items &items);
+    /// What is dragged: m_nodDrag alone or several items, none of them below another.
+    Items draggedItems() const;
+    bool holdsEntityReference(const Items &items) const;
     /// Whether what is dragged may not go to an item because of where it comes from.
     bool isOwnPlace(const items::TreeItem &target) const;
-    bool isWithinDragged(const items::TreeItem &target) const;
-    items::TreeItem insertDropped(const items::TreeItem &target, const QMimeData &data);
+    bool insertDropped(const items::TreeItem &target, const QMimeData &data);
     Qt::DropAction takeDropped(const items::DragPoint &point, const QMimeData &data);
     Qt::DropAction openDropped(const QMimeData &data);
 
@@ -81,11 +89,16 @@ private:
     bool isOfUse_ = true;
     bool isFile_ = false;
     /// What was selected before the drag selected what it passes over.
-    std::optional<items::TreeItem> selectedBefore_;
+    std::optional<items::Tree::Selected> selectedBefore_;
     /// The drag has entered a window that will confirm a move.
     bool awaitsConfirmation_ = false;
-    /// The item moved to another window that has not been heard from yet.
-    items::TreeItem unconfirmed_;
+    /// The items that are dragged.
+    Items dragged_;
+    /// The numbers of these items, in their places those of the elements that attributes among them
+    /// belong to; ascending.
+    std::vector<quint32> ownNumbers_;
+    /// The items moved to another window that has not been heard from yet.
+    Items unconfirmed_;
 };
 
 } // namespace quillon::tree

@@ -3,7 +3,11 @@
 #include "platform/runtime/like.h"
 #include "platform/runtime/strings.h"
 #include "platform/ui/message_box.h"
+#include "resources/messages.h"
+#include "resources/node_texts.h"
 #include "tree/fragment.h"
+
+#include <QSet>
 
 namespace quillon::tree {
 
@@ -12,6 +16,14 @@ using runtime::like;
 using runtime::mid;
 using xml::Node;
 using xml::NodeType;
+
+namespace {
+
+NodeInsertion::Items listOf(const TreeItem &item) {
+    return item ? NodeInsertion::Items{item} : NodeInsertion::Items();
+}
+
+} // namespace
 
 Node NodeInsertion::nodeFromText(const QString &text) const {
     if (const Node root = parsedFragment(state_.m_DOM, text.toUtf8()).documentElement())
@@ -34,11 +46,91 @@ Node NodeInsertion::nodeFromText(const QString &text) const {
     return document.createTextNode(text);
 }
 
+std::vector<ArrivedNode> NodeInsertion::nodesFromText(const QString &text) const {
+    std::vector<ArrivedNode> nodes;
+    const bool isMarkup = text.trimmed().startsWith(QLatin1Char('<'));
+    if (!isMarkup || parsedFragment(state_.m_DOM, text.toUtf8()).documentElement())
+        return nodes;
+    const QByteArray markup = "<list>" + text.toUtf8() + "</list>";
+    const Node list = parsedFragment(state_.m_DOM, markup).documentElement();
+    int elements = 0;
+    for (Node child = list.firstChild(); child; child = child.nextSibling()) {
+        const NodeType kind = child.nodeType();
+        elements += kind == NodeType::Element;
+        if (kind == NodeType::Text || kind == NodeType::EntityReference)
+            return {};
+        nodes.push_back({kind == NodeType::ProcessingInstruction ? Node() : child, {}});
+    }
+    return elements > 1 ? nodes : std::vector<ArrivedNode>();
+}
+
 TreeItem NodeInsertion::InsertNodeFromText(const TreeItem &target, const QString &text) {
-    if (!target)
+    const Node node = target ? nodeFromText(text) : Node();
+    return node ? insertTextNode(target, node) : TreeItem();
+}
+
+NodeInsertion::Items NodeInsertion::insertText(const TreeItem &target, const QString &text) {
+    const std::vector<ArrivedNode> nodes = nodesFromText(text);
+    return target && !nodes.empty() ? insertSeveral(target, nodes, Origin::Text)
+                                    : listOf(InsertNodeFromText(target, text));
+}
+
+TreeItem NodeInsertion::insertTextNode(const TreeItem &target, const Node &node) {
+    if (node.nodeType() == NodeType::Element)
+        leaveOutDeclared(node, namespacesAt(builder_.registry().Item(target)));
+    return insertAt(target, node);
+}
+
+NodeInsertion::Items NodeInsertion::insertArrivedNodes(const TreeItem &target,
+                                                       const std::vector<ArrivedNode> &nodes) {
+    if (!target || nodes.empty())
         return {};
-    const Node node = nodeFromText(text);
-    return node ? insertAt(target, node) : TreeItem();
+    return nodes.size() == 1 ? listOf(insertArrivedNode(target, nodes.front()))
+                             : insertSeveral(target, nodes, Origin::Nodes);
+}
+
+QString NodeInsertion::refusal(const Node &target, const std::vector<ArrivedNode> &nodes) const {
+    namespace texts = resources::node_texts;
+    const bool isDocument = target.nodeType() == NodeType::Document;
+    QSet<QString> attributes;
+    int elements = 0;
+    for (const ArrivedNode &arrived : nodes) {
+        const NodeType kind = arrived.node.nodeType();
+        if (!arrived.node)
+            return texts::InstructionsAreNotInserted.toString();
+        if (isDocument && kind != NodeType::Element && kind != NodeType::Comment)
+            return texts::OnlyElementsAndComments.toString();
+        elements += kind == NodeType::Element;
+        if (kind != NodeType::Attribute)
+            continue;
+        const QString name = arrived.node.nodeName();
+        if (attributes.contains(name))
+            return texts::SameAttributeTwice.toString().arg(name);
+        attributes.insert(name);
+    }
+    if (isDocument && elements > 0 && builder_.HasRootElement())
+        return resources::messageText(resources::message::RootAlreadyExists);
+    return isDocument && elements > 1 ? texts::OnlyOneRoot.toString() : QString();
+}
+
+NodeInsertion::Items NodeInsertion::insertSeveral(const TreeItem &target,
+                                                  const std::vector<ArrivedNode> &nodes,
+                                                  Origin origin) {
+    const Node parent = builder_.registry().Item(target);
+    if (parent.nodeType() == NodeType::Element || parent.nodeType() == NodeType::Document) {
+        if (const QString reason = refusal(parent, nodes); !reason.isEmpty()) {
+            ui::showMessage(reason, ui::message_style::Exclamation);
+            return {};
+        }
+    }
+    Items items;
+    const TreeBuilder::PreviewPause pause(builder_);
+    for (const ArrivedNode &node : nodes) {
+        if (const TreeItem item = origin == Origin::Text ? insertTextNode(target, node.node)
+                                                         : insertArrivedNode(target, node))
+            items.push_back(item);
+    }
+    return items;
 }
 
 TreeItem NodeInsertion::insertAttribute(const TreeItem &target, Node attribute) {

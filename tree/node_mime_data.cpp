@@ -27,14 +27,19 @@ void NodeMimeData::confirmMove(const QMimeData &data) {
     ask(data, Confirmation);
 }
 
-QByteArray NodeMimeData::packedNode(const QMimeData &data) {
+bool NodeMimeData::hasNodes(const QMimeData &data) {
+    return data.hasFormat(NodesFormat) || data.hasFormat(NodeFormat);
+}
+
+QByteArray NodeMimeData::packedNodes(const QMimeData &data) {
     // Within this process there is no bound.
-    const auto *own = qobject_cast<const NodeMimeData *>(&data);
-    return own ? own->node_.packed() : data.data(NodeFormat);
+    if (const auto *own = qobject_cast<const NodeMimeData *>(&data))
+        return own->nodes_.packed();
+    return data.data(data.hasFormat(NodesFormat) ? NodesFormat : NodeFormat);
 }
 
 QStringList NodeMimeData::formats() const {
-    return {NodeFormat, Text, Announcement, Confirmation};
+    return {nodes_.format(), Text, Announcement, Confirmation};
 }
 
 bool NodeMimeData::isWithinBounds(const QByteArray &bytes) const {
@@ -44,14 +49,14 @@ bool NodeMimeData::isWithinBounds(const QByteArray &bytes) const {
 
 QVariant NodeMimeData::retrieveData(const QString &format, QMetaType type) const {
     if (format == Text) {
-        const QByteArray utf8 = node_.text();
+        const QByteArray utf8 = nodes_.text();
         // Bytes are for another process.
         if (type.id() == QMetaType::QByteArray && !isWithinBounds(utf8))
             return QString();
         return runtime::fromUtf8(utf8);
     }
-    if (format == NodeFormat) {
-        const QByteArray packed = node_.packed();
+    if (format == nodes_.format()) {
+        const QByteArray packed = nodes_.packed();
         return isWithinBounds(packed) ? packed : QByteArray();
     }
     if (format == Announcement)

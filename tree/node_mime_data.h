@@ -6,9 +6,9 @@
 
 namespace quillon::tree {
 
-/// A dragged node: its XML as plain text and the node in this program's own format, each made when
-/// it is asked for. It holds the node itself, as another program may ask when a move has taken the
-/// node out of its document already.
+/// What is dragged, a node or several: the XML as plain text and the nodes in this program's own
+/// format, each made when it is asked for. It holds the nodes themselves, as another program may
+/// ask when a move has taken them out of their document already.
 ///
 /// To a source in another process the desktop reports the last answer given while hovering, even
 /// if the drop is refused after that. So a window of this program that is a target says by two
@@ -17,11 +17,13 @@ class NodeMimeData final : public QMimeData {
     Q_OBJECT
 
 public:
-    explicit NodeMimeData(const DepartingNode &node) : node_(node) {}
+    explicit NodeMimeData(DepartingNodes nodes) : nodes_(std::move(nodes)) {}
 
-    /// The node in NodeFormat that some data offers; empty when it offers none, or one too large
-    /// to be handed over by another process.
-    static QByteArray packedNode(const QMimeData &data);
+    /// Whether some data offers nodes in one of this program's own formats.
+    static bool hasNodes(const QMimeData &data);
+    /// The nodes in that format; empty when it offers none, or some too large to be handed over by
+    /// another process.
+    static QByteArray packedNodes(const QMimeData &data);
 
     /// The target's side; with data of another origin nothing happens.
     static void announceConfirmation(const QMimeData &data);
@@ -41,8 +43,8 @@ protected:
 private:
     bool isWithinBounds(const QByteArray &bytes) const;
 
-    DepartingNode node_;
-    /// What was asked for last could not be handed over: what was moved is not the node.
+    DepartingNodes nodes_;
+    /// What was asked for last could not be handed over: what was moved is not the nodes.
     mutable bool isTooLarge_ = false;
 };
 

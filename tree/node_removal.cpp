@@ -14,10 +14,30 @@ void NodeRemoval::DeleteNode(const TreeItem &item) {
     if (!item || item == tree_.nodes().Item(1) || !mayDelete(item))
         return;
     removeFromDom(item);
-    UnregisterTreeItem(item);
-    tree_.nodes().Remove(item);
+    removeItem(item);
     Q_EMIT documentModified();
     builder_.SyncPreview();
+}
+
+void NodeRemoval::DeleteNodes(const std::vector<TreeItem> &items) {
+    removeNodes(items);
+    Q_EMIT documentModified();
+    builder_.SyncPreview();
+}
+
+void NodeRemoval::removeNodes(const std::vector<TreeItem> &items) {
+    tree_.selectOnlyCurrent();
+    // From the last one on: the selection then passes to an item that stays, and what is behind an
+    // item in the list of its siblings need not make way for those that go as well.
+    for (auto item = items.rbegin(); item != items.rend(); ++item) {
+        removeFromDom(*item);
+        removeItem(*item);
+    }
+}
+
+void NodeRemoval::removeItem(const TreeItem &item) {
+    UnregisterTreeItem(item);
+    tree_.nodes().Remove(item);
 }
 
 bool NodeRemoval::mayDelete(const TreeItem &item) const {

@@ -16,6 +16,7 @@ namespace {
 
 // The parts of NodeFormat. The version goes with any change that older programs would misread.
 constexpr QLatin1String RootName("quillon-node");
+constexpr QLatin1String ListName("quillon-nodes");
 constexpr QLatin1String ScopeName("scope");
 constexpr QLatin1String ContentName("content");
 constexpr QLatin1String KindName("kind");
@@ -207,15 +208,20 @@ QByteArray DepartingNode::text() const {
     return markup;
 }
 
+QByteArray DepartingNode::markupToCarry() const {
+    return isCarried(node_.nodeType()) ? node_.xml() : QByteArray();
+}
+
 QByteArray DepartingNode::packed() const {
+    const QByteArray markup = markupToCarry();
+    return (markup.contains('&') ? declarations_ : QByteArray()) + envelope(markup);
+}
+
+QByteArray DepartingNode::envelope(const QByteArray &markup) const {
     const NodeType kind = node_.nodeType();
-    const QByteArray markup = isCarried(kind) ? node_.xml() : QByteArray();
-    QByteArray packed;
-    if (markup.contains('&'))
-        packed += declarations_;
-    packed += QStringLiteral("<%1 %2=\"%3\" %4=\"%5\">")
-                  .arg(RootName, VersionName, Version, KindName, TypeName(node_))
-                  .toLatin1();
+    QByteArray packed = QStringLiteral("<%1 %2=\"%3\" %4=\"%5\">")
+                            .arg(RootName, VersionName, Version, KindName, TypeName(node_))
+                            .toLatin1();
     packed += declarations(scope_).xml();
     if (kind == NodeType::Attribute)
         packed += "<content " + markup + "/>";
@@ -226,27 +232,67 @@ QByteArray DepartingNode::packed() const {
     return packed + "</" + RootName.data() + '>';
 }
 
-void ArrivedNode::adaptTo(const Namespaces &place) const {
-    if (node.nodeType() != NodeType::Element)
-        return;
-    Namespaces wanted = scope;
-    // An element outside all namespaces must not be drawn into one.
-    wanted.emplace(QString(), QString());
-    for (const auto &[prefix, uri] : borrowed(node, node.xml(), wanted)) {
-        const auto here = place.find(prefix);
-        if (uri != (here == place.end() ? QString() : here->second))
-            node.setAttribute(declarationOf(prefix), uri);
+QByteArray DepartingNodes::text() const {
+    QByteArrayList texts;
+    for (const DepartingNode &node : nodes_)
+        texts.append(node.text());
+    return texts.join('\n');
+}
+
+QByteArray DepartingNodes::packed() const {
+    if (nodes_.size() == 1)
+        return nodes_.front().packed();
+    QByteArray declarations;
+    QByteArray list;
+    for (const DepartingNode &node : nodes_) {
+        const QByteArray markup = node.markupToCarry();
+        if (markup.contains('&'))
+            declarations = node.declarations_;
+        list += node.envelope(markup);
+    }
+    const QByteArray name(ListName.data(), ListName.size());
+    return declarations + '<' + name + ' ' + VersionName.data() + "=\"" + Version.data() + "\">" +
+           list + "</" + name + '>';
+}
+
+void leaveOutDeclared(const Node &element, const Namespaces &place) {
+    for (const Node &attribute : element.attributes().all()) {
+        const auto prefix = declaredPrefix(attribute.nodeName());
+        if (!prefix || !attribute.specified())
+            continue;
+        const auto here = place.find(*prefix);
+        const bool isSame = here != place.end() ? here->second == attribute.nodeValue()
+                                                : attribute.nodeName() == Declaration &&
+                                                      attribute.nodeValue().isEmpty();
+        if (isSame)
+            element.removeAttribute(attribute.nodeName());
     }
 }
 
-std::optional<ArrivedNode> unpackedNode(const QByteArray &packed, const DOMDocument40 &target) {
-    DOMDocument40 parsed = DOMDocument40::create();
-    parsed.loadXML(packed);
-    Node root = parsed.documentElement();
+void declareAnew(const Node &element, const Namespaces &before, const Namespaces &place) {
+    Namespaces wanted = before;
+    // An element outside all namespaces must not be drawn into one.
+    wanted.emplace(QString(), QString());
+    for (const auto &[prefix, uri] : borrowed(element, element.xml(), wanted)) {
+        const auto here = place.find(prefix);
+        if (uri != (here == place.end() ? QString() : here->second))
+            element.setAttribute(declarationOf(prefix), uri);
+    }
+}
+
+void ArrivedNode::adaptTo(const Namespaces &place) const {
+    if (node.nodeType() != NodeType::Element)
+        return;
+    leaveOutDeclared(node, place);
+    declareAnew(node, scope, place);
+}
+
+namespace {
+
+/// What a packed node is; nothing for what packed() cannot have written.
+std::optional<ArrivedNode> arrivedNode(const Node &root) {
     if (root.nodeName() != RootName || root.getAttribute(VersionName) != Version)
         return std::nullopt;
-    if (!entityDeclarationsOf(parsed).isEmpty())
-        root = readAmong(target, root);
     const Node scope = root.firstChild();
     const Node content = scope.nextSibling();
     const auto namespaces = scopeOf(scope);
@@ -259,6 +305,39 @@ std::optional<ArrivedNode> unpackedNode(const QByteArray &packed, const DOMDocum
         return ArrivedNode{Node(), *namespaces};
     const Node node = contentOf(content, kind);
     return node ? std::optional(ArrivedNode{node, *namespaces}) : std::nullopt;
+}
+
+/// The root element of what is packed. Raises as unpackedNode() does.
+Node unpackedRoot(const QByteArray &packed, const DOMDocument40 &target) {
+    DOMDocument40 parsed = DOMDocument40::create();
+    parsed.loadXML(packed);
+    const Node root = parsed.documentElement();
+    const bool isOurs = root.nodeName() == RootName || root.nodeName() == ListName;
+    return isOurs && !entityDeclarationsOf(parsed).isEmpty() ? readAmong(target, root) : root;
+}
+
+} // namespace
+
+std::optional<ArrivedNode> unpackedNode(const QByteArray &packed, const DOMDocument40 &target) {
+    return arrivedNode(unpackedRoot(packed, target));
+}
+
+std::vector<ArrivedNode> unpackedNodes(const QByteArray &packed, const DOMDocument40 &target) {
+    const Node root = unpackedRoot(packed, target);
+    if (root.nodeName() == RootName) {
+        const auto node = arrivedNode(root);
+        return node ? std::vector{*node} : std::vector<ArrivedNode>();
+    }
+    std::vector<ArrivedNode> nodes;
+    if (root.nodeName() != ListName || root.getAttribute(VersionName) != Version)
+        return nodes;
+    for (Node child = root.firstChild(); child; child = child.nextSibling()) {
+        const auto node = arrivedNode(child);
+        if (!node)
+            return {};
+        nodes.push_back(*node);
+    }
+    return nodes;
 }
 
 } // namespace quillon::tree

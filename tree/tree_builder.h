@@ -9,6 +9,8 @@
 
 #include <QObject>
 
+#include <utility>
+
 namespace quillon::tree {
 
 /// A key that no tree item of this run of the program has had: a number counted up by one,
@@ -81,6 +83,23 @@ public:
 
     /// Asks for a fresh preview after the tree has changed, unless m_bNoSync is set.
     void SyncPreview();
+
+    /// While it lives no preview is asked for; when it goes, one is.
+    class PreviewPause {
+    public:
+        explicit PreviewPause(TreeBuilder &builder)
+            : builder_(builder), before_(std::exchange(builder.m_bNoSync, true)) {}
+        PreviewPause(const PreviewPause &) = delete;
+        PreviewPause &operator=(const PreviewPause &) = delete;
+        ~PreviewPause() {
+            builder_.m_bNoSync = before_;
+            builder_.SyncPreview();
+        }
+
+    private:
+        TreeBuilder &builder_;
+        const bool before_;
+    };
 
     /// Set while the edit pane replaces an element, so that the insertion asks for no preview.
     /// After the root has been replaced it stays set, and the preview waits to be asked for.

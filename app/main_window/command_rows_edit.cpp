@@ -25,6 +25,10 @@ bool canPasteByButton(const Editor &editor) {
     return editor.selection.canPasteFromClipboard();
 }
 
+bool hasMarks(const Editor &editor) {
+    return editor.tree.nodes().hasBold();
+}
+
 void searchBackward(frmMain &form) {
     search::CaptionSearch &search = form.editor().captionSearch;
     if (!search.pattern().isEmpty())
@@ -108,6 +112,10 @@ constexpr CommandRow Rows[] = {
     {.entry = {u"mnuEditCopyXPath", editMenu, text::EditCopyXPath, u"Ctrl+Shift+C"},
      .enabled = hasSelection,
      .run = [](frmMain &form) { form.editor().pathCopy.mnuEditCopyXPath_Click(); }},
+    {.entry = {u"mnuEditSelectMatches", editMenu, text::EditSelectMatches},
+     .enabled = hasMarks,
+     .paneText = PaneText::IsAskedAbout,
+     .run = [](frmMain &form) { form.editor().nodeCommands.selectMarked(); }},
 };
 
 } // namespace

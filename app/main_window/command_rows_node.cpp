@@ -8,6 +8,7 @@ using controls::ActionKind;
 using controls::KeyContext;
 using edit::EditMenuStates;
 using edit::NodeMenuStates;
+using edit::StructureStates;
 
 constexpr QStringView popupMenu = u"mnuNodeContext";
 constexpr QStringView treeMenu = u"treeMenu";
@@ -30,6 +31,18 @@ void addAttribute(frmMain &form) {
         creation.AddAttributeToParent();
     else
         creation.mnuNodeAddAttribute_Click();
+}
+
+template <bool StructureStates::*State>
+bool inStructure(const Editor &editor) {
+    return editor.structure.states().*State;
+}
+
+using Structure = edit::StructureCommands;
+
+template <void (edit::StructureCommands::*Handler)()>
+void change(frmMain &form) {
+    (form.editor().structure.*Handler)();
 }
 
 constexpr CommandRow Rows[] = {
@@ -88,6 +101,32 @@ constexpr CommandRow Rows[] = {
      .enabled = inEditMenu<&EditMenuStates::remove>,
      .paneText = PaneText::IsAskedAbout,
      .run = [](frmMain &form) { form.editor().nodeCommands.mnuEditDelete_Click(); }},
+    line(u"mnuNodeLine4", nodeMenu),
+    {.entry = {u"mnuNodeDuplicate", nodeMenu, text::NodeDuplicate, u"Ctrl+Shift+D",
+               KeyContext::Tree},
+     .enabled = inStructure<&StructureStates::duplicate>,
+     .paneText = PaneText::IsAskedAbout,
+     .run = change<&Structure::duplicateSelected>},
+    {.entry = {u"mnuNodeRaise", nodeMenu, text::NodeRaise, u"Alt+Left", KeyContext::Tree},
+     .enabled = inStructure<&StructureStates::move>,
+     .paneText = PaneText::IsAskedAbout,
+     .run = change<&Structure::raiseSelected>},
+    {.entry = {u"mnuNodeLower", nodeMenu, text::NodeLower, u"Alt+Right", KeyContext::Tree},
+     .enabled = inStructure<&StructureStates::move>,
+     .paneText = PaneText::IsAskedAbout,
+     .run = change<&Structure::lowerSelected>},
+    {.entry = {u"mnuNodeEnclose", nodeMenu, text::NodeEnclose},
+     .enabled = inStructure<&StructureStates::move>,
+     .paneText = PaneText::IsAskedAbout,
+     .run = change<&Structure::encloseSelected>},
+    {.entry = {u"mnuNodeUnwrap", nodeMenu, text::NodeUnwrap},
+     .enabled = inStructure<&StructureStates::unwrap>,
+     .paneText = PaneText::IsAskedAbout,
+     .run = change<&Structure::unwrapSelected>},
+    {.entry = {u"mnuNodeSort", nodeMenu, text::NodeSort},
+     .enabled = inStructure<&StructureStates::sort>,
+     .paneText = PaneText::IsAskedAbout,
+     .run = [](frmMain &form) { form.mnuNodeSort_Click(); }},
 };
 
 constexpr CommandRow ContextRows[] = {
@@ -119,6 +158,16 @@ constexpr CommandRow ContextRows[] = {
     {.entry = {.name = u"treeMenuCopyXPath", .menu = treeMenu, .caption = text::EditCopyXPath},
      .enabled = hasSelection,
      .run = [](frmMain &form) { form.editor().pathCopy.mnuEditCopyXPath_Click(); }},
+
+    // The entries of the Node menu show no key.
+    {.entry = {.name = u"MoveUpByKey", .key = u"Alt+Up", .keyContext = KeyContext::Tree},
+     .treeKeyEnabled = isWritable,
+     .paneText = PaneText::IsAskedAbout,
+     .run = [](frmMain &form) { form.editor().nodeCommands.mnuNodeMoveUp_Click(); }},
+    {.entry = {.name = u"MoveDownByKey", .key = u"Alt+Down", .keyContext = KeyContext::Tree},
+     .treeKeyEnabled = isWritable,
+     .paneText = PaneText::IsAskedAbout,
+     .run = [](frmMain &form) { form.editor().nodeCommands.mnuNodeMoveDown_Click(); }},
 
     {.entry = {.name = u"SelectByPath"},
      .button = {u"move", text::MoveTip, LastMainGroup + 1, 1},

@@ -63,7 +63,7 @@ frmMain::frmMain(Environment environment)
     treePrinting_ = std::make_unique<tools::TreePrinting>(editor_->state, editor_->tree, longWork_);
     treePrinting_->look = [this] { return tools::PrintLook{tvw->font(), tvw->imageList()}; };
     // Nodes are moved within the tree; in the pane they would be typing.
-    txtEdit->refuseDropsOf(tree::NodeFormat);
+    txtEdit->refuseDropsOf({tree::NodeFormat, tree::NodesFormat});
     connectCommands();
     treeKeys_ = std::make_unique<TreeKeys>(*tvw, *editor_, actions_);
     keepHandle();

@@ -51,6 +51,7 @@ public:
     void mnuFilePrintTree_Click() { treePrinting_->mnuFilePrintTree_Click(); }
     void mnuEditReplace_Click();
     void mnuToolOption_Click();
+    void mnuNodeSort_Click();
     void mnuWindowTileH_Click();
     void mnuViewPanel_Click(bool show);
     /// Gives the keyboard to the next part of the window, or with -1 to the one before: tree, pane,
@@ -131,6 +132,8 @@ private:
     std::unique_ptr<Editor> editor_;
     std::unique_ptr<tools::TreePrinting> treePrinting_;
     std::unique_ptr<TreeKeys> treeKeys_;
+    /// What was sorted by last.
+    edit::SortOrder sortOrder_;
     ValidationList *validationList_ = nullptr;
     ReplaceDialog *replaceDialog_ = nullptr;
     ResultPanel *panel_ = nullptr;

@@ -4,6 +4,7 @@
 #include "platform/ui/error_boundary.h"
 #include "platform/ui/message_box.h"
 #include "tools/options_dialog.h"
+#include "tools/sort_dialog.h"
 
 #include <QAction>
 #include <QGuiApplication>
@@ -143,6 +144,16 @@ void frmMain::mnuToolOption_Click() {
     // The places behind a shorter list have to be emptied, too, or old entries come back.
     if (chosen.clearRecentFiles)
         editor_->recentFiles.write(QStringList(document::RecentFiles::MaxWritten));
+}
+
+void frmMain::mnuNodeSort_Click() {
+    if (!editor_->sorting.maySort())
+        return;
+    tools::SortDialog dialog(sortOrder_, this);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    sortOrder_ = dialog.order();
+    editor_->sorting.sort(sortOrder_);
 }
 
 void frmMain::takeFont(const QString &name, qint16 size) {

@@ -78,10 +78,14 @@ public:
     template <typename Gesture>
     void asUserGesture(Gesture &&gesture) {
         const TreeItem before = SelectedItem();
+        const int countBefore = selectedCount();
         std::forward<Gesture>(gesture)();
         const TreeItem after = SelectedItem();
         if (after && after != before)
             Q_EMIT NodeClick(after);
+        if (const int count = selectedCount();
+            count != countBefore && (count > 1 || countBefore > 1))
+            Q_EMIT selectedCountChanged(count);
     }
     /// What the user does by clicking an item.
     void selectAsUser(const TreeItem &item);
@@ -122,6 +126,8 @@ Q_SIGNALS:
     /// A mouse button went down on an item or on Nothing. Sent after the press has done its work.
     void mouseDown(const quillon::items::TreeItem &item);
 
+    /// The user has selected several items, or one again. Sent after NodeClick.
+    void selectedCountChanged(int count);
     /// Others are selected beside SelectedItem() than before.
     void otherSelectedItemsChanged();
 

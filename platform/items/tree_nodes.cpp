@@ -159,6 +159,14 @@ void Nodes::setBold(Slot slot, bool bold) {
     emitDataChanged(slot, {Qt::FontRole});
 }
 
+std::vector<TreeItem> Nodes::boldItems() const {
+    std::vector<TreeItem> items;
+    items.reserve(static_cast<std::size_t>(bold_.size()));
+    for (const Slot slot : bold_)
+        items.push_back(item(slot));
+    return items;
+}
+
 void Nodes::clearBold() {
     if (bold_.isEmpty())
         return;

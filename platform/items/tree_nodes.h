@@ -80,6 +80,9 @@ public:
         captions_.removeIf([&](const auto &own) { return f(store_.sequenceOf(own.key())); });
         Q_EMIT appearanceChanged();
     }
+    /// Whether any item is bold; and all that are, in no order.
+    bool hasBold() const { return !bold_.isEmpty(); }
+    std::vector<TreeItem> boldItems() const;
     /// Makes no item bold.
     void clearBold();
 

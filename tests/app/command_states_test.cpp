@@ -48,6 +48,8 @@ constexpr auto WithNode = "...#########";
 constexpr auto InElement = "...##.......";
 constexpr auto AheadOfNode = "...##.######";
 
+constexpr auto MovableNode = "...##.#####.";
+
 constexpr States MenuStates[] = {
     {"mnuFileNew", Always},
     {"mnuFileOpen", Always},
@@ -71,6 +73,7 @@ constexpr States MenuStates[] = {
     {"mnuViewLock", Always},
     {"mnuEditReplace", WithDocument},
     {"mnuEditCopyXPath", WithDocument},
+    {"mnuEditSelectMatches", NotAtFirst},
     {"mnuNodeCollapse", ".####......."},
     {"mnuNodeExpand", ".####......."},
     {"mnuViewText", Always},
@@ -92,6 +95,12 @@ constexpr States MenuStates[] = {
     {"mnuNodeInsComment", AheadOfNode, ReadOnly::Never},
     {"mnuNodeInsCDATA", AheadOfNode, ReadOnly::Never},
     {"mnuNodeDelete", WithNode, ReadOnly::Never},
+    {"mnuNodeDuplicate", MovableNode, ReadOnly::Never},
+    {"mnuNodeRaise", MovableNode, ReadOnly::Never},
+    {"mnuNodeLower", MovableNode, ReadOnly::Never},
+    {"mnuNodeEnclose", MovableNode, ReadOnly::Never},
+    {"mnuNodeUnwrap", InElement, ReadOnly::Never},
+    {"mnuNodeSort", InElement, ReadOnly::Never},
     {"mnuToolSelXSL", WithDocument},
     {"mnuToolPreview", WithDocument},
     {"mnuToolPreviewSel", WithDocument},
@@ -237,7 +246,8 @@ TEST_F(CommandStates, HideWhatTheTreeMenuOffersForOthers) {
 TEST_F(CommandStates, AreKnownOfEveryCommand) {
     // The hidden menu, which nobody can open, and what has no place in the menu bar.
     std::set<QString> names{"mnuNodeContextUp",  "mnuNodeContextDown", "AddAttributeToParent",
-                            "treeMenuCopyXPath", "SearchBackward",     "SelectByPath"};
+                            "treeMenuCopyXPath", "SearchBackward",     "SelectByPath",
+                            "MoveUpByKey",       "MoveDownByKey"};
     std::set<QString> buttons;
     for (const States &row : MenuStates)
         names.insert(row.name);

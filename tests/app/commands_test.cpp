@@ -3,6 +3,7 @@
 #include "tests/support/private_bus.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QClipboard>
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
@@ -154,6 +155,30 @@ std::vector<Commands::Case> Commands::documentCases() {
         {u"mnuNodeInsComment", [] {}, makes(aheadOfB("<!--Comment1-->"))},
         {u"mnuNodeInsCDATA", [] {}, makes(aheadOfB("<![CDATA[CDATA1]]>"))},
         {u"mnuNodeDelete", confirm, makes(withoutB)},
+        {u"mnuNodeDuplicate", [] {}, makes("<r><a k=\"1\">t</a><b/><b/><c/></r>")},
+        {u"mnuNodeRaise", [this] { select("t"); }, makes("<r><a k=\"1\"></a>t<b/><c/></r>")},
+        {u"mnuNodeLower", [] {}, makes("<r><a k=\"1\">t<b/></a><c/></r>")},
+        {u"mnuNodeEnclose", [this] { dialogs.answerInput("x"); },
+         makes("<r><a k=\"1\">t</a><x><b/></x><c/></r>")},
+        {u"mnuNodeSort",
+         [this] {
+             select("r");
+             QTimer::singleShot(0, form.get(), [] {
+                 auto *box = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+                 ASSERT_NE(box, nullptr);
+                 box->findChild<QCheckBox *>()->setChecked(true);
+                 box->accept();
+             });
+         },
+         makes("<r><c/><b/><a k=\"1\">t</a></r>")},
+        {u"mnuNodeUnwrap",
+         [=, this] {
+             select("a");
+             confirm();
+         },
+         makes("<r>t<b/><c/></r>")},
+        {u"MoveUpByKey", [] {}, makes(bUp)},
+        {u"MoveDownByKey", [] {}, makes(bDown)},
         {u"mnuNodeContextUp", [] {}, makes(bUp)},
         {u"mnuNodeContextDown", [] {}, makes(bDown)},
         {u"AddAttributeToParent", [this] { select("t"); },
@@ -205,6 +230,12 @@ std::vector<Commands::Case> Commands::viewCases() {
              select("b");
          },
          [this] { return selected() == u"r"; }},
+        {u"mnuEditSelectMatches",
+         [this] {
+             cboPath().setText("/r/b | /r/c");
+             editor().pathQuery.SelectByPath();
+         },
+         [this] { return tree().selectedCount() == 2; }},
         {u"SelectByPath", [this] { cboPath().setText("/r/c"); },
          [this] { return selected() == u"c"; }},
         {u"mnuViewLock", [] {}, [this] { return editor().options.viewLock; }},
@@ -378,7 +409,7 @@ TEST_F(Commands, AnswerToTheirKeysAndToNoOther) {
             tvw().setFocus();
         }
     }
-    EXPECT_EQ(keys.size(), 27u);
+    EXPECT_EQ(keys.size(), 32u);
     for (const Qt::KeyboardModifier modifier : {Qt::NoModifier, Qt::ShiftModifier})
         QTest::keyClick(&tvw(), Qt::Key_Delete, modifier);
     EXPECT_EQ(ran, "mnuEditDelete mnuEditDelete ");
@@ -411,6 +442,11 @@ TEST_F(Commands, HaveTheKeysThatUsersKnow) {
         {"mnuNodeInsElement", "Ctrl+Alt+E"},
         {"mnuNodeInsText", "Ctrl+Alt+T"},
         {"mnuNodeInsComment", "Ctrl+Alt+K"},
+        {"mnuNodeDuplicate", "Ctrl+Shift+D"},
+        {"mnuNodeRaise", "Alt+Left"},
+        {"mnuNodeLower", "Alt+Right"},
+        {"MoveUpByKey", "Alt+Up"},
+        {"MoveDownByKey", "Alt+Down"},
         {"mnuToolPreview", "F5"},
         {"mnuToolPreviewSel", "Ctrl+F5"},
         {"mnuToolVerify", "F7"},
@@ -442,9 +478,9 @@ TEST_F(Commands, HaveTheirPlacesAndAccessKeys) {
     };
     EXPECT_EQ(keysOf(form->menuBar()->actions()), "FEVNTWH.") << "the last one is hidden";
     EXPECT_EQ(menuKeys(u"mnuFile"), "NOR|SA|PT|M|CX");
-    EXPECT_EQ(menuKeys(u"mnuEdit"), "URA|TCPD|R|FN|L|HQ");
+    EXPECT_EQ(menuKeys(u"mnuEdit"), "URA|TCPD|R|FN|L|HQM");
     EXPECT_EQ(menuKeys(u"mnuView"), "CE|T|F|PNB|MO");
-    EXPECT_EQ(menuKeys(u"mnuNode"), "UD|EATCD|LXM.|D");
+    EXPECT_EQ(menuKeys(u"mnuNode"), "UD|EATCD|LXM.|D|BRWGOS");
     EXPECT_EQ(menuKeys(u"mnuTool"), "XPNHY|SV|SC|E|O");
     EXPECT_EQ(menuKeys(u"mnuWindow"), "H");
     EXPECT_EQ(menuKeys(u"mnuHelp"), "RA");

@@ -45,10 +45,11 @@ protected:
              {"mnuEditUndo",       "mnuEditCut",          "mnuEditPaste",      "mnuNodeAddElement",
               "mnuNodeAddText",    "mnuNodeAddAttribute", "mnuNodeAddComment", "mnuNodeAddCDATA",
               "mnuNodeInsElement", "mnuNodeInsText",      "mnuNodeInsCDATA",   "mnuNodeInsComment",
-              "mnuNodeMoveDown",   "mnuEditDelete",       "mnuNodeDelete",     "mnuEditRename",
-              "mnuViewText",       "mnuToolRemoveText",   "mnuToolSend",       "mnuFileSave",
-              "mnuFileNew",        "mnuFileOpen",         "mnuFileReload",     "mnuFileClose",
-              "mnuFileQuit"})
+              "mnuNodeDuplicate",  "mnuNodeRaise",        "mnuNodeLower",      "mnuNodeEnclose",
+              "mnuNodeUnwrap",     "mnuNodeSort",         "mnuNodeMoveDown",   "mnuEditDelete",
+              "mnuNodeDelete",     "mnuEditRename",       "mnuViewText",       "mnuToolRemoveText",
+              "mnuToolSend",       "mnuFileSave",         "mnuFileNew",        "mnuFileOpen",
+              "mnuFileReload",     "mnuFileClose",        "mnuFileQuit"})
             ways.push_back({command, [this, command] { run(QString(command)); }});
         return ways;
     }

@@ -55,7 +55,7 @@ public:
     void paste();
 
     /// Has what is dragged in refused if it has a format; it can still be pasted.
-    void refuseDropsOf(const QString &format) { refusedFormat_ = format; }
+    void refuseDropsOf(const QStringList &formats) { refusedFormats_ = formats; }
 
     void setLanguage(Language language) override;
     void takeFocus() override { setFocus(); }
@@ -104,7 +104,7 @@ private:
     bool isRefused(const QMimeData &offered) const;
 
     bool locked_ = false;
-    QString refusedFormat_;
+    QStringList refusedFormats_;
     Language language_ = Language::Plain;
     QByteArray fontFamily_;
     double fontSize_ = 0;

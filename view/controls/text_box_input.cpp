@@ -183,7 +183,8 @@ void TextBox::contextMenuEvent(QContextMenuEvent *event) {
 }
 
 bool TextBox::isRefused(const QMimeData &offered) const {
-    return !refusedFormat_.isEmpty() && offered.hasFormat(refusedFormat_);
+    return std::any_of(refusedFormats_.begin(), refusedFormats_.end(),
+                       [&](const QString &format) { return offered.hasFormat(format); });
 }
 
 void TextBox::dragEnterEvent(QDragEnterEvent *event) {

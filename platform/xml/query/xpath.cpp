@@ -10,6 +10,9 @@
 #include "resources/xml_texts.h"
 #include "resources/xpath_texts.h"
 
+#include <QDataStream>
+#include <QIODevice>
+
 #include <cstring>
 
 namespace quillon::xml {
@@ -100,6 +103,43 @@ std::vector<Node> selectNodes(const Node &context, const QString &expression,
 XPathAnswer evaluateXPath(const Node &context, const QString &expression, const Node &selection,
                           const runtime::Progress &progress) {
     return ask(context, expression, selection, progress, evaluatedWithDefaults);
+}
+
+std::vector<std::optional<QString>> valuesAt(const std::vector<Node> &contexts,
+                                             const QString &expression,
+                                             const runtime::Progress &progress) {
+    std::vector<std::optional<QString>> values;
+    if (contexts.empty())
+        return values;
+    LibxmlTree &tree = treeOf(HandleAccess::arena(contexts.front()));
+    const XPathExpression parsed(expression.toStdString());
+    const QByteArray report = runInChild(
+        [&] {
+            QByteArray all;
+            QDataStream stream(&all, QIODevice::WriteOnly);
+            for (const Node &context : contexts) {
+                const XPathOutcome outcome =
+                    evaluatedWithDefaults(tree, {parsed, tree.find(context.number())});
+                const LibxmlTree::Ordinal first = outcome.nodes.empty() ? 0 : outcome.nodes.front();
+                stream << first << outcome.value.value_or(QByteArray()) << !outcome.value;
+            }
+            return all;
+        },
+        {}, progress);
+    QDataStream stream(report);
+    for (std::size_t i = 0; i < contexts.size(); ++i) {
+        LibxmlTree::Ordinal first = 0;
+        QByteArray value;
+        bool isNodes = false;
+        stream >> first >> value >> isNodes;
+        if (!isNodes)
+            values.emplace_back(QString::fromUtf8(value));
+        else if (first != 0)
+            values.emplace_back(HandleAccess::node(contexts.front(), tree.numberAt(first)).text());
+        else
+            values.emplace_back();
+    }
+    return values;
 }
 
 Node ownerElement(const Node &attribute) {

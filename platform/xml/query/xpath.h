@@ -48,6 +48,13 @@ struct XPathAnswer {
 XPathAnswer evaluateXPath(const Node &context, const QString &expression,
                           const Node &selection = {}, const runtime::Progress &progress = {});
 
+/// What an expression of the user's is worth at each of some nodes of one document: the text of a
+/// value, or of the first node found; nothing where it finds none. Names without a prefix are taken
+/// as above. Raises as above.
+std::vector<std::optional<QString>> valuesAt(const std::vector<Node> &contexts,
+                                             const QString &expression,
+                                             const runtime::Progress &progress = {});
+
 /// The element that an attribute is set on; the empty handle for one that stands nowhere and for
 /// other nodes.
 Node ownerElement(const Node &attribute);

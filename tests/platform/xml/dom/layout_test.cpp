@@ -1,3 +1,5 @@
+#include "platform/runtime/error.h"
+#include "platform/xml/dom/arrangement.h"
 #include "tests/platform/xml/xml_test_support.h"
 
 #include <vector>
@@ -175,6 +177,48 @@ TEST(Layout, AttributesFollowTheOneBefore) {
     for (const char *name : {"a", "b", "c"})
         find(d, name).setAttribute("n", "");
     EXPECT_EQ(xml(d), "<r><a x='1'\n   y='2'\n   n=\"\"/><b x='1' n=\"\"/><c n=\"\"/></r>");
+}
+
+TEST(Layout, WhatIsBelowFollowsAMoveToAnotherDepth) {
+    const struct {
+        const char *before, *node, *to, *after;
+    } cases[] = {
+        {"<r>\n  <a>\n    <n>\n      <x/>\n\n      <y><z/>\n      </y>\n    </n>\n  </a>\n</r>",
+         "n", "r", "<r>\n  <a></a>\n  <n>\n    <x/>\n\n    <y><z/>\n    </y>\n  </n>\n</r>"},
+        {"<r>\r\n\t<n>\r\n\t\t<x>\r\n\t\t</x>\r\n\t</n>\r\n\t<a/>\r\n</r>", "n", "a",
+         "<r>\n\t<a>\n\t\t<n>\n\t\t\t<x>\n\t\t\t</x>\n\t\t</n>\n\t</a>\n</r>"},
+        // Text is content, and a line that begins otherwise is somebody's own way.
+        {"<r>\n  <a>\n    <n>t\n      t<x/></n>\n  </a>\n</r>", "n", "r",
+         "<r>\n  <a></a>\n  <n>t\n      t<x/></n>\n</r>"},
+        {"<r>\n  <a>\n    <n>\n <x/>\n    </n>\n  </a>\n</r>", "n", "r",
+         "<r>\n  <a></a>\n  <n>\n <x/>\n  </n>\n</r>"},
+        {"<r><a><n>\n  <x/>\n</n></a></r>", "n", "r", "<r><a></a><n>\n  <x/>\n</n></r>"},
+    };
+    for (const auto &c : cases) {
+        DOMDocument40 document = DOMDocument40::create();
+        ASSERT_TRUE(document.loadXML(QByteArray(c.before)));
+        const Node node = find(document, c.node);
+        const auto indent = lineIndentOf(node);
+        find(document, c.to).appendChild(node);
+        reindentBelow(node, indent);
+        EXPECT_EQ(document.xml(), c.after);
+    }
+}
+
+TEST(Layout, ChildrenInAnotherOrderStandOnTheSameLines) {
+    DOMDocument40 document = DOMDocument40::create();
+    ASSERT_TRUE(document.loadXML(QByteArray("<r><a/>\n\n <b/><!--c-->\n <d/>\n</r>")));
+    const Node r = document.documentElement();
+    const Node a = find(document, "a");
+    const Node b = find(document, "b");
+    const Node d = find(document, "d");
+    reorderChildren(r, {{d}, {b, b.nextSibling()}, {a}});
+    EXPECT_EQ(document.xml(), "<r><d/>\n\n <b/><!--c-->\n <a/>\n</r>");
+    EXPECT_EQ(a.previousSibling().nodeName(), "#comment");
+    EXPECT_THROW(reorderChildren(r, {{d}, {a}}), runtime::Error);
+    EXPECT_THROW(reorderChildren(r, {{d}, {b, b.nextSibling()}, {a}, {a}}), runtime::Error);
+    EXPECT_THROW(reorderChildren(r, {{r}}), runtime::Error);
+    EXPECT_EQ(document.xml(), "<r><d/>\n\n <b/><!--c-->\n <a/>\n</r>");
 }
 
 } // namespace
