@@ -119,10 +119,19 @@ void Editor::wireRecovery(recovery::CrashRecovery &follower) {
 void Editor::wireTree() {
     connect(&tree, &items::Tree::NodeClick, this,
             [this](const TreeItem &item) { guarded([&] { selection.ShowNode(item, true); }); });
-    // How many there are, in the place of what showing the node has left there.
+    // How many there are, in the place of what showing the node has left there, for as long as they
+    // are selected and nothing else is told.
     connect(&tree, &items::Tree::selectedCountChanged, this, [this](int count) {
-        Q_EMIT statusText(count > 1 ? resources::node_texts::SeveralSelected.toString().arg(count)
-                                    : QString());
+        if (count > 1)
+            tellSelectedCount(resources::node_texts::SeveralSelected.toString().arg(count));
+    });
+    connect(&tree, &items::Tree::otherSelectedItemsChanged, this, [this] {
+        if (tree.selectedCount() < 2 && !toldCount_.isEmpty())
+            tellSelectedCount({});
+    });
+    connect(this, &Editor::statusText, this, [this](const QString &text) {
+        if (text != toldCount_)
+            toldCount_.clear();
     });
     tree.beforeLabelEdit = [this](const TreeItem &) { return mayEditLabel(); };
     tree.labelEditText = [this](const TreeItem &item) { return labels.editorText(item); };
@@ -205,6 +214,11 @@ void Editor::wireReplacing() {
             [this](const search::Hit &hit) { guarded([&] { hitNavigation.show(hit); }); });
     connect(&hits, &search::HitList::shown, &findAndReplace, &FindAndReplace::takeShown);
     findAndReplace.mayLeavePane = [this] { return selection.mayLeavePane(); };
+}
+
+void Editor::tellSelectedCount(const QString &text) {
+    toldCount_ = text;
+    Q_EMIT statusText(text);
 }
 
 bool Editor::mayEditLabel() {

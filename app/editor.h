@@ -123,6 +123,7 @@ private:
     void wireHits();
     void wireReplacing();
 
+    void tellSelectedCount(const QString &text);
     bool mayEditLabel();
     bool takeLabel(const items::TreeItem &item, QString &newText);
     void showAnew();
@@ -131,6 +132,8 @@ private:
 
     /// The file that the preview has shown last.
     QString previewedFile_;
+    /// The status text that says how many nodes are selected, while it is the latest.
+    QString toldCount_;
 };
 
 } // namespace quillon::app

@@ -104,7 +104,7 @@ TEST_F(NodeCommandsWindow, TheContextMenuBelongsToTheItemUnderIt) {
     menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
     ASSERT_TRUE(menu);
     QAction *toParent = form->actions().action(u"AddAttributeToParent");
-    EXPECT_EQ(menu->actions().last(), toParent);
+    EXPECT_TRUE(menu->actions().contains(toParent));
     EXPECT_TRUE(toParent->isVisible());
     EXPECT_FALSE(form->actions().action(u"mnuNodeAddElement")->isEnabled());
     toParent->trigger();

@@ -95,9 +95,11 @@ TEST_F(SeveralNodes, AreDeletedAsOneStep) {
 
     editor().builder.ExpandSubtree(tree().nodes().Item(1));
     selectAll({"b1", "b"});
+    EXPECT_EQ(status(), "2 個のノードを選択しています。");
     dialogs.answerMessage(Yes);
     nodes().mnuEditDelete_Click();
     EXPECT_EQ(xml(), "<r>\n  <a/>\n  <c/>\n  <d/>\n</r>\n");
+    EXPECT_EQ(status(), "");
     select("a");
     dialogs.answerMessage(No);
     nodes().mnuEditDelete_Click();

@@ -98,6 +98,7 @@ TEST_F(DragSeveral, GoToAnotherWindowOnceItHasTakenThem) {
         target.dragHandlers.drop(one, *data);
         QCoreApplication::processEvents();
         EXPECT_EQ(xml() == Document, refused);
+        EXPECT_EQ(status(), refused ? "3 個のノードを選択しています。" : "");
     }
     EXPECT_EQ(xml(), "<doc><other></other><!--c--></doc>");
     EXPECT_EQ(other->editor.state.m_DOM.xml(), "<b><one><item>1</item><items/><in/></one></b>");

@@ -70,6 +70,11 @@ TEST_F(TreeBuilderTest, CaptionsAndImagesOfEveryKind) {
                              "  #cdata-section|IXMLDOMComment\n"
                              "  #text|IXMLDOMText\n"
                              "  e|IXMLDOMElement\n");
+    QStringList kinds;
+    for (int i = 1; i <= tree.nodes().Count(); ++i)
+        kinds << tree.nodes().kind(tree.nodes().Item(i));
+    EXPECT_EQ(kinds.join(' '), "ドキュメント 処理命令 コメント 文書型宣言 要素 属性 "
+                               "CDATA セクション テキスト 要素");
     options.viewText = true;
     builder.BuildTree(state.m_DOM, true);
     EXPECT_EQ(captions(root()), QStringList({"xml", "note", "r", "r"}));

@@ -31,6 +31,7 @@ TEST_F(TreeViewTest, LabelEditsEndByKeyAndFocus) {
         ASSERT_NE(editor(), nullptr);
         EXPECT_EQ(editor()->text(), "a2\r\n ");
         EXPECT_EQ(editor()->selectedText(), "a2\r\n ");
+        EXPECT_EQ(editor()->accessibleName(), "名前または値の編集");
         enter("new", Qt::Key_Return);
         EXPECT_EQ(selected(), "new");
         start();
