@@ -59,9 +59,15 @@ Span spanOf(const Hit &hit) {
     return {qsizetype(hit.at), qsizetype(hit.length)};
 }
 
+/// Places where texts have been put.
+struct Put {
+    Hit hit;
+    QString text;
+};
+
 /// Where the hits that have been replaced are now.
-std::vector<Hit> hitsAfter(const std::vector<Hit> &hits, const std::vector<Change> &changes) {
-    std::vector<Hit> out;
+std::vector<Put> putPlaces(const std::vector<Hit> &hits, const std::vector<Change> &changes) {
+    std::vector<Put> places;
     for (const PartHits &part : hitsByPart(hits)) {
         qsizetype grown = 0;
         for (std::size_t at = part.first; at < part.end; ++at) {
@@ -72,10 +78,30 @@ std::vector<Hit> hitsAfter(const std::vector<Hit> &hits, const std::vector<Chang
             hit.at = quint32(hit.at + grown);
             grown += length - hit.length;
             hit.length = quint32(length);
-            out.push_back(hit);
+            places.push_back({hit, changes[at].after});
         }
     }
-    return out;
+    return places;
+}
+
+/// The list of these places. One is in it for as long as the text that was put there is there.
+Hits listOf(const QString &title, std::vector<Put> places) {
+    Hits list{HitSource::Text, title, {}};
+    for (const Put &place : places)
+        list.hits.push_back(place.hit);
+    const auto node = [](const Put &place) { return place.hit.node; };
+    std::ranges::stable_sort(places, {}, node);
+    const auto sorted = std::make_shared<const std::vector<Put>>(std::move(places));
+    list.findAgain = [sorted, node](const Node &changed, Part part) {
+        std::vector<Hit> still;
+        const QString text = textOf(changed, part);
+        for (const Put &place : std::ranges::equal_range(*sorted, changed.number(), {}, node)) {
+            if (place.hit.part == part && text.mid(place.hit.at, place.hit.length) == place.text)
+                still.push_back(place.hit);
+        }
+        return still;
+    };
+    return list;
 }
 
 } // namespace
@@ -356,7 +382,7 @@ void FindAndReplace::execute() {
                       });
         reached_.reset();
         if (result.made > 0)
-            hits_.show({HitSource::Text, hits_.title(), hitsAfter(hits, changes)});
+            hits_.show(listOf(hits_.title(), putPlaces(hits, changes)));
         tellReplaced(result);
     });
 }

@@ -63,6 +63,7 @@ ReplaceDialog::ReplaceDialog(Editor &editor, QWidget *parent)
     setWindowTitle(texts::DialogTitle.toString());
     setObjectName(QStringLiteral("replaceDialog"));
     message_ = textLine("message");
+    message_->setMinimumHeight(2 * message_->fontMetrics().lineSpacing());
     message_->setAccessibleName(texts::MessageName.toString());
 
     auto *left = new QVBoxLayout;

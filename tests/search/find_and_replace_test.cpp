@@ -196,7 +196,11 @@ TEST_F(FindAndReplaceTest, ReplacingAllIsOneStepAndTouchesNothingElse) {
     EXPECT_EQ(read("out.xml"), expected);
     EXPECT_EQ(undoAll(), 1);
     EXPECT_EQ(state().m_DOM.serialize(), bytes);
+    hits().sweepAll();
+    EXPECT_EQ(hits().rowCount(), 0);
     editor().history.RedoCommand();
+    hits().sweepAll();
+    EXPECT_EQ(hits().rowCount(), 6);
     EXPECT_EQ(state().m_DOM.serialize(), expected);
 }
 
