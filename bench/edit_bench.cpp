@@ -41,7 +41,7 @@ void measureEditing(Table &table, app::frmMain &form, const QString &path) {
     // About 100,000 siblings take a third of it.
     table.row("path of a node, among 300,000 siblings",
               bestOf(3, [&] { return !xml::pathTo(lastRecord.firstChild()).isEmpty(); }), "ms",
-              150);
+              300);
     const QString copy = path + QStringLiteral(".copy");
     table.row("save", bestOf(3, [&] { editor.state.m_DOM.save(copy); }), "ms", 0);
     table.row("expand everything",
