@@ -34,8 +34,8 @@ std::vector<Node> selectNodes(const Node &context, const QString &expression,
 struct XPathAnswer {
     /// The nodes found, in document order, each once.
     std::vector<Node> nodes;
-    /// The text of a result that is a number, a text or a truth value ("true" or "false"); nothing
-    /// for nodes.
+    /// The text of a result that is a number, a text or a truth value ("true" or "false"), in UTF-8
+    /// no more than 64 KB of it; nothing for nodes.
     std::optional<QString> value;
     /// The names without a prefix were taken for those of a default namespace.
     bool inDefaultNamespace = false;

@@ -19,6 +19,9 @@ namespace {
 /// Upper bound of the operations of one query, most of them a look at one node: a few seconds.
 constexpr unsigned long MaxOperations = 100'000'000;
 
+/// So much of a text is given, in bytes.
+constexpr qsizetype MostOfText = 64 * 1024;
+
 using Context = std::unique_ptr<xmlXPathContext, Releaser<xmlXPathFreeContext>>;
 using Compiled = std::unique_ptr<xmlXPathCompExpr, Releaser<xmlXPathFreeCompExpr>>;
 using Result = std::unique_ptr<xmlXPathObject, Releaser<xmlXPathFreeObject>>;
@@ -65,6 +68,15 @@ struct Hit {
 using Hits = std::vector<Hit>;
 /// Whether the node in each place has been found.
 using Seen = std::vector<bool>;
+
+/// The start of a text, whole characters of it.
+QByteArray startOf(const xmlChar *text) {
+    const std::string_view whole = view(text);
+    qsizetype size = std::min(qsizetype(whole.size()), MostOfText);
+    while (size > 0 && size < qsizetype(whole.size()) && (text[size] & 0xC0) == 0x80)
+        --size;
+    return {whole.data(), size};
+}
 
 /// The default namespace in force at a node; null for none.
 const xmlChar *defaultNamespaceAt(const xmlNode *node) {
@@ -251,7 +263,9 @@ std::optional<Hits> Query::take(const std::vector<Compiled> &steps, XPathOutcome
                 failure_.code = XPATH_INVALID_TYPE;
                 raiseXPathError(question_.expression, failure_);
             }
-            outcome.value = taken(xmlXPathCastToString(result.get()));
+            xmlChar *text = xmlXPathCastToString(result.get());
+            outcome.value = startOf(text);
+            xmlFree(text);
             return {};
         }
         if (!std::is_sorted(next.begin(), next.end()))

@@ -19,7 +19,7 @@ struct XPathQuestion {
 struct XPathOutcome {
     /// The nodes found, in document order, each once.
     std::vector<LibxmlTree::Ordinal> nodes;
-    /// The text of a result that is not nodes.
+    /// The text of a result that is not nodes, or the first 64 KB of it.
     std::optional<QByteArray> value;
     /// The names without a prefix are those of a default namespace.
     bool inDefaultNamespace = false;

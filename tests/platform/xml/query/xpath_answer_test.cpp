@@ -138,6 +138,9 @@ TEST(XPathAnswer, TextsOfAnyLengthAreSeen) {
         answer(parsed("<r><a>1</a><b>" + text + "</b><c v='" + text + "'/><d>2</d></r>").node(),
                "concat(//a, string-length(//b), string-length(//c/@v), //d)"),
         "=1500000050000002");
+    const XPathAnswer padding =
+        evaluateXPath(parsed("<r/>").node(), q("str:padding(1000000, 'あ')"));
+    EXPECT_EQ(padding.value, QString(21'845, u'あ')) << "as much as anybody reads";
 }
 
 } // namespace
