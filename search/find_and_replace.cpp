@@ -1,7 +1,7 @@
 #include "search/find_and_replace.h"
 
 #include "platform/runtime/error.h"
-#include "platform/xml/query/xpath.h"
+#include "platform/xml/dom/document_states.h"
 #include "resources/search_texts.h"
 #include "search/replace_plan.h"
 #include "search/selected_node.h"
@@ -127,11 +127,21 @@ QString FindAndReplace::fault(const SearchRequest &request) const {
 void FindAndReplace::told(const std::function<void()> &command) {
     if (!state_.showsDocument())
         return;
+    forgetOtherDocument();
     try {
         command();
     } catch (const runtime::Error &error) {
         Q_EMIT statusText(error.description());
     }
+}
+
+void FindAndReplace::forgetOtherDocument() {
+    if (!xml::haveCommonOrigin(document_, state_.m_DOM)) {
+        reached_.reset();
+        anchor_ = 0;
+        queryHits_.clear();
+    }
+    document_ = state_.m_DOM.clone();
 }
 
 void FindAndReplace::remember(const SearchRequest &request, bool replaces) {
@@ -143,6 +153,7 @@ void FindAndReplace::remember(const SearchRequest &request, bool replaces) {
 void FindAndReplace::takeShown() {
     if (hits_.source() != HitSource::Query)
         return;
+    forgetOtherDocument();
     queryHits_.clear();
     for (int row = 0; row < hits_.rowCount(); ++row)
         queryHits_.push_back(hits_.hit(row).node);

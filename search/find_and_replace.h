@@ -95,6 +95,8 @@ private:
 
     /// Runs a command; what it raises is told.
     void told(const std::function<void()> &command);
+    /// Forgets all nodes when the present document is not the one that they are of.
+    void forgetOtherDocument();
     void remember(const SearchRequest &request, bool replaces);
     bool isAtLatestHit(const SearchRequest &request) const;
     std::vector<xml::Node> topsOf(const SearchRequest &request);
@@ -114,6 +116,8 @@ private:
     HitList &hits_;
     ui::LongWork &longWork_;
 
+    /// A state of the document that the numbers below belong to.
+    xml::DOMDocument40 document_;
     std::optional<Reached> reached_;
     /// The node that a search below the selection is about, while hits are being walked through.
     quint32 anchor_ = 0;

@@ -349,6 +349,22 @@ TEST_F(FindAndReplaceTest, APlanFollowsWhatIsEditedMeanwhile) {
     EXPECT_EQ(xml(), "<r><a>zzy</a><b>z</b><c>y</c></r>");
 }
 
+TEST_F(FindAndReplaceTest, NumbersOfAnotherDocumentMeanNothing) {
+    open("<r><a>x</a><b>x</b></r>");
+    scope = SearchScope::QueryHits;
+    cboPath().setText("//b");
+    editor().pathQuery.SelectByPath();
+    commands().planAll(request("x", "y"));
+    ASSERT_EQ(hits().rowCount(), 1);
+    // Typed anew as a whole, the document has the same numbers for other nodes.
+    editor().selection.ShowNode(tree().nodes().Item(1), true);
+    type("<q><x/>t<b>xx</b></q>");
+    commands().execute();
+    EXPECT_EQ(xml(), "<q><x/>t<b>xx</b></q>");
+    commands().findAll(request("x"));
+    EXPECT_TRUE(status().startsWith("検索の対象になる XPath の検索結果がありません。"));
+}
+
 TEST_F(FindAndReplaceTest, WhatMayNotChangeDoesNot) {
     open("<a a='a'>a</a>");
     editor().options.viewLock = true;
