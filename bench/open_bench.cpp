@@ -4,6 +4,7 @@
 #include "app/start_up/start_up.h"
 #include "bench/check_bench.h"
 #include "bench/edit_bench.h"
+#include "bench/hit_bench.h"
 #include "bench/search_bench.h"
 #include "view/controls/application.h"
 #include "view/controls/desktop_dialogs.h"
@@ -80,6 +81,8 @@ void openAndPrint(int argc, char **argv, const char *task, const char *path) {
         measureEditing(table, *form, QString::fromLocal8Bit(path));
     else if (std::strcmp(task, "--search") == 0)
         measureSearching(table, *form);
+    else if (std::strcmp(task, "--hits") == 0)
+        measureHits(table, *form);
     else if (std::strcmp(task, "--check") == 0)
         measureChecking(table, *form, QString::fromLocal8Bit(path));
     else

@@ -32,7 +32,7 @@ private:
     unsigned steps_ = 0;
 };
 
-/// The paths that nodes have without their places among siblings, as a tree of steps. Each node
+/// The paths that nodes have without their places among siblings, as a tree of steps. What is far
 /// above is looked at once, however deep the document is.
 class Paths {
 public:
@@ -48,10 +48,11 @@ public:
             }
             way_.push_back(at);
         }
-        for (auto down = way_.rbegin(); down != way_.rend(); ++down) {
-            path = step(path, stepTo(*down));
-            if (down->nodeType() == NodeType::Element)
-                known_.emplace(down->number(), path);
+        for (std::size_t down = way_.size(); down-- > 0;) {
+            path = step(path, stepTo(way_[down]));
+            // Most nodes and most of their parents are asked about once.
+            if (down >= 2)
+                known_.emplace(way_[down].number(), path);
         }
         return path;
     }

@@ -43,9 +43,6 @@ void ResultPanel::connectTable() {
     connect(&hits, &HitList::shown, this, [this] {
         table_->showOrder(-1, Qt::AscendingOrder);
         table_->scrollToTop();
-        // Whoever searches the document for a text asks for the list; the others look at the tree.
-        if (!editor_.hits.isEmpty() && editor_.hits.source() == search::HitSource::Text)
-            show();
         showTitle();
     });
     connect(&hits, &HitList::rowsChanged, this, [this] {

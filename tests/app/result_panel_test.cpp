@@ -1,6 +1,7 @@
 #include "app/main_window/result_panel.h"
 #include "tests/support/editor_window.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
@@ -86,6 +87,11 @@ TEST_F(ResultPanel, LeadsToNodesAndPlaces) {
     QTest::keyClick(&table(), Qt::Key_Return);
     EXPECT_EQ(selected(), "three");
     EXPECT_TRUE(tvw().hasFocus());
+    cboPath().setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F4);
+    EXPECT_TRUE(cboPath().view()->isVisible()) << "there the key opens the list";
+    EXPECT_EQ(selected(), "three");
+    cboPath().hidePopup();
     QTest::keyClick(&tvw(), Qt::Key_F4, Qt::ShiftModifier);
     EXPECT_EQ(selected(), "two");
     EXPECT_EQ(table().currentIndex().row(), 1) << "the table follows the keys";

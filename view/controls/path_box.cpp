@@ -70,6 +70,17 @@ void PathBox::wheelEvent(QWheelEvent *event) {
     event->ignore();
 }
 
+bool PathBox::event(QEvent *event) {
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto &key = *static_cast<QKeyEvent *>(event);
+        if (key.key() == Qt::Key_F4 && key.modifiers() == Qt::NoModifier) {
+            event->accept();
+            return true;
+        }
+    }
+    return QComboBox::event(event);
+}
+
 void PathBox::keyPressEvent(QKeyEvent *event) {
     if (proposalList()->isVisible()) {
         const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;

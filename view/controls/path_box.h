@@ -38,6 +38,8 @@ Q_SIGNALS:
     void Click();
 
 protected:
+    /// F4 opens the list, as in every such box, also where the window has another use for it.
+    bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     /// Turning the wheel on the way over the toolbar is no choice from the list.
     void wheelEvent(QWheelEvent *event) override;
