@@ -47,6 +47,8 @@ inline constexpr QStringView Planned =
 inline constexpr QStringView PlannedLess = u"%L1 か所を置換します。%L2 "
                                            u"か所は置換できません。内容を確認して「実行」"
                                            u"を押してください。";
+inline constexpr QStringView NothingPlanned =
+    u"%L1 か所で見つかりましたが、置換できません。理由は一覧に表示されています。";
 inline constexpr QStringView NothingTicked = u"置換する項目が選択されていません。";
 inline constexpr QStringView PlanGivenUp = u"置換を取り消しました。";
 inline constexpr QStringView Replaced = u"%L1 か所を置換しました。";
@@ -66,10 +68,9 @@ inline constexpr QStringView KindWildcards = u"ワイルドカード(&K)";
 inline constexpr QStringView KindExpression = u"正規表現(&G)";
 inline constexpr QStringView PlainHint = u"入力した文字列をそのまま検索します。";
 inline constexpr QStringView WildcardsHint =
-    u"* 任意の文字列　? 任意の 1 文字　# 数字 1 文字　[あいう] いずれか 1 文字　"
-    u"[!あいう] それ以外の 1 文字";
+    u"*: 任意の文字列　?: 1 文字　#: 数字　[あいう]: いずれか　[!あいう]: それ以外";
 inline constexpr QStringView ExpressionHint =
-    u"置換後の文字列で、$1、$2 … はグループ、$& は一致した全体、\\n は改行、\\t はタブを表します。";
+    u"置換後の文字列では　$1, $2: グループ　$&: 全体　\\n: 改行　\\t: タブ";
 inline constexpr QStringView MatchCase = u"大文字と小文字を区別する(&C)";
 inline constexpr QStringView WholeWord = u"単語単位で検索する(&W)";
 inline constexpr QStringView MatchWidth = u"全角と半角、ひらがなとカタカナを区別する(&Z)";

@@ -362,9 +362,11 @@ void FindAndReplace::showPlan(const SearchRequest &request,
     const auto good = qlonglong(plan.changes.size()) - qlonglong(refused);
     hits_.show(std::move(plan));
     Q_EMIT listed();
-    Q_EMIT statusText(refused == 0
-                          ? texts::Planned.toString().arg(good)
-                          : texts::PlannedLess.toString().arg(good).arg(qlonglong(refused)));
+    const QString told = refused == 0 ? texts::Planned.toString().arg(good)
+                         : good == 0
+                             ? texts::NothingPlanned.toString().arg(qlonglong(refused))
+                             : texts::PlannedLess.toString().arg(good).arg(qlonglong(refused));
+    Q_EMIT statusText(told);
 }
 
 bool FindAndReplace::hasPlan() const {

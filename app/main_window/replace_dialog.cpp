@@ -117,9 +117,6 @@ QWidget *ReplaceDialog::kindGroup() {
     }
     kinds_->button(int(PatternKind::Plain))->setChecked(true);
     hint_ = textLine("hint");
-    // The longest has two lines, and the groups below stay where they are.
-    hint_->setMinimumHeight(2 * hint_->fontMetrics().lineSpacing());
-    hint_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     grid->addWidget(hint_, 1, 0, 1, column);
     matchCase_ = new QCheckBox(texts::MatchCase.toString());
     wholeWord_ = new QCheckBox(texts::WholeWord.toString());

@@ -3,6 +3,8 @@
 #include "search/find_and_replace.h"
 #include "tests/support/headless_editor.h"
 
+#include <QSignalSpy>
+
 namespace quillon::test {
 
 namespace {
@@ -173,6 +175,7 @@ TEST_F(FindAndReplaceTest, ReplacingAllIsOneStepAndTouchesNothingElse) {
     editor().selection.ShowNode(element, true);
     const QStringList before = expanded();
     const int count = tree().nodes().Count();
+    QSignalSpy previews(&editor().builder, &tree::TreeBuilder::syncPreviewRequested);
     commands().planAll(request("x", "\u7F6E"));
     EXPECT_EQ(status(), "6 か所を置換します。1 か所は置換できません。"
                         "内容を確認して「実行」を押してください。")
@@ -185,6 +188,7 @@ TEST_F(FindAndReplaceTest, ReplacingAllIsOneStepAndTouchesNothingElse) {
               before.join(' ').replace("x", "\u7F6E").replace("\u7F6Eml", "xml"));
     EXPECT_EQ(captions(element), QStringList({"a=\"\u7F6E\"", "b=\"1\"", "\u7F6E\n>\u7F6E"}));
     EXPECT_EQ(tree().nodes().Count(), count);
+    EXPECT_EQ(previews.count(), 1);
     EXPECT_TRUE(txtEdit().Text().startsWith("<\u7F6E  a=\"\u7F6E\""));
     EXPECT_TRUE(state().m_Modified);
     // The list shows what has been done, and another step would find nothing to do.
@@ -241,6 +245,7 @@ TEST_P(ObstacleTest, IsTold) {
     open(document);
     const QByteArray before = xml();
     EXPECT_EQ(plan(request(what, with)).join('|').toStdString(), expected.join('|').toStdString());
+    EXPECT_EQ(status().startsWith("0 "), false);
     // What is left out does not keep the rest from being done, and that can be read again.
     commands().execute();
     xml::DOMDocument40 again = xml::DOMDocument40::create();
