@@ -4,6 +4,7 @@
 #include "resources/hit_texts.h"
 
 #include <QApplication>
+#include <QLocale>
 #include <QMainWindow>
 #include <QPushButton>
 #include <QTimer>
@@ -88,12 +89,13 @@ void ResultPanel::shut() {
 void ResultPanel::showTitle() {
     const HitList &hits = editor_.hits;
     const bool hasTitle = !hits.title().isEmpty() || !hits.isEmpty();
+    const QString count = QLocale(QLocale::Japanese).toString(hits.rowCount());
     const QString title =
-        hasTitle ? texts::HitsTitle.toString().arg(hits.rowCount()) : texts::HitsName.toString();
+        hasTitle ? texts::HitsTitle.toString().arg(count) : texts::HitsName.toString();
     lists_->setTitle(*table_, title,
-                     hasTitle ? texts::HitsToolTip.toString().arg(hits.rowCount()).arg(hits.title())
+                     hasTitle ? texts::HitsToolTip.toString().arg(count).arg(hits.title())
                               : QString());
-    button_->setText(texts::HitsButton.toString().arg(hits.rowCount()));
+    button_->setText(texts::HitsButton.toString().arg(count));
     button_->setVisible(!hits.isEmpty() && isHidden());
 }
 

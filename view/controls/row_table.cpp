@@ -99,12 +99,20 @@ bool RowTable::event(QEvent *event) {
     return QTableView::event(event);
 }
 
+void RowTable::enterCurrentRow() {
+    // Moved to with Ctrl held down it is not selected, and would not be seen from elsewhere.
+    const int row = currentIndex().row();
+    if (!selectionModel()->isRowSelected(row))
+        selectRow(row);
+    Q_EMIT enteredRow(row);
+}
+
 void RowTable::keyPressEvent(QKeyEvent *event) {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (event->matches(QKeySequence::Copy))
         Q_EMIT copyRequested();
     else if (isEnter && currentIndex().isValid())
-        Q_EMIT enteredRow(currentIndex().row());
+        enterCurrentRow();
     else
         QTableView::keyPressEvent(event);
 }

@@ -43,6 +43,7 @@ protected:
 
 private:
     void fitColumns();
+    void enterCurrentRow();
 };
 
 } // namespace quillon::controls
