@@ -24,6 +24,13 @@ const UNormalizer2 *compatible() {
     return found;
 }
 
+/// The text of a character, also of half a pair that stands alone.
+QString asText(char32_t c) {
+    if (!QChar::requiresSurrogates(c))
+        return QString(QChar(char16_t(c)));
+    return QString(QChar(QChar::highSurrogate(c))) + QChar(QChar::lowSurrogate(c));
+}
+
 /// What a character stands for in the usual width: itself unless it is a full-width or half-width
 /// form or a word in one square. (Circled digits, superscripts and the like say something else.)
 QString inUsualWidth(char32_t c) {
@@ -36,7 +43,7 @@ QString inUsualWidth(char32_t c) {
         if (length > 0 && U_SUCCESS(status))
             return QString(reinterpret_cast<const QChar *>(buffer.data()), length);
     }
-    return QString::fromUcs4(&c, 1);
+    return asText(c);
 }
 
 QString composed(const QString &text) {
@@ -108,7 +115,7 @@ bool TextFolding::startsPiece(char32_t c) const {
 }
 
 QString TextFolding::foldedAlone(char32_t c) const {
-    return foldedPiece(QString::fromUcs4(&c, 1));
+    return foldedPiece(asText(c));
 }
 
 QString TextFolding::foldedPiece(QStringView piece) const {
@@ -131,7 +138,7 @@ QString TextFolding::foldedPiece(QStringView piece) const {
     for (qsizetype at = 0; at < text.size();) {
         const char32_t c = codePointAt(text, at);
         const auto folded = char32_t(u_foldCase(UChar32(c), U_FOLD_CASE_DEFAULT));
-        out += QString::fromUcs4(&folded, 1);
+        out += asText(folded);
         at += QChar::requiresSurrogates(c) ? 2 : 1;
     }
     return out;
