@@ -19,7 +19,7 @@ inline constexpr QStringView CloseTip = u"閉じる (Esc)";
 
 // What has come of it.
 inline constexpr QStringView NotFound = u"見つかりませんでした。";
-inline constexpr QStringView FromStart = u"末尾まで検索し、先頭に戻りました。";
-inline constexpr QStringView FromEnd = u"先頭まで検索し、末尾に戻りました。";
+inline constexpr QStringView FromStart = u"先頭に戻りました。";
+inline constexpr QStringView FromEnd = u"末尾に戻りました。";
 
 } // namespace quillon::resources::find_texts

@@ -59,10 +59,10 @@ TEST_F(TextPaneTest, FindsWhatIsTypedAndGoesOn) {
     EXPECT_EQ(message(), "");
     press(Qt::Key_F3);
     EXPECT_EQ(found(), "0ab");
-    EXPECT_EQ(message(), "末尾まで検索し、先頭に戻りました。");
+    EXPECT_EQ(message(), "先頭に戻りました。");
     press(Qt::Key_F3, Qt::ShiftModifier);
     EXPECT_EQ(found(), "10ab");
-    EXPECT_EQ(message(), "先頭まで検索し、末尾に戻りました。");
+    EXPECT_EQ(message(), "末尾に戻りました。");
     press(Qt::Key_Return, Qt::ShiftModifier);
     EXPECT_EQ(found(), "3Ab");
     window.findChild<QCheckBox *>()->click();
