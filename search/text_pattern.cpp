@@ -70,6 +70,22 @@ QString classMember(QChar c) {
     return QStringLiteral("\\]^[-").contains(c) ? QStringLiteral("\\") + c : QString(c);
 }
 
+/// The regular expression for what stands between brackets in a wildcard pattern.
+QString listExpression(QString list, const TextFolding &folding) {
+    if (list == QStringLiteral("!"))
+        return list;
+    const bool isOthers = list.startsWith(u'!');
+    list = folding.folded(isOthers ? list.mid(1) : list);
+    QString members;
+    for (qsizetype i = 0; i < list.size(); ++i) {
+        const bool isRange = list[i] == u'-' && i > 0 && i + 1 < list.size();
+        members += isRange ? QStringLiteral("-") : classMember(list[i]);
+    }
+    if (members.isEmpty())
+        return members;
+    return (isOthers ? QStringLiteral("[^") : QStringLiteral("[")) + members + u']';
+}
+
 } // namespace
 
 TextPattern::TextPattern(const QString &pattern, const PatternOptions &options)
@@ -126,22 +142,8 @@ void TextPattern::compileWildcards(const QString &pattern) {
             expression += QStringLiteral("[0-9]");
         } else {
             const qsizetype end = pattern.indexOf(u']', at);
-            QString list = pattern.mid(at + 1, end - at - 1);
+            expression += listExpression(pattern.mid(at + 1, end - at - 1), folding_);
             at = end;
-            if (list == QStringLiteral("!")) {
-                expression += u'!';
-                continue;
-            }
-            const bool isOthers = list.startsWith(u'!');
-            list = folding_.folded(isOthers ? list.mid(1) : list);
-            if (list.isEmpty())
-                continue;
-            QString members;
-            for (qsizetype i = 0; i < list.size(); ++i) {
-                const bool isRange = list[i] == u'-' && i > 0 && i + 1 < list.size();
-                members += isRange ? QStringLiteral("-") : classMember(list[i]);
-            }
-            expression += (isOthers ? QStringLiteral("[^") : QStringLiteral("[")) + members + u']';
         }
     }
     endLiteral();
@@ -273,7 +275,7 @@ QString Replacement::at(QStringView text, const Span &span) const {
         return pieces_.empty() ? QString() : pieces_[0].text;
     const QRegularExpressionMatch match =
         expression_.match(asString(text), span.at, QRegularExpression::NormalMatch,
-                              QRegularExpression::AnchorAtOffsetMatchOption);
+                          QRegularExpression::AnchorAtOffsetMatchOption);
     QString out;
     for (const Piece &piece : pieces_)
         out += piece.group < 0 ? piece.text : match.captured(piece.group);
