@@ -3,9 +3,11 @@
 #include "resources/query_texts.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QWheelEvent>
+#include <QWindow>
 
 namespace quillon::controls {
 
@@ -30,6 +32,8 @@ PathBox::PathBox(QWidget *parent) : QComboBox(parent) {
     completer_.setCompletionMode(QCompleter::PopupCompletion);
     completer_.setWidget(this);
     proposalList()->setAccessibleName(resources::query_texts::ProposalsName.toString());
+    proposalList()->setAttribute(Qt::WA_NoMouseReplay);
+    proposalList()->installEventFilter(this);
     connect(lineEdit(), &QLineEdit::textEdited, this, &PathBox::showProposals);
     connect(&completer_, qOverload<const QString &>(&QCompleter::activated), this,
             &QComboBox::setEditText);
@@ -64,6 +68,30 @@ void PathBox::AddItem(const QString &text) {
     // A combo box makes its first entry the text.
     setCurrentIndex(-1);
     setEditText(before);
+}
+
+bool PathBox::eventFilter(QObject *watched, QEvent *event) {
+    if (watched == proposalList() && event->type() == QEvent::MouseButtonPress) {
+        const auto &press = static_cast<const QMouseEvent &>(*event);
+        if (!proposalList()->rect().contains(press.position().toPoint())) {
+            passOn(press);
+            return true;
+        }
+    }
+    return QComboBox::eventFilter(watched, event);
+}
+
+void PathBox::passOn(const QMouseEvent &press) {
+    // Nobody has asked for the list, so pressing a button beside it does more than put it away. It
+    // goes to the window, as from the desktop: the release finds its way by that.
+    proposalList()->hide();
+    const QWidget *hit = QApplication::widgetAt(press.globalPosition().toPoint());
+    QWindow *window = hit ? hit->window()->windowHandle() : nullptr;
+    if (!window)
+        return;
+    QMouseEvent again(press.type(), window->mapFromGlobal(press.globalPosition()),
+                      press.globalPosition(), press.button(), press.buttons(), press.modifiers());
+    QApplication::sendEvent(window, &again);
 }
 
 void PathBox::wheelEvent(QWheelEvent *event) {

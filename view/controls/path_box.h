@@ -40,12 +40,14 @@ Q_SIGNALS:
 protected:
     /// F4 opens the list, as in every such box, also where the window has another use for it.
     bool event(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     /// Turning the wheel on the way over the toolbar is no choice from the list.
     void wheelEvent(QWheelEvent *event) override;
 
 private:
     void showProposals(const QString &typed);
+    void passOn(const QMouseEvent &press);
 
     QString textSet_;
     QStringListModel proposals_;

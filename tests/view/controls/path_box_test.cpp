@@ -3,6 +3,7 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
 #include <QWheelEvent>
@@ -115,6 +116,23 @@ TEST_F(PathBoxTest, ProposesWithoutTakingPart) {
     box_.lineEdit()->setCursorPosition(0);
     QTest::keyClicks(&box_, QStringLiteral("/"));
     EXPECT_FALSE(box_.proposalList()->isVisible()) << "in the middle of a text";
+}
+
+TEST_F(PathBoxTest, AClickBesideTheProposalsIsOne) {
+    QPushButton button;
+    button.setGeometry(400, 400, 100, 50);
+    button.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&button));
+    const QSignalSpy clicked(&button, &QPushButton::clicked);
+    box_.propose = [](const QString &typed) { return QStringList{typed + QLatin1Char('b')}; };
+    box_.activateWindow();
+    box_.setFocus();
+    QTest::keyClicks(&box_, QStringLiteral("/"));
+    ASSERT_TRUE(box_.proposalList()->isVisible());
+    QTest::mouseClick(button.windowHandle(), Qt::LeftButton, {}, QPoint(50, 25));
+    EXPECT_EQ(clicked.count(), 1);
+    EXPECT_FALSE(box_.proposalList()->isVisible());
+    EXPECT_EQ(box_.Text(), u"/");
 }
 
 } // namespace
