@@ -121,7 +121,7 @@ void Editor::wireTree() {
             [this](const TreeItem &item) { guarded([&] { selection.ShowNode(item, true); }); });
     // How many there are, in the place of what showing the node has left there, for as long as they
     // are selected and nothing else is told.
-    connect(&tree, &items::Tree::selectedCountChanged, this, [this](int count) {
+    connect(&tree, &items::Tree::severalSelected, this, [this](int count) {
         if (count > 1)
             tellSelectedCount(resources::node_texts::SeveralSelected.toString().arg(count));
     });

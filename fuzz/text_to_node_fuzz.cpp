@@ -36,9 +36,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const QByteArray offered = toQByteArray(bytesOf(data, size));
     const xml::DOMDocument40 document = target();
     succeeds([&] {
-        if (const auto arrived = tree::unpackedNode(offered, document); arrived && arrived->node) {
-            arrived->adaptTo(tree::namespacesAt(document.documentElement()));
-            insert(document, arrived->node);
+        for (const tree::ArrivedNode &arrived : tree::unpackedNodes(offered, document)) {
+            if (!arrived.node)
+                continue;
+            arrived.adaptTo(tree::namespacesAt(document.documentElement()));
+            insert(document, arrived.node);
         }
     });
     requireReadable(document);
@@ -46,8 +48,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         const xml::Node root = tree::parsedFragment(document, offered).documentElement();
         if (!root)
             return;
-        const QByteArray packed = tree::DepartingNode(root, root.parentNode()).packed();
-        require(tree::unpackedNode(packed, document).has_value(), "what is packed can be unpacked");
+        tree::DepartingNodes nodes;
+        for (const std::size_t count : {1, 2}) {
+            nodes.add(root, root.parentNode());
+            require(tree::unpackedNodes(nodes.packed(), document).size() == count,
+                    "what is packed can be unpacked");
+        }
         insert(document, root);
     });
     requireReadable(document);

@@ -307,7 +307,7 @@ std::optional<ArrivedNode> arrivedNode(const Node &root) {
     return node ? std::optional(ArrivedNode{node, *namespaces}) : std::nullopt;
 }
 
-/// The root element of what is packed. Raises as unpackedNode() does.
+/// The root element of what is packed. Raises as unpackedNodes() does.
 Node unpackedRoot(const QByteArray &packed, const DOMDocument40 &target) {
     DOMDocument40 parsed = DOMDocument40::create();
     parsed.loadXML(packed);
@@ -317,10 +317,6 @@ Node unpackedRoot(const QByteArray &packed, const DOMDocument40 &target) {
 }
 
 } // namespace
-
-std::optional<ArrivedNode> unpackedNode(const QByteArray &packed, const DOMDocument40 &target) {
-    return arrivedNode(unpackedRoot(packed, target));
-}
 
 std::vector<ArrivedNode> unpackedNodes(const QByteArray &packed, const DOMDocument40 &target) {
     const Node root = unpackedRoot(packed, target);

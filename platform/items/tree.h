@@ -83,9 +83,9 @@ public:
         const TreeItem after = SelectedItem();
         if (after && after != before)
             Q_EMIT NodeClick(after);
-        if (const int count = selectedCount();
-            count != countBefore && (count > 1 || countBefore > 1))
-            Q_EMIT selectedCountChanged(count);
+        const int count = selectedCount();
+        if (count > 1 ? count != countBefore || after != before : countBefore > 1)
+            Q_EMIT severalSelected(count);
     }
     /// What the user does by clicking an item.
     void selectAsUser(const TreeItem &item);
@@ -126,8 +126,8 @@ Q_SIGNALS:
     /// A mouse button went down on an item or on Nothing. Sent after the press has done its work.
     void mouseDown(const quillon::items::TreeItem &item);
 
-    /// The user has selected several items, or one again. Sent after NodeClick.
-    void selectedCountChanged(int count);
+    /// The user has selected several items, others than before, or one again. Sent after NodeClick.
+    void severalSelected(int count);
     /// Others are selected beside SelectedItem() than before.
     void otherSelectedItemsChanged();
 

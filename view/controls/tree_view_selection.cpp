@@ -125,6 +125,8 @@ void TreeView::endFrame() {
     // The pane is filled once, not for each item on the way.
     if (const items::TreeItem now = tree_.SelectedItem(); now && now != before)
         Q_EMIT tree_.NodeClick(now);
+    if (const int count = tree_.selectedCount(); count > 1)
+        Q_EMIT tree_.severalSelected(count);
 }
 
 void TreeView::paintFrame(QPainter &painter) {

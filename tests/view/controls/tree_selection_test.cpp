@@ -1,6 +1,7 @@
 #include "tests/view/controls/tree_view_fixture.h"
 
 #include <QAccessible>
+#include <QSignalSpy>
 
 namespace quillon::test {
 
@@ -9,6 +10,8 @@ namespace {
 /// Selecting several items with mouse and keyboard.
 class TreeSelectionTest : public TreeViewTest {
 protected:
+    QSignalSpy counts_{&tree_, &items::Tree::severalSelected};
+
     QString all() const {
         QStringList texts;
         for (const items::TreeItem &item : tree_.selectedItems())
@@ -68,6 +71,9 @@ TEST_F(TreeSelectionTest, KeysExtendAndToggle) {
     press(Qt::Key_Up, Qt::ShiftModifier);
     EXPECT_EQ(all(), "a2 x");
     press(Qt::Key_Home, Qt::ShiftModifier);
+    press(Qt::Key_Up, Qt::ShiftModifier);
+    EXPECT_EQ(counts_.count(), 4) << "the last key has changed nothing";
+    press(Qt::Key_Home, Qt::ShiftModifier);
     EXPECT_EQ(all(), "a a1 a2");
     press(Qt::Key_End, Qt::ShiftModifier);
     EXPECT_EQ(all(), "a2 x y a3 b");
@@ -105,6 +111,8 @@ TEST_F(TreeSelectionTest, AFrameSelectsTheRowsItSpans) {
     EXPECT_EQ(all(), "y a3 b");
     EXPECT_EQ(selected(), "y");
     EXPECT_EQ(clicks_, QStringList{"y"}) << "shown once";
+    EXPECT_EQ(counts_.count(), 1);
+    EXPECT_EQ(counts_.takeFirst().value(0), 3);
     sweep(beside("a1"), beside("a"), Qt::ControlModifier);
     EXPECT_EQ(all(), "a a1 y a3 b");
     sweep(QPoint(250, 190), QPoint(200, 180));
