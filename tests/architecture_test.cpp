@@ -22,6 +22,7 @@ const std::map<QString, int> Floors = {
     {"platform/xml/query", 6},
     {"platform/xml/schema", 6},
     {"platform/xml/schema/xdr", 7},
+    {"platform/xml/schema/grammar", 8},
     {"platform/xml/transform", 7},
     {"platform/system", 2},
     {"platform/ui", 2},
