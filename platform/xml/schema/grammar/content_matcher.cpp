@@ -176,6 +176,20 @@ bool ContentRun::keepsWhatFollows(Id state, std::size_t next, std::size_t &budge
     return firstFault == symbols_.size() || expressions_->isComplete(state);
 }
 
+Misfit ContentRun::misfitOf(Id state, std::size_t next, std::size_t &budget) const {
+    if (keepsWhatFollows(state, next, budget))
+        return Misfit::Fits;
+    for (int count = 0; count < MaxMissing; ++count) {
+        const std::vector<Index> needed = elementsOf(expressions_->needed(state));
+        if (needed.empty())
+            break;
+        state = expressions_->after(state, symbolOf(needed.front()));
+        if (keepsWhatFollows(state, next, budget))
+            return Misfit::NeedsMore;
+    }
+    return Misfit::BreaksWhatFollows;
+}
+
 Candidates ContentRun::candidates(std::size_t place, std::size_t next) const {
     const Id state = states_[place];
     Candidates found;
@@ -189,21 +203,17 @@ Candidates ContentRun::candidates(std::size_t place, std::size_t next) const {
         for (const Index element : elementsOf(expressions_->needed(state)))
             needed.insert(element);
     }
-    std::vector<Candidate> misfits;
     std::size_t budget = MaxSteps;
     const std::vector<Index> here = elementsOf(leaves);
-    for (const Index element : here) {
-        const bool fits =
-            keepsWhatFollows(expressions_->after(state, symbolOf(element)), next, budget);
-        (fits ? found.elements : misfits)
-            .push_back({element, fits ? Misfit::Fits : Misfit::BreaksWhatFollows,
-                        needed.contains(element)});
-    }
+    for (const Index element : here)
+        found.elements.push_back(
+            {element, misfitOf(expressions_->after(state, symbolOf(element)), next, budget),
+             needed.contains(element)});
+    std::ranges::stable_sort(found.elements, {}, &Candidate::misfit);
     for (const Expressions::Leaf &leaf : leaves) {
         if (leaf.isWildcard)
             found.wildcards.push_back(leaf.target);
     }
-    found.elements.insert(found.elements.end(), misfits.begin(), misfits.end());
     const std::unordered_set<Index> fitting(here.begin(), here.end());
     for (const Index element : elementsOf(expressions_->leaves(states_.front()))) {
         if (!fitting.contains(element))

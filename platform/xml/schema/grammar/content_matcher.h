@@ -9,6 +9,8 @@ namespace quillon::grammar {
 /// Whether an element that the type of the parent knows fits at a place, or why not.
 enum class Misfit : quint8 {
     Fits,
+    /// When what it needs comes right behind it, as a and b do in (a, b)?.
+    NeedsMore,
     /// Not behind what stands ahead of the place.
     NotHere,
     /// It would fit there, but what stands behind would not behind it any more.
@@ -25,7 +27,8 @@ struct Candidate {
 };
 
 struct Candidates {
-    /// All that fit, in the order of the model; then all that the type allows somewhere else.
+    /// All that fit, in the order of the model; then what needs more, what would break something,
+    /// and all that the type allows somewhere else.
     std::vector<Candidate> elements;
     /// Of `wildcards`: those that let in others at this place.
     std::vector<Index> wildcards;
@@ -79,6 +82,7 @@ private:
     /// The state behind what is missing ahead of a child; Nothing when nothing would help.
     Id behindMissing(Id state, quint32 child, std::vector<Index> &missing) const;
     Candidates candidates(std::size_t place, std::size_t next) const;
+    Misfit misfitOf(Id state, std::size_t next, std::size_t &budget) const;
     bool keepsWhatFollows(Id state, std::size_t next, std::size_t &budget) const;
     std::vector<Index> elementsOf(const std::vector<Expressions::Leaf> &leaves) const;
     quint32 symbolOf(Index element) const;

@@ -89,6 +89,8 @@ Expressions::Id Expressions::sequence(Id first, Id second) {
 }
 
 Expressions::Id Expressions::choice(const std::vector<Id> &parts) {
+    if (parts.size() == 1)
+        return parts.front();
     // The order of the model is the order in which things are offered, so it is kept. Choices
     // within choices are taken apart: else they would nest deeper with every child.
     std::vector<Id> kinds;
@@ -236,8 +238,11 @@ Expressions::Id Expressions::derive(Id expression, quint32 symbol) {
                 sequence(once, repeat(node.first, oneLess(node.minimum), oneLess(node.maximum)));
     } else {
         std::vector<Id> results;
-        for (quint32 i = 0; i < node.parts.count; ++i)
-            results.push_back(derive(lists_[node.parts.first + i], symbol));
+        for (quint32 i = 0; i < node.parts.count; ++i) {
+            const Id part = derive(lists_[node.parts.first + i], symbol);
+            if (part != Nothing)
+                results.push_back(part);
+        }
         result = choice(results);
     }
     steps_.emplace(key, result);
@@ -250,11 +255,13 @@ Expressions::Id Expressions::deriveSequence(Id expression, quint32 symbol) {
     Id at = expression;
     while (true) {
         const Node node = nodes_[at];
-        if (node.kind != Kind::Sequence) {
-            results.push_back(derive(at, symbol));
+        const Id part = node.kind == Kind::Sequence
+                            ? sequence(derive(node.first, symbol), node.second)
+                            : derive(at, symbol);
+        if (part != Nothing)
+            results.push_back(part);
+        if (node.kind != Kind::Sequence)
             break;
-        }
-        results.push_back(sequence(derive(node.first, symbol), node.second));
         if (!isComplete(node.first))
             break;
         at = node.second;

@@ -9,6 +9,8 @@ namespace quillon::grammar {
 
 namespace {
 
+constexpr std::size_t MaxListSize = 5'000'000;
+
 struct BuiltIn {
     const char *base;
     WhiteSpace whiteSpace = WhiteSpace::Collapse;
@@ -154,6 +156,12 @@ Index GrammarBuilder::builtInType(const QString &name) {
     const auto place = static_cast<Index>(data.simpleTypes.size()) - 1;
     builtIns_.insert(name, place);
     return place;
+}
+
+void GrammarBuilder::checkSize(std::size_t size) {
+    if (size > MaxListSize)
+        throw runtime::Error(runtime::error_number::Fail,
+                             resources::validation_texts::ExpansionLimit.toString());
 }
 
 void GrammarBuilder::note(std::vector<Index> &list, const QString &text) {

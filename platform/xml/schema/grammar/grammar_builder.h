@@ -50,10 +50,14 @@ public:
 private:
     template <typename Record>
     static Range appended(std::vector<Record> &to, const std::vector<Record> &list) {
+        checkSize(to.size() + list.size());
         const Range range{static_cast<Index>(to.size()), static_cast<quint32>(list.size())};
         to.insert(to.end(), list.begin(), list.end());
         return range;
     }
+    /// Raises Fail for a list that no schema needs: what is short as it is written may be long when
+    /// all of it is spelled out, as attributes are in each derived type.
+    static void checkSize(std::size_t size);
     void note(std::vector<Index> &list, const QString &text);
 
     QHash<QString, Index> strings_{{QString(), 0}};

@@ -11,6 +11,7 @@
 
 #include <exception>
 #include <limits>
+#include <map>
 #include <memory>
 
 namespace quillon::grammar {
@@ -92,7 +93,7 @@ private:
     QString documentation_;
     QHash<QString, Index> elements_;
     /// By the place of their element, in order.
-    QHash<Index, std::vector<Attribute>> attributes_;
+    std::map<Index, std::vector<Attribute>> attributes_;
     QHash<QString, Index> attributeTypes_;
     std::exception_ptr failure_;
 };
@@ -121,10 +122,9 @@ Data DtdReader::read(const QString &path, const QByteArray &internalSubset) {
         std::rethrow_exception(failure_);
     if (!ok)
         fail(parser_);
-    for (auto list = attributes_.cbegin(); list != attributes_.cend(); ++list) {
-        const Index type = builder_.data.elements[list.key()].type;
-        builder_.data.types[type].attributes = builder_.attributes(*list);
-    }
+    for (const auto &[element, list] : attributes_)
+        builder_.data.types[builder_.data.elements[element].type].attributes =
+            builder_.attributes(list);
     return std::move(builder_.data);
 }
 
@@ -156,15 +156,17 @@ int DtdReader::readPart(XML_Parser parser, const QString &address, const QString
         isSchema ? QFileInfo(schemaPath_).canonicalFilePath()
                  : files_.find(address, base == Internal ? schemaPath_ : QString::fromUtf8(base),
                                publicId);
-    const std::optional<QByteArray> text = SchemaFiles::read(path);
-    if (!text) {
-        if (isSchema)
-            xml::raiseSchemaError(QFileInfo(schemaPath_).fileName(), 0,
-                                  resources::validation_texts::SchemaNotFound.toString());
+    std::optional<QByteArray> text = files_.read(path);
+    if (text) {
+        builder_.data.files.push_back(builder_.string(path));
+    } else if (isSchema) {
+        xml::raiseSchemaError(QFileInfo(schemaPath_).fileName(), 0,
+                              resources::validation_texts::SchemaNotFound.toString());
+    } else {
         builder_.noteMissing(address);
-        return XML_STATUS_OK;
+        // Behind a part that is not read at all expat would process nothing more.
+        text = QByteArray("");
     }
-    builder_.data.files.push_back(builder_.string(path));
     const OwnedParser part(XML_ExternalEntityParserCreate(parser, nullptr, "UTF-8"));
     parser_ = part.get();
     XML_SetBase(parser_, path.toUtf8().constData());

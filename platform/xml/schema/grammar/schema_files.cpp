@@ -11,8 +11,8 @@ namespace quillon::grammar {
 
 namespace {
 
-/// Larger ones are no schemas.
-constexpr qint64 MaxFileSize = 64 << 20;
+/// Of all files of a schema.
+constexpr qint64 MaxSize = 64 << 20;
 
 } // namespace
 
@@ -50,8 +50,9 @@ QString SchemaFiles::find(const QString &address, const QString &fromPath,
 
 std::optional<QByteArray> SchemaFiles::read(const QString &path) {
     QFile file(path);
-    if (path.isEmpty() || file.size() > MaxFileSize || !file.open(QIODevice::ReadOnly))
+    if (path.isEmpty() || size_ + file.size() > MaxSize || !file.open(QIODevice::ReadOnly))
         return {};
+    size_ += file.size();
     std::string bytes = file.readAll().toStdString();
     // A part of a DTD may leave out the version, a document may not.
     constexpr std::string_view withoutVersion = "<?xml encoding";

@@ -25,13 +25,15 @@ public:
     /// the public identifier.
     QString find(const QString &address, const QString &fromPath, const QString &otherName = {});
 
-    /// The text of a file in UTF-8; nothing when it cannot be read or decoded.
-    static std::optional<QByteArray> read(const QString &path);
+    /// The text of a file in UTF-8; nothing when it cannot be read or decoded, or when more has
+    /// been read already than a schema consists of.
+    std::optional<QByteArray> read(const QString &path);
 
 private:
     QStringList folders_;
     xml::AllowedFolders allowed_;
     Catalog catalog_;
+    qint64 size_ = 0;
 };
 
 } // namespace quillon::grammar

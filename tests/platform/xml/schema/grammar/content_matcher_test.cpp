@@ -1,6 +1,5 @@
 #include "tests/platform/xml/schema/grammar/grammar_test_support.h"
-
-#include <random>
+#include "tests/platform/xml/schema/grammar/random_models.h"
 
 namespace quillon::grammar {
 
@@ -73,35 +72,6 @@ private:
     std::map<std::tuple<Index, quint32, quint32, std::string>, bool> known_;
 };
 
-class RandomModels {
-public:
-    explicit RandomModels(unsigned seed) : random_(seed) {}
-
-    int below(int limit) { return std::uniform_int_distribution(0, limit - 1)(random_); }
-    std::string model(int depth) {
-        static const char *const occurrences[] = {"",  "",      "",      "?",    "*",     "+",
-                                                  "?", "{2,3}", "{0,2}", "{2,}", "{1,4}", "{3,3}"};
-        std::string text(1, static_cast<char>('a' + below(4)));
-        if (depth > 0 && below(3) != 0) {
-            const char separator = ",,||&"[below(5)];
-            text = "(" + model(depth - 1);
-            for (int more = below(3); more > 0; --more)
-                text += separator + model(depth - 1);
-            text += ")";
-        }
-        return text + occurrences[below(12)];
-    }
-    std::string word() {
-        std::string text;
-        for (int length = below(6); length > 0; --length)
-            text += static_cast<char>('a' + below(4));
-        return text;
-    }
-
-private:
-    std::mt19937 random_;
-};
-
 TEST(ContentMatcher, AgreesWithEveryWayToTakeAWordApart) {
     int valid = 0, fitting = 0;
     for (unsigned seed = 0; seed < 500; ++seed) {
@@ -155,16 +125,18 @@ TEST(ContentMatcher, TellsWhatMayStandWhere) {
         std::string insertable, replaceable;
     } cases[] = {
         // What may follow, what would break what follows, and what has its place elsewhere.
-        {"a,b?,c", "ac", 1, "b / c< a", "c / b< a"},
+        {"a,b?,c", "ac", 1, "b / c< a", "c / b+ a"},
         {"a,b?,c", "ac", 0, " / a< b c", "a / b c"},
+        {"(a,b)*", "abab", 2, " / a+ b", "a / b"},
+        {"(a,b)?,c", "c", 0, " / a+ c< b", "c / a+ b"},
         {"a{1,3}", "aaa", 1, " / a<", "a"},
         {"a{2,3}", "aa", 2, "a", ""},
         // What is missing is marked; of a choice all, as one of them has to come.
         {"a,b?,c", "a", 1, "b c! / a", ""},
-        {"a,(b|c),d", "ad", 1, "b! c! / a d", " / b< c< a d"},
+        {"a,(b|c),d", "ad", 1, "b! c! / a d", " / b+ c+ a d"},
         {"a,b", "", 0, "a! / b", ""},
         // In invalid content: ahead of, at and behind what is wrong.
-        {"a,b?,c", "axc", 2, "b / c< a", "c / b< a"},
+        {"a,b?,c", "axc", 2, "b / c< a", "c / b+ a"},
         {"a,b,c", "axc", 1, "b / a c", "b! / a c"},
         {"a*,b", "xyz", 0, "a b", "a b"},
     };

@@ -102,7 +102,8 @@ inline std::string shown(const Grammar &grammar, const AttributeChoices &choices
     std::string shown;
     for (const AttributeChoice &choice : choices.attributes) {
         const Attribute &attribute = *choice.attribute;
-        const SimpleType &type = grammar.data().simpleTypes[attribute.type];
+        const SimpleType type =
+            attribute.type == None ? SimpleType() : grammar.data().simpleTypes[attribute.type];
         shown += textOf(grammar, attribute.name.local) + " " + textOf(grammar, type.builtIn);
         for (Index i = 0; i < type.enumeration.count; ++i)
             shown +=
@@ -127,14 +128,14 @@ inline std::string namesOf(const Grammar &grammar, const std::vector<Index> &ele
     return names;
 }
 
-/// Those that fit, "!" behind what is needed; behind a slash those that do not, "<" behind what
-/// would break what follows.
+/// Those that fit, "!" behind what is needed; behind a slash those that do not, "+" behind what
+/// needs more, "<" behind what would break what follows.
 inline std::string shown(const Grammar &grammar, const Candidates &candidates) {
     std::string fits, misfits;
     for (const Candidate &candidate : candidates.elements) {
         std::string &to = candidate.misfit == Misfit::Fits ? fits : misfits;
         to += (to.empty() ? "" : " ") + nameOf(grammar, candidate.element) +
-              (candidate.isNeeded ? "!" : "") +
+              (candidate.isNeeded ? "!" : "") + (candidate.misfit == Misfit::NeedsMore ? "+" : "") +
               (candidate.misfit == Misfit::BreaksWhatFollows ? "<" : "");
     }
     return fits + (misfits.empty() ? "" : " / " + misfits);

@@ -1,0 +1,51 @@
+#include "platform/xml/schema/grammar/load_grammar.h"
+
+#include "platform/runtime/error.h"
+#include "platform/xml/engine/child_process.h"
+#include "platform/xml/schema/grammar/grammar_bytes.h"
+#include "platform/xml/schema/grammar/grammar_from_dtd.h"
+#include "platform/xml/schema/grammar/grammar_from_xdr.h"
+#include "platform/xml/schema/grammar/grammar_from_xsd.h"
+#include "platform/xml/schema/schema_error.h"
+#include "resources/child_process_texts.h"
+#include "resources/validation_texts.h"
+
+#include <QFileInfo>
+
+namespace quillon::grammar {
+
+namespace {
+
+constexpr std::chrono::seconds MaxTime(10);
+
+Data readIn(const SchemaSource &source) {
+    SchemaFiles files(source.path, source.folders, source.catalog);
+    if (source.path.isEmpty())
+        return grammarFromDtd({}, source.internalSubset, files);
+    const std::optional<QByteArray> text = files.read(source.path);
+    if (!text)
+        xml::raiseSchemaError(QFileInfo(source.path).fileName(), 0,
+                              resources::validation_texts::SchemaNotFound.toString());
+    // Its first tag tells what it is; only a DTD has none.
+    xml::DOMDocument40 document = xml::DOMDocument40::create();
+    const xml::Node root = document.loadXML(*text) ? document.documentElement() : xml::Node();
+    if (!root)
+        return grammarFromDtd(source.path, source.internalSubset, files);
+    if (isXdr(root))
+        return grammarFromXdr(source.path, root, files, source.namespaceName);
+    return grammarFromXsd(source.path, files);
+}
+
+} // namespace
+
+Grammar loadGrammar(const SchemaSource &source, const runtime::Progress &progress) {
+    const QByteArray bytes =
+        xml::runInChild([&source] { return toBytes(readIn(source)); }, {MaxTime}, progress);
+    std::optional<Data> data = fromBytes(bytes);
+    if (!data)
+        throw runtime::Error(runtime::error_number::Fail,
+                             resources::child_process_texts::Died.toString());
+    return Grammar(std::move(*data));
+}
+
+} // namespace quillon::grammar
