@@ -30,6 +30,7 @@ public:
     Range simpleTypeList(const std::vector<Index> &list) {
         return appended(data.simpleTypeLists, list);
     }
+    Range nameList(const std::vector<Name> &list) { return appended(data.names, list); }
     Range stringList(const QStringList &texts);
     Range enumeration(const QStringList &values);
     Range facets(const std::vector<FacetValue> &list) { return appended(data.facets, list); }

@@ -2,7 +2,7 @@
 
 #include "platform/xml/dom/qualified_name.h"
 #include "platform/xml/schema/grammar/grammar_builder.h"
-#include "platform/xml/schema/schema_error.h"
+#include "platform/xml/schema/grammar/node_lines.h"
 #include "platform/xml/schema/xdr/xdr_schema.h"
 
 #include <QFileInfo>
@@ -65,8 +65,8 @@ private:
         Node root;
         QString space;
         const xdr::Schema *schema = nullptr;
-        /// The 1-based lines of its declarations.
-        QHash<quint32, quint32> lines = {};
+        /// The 1-based lines of its elements, by the numbers of the nodes.
+        QHash<quint32, quint32> lines;
     };
 
     void readSchema(std::size_t source);
@@ -99,7 +99,8 @@ Data XdrReader::read(const QString &path, const Node &root, const QString &names
     // The validator's reader has the last word on what a schema may be.
     schemas_.add(namespaceName, QFileInfo(path).fileName(), root);
     builder_.data.files.push_back(builder_.string(canonical));
-    sources_.push_back({canonical, root, namespaceName, schemas_.find(namespaceName)});
+    sources_.push_back({canonical, root, namespaceName, schemas_.find(namespaceName),
+                        linesOfElements(root.ownerDocument())});
     // The list grows by the schemas that are referred to.
     for (std::size_t source = 0; source < sources_.size(); ++source)
         readSchema(source);
@@ -107,17 +108,11 @@ Data XdrReader::read(const QString &path, const Node &root, const QString &names
 }
 
 void XdrReader::readSchema(std::size_t at) {
-    std::vector<xml::SchemaError> declarations;
-    forEachPart(sources_[at].root, [&](const Node &child, const QString &kind) {
-        if (kind == QLatin1String("ElementType"))
-            declarations.emplace_back().node = child;
-    });
-    xml::setLines(declarations);
-    for (const xml::SchemaError &declaration : declarations)
-        sources_[at].lines.insert(declaration.node.number(), quint32(declaration.line));
     const Source source = sources_[at];
-    for (const xml::SchemaError &declaration : declarations)
-        readElementType(source, declaration.node);
+    forEachPart(source.root, [&](const Node &child, const QString &kind) {
+        if (kind == QLatin1String("ElementType"))
+            readElementType(source, child);
+    });
 }
 
 void XdrReader::wantSchema(const Source &from, const QString &space) {
@@ -131,7 +126,8 @@ void XdrReader::wantSchema(const Source &from, const QString &space) {
         return;
     }
     builder_.data.files.push_back(builder_.string(path));
-    sources_.push_back({path, document.documentElement(), space, schemas_.find(space)});
+    sources_.push_back(
+        {path, document.documentElement(), space, schemas_.find(space), linesOfElements(document)});
 }
 
 QString XdrReader::spaceOf(const Source &source, const Node &at, const QString &typeName) {

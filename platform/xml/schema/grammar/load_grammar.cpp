@@ -4,6 +4,7 @@
 #include "platform/xml/engine/child_process.h"
 #include "platform/xml/schema/grammar/grammar_bytes.h"
 #include "platform/xml/schema/grammar/grammar_from_dtd.h"
+#include "platform/xml/schema/grammar/grammar_from_relaxng.h"
 #include "platform/xml/schema/grammar/grammar_from_xdr.h"
 #include "platform/xml/schema/grammar/grammar_from_xsd.h"
 #include "platform/xml/schema/schema_error.h"
@@ -33,6 +34,8 @@ Data readIn(const SchemaSource &source) {
         return grammarFromDtd(source.path, source.internalSubset, files);
     if (isXdr(root))
         return grammarFromXdr(source.path, root, files, source.namespaceName);
+    if (isRelaxNg(root))
+        return grammarFromRelaxNg(source.path, files);
     return grammarFromXsd(source.path, files);
 }
 

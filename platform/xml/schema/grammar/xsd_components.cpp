@@ -1,6 +1,7 @@
 #include "platform/xml/schema/grammar/xsd_components.h"
 
 #include "platform/xml/dom/qualified_name.h"
+#include "platform/xml/schema/grammar/node_lines.h"
 #include "platform/xml/schema/schema_error.h"
 #include "resources/validation_texts.h"
 
@@ -38,33 +39,6 @@ std::optional<ComponentKind> componentKind(const QString &kind) {
     if (kind == QLatin1String("attributeGroup"))
         return ComponentKind::AttributeGroup;
     return {};
-}
-
-class Elements final : public xml::NodeVisitor {
-public:
-    explicit Elements(const xml::DOMDocument40 &document) : document_(document) {}
-
-    void enter(quint32 number, xml::NodeType kind) override {
-        if (kind == xml::NodeType::Element)
-            found.emplace_back().node = document_.nodeByNumber(number);
-    }
-    void leave() override {}
-
-    std::vector<xml::SchemaError> found;
-
-private:
-    const xml::DOMDocument40 &document_;
-};
-
-QHash<quint32, quint32> linesOf(const xml::DOMDocument40 &document) {
-    Elements elements(document);
-    xml::visitSubtree(document.node(), elements);
-    xml::setLines(elements.found);
-    QHash<quint32, quint32> lines;
-    lines.reserve(static_cast<qsizetype>(elements.found.size()));
-    for (const xml::SchemaError &element : elements.found)
-        lines.insert(element.node.number(), static_cast<quint32>(element.line));
-    return lines;
 }
 
 } // namespace
@@ -125,7 +99,7 @@ int XsdComponents::readDocument(const QString &path, const QString &includingNam
     const QString qualified = QStringLiteral("qualified");
     document.qualifiesElements = value(document.root, "elementFormDefault") == qualified;
     document.qualifiesAttributes = value(document.root, "attributeFormDefault") == qualified;
-    document.lines = linesOf(parsed);
+    document.lines = linesOfElements(parsed);
     builder_.data.files.push_back(builder_.string(path));
     read_.insert(path + u'\n' + document.targetNamespace);
     documents_.push_back(document);

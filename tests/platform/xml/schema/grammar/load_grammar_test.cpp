@@ -13,6 +13,10 @@ const std::string XdrStart =
     "<Schema xmlns='urn:schemas-microsoft-com:xml-data' "
     "xmlns:dt='urn:schemas-microsoft-com:datatypes' xmlns:o='x-schema:other.xdr'>";
 
+const std::string RelaxNgStart = "<grammar xmlns='http://relaxng.org/ns/structure/1.0' "
+                                 "datatypeLibrary='http://www.w3.org/2001/XMLSchema-datatypes' "
+                                 "xmlns:a='http://relaxng.org/ns/compatibility/annotations/1.0'>";
+
 std::string insertable(const Grammar &grammar, QStringView space, QStringView element,
                        const std::vector<Symbol> &children = {}) {
     const Index found = grammar.globalElement(grammar.symbol(space, element));
@@ -42,6 +46,11 @@ TEST(LoadGrammar, KnowsTheLanguages) {
                     "<element type='b' minOccurs='0'/></ElementType><ElementType name='a'/>"
                     "<ElementType name='b'/></Schema>",
          Language::Xdr},
+        {"e.xml",
+         RelaxNgStart + "<start><element name='r'><element name='a'><text/></element><optional>"
+                        "<element name='b'><empty/></element></optional></element></start>"
+                        "</grammar>",
+         Language::RelaxNg},
     };
     for (const auto &at : cases) {
         const Grammar grammar = loadGrammar({files.write(at.name, at.text)});
@@ -94,6 +103,50 @@ TEST(LoadGrammar, ReadsXdr) {
     EXPECT_EQ(textOf(grammar, grammar.data().simpleTypes[text.text].builtIn), "short");
 }
 
+TEST(LoadGrammar, ReadsRelaxNg) {
+    const xml::test::Files files;
+    files.write("part.rng", RelaxNgStart +
+                                "<start><ref name='old'/></start><define name='old'><element "
+                                "name='old'><empty/></element></define><define name='more' "
+                                "combine='choice'><element name='m1' ns='u'><empty/></element>"
+                                "</define><define name='kept'><element name='kept'><ref "
+                                "name='old'/></element></define></grammar>");
+    const std::string start =
+        RelaxNgStart +
+        "<include href='part.rng'><start><ref name='r'/></start><define name='old'><element "
+        "name='new'><empty/></element></define></include>"
+        "<define name='more' combine='choice'><element name='m2'><empty/></element></define>"
+        "<define name='r'><a:documentation>The root.</a:documentation>\n<element name='r'>"
+        "<interleave><oneOrMore><ref name='more'/></oneOrMore><optional><ref name='kept'/>"
+        "</optional><text/></interleave><attribute name='id'><data type='ID'/></attribute>"
+        "<optional><attribute name='n'><data type='byte'><param name='minInclusive'>0</param>"
+        "</data></attribute></optional><choice><attribute name='x'><choice><value>p</value>"
+        "<value>q</value></choice></attribute><attribute name='y' a:defaultValue='1'/></choice>"
+        "<ref name='rest'/></element></define><define name='rest'><zeroOrMore><element><anyName>"
+        "<except><nsName ns=''/></except></anyName><empty/></element></zeroOrMore></define>"
+        "<define name='loop'><ref name='loop'/></define></grammar>";
+    const Grammar grammar = loadGrammar({files.write("schema.rng", start)});
+    EXPECT_EQ(insertable(grammar, u"", u"r"), "m1! m2! kept");
+    EXPECT_EQ(insertable(grammar, u"", u"r", {grammar.symbol(u"", u"m2")}), "m1 m2 kept *");
+    const Index root = grammar.globalElement(grammar.symbol(u"", u"r"));
+    EXPECT_EQ(grammar.globalElements(), std::vector<Index>{root});
+    const Element &element = grammar.element(root);
+    EXPECT_EQ(textOf(grammar, element.documentation), "The root.");
+    EXPECT_EQ(element.place.line, 2U);
+    EXPECT_EQ(grammar.type(element.type).content, Content::Mixed);
+    EXPECT_EQ(shown(grammar, attributeChoices(grammar, element.type, {})),
+              "id ID!\nn byte\nx token p q\ny  = 1\n");
+    const Index kept = grammar.childElement(element.type, grammar.symbol(u"", u"kept"));
+    ASSERT_NE(kept, None);
+    ContentMatcher matcher(grammar);
+    EXPECT_EQ(shown(grammar, matcher.run(grammar.element(kept).type, {}).insertable(0)), "new!");
+    // In whatever order, also among each other.
+    std::vector<Symbol> children{grammar.symbol(u"", u"kept"), grammar.symbol(u"u", u"m1")};
+    EXPECT_TRUE(matcher.run(element.type, children).isValid());
+    children.push_back(children.front());
+    EXPECT_FALSE(matcher.run(element.type, children).isValid());
+}
+
 /// What makes the child's reader die or run for ever ends in an error.
 TEST(LoadGrammar, SurvivesItsReader) {
     const xml::test::Files files;
@@ -106,6 +159,20 @@ TEST(LoadGrammar, SurvivesItsReader) {
         wide +=
             "<xs:complexType name='T" + std::to_string(i) +
             "'><xs:complexContent><xs:extension base='T0'/></xs:complexContent></xs:complexType>";
+    std::string deep = "<start><ref name='a'/></start><define name='a'>";
+    for (int i = 0; i < 5000; ++i)
+        deep += "<optional>";
+    deep += "<text/>";
+    for (int i = 0; i < 5000; ++i)
+        deep += "</optional>";
+    EXPECT_THROW(
+        loadGrammar({files.write("deep.rng", RelaxNgStart + deep + "</define></grammar>")}),
+        runtime::Error);
+    EXPECT_TRUE(insertable(loadGrammar({files.write(
+                               "circle.rng", RelaxNgStart + "<include href='circle2.rng'/><start>"
+                                                            "<externalRef href='circle.rng'/>"
+                                                            "</start></grammar>")}),
+                           u"", u"r") == "-");
     EXPECT_THROW(loadGrammar({files.write("wide.xsd", wide + "</xs:schema>")}), runtime::Error);
 }
 

@@ -41,7 +41,8 @@ public:
             return std::string("<xs:element name='") + nextName++ + "' type='xs:string'" +
                    occurrences[below(7)] + "/>";
         const std::string kind = below(2) == 0 ? "xs:sequence" : "xs:choice";
-        std::string text = "<" + kind + occurrences[below(5)] + ">";
+        // A loop within another is what libxml2 needs all the time there is for.
+        std::string text = "<" + kind + occurrences[below(depth == 2 ? 5 : 3)] + ">";
         for (int more = below(3); more >= 0; --more)
             text += xsdModel(depth - 1, nextName);
         return text + "</" + kind + ">";
