@@ -7,6 +7,9 @@ namespace quillon::grammar {
 
 namespace {
 
+/// So many parts are worth an index.
+constexpr quint32 ManyParts = 16;
+
 void mix(std::size_t &hash, quint32 value) {
     hash = (hash ^ value) * 0x9E3779B97F4A7C15ULL;
     hash ^= hash >> 29;
@@ -33,8 +36,8 @@ Expressions::Expressions(const Grammar &grammar) : grammar_(grammar) {
 }
 
 quint32 Expressions::symbolNumber(const Symbol &symbol) {
-    const quint64 key = quint64(symbol.space) << 32 | symbol.local;
-    const auto [at, isNew] = symbolNumbers_.try_emplace(key, static_cast<quint32>(symbols_.size()));
+    const auto [at, isNew] =
+        symbolNumbers_.try_emplace(key(symbol), static_cast<quint32>(symbols_.size()));
     if (isNew)
         symbols_.push_back(symbol);
     return at->second;
@@ -201,17 +204,63 @@ Expressions::Id Expressions::anyOf(const std::vector<Index> &globals) {
     return repeat(choice(parts), 0, Unbounded);
 }
 
-bool Expressions::takes(const Node &leaf, quint32 symbol) const {
-    return leaf.isWildcard
-               ? grammar_.matches(grammar_.data().wildcards[leaf.first], symbols_[symbol])
-               : grammar_.matches(grammar_.element(leaf.first), symbols_[symbol]);
+bool Expressions::takes(const Node &leaf, quint32 symbol) {
+    if (leaf.isWildcard)
+        return grammar_.matches(grammar_.data().wildcards[leaf.first], symbols_[symbol]);
+    const Element &element = grammar_.element(leaf.first);
+    if (element.substitutes.count < ManyParts)
+        return grammar_.matches(element, symbols_[symbol]);
+    const auto [names, isNew] = substitutes_.try_emplace(leaf.first);
+    if (isNew) {
+        for (const Index at : grammar_.standingFor(leaf.first)) {
+            const Name &name = grammar_.element(at).name;
+            names->second.emplace(key({name.space, name.local}), true);
+        }
+    }
+    return names->second.contains(key(symbols_[symbol]));
+}
+
+const Expressions::ChoiceIndex &Expressions::indexOf(Id choice) {
+    const auto [index, isNew] = choices_.try_emplace(choice);
+    if (!isNew)
+        return index->second;
+    for (const Id part : partsOf(nodes_[choice])) {
+        const Node &node = nodes_[part];
+        if (node.kind != Kind::Leaf || node.isWildcard) {
+            index->second.others.push_back(part);
+            continue;
+        }
+        for (const Index at : grammar_.standingFor(node.first)) {
+            const Name &name = grammar_.element(at).name;
+            index->second.leaves[key({name.space, name.local})].push_back(part);
+        }
+    }
+    return index->second;
+}
+
+void Expressions::deriveChoice(Id expression, quint32 symbol, std::vector<Id> &results) {
+    const auto add = [&](Id part) {
+        const Id result = derive(part, symbol);
+        if (result != Nothing)
+            results.push_back(result);
+    };
+    const Range parts = nodes_[expression].parts;
+    if (parts.count < ManyParts) {
+        for (quint32 i = 0; i < parts.count; ++i)
+            add(lists_[parts.first + i]);
+        return;
+    }
+    const ChoiceIndex &index = indexOf(expression);
+    if (const auto leaves = index.leaves.find(key(symbols_[symbol])); leaves != index.leaves.end())
+        std::ranges::for_each(leaves->second, add);
+    std::ranges::for_each(index.others, add);
 }
 
 Expressions::Id Expressions::after(Id expression, quint32 symbol) {
-    const quint64 key = quint64(expression) << 32 | symbol;
+    const quint64 step = quint64(expression) << 32 | symbol;
     Recent &recent = recent_[(expression * 31 + symbol) % recent_.size()];
-    if (recent.key != key)
-        recent = {key, derive(expression, symbol)};
+    if (recent.key != step)
+        recent = {step, derive(expression, symbol)};
     return recent.after;
 }
 
@@ -223,8 +272,8 @@ Expressions::Id Expressions::derive(Id expression, quint32 symbol) {
         return takes(node, symbol) ? End : Nothing;
     if (node.kind == Kind::Unknown || size() > MaxSize)
         return Unknown;
-    const quint64 key = quint64(expression) << 32 | symbol;
-    if (const auto known = steps_.find(key); known != steps_.end())
+    const quint64 step = quint64(expression) << 32 | symbol;
+    if (const auto known = steps_.find(step); known != steps_.end())
         return known->second;
     Id result = Nothing;
     if (node.kind == Kind::Sequence)
@@ -238,14 +287,10 @@ Expressions::Id Expressions::derive(Id expression, quint32 symbol) {
                 sequence(once, repeat(node.first, oneLess(node.minimum), oneLess(node.maximum)));
     } else {
         std::vector<Id> results;
-        for (quint32 i = 0; i < node.parts.count; ++i) {
-            const Id part = derive(lists_[node.parts.first + i], symbol);
-            if (part != Nothing)
-                results.push_back(part);
-        }
+        deriveChoice(expression, symbol, results);
         result = choice(results);
     }
-    steps_.emplace(key, result);
+    steps_.emplace(step, result);
     return result;
 }
 

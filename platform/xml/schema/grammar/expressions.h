@@ -91,9 +91,21 @@ private:
     Id derive(Id expression, quint32 symbol);
     Id deriveSequence(Id expression, quint32 symbol);
     Id deriveInterleave(Id expression, quint32 symbol);
-    bool takes(const Node &leaf, quint32 symbol) const;
+    void deriveChoice(Id expression, quint32 symbol, std::vector<Id> &results);
+    bool takes(const Node &leaf, quint32 symbol);
     template <typename Parts>
     std::vector<Leaf> collect(Id expression, Parts &&partsOf) const;
+
+    /// What a long list of elements holds, by their names.
+    template <typename Value>
+    using ByName = std::unordered_map<quint64, Value>;
+    struct ChoiceIndex {
+        ByName<std::vector<Id>> leaves;
+        /// Those parts that are no elements.
+        std::vector<Id> others;
+    };
+    const ChoiceIndex &indexOf(Id choice);
+    static quint64 key(const Symbol &name) { return quint64(name.space) << 32 | name.local; }
 
     Grammar grammar_;
     std::vector<Node> nodes_;
@@ -103,6 +115,10 @@ private:
     std::unordered_map<quint64, quint32> symbolNumbers_;
     std::unordered_map<quint64, Id> steps_;
     std::unordered_map<Index, Id> compiled_;
+    /// Of choices with many parts: an answer asks them for every part in turn.
+    std::unordered_map<Id, ChoiceIndex> choices_;
+    /// Of elements with many substitutes.
+    std::unordered_map<Index, ByName<bool>> substitutes_;
     quint32 countLimit_ = Unbounded;
 
     struct Recent {
