@@ -19,6 +19,23 @@ namespace {
 
 constexpr std::chrono::seconds MaxTime(10);
 
+/// What comes first behind comments and instructions tells: a document would have a tag or its
+/// DOCTYPE there.
+bool isDtd(QByteArrayView text) {
+    while (true) {
+        text = text.trimmed();
+        const bool isComment = text.startsWith("<!--");
+        if (!isComment && !text.startsWith("<?"))
+            break;
+        const qsizetype end = text.indexOf(isComment ? "-->" : "?>");
+        if (end < 0)
+            return false;
+        text = text.sliced(end + (isComment ? 3 : 2));
+    }
+    return text.isEmpty() || text.startsWith('%') ||
+           (text.startsWith("<!") && !text.startsWith("<!DOCTYPE"));
+}
+
 Data readIn(const SchemaSource &source) {
     SchemaFiles files(source.path, source.folders, source.catalog);
     if (source.path.isEmpty())
@@ -27,11 +44,13 @@ Data readIn(const SchemaSource &source) {
     if (!text)
         xml::raiseSchemaError(QFileInfo(source.path).fileName(), 0,
                               resources::validation_texts::SchemaNotFound.toString());
-    // Its first tag tells what it is; only a DTD has none.
-    xml::DOMDocument40 document = xml::DOMDocument40::create();
-    const xml::Node root = document.loadXML(*text) ? document.documentElement() : xml::Node();
-    if (!root)
+    if (isDtd(*text))
         return grammarFromDtd(source.path, source.internalSubset, files);
+    xml::DOMDocument40 document = xml::DOMDocument40::create();
+    if (!document.loadXML(*text))
+        xml::raiseSchemaError(QFileInfo(source.path).fileName(), document.parseError().line,
+                              document.parseError().reason);
+    const xml::Node root = document.documentElement();
     if (isXdr(root))
         return grammarFromXdr(source.path, root, files, source.namespaceName);
     if (isRelaxNg(root))

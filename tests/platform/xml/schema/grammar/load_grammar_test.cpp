@@ -35,7 +35,10 @@ TEST(LoadGrammar, KnowsTheLanguages) {
         std::string text;
         Language language;
     } cases[] = {
-        {"a.xml", "<!ELEMENT r (a,b?)><!ELEMENT a EMPTY><!ELEMENT b EMPTY>", Language::Dtd},
+        {"a.xml",
+         "<?xml encoding='UTF-8'?><!-- <a> -->\n<!ELEMENT r (a,b?)><!ELEMENT a EMPTY><!ELEMENT b "
+         "EMPTY>",
+         Language::Dtd},
         {"b.xml",
          "<xs:schema xmlns:xs='http://www.w3.org/2001/XMLSchema'><xs:element name='r'>"
          "<xs:complexType><xs:sequence><xs:element name='a'/><xs:element name='b' minOccurs='0'/>"
@@ -58,6 +61,15 @@ TEST(LoadGrammar, KnowsTheLanguages) {
         EXPECT_EQ(insertable(grammar, u"", u"r"), "a! / b") << at.text;
     }
     EXPECT_THROW(loadGrammar({files.write("d.xml", "<root/>")}), runtime::Error);
+    // One with a fault is told as what it is.
+    try {
+        loadGrammar(
+            {files.write("f.xsd", "<?xml version='1.0'?><!-- <!ELEMENT -->\n<schema>\n<a>")});
+        FAIL();
+    } catch (const runtime::Error &error) {
+        EXPECT_TRUE(error.description().contains(u"f.xsd") && error.description().contains(u'3'))
+            << error.what();
+    }
     EXPECT_THROW(loadGrammar({files.path("missing.xsd")}), runtime::Error);
     EXPECT_EQ(insertable(loadGrammar({{}, "<!ELEMENT r (a)>"}), u"", u"r"), "a!");
 }
