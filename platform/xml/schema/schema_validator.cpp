@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <libxml/valid.h>
 #include <libxml/xmlschemas.h>
+#include <tuple>
 
 namespace quillon::xml {
 
@@ -47,6 +48,17 @@ public:
                         : !found_.empty() && isKnown(found_.back()))
             return;
         found_.push_back({message, element});
+    }
+
+    /// References that lead nowhere are reported at the end, in an order that changes from run to
+    /// run; puts them into the document's.
+    void putReferencesInOrder() {
+        const auto first =
+            std::ranges::find(found_, schema_error::UndefinedId,
+                              [](const Found &found) { return found.message.errorCode; });
+        std::sort(first, found_.end(), [](const Found &a, const Found &b) {
+            return std::tie(a.element, a.message.reason) < std::tie(b.element, b.message.reason);
+        });
     }
 
     bool isEmpty() const { return found_.empty(); }
@@ -211,6 +223,7 @@ std::vector<SchemaError> validateByDtd(const DOMDocument40 &document, const QStr
     session.report = [&](const xmlError &error) { collector.add(error); };
     xmlValidateDocument(context.get(), doc.get());
     session.report = {};
+    collector.putReferencesInOrder();
     return collector.errorsIn(document);
 }
 
