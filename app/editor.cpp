@@ -157,6 +157,7 @@ void Editor::wirePane() {
     // anew when the end of the drag has taken the node out of its old place.
     connect(&dragAndDrop, &tree::DragAndDrop::documentModified, this, &Editor::showAnew);
     connect(&removal, &tree::NodeRemoval::documentModified, this, &Editor::showAnewAfterRemoval);
+    connect(&dragAndDrop, &tree::DragAndDrop::nodesLeft, this, &Editor::showSelectedInstead);
     connect(&tools, &tools::ToolCommands::documentModified, this, &Editor::showAnew);
 }
 
@@ -241,6 +242,11 @@ void Editor::showAnew() {
 
 void Editor::showAnewAfterRemoval() {
     if (pane.shownSequence == tree.SelectedItem().sequence())
+        showAnew();
+}
+
+void Editor::showSelectedInstead() {
+    if (pane.shownSequence != tree.SelectedItem().sequence())
         showAnew();
 }
 

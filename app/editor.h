@@ -128,6 +128,7 @@ private:
     bool takeLabel(const items::TreeItem &item, QString &newText);
     void showAnew();
     void showAnewAfterRemoval();
+    void showSelectedInstead();
     void forgetPlaceOfOther();
 
     /// The file that the preview has shown last.

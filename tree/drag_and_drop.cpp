@@ -167,6 +167,7 @@ void DragAndDrop::tvw_OLECompleteDrag(Qt::DropAction effect) {
 
 void DragAndDrop::completeMove() {
     remove(std::exchange(unconfirmed_, {}));
+    Q_EMIT nodesLeft();
 }
 
 void DragAndDrop::remove(const Items &items) {

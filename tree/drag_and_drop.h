@@ -65,6 +65,8 @@ Q_SIGNALS:
     /// Text was dropped while no document was open.
     void loadXmlRequested(const QString &text);
     void documentModified();
+    /// What was dragged is in another window now.
+    void nodesLeft();
 
 private:
     using Items = std::vector<items::TreeItem>;

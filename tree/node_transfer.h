@@ -86,9 +86,9 @@ struct ArrivedNode {
     void adaptTo(const Namespaces &place) const;
 };
 
-/// Reads what packed() has written in either format, which anybody may claim to have done: all of the
-/// nodes, or nothing for what it cannot have written. Raises Fail when a node refers to entities
-/// that `target` does not declare with the same content.
+/// Reads what packed() has written in either format, which anybody may claim to have done: all of
+/// the nodes, or nothing for what it cannot have written. Raises Fail when a node refers to
+/// entities that `target` does not declare with the same content.
 std::vector<ArrivedNode> unpackedNodes(const QByteArray &packed, const xml::DOMDocument40 &target);
 
 } // namespace quillon::tree

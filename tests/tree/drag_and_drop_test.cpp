@@ -220,6 +220,7 @@ TEST_F(DragTest, AMoveToAnotherWindowWaitsForItsConfirmation) {
         EXPECT_EQ(!item("item"), !refused);
     }
     EXPECT_EQ(other->editor.state.m_DOM.xml(), "<b><one><item>1</item></one></b>");
+    EXPECT_EQ(txtEdit().utf8(), editor().selection.GetSelectedDOMNode().xml());
 
     // A drag that has been there and comes back.
     const auto data = start("items");
