@@ -36,8 +36,8 @@ inline constexpr QStringView HitsToolTip = u"検索: %2\n%1 件";
 inline constexpr QStringView HitsButton = u"検索結果: %1 件(&R)";
 inline constexpr QStringView HitsButtonTip = u"検索結果の一覧を表示します。";
 inline constexpr QStringView NoHitsYet =
-    u"検索結果はありません。\nパスによる検索 (パスの入力欄) や「検索」(Ctrl+F) "
-    u"で見つかったものが、ここに表示されます。";
+    u"検索結果はありません。\nパスによる検索 (パスの入力欄)、「検索」(Ctrl+F)、"
+    u"「検索と置換」(Ctrl+H) で見つかったものが、ここに表示されます。";
 inline constexpr QStringView CopyRows = u"コピー";
 inline constexpr QStringView CopyRowsName = u"一覧の行をコピー";
 inline constexpr QStringView CopyRowsTip =
