@@ -195,6 +195,8 @@ QString ReplacePlan::nameAfter(const Node &node) const {
 
 bool ReplacePlan::refuseName(quint32 node, const QString &why) {
     const auto name = names_.find(node);
+    if (name == names_.end())
+        return false;
     refuse(name->second.part, why);
     names_.erase(name);
     return true;
