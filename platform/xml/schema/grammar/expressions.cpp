@@ -29,11 +29,8 @@ quint32 oneLess(quint32 count) {
 
 } // namespace
 
-Expressions::Expressions(const Grammar &grammar) : grammar_(grammar) {
-    nodes_.push_back({Kind::Nothing});
-    nodes_.push_back({Kind::End, true});
-    nodes_.push_back({Kind::Unknown, true});
-}
+Expressions::Expressions(const Grammar &grammar)
+    : grammar_(grammar), nodes_{{Kind::Nothing}, {Kind::End, true}, {Kind::Unknown, true}} {}
 
 quint32 Expressions::symbolNumber(const Symbol &symbol) {
     const auto [at, isNew] =
