@@ -1,20 +1,9 @@
 #pragma once
 
 #include "platform/runtime/progress.h"
-
-#include <QByteArray>
-
-#include <chrono>
-#include <functional>
+#include "platform/xml/engine/forked_child.h"
 
 namespace quillon::xml {
-
-struct ChildLimits {
-    /// Processor time: what else the machine does takes nothing away from the work.
-    std::chrono::milliseconds time = std::chrono::seconds(60);
-    /// Bytes that libxml2 may have allocated at a time.
-    qint64 memory = qint64(4) << 30;
-};
 
 /// Runs work in a child process, a copy of this one, and returns what work returns. What work
 /// changes in memory stays in the child. A runtime::Error that work raises is raised here. Raises
