@@ -11,8 +11,6 @@ using xml::NodeType;
 
 namespace {
 
-const QString InstanceNamespace = QStringLiteral("http://www.w3.org/2001/XMLSchema-instance");
-
 bool isDeclaration(const QString &attribute) {
     return attribute == QLatin1String("xmlns") || attribute.startsWith(QLatin1String("xmlns:"));
 }

@@ -7,6 +7,10 @@
 
 namespace quillon::grammar {
 
+/// The namespace of xsi:type and its like.
+inline const QString InstanceNamespace =
+    QStringLiteral("http://www.w3.org/2001/XMLSchema-instance");
+
 /// An element of a document as a grammar sees it.
 struct KnownElement {
     /// Of `elements`; None for what the grammar does not know there.
