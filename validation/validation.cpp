@@ -6,14 +6,13 @@
 #include "platform/ui/dialogs.h"
 #include "platform/ui/message_box.h"
 #include "platform/xml/engine/child_process.h"
+#include "platform/xml/schema/schema_error_bytes.h"
 #include "platform/xml/schema/schema_validator.h"
 #include "platform/xml/schema/xdr/xdr_validator.h"
 #include "resources/messages.h"
 #include "resources/validation_texts.h"
 
-#include <QDataStream>
 #include <QFileInfo>
-#include <QIODevice>
 #include <QScopeGuard>
 
 #include <algorithm>
@@ -127,15 +126,7 @@ void Validation::clear() {
 QByteArray Validation::findings(Validate validate) const {
     xml::DOMDocument40 copy = xml::DOMDocument40::create();
     const std::vector<xml::SchemaError> found = (this->*validate)(copy);
-    std::vector<xml::Node> nodes;
-    for (const xml::SchemaError &error : found)
-        nodes.push_back(error.node);
-    const std::vector<qint64> positions = xml::positionsOf(copy, nodes);
-    QByteArray bytes;
-    QDataStream stream(&bytes, QIODevice::WriteOnly);
-    for (std::size_t i = 0; i < found.size(); ++i)
-        stream << found[i].reason << found[i].line << found[i].isWarning << positions[i];
-    return bytes;
+    return xml::toBytes(found, copy);
 }
 
 void Validation::writeForDtd(const xml::Node &root, const QByteArray &encoding) const {
@@ -194,32 +185,17 @@ void Validation::loadWorkingCopy(xml::DOMDocument40 &copy) const {
 }
 
 void Validation::take(const QByteArray &findings) {
-    std::vector<qint64> positions;
-    QDataStream stream(findings);
-    while (!stream.atEnd()) {
-        ValidationError error;
-        bool isWarning = false;
-        qint64 position = -1;
-        stream >> error.reason >> error.line >> isWarning >> position;
-        hasMoreErrors_ = hasMoreErrors_ || (!isWarning && errors_.size() == xml::MaxSchemaErrors);
-        if (isWarning) {
-            warnings_.append(error.reason);
-        } else if (!hasMoreErrors_) {
-            errors_.push_back(error);
-            positions.push_back(position);
-        }
-    }
-    if (errors_.empty())
-        return;
     // Both documents have the same elements in the same order.
-    std::vector<qint64> ascending = positions;
-    std::ranges::sort(ascending);
-    const std::vector<xml::Node> nodes = xml::elementsAt(state_.m_DOM, ascending);
-    for (std::size_t i = 0; i < errors_.size(); ++i) {
-        const auto at = std::ranges::lower_bound(ascending, positions[i]) - ascending.begin();
-        errors_[i].node = nodes[static_cast<std::size_t>(at)];
+    for (xml::SchemaError &error : xml::schemaErrorsFrom(findings, state_.m_DOM)) {
+        if (error.isWarning)
+            warnings_.append(error.reason);
+        else if (errors_.size() == xml::MaxSchemaErrors)
+            hasMoreErrors_ = true;
+        else
+            errors_.push_back({std::move(error.reason), error.line, error.node});
     }
-    Q_EMIT errorsChanged();
+    if (!errors_.empty())
+        Q_EMIT errorsChanged();
 }
 
 void Validation::showSuccess() {

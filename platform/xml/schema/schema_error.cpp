@@ -14,49 +14,61 @@ namespace texts = resources::validation_texts;
 
 namespace {
 
-/// Counts the lines of a text on from where it stopped last.
+/// Counts the lines of a text, and the characters of the last of them, on from where it stopped
+/// last.
 class LineCounter {
 public:
-    int lineAt(const SourceText &source, std::uint32_t position) {
+    struct Place {
+        /// 1-based; 0 when unknown.
+        int line = 0;
+        int column = 0;
+    };
+
+    Place placeOf(const Node &node) {
+        if (node.isNull())
+            return {};
+        const Arena &arena = HandleAccess::arena(node);
+        const Record &record = arena.record(node.number());
+        return record.has(record_flag::Source) ? placeAt(*arena.source(node.number()), record.start)
+                                               : Place();
+    }
+
+private:
+    Place placeAt(const SourceText &source, std::uint32_t position) {
         if (&source != source_ || position < position_) {
             source_ = &source;
             position_ = 0;
-            line_ = 1;
+            place_ = {1, 1};
         }
         const std::string_view text = source.utf8;
         for (; position_ < position; ++position_) {
             const char c = text[position_];
             if (c == '\n' || (c == '\r' && text.substr(position_ + 1, 1) != "\n"))
-                ++line_;
+                place_ = {place_.line + 1, 1};
+            else if ((c & 0xC0) != 0x80)
+                ++place_.column;
         }
-        return line_;
+        return place_;
     }
 
-    int lineOf(const Node &node) {
-        if (node.isNull())
-            return 0;
-        const Arena &arena = HandleAccess::arena(node);
-        const Record &record = arena.record(node.number());
-        return record.has(record_flag::Source) ? lineAt(*arena.source(node.number()), record.start)
-                                               : 0;
-    }
-
-private:
     const SourceText *source_ = nullptr;
     std::uint32_t position_ = 0;
-    int line_ = 1;
+    Place place_;
 };
 
 } // namespace
 
 void setLines(std::vector<SchemaError> &errors) {
     LineCounter counter;
-    for (SchemaError &error : errors)
-        error.line = counter.lineOf(error.node);
+    for (SchemaError &error : errors) {
+        const LineCounter::Place place = counter.placeOf(error.node);
+        error.line = place.line;
+        error.column = place.column;
+    }
 }
 
 int lineOf(const Node &node) {
-    return LineCounter().lineOf(node);
+    return LineCounter().placeOf(node).line;
 }
 
 std::vector<Node> elementsAt(const DOMDocument40 &document, const std::vector<qint64> &positions) {

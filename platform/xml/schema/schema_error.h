@@ -23,6 +23,10 @@ constexpr qint32 MissingAttribute = static_cast<qint32>(0xC00CE020);
 constexpr qint32 InvalidDatatype = static_cast<qint32>(0xC00CE201);
 constexpr qint32 MissingImport = static_cast<qint32>(0xC00CE203);
 constexpr qint32 NoSchemaFound = static_cast<qint32>(0xC00CE224);
+/// A schema has faults, or cannot be read.
+constexpr qint32 UnusableSchema = static_cast<qint32>(0xC00CE225);
+/// What the author of a schema has put in words.
+constexpr qint32 RuleViolation = static_cast<qint32>(0xC00CE226);
 } // namespace schema_error
 
 /// One way in which a document does not keep to its schema.
@@ -36,15 +40,20 @@ struct SchemaError {
     Node node;
     /// 1-based line of the element in the text that the document was read from; 0 when unknown.
     int line = 0;
-    /// Not against the schema: something that the schema wanted was not there.
+    /// Not against the schema: something that the schema wanted was not there, or what its author
+    /// wants to be told and no more.
     bool isWarning = false;
+    /// The qualified name of the attribute of the element that is wrong; empty when it is none.
+    QString attribute = {};
+    /// 1-based column of the element in its line, in characters; 0 when unknown.
+    int column = 0;
 };
 
 /// No more errors than these are kept. Validators return one more where there are more.
 inline constexpr std::size_t MaxSchemaErrors = 1000;
 
-/// Sets the lines of errors whose nodes belong to one document. Cheapest when they stand in
-/// document order.
+/// Sets the lines and columns of errors whose nodes belong to one document. Cheapest when they
+/// stand in document order.
 void setLines(std::vector<SchemaError> &errors);
 /// The 1-based line that a node which was read starts on; 0 for any other node.
 int lineOf(const Node &node);

@@ -1,0 +1,122 @@
+#include "platform/xml/schema/verdict/verdict.h"
+
+#include "platform/runtime/error.h"
+#include "platform/xml/engine/document_type.h"
+#include "platform/xml/schema/schema_error_bytes.h"
+#include "platform/xml/schema/schema_validator.h"
+#include "platform/xml/schema/xdr/xdr_validator.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace quillon::xml {
+
+namespace {
+
+/// A DTD judges documents that name it: a copy does, whatever the document names.
+DOMDocument40 namingDtd(const DOMDocument40 &document, const QString &path) {
+    const QByteArray written = documentTypeOf(document);
+    QByteArray subset;
+    if (const qsizetype open = written.indexOf('['); open >= 0)
+        subset = written.sliced(open, written.lastIndexOf(']') + 1 - open);
+    DOMDocument40 copy = DOMDocument40::create();
+    const Node root = document.documentElement();
+    if (!copy.loadXML("<!DOCTYPE " + root.nodeName().toUtf8() + " SYSTEM \"" +
+                      QFileInfo(path).fileName().toUtf8() + "\" " + subset + ">\n" + root.xml()))
+        throw runtime::Error(copy.parseError().errorCode, copy.parseError().reason);
+    return copy;
+}
+
+std::vector<SchemaError> byDtd(const DOMDocument40 &document, const SchemaForVerdict &schema) {
+    const DOMDocument40 copy = namingDtd(document, schema.path);
+    const std::vector<SchemaError> found = validateByDtd(copy, schema.path, schema.partFolders);
+    std::vector<SchemaError> errors = schemaErrorsFrom(toBytes(found, copy), document);
+    setLines(errors);
+    return errors;
+}
+
+std::vector<SchemaError> byXdr(const DOMDocument40 &document, const SchemaForVerdict &schema) {
+    DOMDocument40 source = DOMDocument40::create();
+    if (!source.load(schema.path))
+        raiseSchemaError(QFileInfo(schema.path).fileName(), source.parseError().line,
+                         source.parseError().reason);
+    xdr::Validator validator(QStringList(QFileInfo(schema.path).absolutePath()) +
+                             schema.partFolders);
+    validator.addSchema(schema.namespaceName, source);
+    return validator.validate(document);
+}
+
+std::vector<SchemaError> bySchema(const DOMDocument40 &document, const SchemaForVerdict &schema) {
+    switch (schema.kind) {
+    case SchemaKind::Dtd:
+        return byDtd(document, schema);
+    case SchemaKind::Xsd:
+        return validateByXsd(document, schema.path, schema.partFolders);
+    case SchemaKind::Xdr:
+        return byXdr(document, schema);
+    case SchemaKind::RelaxNg:
+    case SchemaKind::Schematron:
+        break;
+    }
+    return {};
+}
+
+/// What one schema has said, another may say in its own words. What an author has put in words is
+/// only the same when the words are.
+bool isSame(const SchemaError &a, const SchemaError &b) {
+    if (!(a.node == b.node) || a.attribute != b.attribute)
+        return false;
+    return a.reason == b.reason || (a.errorCode == b.errorCode && !a.node.isNull() &&
+                                    a.errorCode != schema_error::RuleViolation);
+}
+
+/// Adds what is new of what a further schema says.
+void merge(std::vector<SchemaError> &all, std::vector<SchemaError> further) {
+    const std::size_t known = all.size();
+    for (SchemaError &error : further) {
+        const auto end = all.begin() + static_cast<std::ptrdiff_t>(known);
+        if (std::none_of(all.begin(), end,
+                         [&](const SchemaError &other) { return isSame(other, error); }))
+            all.push_back(std::move(error));
+    }
+}
+
+void putInDocumentOrder(std::vector<SchemaError> &errors, const DOMDocument40 &document) {
+    std::vector<Node> nodes;
+    for (const SchemaError &error : errors)
+        nodes.push_back(error.node);
+    const std::vector<qint64> positions = positionsOf(document, nodes);
+    std::vector<std::size_t> order;
+    for (std::size_t i = 0; i < errors.size(); ++i)
+        order.push_back(i);
+    std::ranges::stable_sort(order, {}, [&](std::size_t i) {
+        // Unknown is beyond all.
+        return static_cast<quint64>(positions[i]);
+    });
+    std::vector<SchemaError> sorted;
+    for (const std::size_t i : order)
+        sorted.push_back(std::move(errors[i]));
+    errors = std::move(sorted);
+}
+
+} // namespace
+
+std::vector<SchemaError> verdict(const DOMDocument40 &document,
+                                 const std::vector<SchemaForVerdict> &schemas) {
+    std::vector<SchemaError> all;
+    for (const SchemaForVerdict &schema : schemas) {
+        try {
+            merge(all, bySchema(document, schema));
+        } catch (const runtime::Error &error) {
+            all.push_back({.errorCode = schema_error::UnusableSchema,
+                           .reason = error.description(),
+                           .node = {},
+                           .isWarning = true});
+        }
+    }
+    putInDocumentOrder(all, document);
+    return all;
+}
+
+} // namespace quillon::xml
