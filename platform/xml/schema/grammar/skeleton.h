@@ -36,6 +36,8 @@ class SkeletonMaker {
 public:
     explicit SkeletonMaker(const Grammar &grammar);
 
+    const Grammar &grammar() const { return grammar_; }
+
     /// The markup of an element, of `elements`, on one line: mandatory attributes and children
     /// filled in, namespaces declared that the place does not have. `type`, of `types`, is another
     /// one than the declared; xsi:type then says so. Where `choose` is not given, or has been asked

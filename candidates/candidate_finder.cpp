@@ -1,0 +1,206 @@
+#include "candidates/candidate_finder.h"
+
+#include "candidates/grammar_entries.h"
+#include "platform/xml/dom/qualified_name.h"
+#include "resources/candidate_texts.h"
+#include "tree/node_transfer.h"
+
+#include <algorithm>
+
+namespace quillon::candidates {
+
+namespace texts = resources::candidate_texts;
+using grammar::None;
+using xml::Node;
+using xml::NodeType;
+
+namespace {
+
+EntryList nothing(QStringView remark) {
+    return {{}, remark.toString()};
+}
+
+bool isElement(const Node &node) {
+    return node.nodeType() == NodeType::Element;
+}
+
+/// The name that the DOCTYPE gives the root.
+QString doctypeName(const Node &document) {
+    for (Node child = document.firstChild(); child; child = child.nextSibling()) {
+        if (child.nodeType() == NodeType::DocumentType)
+            return child.nodeName();
+    }
+    return {};
+}
+
+/// Whether an element put ahead of a child of the document, or at its end for none, would stand
+/// ahead of what has to come first.
+bool isAheadOfProlog(const Node &ref) {
+    for (Node at = ref; at; at = at.nextSibling()) {
+        if (at.nodeType() == NodeType::DocumentType || at.nodeName() == QLatin1String("xml"))
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+CandidateFinder::CandidateFinder(const state::DocumentState &state) : state_(state) {
+    connect(&usage_, &DocumentUsage::counted, this, &CandidateFinder::changed);
+}
+
+void CandidateFinder::setGrammar(const std::optional<grammar::Grammar> &grammar) {
+    parent_.reset();
+    grammar_ = grammar;
+    skeletons_.reset();
+    matcher_.reset();
+    if (grammar) {
+        skeletons_.emplace(*grammar);
+        matcher_.emplace(*grammar);
+    }
+    Q_EMIT changed();
+}
+
+void CandidateFinder::documentChanged() {
+    parent_.reset();
+    Q_EMIT changed();
+}
+
+void CandidateFinder::documentReplaced() {
+    usage_.clear();
+    isCounted_ = false;
+    documentChanged();
+}
+
+grammar::NameScope CandidateFinder::scopeIn(const Node &parent) {
+    return isElement(parent)
+               ? grammar::NameScope{tree::namespacesAt(parent), xml::prefixOf(parent.nodeName())}
+               : grammar::NameScope();
+}
+
+grammar::KnownElement CandidateFinder::known(const Node &element) {
+    if (!grammar_ || !isElement(element))
+        return {};
+    if (parent_ && parent_->node == element)
+        return parent_->known;
+    return grammar::knownElement(*grammar_, element);
+}
+
+CandidateFinder::Parent *CandidateFinder::parentOf(const Node &node) {
+    if (!grammar_)
+        return nullptr;
+    if (!parent_ || !(parent_->node == node)) {
+        parent_ = Parent{node, grammar::knownElement(*grammar_, node), {}, {}};
+        if (parent_->known.type != None) {
+            const grammar::NamedChildren children = grammar::namedChildren(*grammar_, node);
+            parent_->children.reserve(children.nodes.size());
+            for (const Node &child : children.nodes)
+                parent_->children.push_back(child.number());
+            parent_->run.emplace(matcher_->run(parent_->known.type, children.names));
+        }
+    }
+    return parent_->run ? &*parent_ : nullptr;
+}
+
+std::size_t CandidateFinder::placeOf(const Parent &parent, const Node &node,
+                                     Position position) const {
+    // Between elements stand others; those ahead of the next element are at its place.
+    Node at = position == Position::Behind ? node.nextSibling() : node;
+    while (at && !isElement(at))
+        at = at.nextSibling();
+    if (!at)
+        return parent.children.size();
+    return std::size_t(std::ranges::find(parent.children, at.number()) - parent.children.begin());
+}
+
+EntryList CandidateFinder::elements(const Node &node, Position position) {
+    const bool isChild = position == Position::LastChild;
+    if (isChild && !isElement(node) && node.nodeType() != NodeType::Document)
+        return nothing(texts::NoChildrenOfNode);
+    const Node parent = isChild ? node : node.parentNode();
+    if (parent.nodeType() == NodeType::Document)
+        return rootsFor(parent, isChild                        ? Node()
+                                : position == Position::Behind ? node.nextSibling()
+                                                               : node);
+    if (!isElement(parent))
+        return nothing(texts::NoElementsHere);
+    const Parent *at = parentOf(parent);
+    if (!at)
+        return fromDocument(parent);
+    using grammar::Content;
+    const Content content = grammar_->type(at->known.type).content;
+    if (content == Content::Empty)
+        return nothing(texts::NoChildren);
+    if (content == Content::Text)
+        return nothing(texts::TextOnly);
+    const std::size_t place = isChild ? at->children.size() : placeOf(*at, node, position);
+    return elementEntries(*skeletons_, at->run->insertable(place), scopeIn(parent));
+}
+
+EntryList CandidateFinder::rootsFor(const Node &document, const Node &ref) {
+    if (state_.m_DOM.documentElement())
+        return nothing(texts::OneRootOnly);
+    if (isAheadOfProlog(ref))
+        return nothing(texts::NoElementsHere);
+    return grammar_ ? rootEntries(*skeletons_, doctypeName(document)) : fromDocument(document);
+}
+
+EntryList CandidateFinder::namesFor(const Node &element) {
+    const Node parent = element.parentNode();
+    if (parent.nodeType() == NodeType::Document)
+        return grammar_ ? rootEntries(*skeletons_, doctypeName(parent)) : fromDocument(parent);
+    if (!isElement(element) || !isElement(parent))
+        return nothing(texts::NoElementsHere);
+    const Parent *at = parentOf(parent);
+    if (!at)
+        return fromDocument(parent);
+    const std::size_t place = placeOf(*at, element, Position::Ahead);
+    return elementEntries(*skeletons_, at->run->replaceable(place), scopeIn(parent));
+}
+
+EntryList CandidateFinder::attributes(const Node &element) {
+    if (!isElement(element))
+        return nothing(texts::NoAttributesOfNode);
+    const grammar::KnownElement found = known(element);
+    if (found.type != None)
+        return attributeEntries(*skeletons_, found.type,
+                                grammar::namedAttributes(*grammar_, element).names,
+                                scopeIn(element));
+    count();
+    EntryList list;
+    for (const QString &name : usage_.attributesOf(element.nodeName())) {
+        Entry entry{name};
+        if (element.getAttributeNode(name)) {
+            entry.isAllowed = false;
+            entry.remark = texts::IsThere.toString();
+        }
+        list.entries.push_back(std::move(entry));
+    }
+    std::ranges::stable_partition(list.entries, &Entry::isAllowed);
+    remarkOnCount(list);
+    return list;
+}
+
+EntryList CandidateFinder::fromDocument(const Node &parent) {
+    count();
+    EntryList list;
+    for (const QString &name : usage_.childrenOf(isElement(parent) ? parent.nodeName() : QString()))
+        list.entries.push_back({name});
+    remarkOnCount(list);
+    return list;
+}
+
+void CandidateFinder::remarkOnCount(EntryList &list) const {
+    const QStringView remark = usage_.isCounting()    ? texts::StillCounting
+                               : list.entries.empty() ? texts::NothingSeen
+                               : grammar_             ? texts::UnknownToSchema
+                                                      : texts::FromDocument;
+    list.remark = remark.toString();
+}
+
+void CandidateFinder::count() {
+    if (!std::exchange(isCounted_, true))
+        usage_.count(state_.m_DOM);
+}
+
+} // namespace quillon::candidates
