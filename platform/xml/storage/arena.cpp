@@ -75,7 +75,7 @@ void Arena::addPage(std::uint32_t number) {
 }
 
 std::uint32_t Arena::allocate(std::uint32_t slots) {
-    if (size_ > MaxSlots - base_ - 2)
+    if (size_ > MaxSlots - base_ - 3)
         throw runtime::Error(runtime::error_number::Fail,
                              resources::xml_texts::TooManyNodes.toString());
     const std::uint32_t at = size_;

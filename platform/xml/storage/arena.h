@@ -90,7 +90,7 @@ struct SourcePlace {
 enum class OwnTextKind : std::uint8_t { Value, Layout, EndLayout };
 
 /// A page of slots with the texts they own. Shared between the copies of a document and copied
-/// before one of them changes it.
+/// before one of them changes it. Both slots of an element are on the same page.
 struct Page final : RefCounted {
     static constexpr std::uint32_t SlotCount = 1024;
     static constexpr std::size_t MaxSources = 255;
@@ -174,6 +174,9 @@ public:
     void clear();
 
     bool isAlive(Number n) const { return n - base_ < size_; }
+    /// The number of the first slot of the page that a number is on, and that of the next page.
+    Number pageStart(Number n) const { return n - indexOf(n - base_); }
+    Number pageEnd(Number n) const { return pageStart(n) + Page::SlotCount; }
     Number documentNumber() const { return base_; }
     /// Number of slots in use, dead nodes included.
     std::uint32_t slotCount() const { return size_; }

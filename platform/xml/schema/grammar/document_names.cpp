@@ -23,22 +23,27 @@ bool declaresNamespaces(const Node &element) {
     return false;
 }
 
+/// The value of an attribute of the namespace of xsi:type; null when there is none.
+QString instanceAttribute(const Node &element, QLatin1String localName) {
+    for (const Node &attribute : element.attributes().all()) {
+        const QString name = attribute.nodeName();
+        if (xml::localNameOf(name) == localName && name.contains(u':') &&
+            xml::namespaceAt(element, xml::prefixOf(name)) == InstanceNamespace)
+            return attribute.nodeValue().trimmed();
+    }
+    return {};
+}
+
 /// The type that an element chooses for itself; `declared` when it chooses none that it may.
 Index chosenType(const Grammar &grammar, const Node &element, Index declared) {
     if (declared == None || grammar.data().language != Language::Xsd)
         return declared;
-    for (const Node &attribute : element.attributes().all()) {
-        const QString name = attribute.nodeName();
-        if (xml::localNameOf(name) != QLatin1String("type") || !name.contains(u':') ||
-            xml::namespaceAt(element, xml::prefixOf(name)) != InstanceNamespace)
-            continue;
-        const QString value = attribute.nodeValue().trimmed();
-        const Index type = grammar.namedType(grammar.symbol(
-            xml::namespaceAt(element, xml::prefixOf(value)), xml::localNameOf(value)));
-        if (type != None && grammar.isDerived(type, declared))
-            return type;
-    }
-    return declared;
+    const QString value = instanceAttribute(element, QLatin1String("type"));
+    if (value.isNull())
+        return declared;
+    const Index type = grammar.namedType(
+        grammar.symbol(xml::namespaceAt(element, xml::prefixOf(value)), xml::localNameOf(value)));
+    return type != None && grammar.isDerived(type, declared) ? type : declared;
 }
 
 } // namespace
@@ -50,23 +55,35 @@ Symbol symbolOf(const Grammar &grammar, const Node &element) {
     return grammar.symbol(xml::namespaceAt(element, xml::prefixOf(name)), xml::localNameOf(name));
 }
 
+KnownElement knownElement(const Grammar &grammar, const KnownElement *parent, const Node &element,
+                          const Symbol &name) {
+    KnownElement known;
+    if (parent && parent->type != None)
+        known.element = grammar.childElement(parent->type, name);
+    // Below what is not known, what is declared on its own may be meant again.
+    if (known.element == None)
+        known.element = grammar.globalElement(name);
+    known.type = chosenType(grammar, element,
+                            known.element == None ? None : grammar.element(known.element).type);
+    return known;
+}
+
 KnownElement knownElement(const Grammar &grammar, const Node &element) {
     std::vector<Node> path;
     for (Node at = element; at.nodeType() == NodeType::Element; at = at.parentNode())
         path.push_back(at);
     KnownElement known;
-    for (auto at = path.rbegin(); at != path.rend(); ++at) {
-        const Symbol name = symbolOf(grammar, *at);
-        known.element = at == path.rbegin()  ? grammar.globalElement(name)
-                        : known.type == None ? None
-                                             : grammar.childElement(known.type, name);
-        // Below what is not known, what is declared on its own may be meant again.
-        if (known.element == None)
-            known.element = grammar.globalElement(name);
-        known.type = chosenType(grammar, *at,
-                                known.element == None ? None : grammar.element(known.element).type);
-    }
+    for (auto at = path.rbegin(); at != path.rend(); ++at)
+        known = knownElement(grammar, at == path.rbegin() ? nullptr : &known, *at,
+                             symbolOf(grammar, *at));
     return known;
+}
+
+bool isNil(const Grammar &grammar, const KnownElement &known, const Node &element) {
+    if (known.element == None || grammar.element(known.element).isNillable == 0)
+        return false;
+    const QString value = instanceAttribute(element, QLatin1String("nil"));
+    return value == QLatin1String("true") || value == QLatin1String("1");
 }
 
 NamedChildren namedChildren(const Grammar &grammar, const Node &parent) {

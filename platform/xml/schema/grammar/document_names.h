@@ -27,6 +27,14 @@ Symbol symbolOf(const Grammar &grammar, const xml::Node &element);
 /// not matter. Types that xsi:type names are followed where they are derived from the declared one.
 KnownElement knownElement(const Grammar &grammar, const xml::Node &element);
 
+/// The same for an element of which the parent is known already, and its own name. `parent` is
+/// null for the root.
+KnownElement knownElement(const Grammar &grammar, const KnownElement *parent,
+                          const xml::Node &element, const Symbol &name);
+
+/// Whether an element says by xsi:nil that it has no content, where its declaration allows that.
+bool isNil(const Grammar &grammar, const KnownElement &known, const xml::Node &element);
+
 /// The children of an element that are elements themselves, and their names, for ContentMatcher.
 struct NamedChildren {
     std::vector<xml::Node> nodes;
