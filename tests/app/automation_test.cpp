@@ -1,5 +1,6 @@
 #include "app/automation/automation_server.h"
 #include "platform/ui/message_box.h"
+#include "tests/support/patience.h"
 #include "tests/support/private_bus.h"
 #include "tests/support/scripted_dialogs.h"
 
@@ -20,6 +21,7 @@ namespace quillon::app {
 
 namespace {
 
+using test::Patience;
 using test::PrivateBus;
 
 constexpr int GraceMs = 50;
@@ -89,7 +91,7 @@ protected:
         return there && there->isVisible();
     }
     bool isGone(size_t form) {
-        return QTest::qWaitFor([&] { return forms[form].isNull(); });
+        return QTest::qWaitFor([&] { return forms[form].isNull(); }, Patience);
     }
 
     PrivateBus bus;
@@ -135,17 +137,18 @@ TEST_F(AutomationTest, NothingIsOpenedUnderAModalBox) {
     const QString window = createWindow();
     onWindow(window, "OpenFile", {write("<first/>")});
     const auto xml = [&] { return forms[0]->editor().state.m_DOM.xml(); };
-    ASSERT_TRUE(QTest::qWaitFor([&] { return xml() == "<first/>"; }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return xml() == "<first/>"; }, Patience));
     QDialog box(forms[0]);
     box.setModal(true);
     box.show();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeModalWidget() == &box; }));
+    ASSERT_TRUE(
+        QTest::qWaitFor([&] { return QApplication::activeModalWidget() == &box; }, Patience));
     EXPECT_TRUE(onWindow(window, "OpenFile", {write("<second/>")}).isValid());
     // The window goes on answering, and has not touched what the box may be about.
     EXPECT_EQ(get(window, "ReadOnly"), QVariant(false));
     EXPECT_EQ(xml(), "<first/>");
     box.close();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return xml() == "<second/>"; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return xml() == "<second/>"; }, Patience));
 }
 
 TEST_F(AutomationTest, OpeningAnotherFileKeepsTheUsersChangesForTheNextStart) {
@@ -204,11 +207,13 @@ TEST_F(AutomationTest, AHiddenWindowGoesWithItsLastClient) {
     forms[2]->close();
     QDBusConnection late = bus.connect("client");
     const QVariantList hWnd{"org.quillon.XmlEditor.Window", "hWnd"};
-    EXPECT_TRUE(QTest::qWaitFor([&] {
-        return !call(late, "/org/quillon/XmlEditor/Window/3", "org.freedesktop.DBus.Properties",
-                     "Get", hWnd)
-                    .isValid();
-    }));
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] {
+            return !call(late, "/org/quillon/XmlEditor/Window/3", "org.freedesktop.DBus.Properties",
+                         "Get", hWnd)
+                        .isValid();
+        },
+        Patience));
 }
 
 TEST_F(AutomationTest, AProgramThatTheBusHasStartedEndsWithItsLastWindow) {

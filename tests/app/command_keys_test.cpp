@@ -1,5 +1,6 @@
 #include "app/main_window/command_table.h"
 #include "tests/support/editor_window.h"
+#include "tests/support/patience.h"
 
 #include <QMenu>
 #include <QMenuBar>
@@ -25,7 +26,7 @@ protected:
         select("b");
         form->show();
         form->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
+        ASSERT_TRUE(QTest::qWaitForWindowActive(form.get(), Patience));
         tvw().setFocus();
     }
 };

@@ -1,5 +1,6 @@
 #include "app/main_window/command_table.h"
 #include "tests/support/editor_window.h"
+#include "tests/support/patience.h"
 #include "tests/support/private_bus.h"
 
 #include <QApplication>
@@ -64,7 +65,7 @@ protected:
         showSample();
         form->show();
         form->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
+        ASSERT_TRUE(QTest::qWaitForWindowActive(form.get(), Patience));
         tvw().setFocus();
     }
     void run(QStringView command) {

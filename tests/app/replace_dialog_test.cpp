@@ -1,6 +1,7 @@
 #include "app/main_window/replace_dialog.h"
 #include "platform/xml/dom/part_walk.h"
 #include "tests/support/editor_window.h"
+#include "tests/support/patience.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -20,7 +21,7 @@ protected:
         open("<r><a k='x'>x</a><b>X</b></r>");
         form->actions().action(u"mnuEditReplace")->trigger();
         dialog = form->findChild<app::ReplaceDialog *>("replaceDialog");
-        ASSERT_TRUE(QTest::qWaitForWindowActive(dialog));
+        ASSERT_TRUE(QTest::qWaitForWindowActive(dialog, Patience));
     }
     template <typename Control>
     Control &find(const char *name) {
@@ -88,7 +89,7 @@ TEST_F(ReplaceDialogTest, FindsPlansAndReplaces) {
     button("findAll").click();
     EXPECT_EQ(text("message"), "2 か所で見つかりました。");
     EXPECT_TRUE(form->findChild<app::ResultPanel *>()->isVisible());
-    EXPECT_TRUE(dialog->isActiveWindow());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return dialog->isActiveWindow(); }, Patience));
     EXPECT_EQ(status(), text("message"));
     EXPECT_FALSE(button("execute").isEnabled());
     enter("with", "y");

@@ -1,5 +1,6 @@
 #include "app/main_window/result_panel.h"
 #include "tests/support/editor_window.h"
+#include "tests/support/patience.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -20,7 +21,7 @@ protected:
     ResultPanel() {
         form->show();
         form->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(form.get()));
+        EXPECT_TRUE(QTest::qWaitForWindowActive(form.get(), Patience));
     }
 
     app::ResultPanel &panel() { return *form->findChild<app::ResultPanel *>("resultPanel"); }
@@ -180,10 +181,10 @@ TEST_F(ResultPanel, FollowsTheDocumentWhenIdle) {
     query("a");
     select("three");
     type("other");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return cell(1, 2) == "<a> other"; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return cell(1, 2) == "<a> other"; }, Patience));
     select("a");
     editor().nodeCommands.mnuEditCut_Click();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return table().model()->rowCount() == 1; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return table().model()->rowCount() == 1; }, Patience));
     EXPECT_EQ(panel().findChild<QTabBar *>()->tabText(0), "検索結果 (1)");
 }
 
@@ -192,13 +193,13 @@ TEST_F(ResultPanel, ItsHeightAndWhetherItIsShownAreRemembered) {
     const int height = 123;
     QCoreApplication::processEvents();
     form->resizeDocks({&panel()}, {height}, Qt::Vertical);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return panel().height() == height; }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return panel().height() == height; }, Patience));
     form->close();
     form.release();
     form = std::make_unique<app::frmMain>(environment());
     form->show();
     EXPECT_TRUE(panel().isVisible());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return panel().height() == height; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return panel().height() == height; }, Patience));
     panel().shut();
     form->close();
     form.release();

@@ -1,5 +1,6 @@
 #include "app/main_window/window.h"
 #include "tests/support/editor_window.h"
+#include "tests/support/patience.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -19,7 +20,7 @@ class WindowTest : public EditorWindow {
 protected:
     void show() {
         form->show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(form.get()));
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(form.get(), Patience));
     }
 };
 

@@ -1,6 +1,7 @@
 #include "document/recent_files.h"
 #include "platform/ui/message_box.h"
 #include "tests/support/editor_window.h"
+#include "tests/support/patience.h"
 #include "tests/support/scripted_printer.h"
 
 #include <QAbstractItemView>
@@ -19,8 +20,6 @@
 namespace quillon::test {
 
 namespace {
-
-constexpr int Patience = 20'000;
 
 /// What the parts of a real window do for each other.
 class WiringTest : public EditorWindow {
@@ -127,7 +126,7 @@ TEST_F(WiringTest, TheWholePreviewFollowsChanges) {
 TEST_F(WiringTest, AFileThatAnotherProgramChangesIsNoticedWhenTheWindowIsActivated) {
     form->show();
     open("<r/>");
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(form.get()));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(form.get(), Patience));
     form->activateWindow();
     ASSERT_TRUE(QTest::qWaitFor([&] { return form->isActiveWindow(); }, Patience));
     const QString before = status();
@@ -209,7 +208,7 @@ TEST_F(WiringTest, TheTreeIsPrintedFromTheMenu) {
 TEST_F(WiringTest, ThePathBoxKnowsQueriesAndTheDocument) {
     form->show();
     form->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(form.get(), Patience));
     open("<注文><品a/><品ab/></注文>");
     select("#document");
     const auto type = [this](const QString &text) {

@@ -1,4 +1,5 @@
 #include "tests/support/editor_window.h"
+#include "tests/support/patience.h"
 
 #include <QLineEdit>
 #include <QTest>
@@ -31,7 +32,7 @@ TEST_F(CommandsWindow, TheKeyboardReachesTheTreeOfANewDocument) {
     form->activateWindow();
     txtEdit().setFocus();
     editor().commands.mnuFileNew_Click();
-    ASSERT_TRUE(QTest::qWaitFor([this] { return tvw().hasFocus(); }));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return tvw().hasFocus(); }, Patience));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
     EXPECT_EQ(tree().SelectedItem(), tree().nodes().Item(1));
 }

@@ -1,4 +1,5 @@
 #include "tests/support/editor_window.h"
+#include "tests/support/patience.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -32,7 +33,7 @@ protected:
     void show() {
         form->show();
         form->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
+        ASSERT_TRUE(QTest::qWaitForWindowActive(form.get(), Patience));
         tvw().setFocus();
     }
     QString clipboard() { return QGuiApplication::clipboard()->text(); }

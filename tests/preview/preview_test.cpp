@@ -1,13 +1,12 @@
 #include "platform/ui/message_box.h"
 #include "tests/support/headless_editor.h"
+#include "tests/support/patience.h"
 
 #include <QTest>
 
 namespace quillon::test {
 
 namespace {
-
-constexpr int Patience = 120'000;
 
 class PreviewTest : public HeadlessEditor {
 protected:

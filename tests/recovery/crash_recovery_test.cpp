@@ -1,4 +1,5 @@
 #include "tests/recovery/recovery_fixture.h"
+#include "tests/support/patience.h"
 
 namespace quillon::test {
 
@@ -42,10 +43,10 @@ TEST_F(CrashRecoveryTest, UndoingAndRedoingReachTheCopy) {
     const QString copy = "kept/recovery/" + files(kept).filter(".xml").value(0);
     QSignalSpy written(recovery.get(), &CrashRecovery::written);
     editor().history.UndoCommand();
-    ASSERT_TRUE(written.wait());
+    ASSERT_TRUE(written.wait(Patience));
     EXPECT_EQ(read(copy), "<r>new</r>");
     editor().history.RedoCommand();
-    ASSERT_TRUE(written.wait());
+    ASSERT_TRUE(written.wait(Patience));
     EXPECT_EQ(read(copy), "<r>newer</r>");
 }
 
@@ -271,7 +272,7 @@ TEST_F(CrashRecoveryTest, AFileThatCannotBeOpenedTakesNoChangesAway) {
     dialogs.answerMessage(ui::message_answer::Ok);
     QSignalSpy written(recovery.get(), &CrashRecovery::written);
     editor().commands.openUnasked(path("broken.xml"));
-    ASSERT_TRUE(written.wait());
+    ASSERT_TRUE(written.wait(Patience));
     EXPECT_EQ(files(kept).filter(".xml").size(), 1);
     crash();
     restart();
@@ -292,7 +293,7 @@ TEST_F(CrashRecoveryTest, TheLastStateThatCanBeOpenedIsKept) {
     QSignalSpy written(recovery.get(), &CrashRecovery::written);
     editor().history.UndoCommand();
     recovery->documentChanged();
-    ASSERT_TRUE(written.wait());
+    ASSERT_TRUE(written.wait(Patience));
     EXPECT_EQ(files(kept), before);
     EXPECT_EQ(read("kept/recovery/" + before.filter(".xml").value(0)), "<r>new</r>");
 }
@@ -307,7 +308,7 @@ TEST_F(CrashRecoveryTest, ChangesWithoutAPauseAreWrittenAtIntervals) {
     QTimer typing;
     QObject::connect(&typing, &QTimer::timeout, [this] { type(txtEdit().Text() + "x"); });
     typing.start(0);
-    EXPECT_TRUE(written.wait());
+    EXPECT_TRUE(written.wait(Patience));
 }
 
 TEST_F(CrashRecoveryTest, WhatIsUnsavedWhenTheSessionEndsIsKeptAtOnce) {

@@ -3,6 +3,7 @@
 #include "platform/runtime/error.h"
 #include "recovery/crash_recovery.h"
 #include "tests/support/headless_editor.h"
+#include "tests/support/patience.h"
 
 #include <QFileInfo>
 #include <QProcess>
@@ -32,7 +33,7 @@ protected:
         QSignalSpy written(recovery.get(), &CrashRecovery::written);
         select(caption);
         type(text);
-        ASSERT_TRUE(written.wait());
+        ASSERT_TRUE(written.wait(Patience));
     }
     static QStringList files(const system::WorkingFolder &at) {
         return QDir(at.filePath("recovery")).entryList(QDir::Files | QDir::Hidden, QDir::Name);
@@ -42,7 +43,7 @@ protected:
         QProcess ended;
         ended.start("true", QStringList());
         const QByteArray deadProcess = QByteArray::number(ended.processId());
-        ASSERT_TRUE(ended.waitForFinished());
+        ASSERT_TRUE(ended.waitForFinished(Patience));
         QDir().mkpath(left.filePath("recovery"));
         for (const QString &name : files(kept)) {
             QFile from(kept.filePath("recovery/" + name));

@@ -1,4 +1,5 @@
 #include "tests/recovery/recovery_fixture.h"
+#include "tests/support/patience.h"
 
 namespace quillon::test {
 
@@ -16,15 +17,15 @@ TEST_F(CrashRecoveryTest, ThatNothingCanBeKeptIsToldOnceUntilItSucceeds) {
     open("<r>old</r>");
     select("old");
     type("new");
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !told.isEmpty(); }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !told.isEmpty(); }, Patience));
     // It goes on trying, and succeeds when there is a folder.
     QFile::remove(path("kept"));
     QSignalSpy written(recovery.get(), &CrashRecovery::written);
-    EXPECT_TRUE(written.wait());
+    EXPECT_TRUE(written.wait(Patience));
     EXPECT_EQ(told.size(), 1);
     barFolder();
     type("newer");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return told.size() == 2; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return told.size() == 2; }, Patience));
 }
 
 TEST_F(CrashRecoveryTest, DeclinedOnesAreDeletedAndTheOthersWait) {

@@ -1,4 +1,5 @@
 #include "tests/support/editor_window.h"
+#include "tests/support/patience.h"
 
 #include <QMenu>
 #include <QSettings>
@@ -78,7 +79,7 @@ TEST_F(SettingsTest, AMaximizedWindowKeepsItsNormalPlace) {
     form->showMaximized();
     // There may be no window manager that makes it larger.
     form->windowHandle()->resize(800, 600);
-    ASSERT_TRUE(QTest::qWaitFor([this] { return form->width() != 700; }));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return form->width() != 700; }, Patience));
     restart();
     EXPECT_EQ(stored("Application/Width"), QString::number(700 * 15));
     EXPECT_TRUE(editor().settings.maximized);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tests/support/patience.h"
+
 #include <QDBusConnection>
 #include <QProcess>
 
@@ -18,7 +20,7 @@ public:
     }
     ~PrivateBus() {
         daemon_.kill();
-        daemon_.waitForFinished();
+        daemon_.waitForFinished(Patience);
     }
     PrivateBus(const PrivateBus &) = delete;
     PrivateBus &operator=(const PrivateBus &) = delete;

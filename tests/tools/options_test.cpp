@@ -1,3 +1,4 @@
+#include "tests/support/patience.h"
 #include "tests/support/scripted_dialogs.h"
 #include "tools/options_dialog.h"
 
@@ -26,7 +27,7 @@ protected:
         dialog = std::make_unique<OptionsDialog>(Options{editors, "MS UI Gothic", 10}, recentFiles,
                                                  nullptr);
         dialog->show();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+        ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get(), Patience));
     }
     template <typename Control>
     Control &find(const char *name) {

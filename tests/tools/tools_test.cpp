@@ -2,6 +2,7 @@
 #include "platform/runtime/paths.h"
 #include "platform/system/http_post.h"
 #include "tests/support/editor_window.h"
+#include "tests/support/patience.h"
 #include "tests/support/work_at_once.h"
 
 #include <QTcpServer>
@@ -214,7 +215,7 @@ TEST(ShellTest, TellsThatTheDesktopFoundNoViewer) {
     const auto mustNot = [] { ADD_FAILURE() << "a viewer was found"; };
     system::Shell().openOnDesktop("0", mustNot);
     system::Shell().openOnDesktop("3", [&] { hasFailed = true; });
-    EXPECT_TRUE(QTest::qWaitFor([&] { return hasFailed; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return hasFailed; }, Patience));
     qputenv("PATH", folder.path().toLocal8Bit());
     opener.remove();
     EXPECT_THROW(system::Shell().openOnDesktop("0", mustNot), runtime::Error);

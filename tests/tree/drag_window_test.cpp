@@ -1,4 +1,5 @@
 #include "tests/support/editor_window.h"
+#include "tests/support/patience.h"
 
 #include <QApplication>
 #include <QDropEvent>
@@ -108,14 +109,14 @@ TEST_F(DragWindow, ExpandsAndScrollsUnderThePointer) {
     QMimeData data;
     data.setText("<x/>");
     hover(placeOf("closed"), data);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return item("closed").Expanded(); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return item("closed").Expanded(); }, Patience));
 
     // The pointer rests at the lower edge until the last item is there.
     QScrollBar &bar = *tvw().verticalScrollBar();
     const QPoint edge(60, tvw().viewport()->height() - 2);
     hover(edge, data);
     const items::TreeItem before = tree().SelectedItem();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return bar.value() >= 3; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return bar.value() >= 3; }, Patience));
     EXPECT_NE(tree().SelectedItem(), before);
     EXPECT_EQ(tree().SelectedItem(), tvw().HitTest(edge));
     const int left = bar.value();

@@ -1,3 +1,4 @@
+#include "tests/support/patience.h"
 #include "tests/view/browser/browser_fixture.h"
 
 #include <QWebEngineProfile>

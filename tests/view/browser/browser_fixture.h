@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tests/support/patience.h"
 #include "tests/support/scripted_dialogs.h"
 #include "view/browser/browser.h"
 
@@ -18,8 +19,6 @@
 #include <gtest/gtest.h>
 
 namespace quillon::test {
-
-constexpr int Patience = 30'000;
 
 /// The rest of the world, on the loopback: counts who comes by TCP or UDP.
 class Listener {

@@ -1,5 +1,6 @@
 #include "platform/runtime/error.h"
 #include "platform/ui/message_box.h"
+#include "tests/support/patience.h"
 #include "tests/support/scripted_dialogs.h"
 #include "view/controls/action_menus.h"
 
@@ -16,6 +17,7 @@
 
 using namespace quillon;
 using namespace quillon::controls;
+using quillon::test::Patience;
 
 namespace {
 
@@ -52,7 +54,7 @@ protected:
     ActionsTest() : menus_(*new ActionMenus(actions_, *window_.menuBar())) {
         window_.show();
         window_.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window_));
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window_, Patience));
     }
 
     QAction &action(QStringView name) { return *actions_.action(name); }

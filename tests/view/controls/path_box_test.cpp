@@ -1,3 +1,4 @@
+#include "tests/support/patience.h"
 #include "view/controls/path_box.h"
 
 #include <QAbstractItemView>
@@ -11,6 +12,7 @@
 #include <gtest/gtest.h>
 
 using quillon::controls::PathBox;
+using quillon::test::Patience;
 
 namespace {
 
@@ -21,7 +23,7 @@ protected:
         box_.AddItem(QStringLiteral("/A/値"));
         box_.show();
         box_.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&box_));
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&box_, Patience));
         box_.setFocus();
     }
 
@@ -122,7 +124,7 @@ TEST_F(PathBoxTest, AClickBesideTheProposalsIsOne) {
     QPushButton button;
     button.setGeometry(400, 400, 100, 50);
     button.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&button));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&button, Patience));
     const QSignalSpy clicked(&button, &QPushButton::clicked);
     box_.propose = [](const QString &typed) { return QStringList{typed + QLatin1Char('b')}; };
     box_.activateWindow();

@@ -1,3 +1,4 @@
+#include "tests/support/patience.h"
 #include "view/controls/text_box.h"
 
 #include <QAccessible>
@@ -16,6 +17,7 @@
 #include <set>
 
 using quillon::controls::TextBox;
+using quillon::test::Patience;
 
 namespace {
 
@@ -28,7 +30,7 @@ protected:
         window_.resize(600, 300);
         window_.show();
         window_.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window_));
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window_, Patience));
         box_.setFocus();
     }
 

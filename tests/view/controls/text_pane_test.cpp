@@ -1,3 +1,4 @@
+#include "tests/support/patience.h"
 #include "view/controls/text_pane.h"
 
 #include <QCheckBox>
@@ -24,7 +25,7 @@ protected:
         }
         window.show();
         window.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window, Patience));
         box.setFocus();
     }
 

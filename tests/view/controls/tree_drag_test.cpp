@@ -1,3 +1,4 @@
+#include "tests/support/patience.h"
 #include "tests/support/scripted_dialogs.h"
 #include "view/controls/tree_view.h"
 
@@ -11,6 +12,7 @@
 
 using namespace quillon;
 using namespace quillon::controls;
+using quillon::test::Patience;
 
 namespace {
 
@@ -79,12 +81,12 @@ TEST_F(DragSource, ASecondClickStillEditsUnlessItBecomesADrag) {
     // A timer that is started later and runs longer ends after the one that would start an edit.
     bool later = false;
     QTimer::singleShot(10, [&] { later = true; });
-    EXPECT_TRUE(QTest::qWaitFor([&] { return later; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return later; }, Patience));
     EXPECT_FALSE(isEditing());
     // A hand that trembles does not drag.
     tree_.setSelectedItem(tree_.nodes().Item(2));
     pull(placeOf(2), placeOf(2) + QPoint(2, 1), Qt::LeftButton);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return isEditing(); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return isEditing(); }, Patience));
 }
 
 TEST_F(DragSource, TellsOfEveryPress) {

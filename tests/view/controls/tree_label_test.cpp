@@ -1,5 +1,6 @@
 #include "platform/runtime/error.h"
 #include "platform/ui/message_box.h"
+#include "tests/support/patience.h"
 #include "tests/support/scripted_dialogs.h"
 #include "tests/view/controls/tree_view_fixture.h"
 
@@ -15,7 +16,7 @@ TEST_F(TreeViewTest, LabelEditsEndByKeyAndFocus) {
     const auto startByClick = [&] {
         QApplication::setDoubleClickInterval(1);
         click(selected());
-        EXPECT_TRUE(QTest::qWaitFor([&] { return editor() != nullptr; }));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return editor() != nullptr; }, Patience));
         clicks_.clear();
     };
     const auto endByCode = [&] {

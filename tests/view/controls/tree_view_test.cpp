@@ -1,3 +1,4 @@
+#include "tests/support/patience.h"
 #include "tests/view/controls/tree_view_fixture.h"
 #include "view/controls/tree_delegate.h"
 
@@ -187,7 +188,7 @@ TEST_F(TreeViewTest, KeepsItsPictureWhileItIsRebuilt) {
     EXPECT_TRUE(view_.isVisible());
     tree_.setTreeVisible(true);
     EXPECT_TRUE(tree_.treeVisible());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count > 0; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count > 0; }, Patience));
 }
 
 TEST_F(TreeViewTest, IsATreeToAssistiveTechnology) {
