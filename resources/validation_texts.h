@@ -71,6 +71,10 @@ inline constexpr QStringView FacetTotalDigits = u"桁数は %1 桁までです�
 inline constexpr QStringView FacetFractionDigits = u"小数部は %1 桁までです。";
 inline constexpr QStringView FacetPattern = u"値がパターン '%1' と一致しません。";
 inline constexpr QStringView FacetEnumeration = u"使用できる値: %1";
+inline constexpr QStringView FixedValue = u"固定値 '%1' でなければなりません。";
+inline constexpr QStringView ExpectedType = u"%1 データ型の値が必要です。";
+/// Between what the members of a union want.
+inline constexpr QStringView Or = u"または、";
 // %1 is the element, %2 the value, %3 the name of the constraint.
 inline constexpr QStringView DuplicateKey =
     u"要素 '%1' の値 %2 は、一意性の制約 '%3' に反して重複しています。";
