@@ -34,6 +34,8 @@ Editor::Editor(Environment given, ui::TextBox &txtEdit, ui::PathBox &cboPath, ui
       hitNavigation(hits, builder, selection, tree, pane), hitExport(hits, clipboard, longWork),
       replacing(state, options, builder, tree),
       findAndReplace(state, builder, selection, tree, replacing, hits, longWork),
+      candidateFinder(state),
+      candidateInsertion(state, candidateFinder, builder, removal, selection, tree, pane),
       preview(state, builder, selection, tree, ie, workingFolder, longWork,
               [this] {
                   return preview::PreviewFont{settings.fontName, settings.fontSize};
@@ -56,6 +58,7 @@ Editor::Editor(Environment given, ui::TextBox &txtEdit, ui::PathBox &cboPath, ui
     wireValidation();
     wireHits();
     wireReplacing();
+    wireCandidates();
 }
 
 void Editor::wireStatusBar() {
@@ -215,6 +218,20 @@ void Editor::wireReplacing() {
             [this](const search::Hit &hit) { guarded([&] { hitNavigation.show(hit); }); });
     connect(&hits, &search::HitList::shown, &findAndReplace, &FindAndReplace::takeShown);
     findAndReplace.mayLeavePane = [this] { return selection.mayLeavePane(); };
+}
+
+void Editor::wireCandidates() {
+    using candidates::CandidateFinder;
+    using document::DocumentCommands;
+    const auto changed = &CandidateFinder::documentChanged;
+    const auto replaced = &CandidateFinder::documentReplaced;
+    connect(&history, &edit::UndoHistory::recorded, &candidateFinder, changed);
+    connect(&history, &edit::UndoHistory::moved, &candidateFinder, changed);
+    connect(&commands, &DocumentCommands::cleared, &candidateFinder, replaced);
+    connect(&commands, &DocumentCommands::documentCreated, &candidateFinder, replaced);
+    connect(&loader, &document::DocumentLoader::documentOpened, &candidateFinder, replaced);
+    connect(&candidateInsertion, &candidates::CandidateInsertion::documentModified, &commands,
+            &DocumentCommands::DocumentModified);
 }
 
 void Editor::tellSelectedCount(const QString &text) {

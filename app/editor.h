@@ -1,5 +1,7 @@
 #pragma once
 
+#include "candidates/candidate_finder.h"
+#include "candidates/candidate_insertion.h"
 #include "document/document_commands.h"
 #include "document/document_loader.h"
 #include "edit/child_sorting.h"
@@ -93,6 +95,9 @@ public:
     search::Replacing replacing;
     search::FindAndReplace findAndReplace;
 
+    candidates::CandidateFinder candidateFinder;
+    candidates::CandidateInsertion candidateInsertion;
+
     preview::Preview preview;
     validation::Validation validation;
 
@@ -122,6 +127,7 @@ private:
     void wireValidation();
     void wireHits();
     void wireReplacing();
+    void wireCandidates();
 
     void tellSelectedCount(const QString &text);
     bool mayEditLabel();

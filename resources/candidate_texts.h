@@ -35,6 +35,12 @@ inline constexpr QStringView UnknownToSchema =
 inline constexpr QStringView StillCounting = u"文書から集めています...";
 inline constexpr QStringView NothingSeen = u"文書中に同じ例がありません。";
 
+// What is asked when there is a choice. %1 is an element.
+inline constexpr QStringView ChooseContent = u"要素「%1」に入れるものを選んでください。";
+inline constexpr QStringView ChooseType = u"要素「%1」の型を選んでください。";
+inline constexpr QStringView CannotBeMade =
+    u"スキーマの名前が XML の名前として使えないため、「%1」を挿入できません。";
+
 // What stands in an element.
 inline constexpr QStringView EmptyContent = u"空要素";
 inline constexpr QStringView TextContent = u"テキスト";

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -58,6 +59,8 @@ public:
     virtual int showMessage(const QString &text, int style, const QString &title) = 0;
     /// Asks for one line of text. Empty when the user cancelled.
     virtual QString inputText(const QString &prompt) = 0;
+    /// Asks for one of several texts; its 0-based place, or nothing when the user cancelled.
+    virtual std::optional<int> chooseOne(const QString &prompt, const QStringList &choices) = 0;
     virtual FileDialogResult showOpen(const FileDialogRequest &request) = 0;
     /// A name typed without an extension gets that of the chosen filter.
     virtual FileDialogResult showSave(const FileDialogRequest &request) = 0;

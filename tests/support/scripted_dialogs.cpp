@@ -36,8 +36,8 @@ int escapeAnswer(int style) {
 
 ScriptedDialogs::~ScriptedDialogs() {
     ui::setDialogs(before_);
-    const size_t unused =
-        messageAnswers_.size() + inputAnswers_.size() + fileAnswers_.size() + fontAnswers_.size();
+    const size_t unused = messageAnswers_.size() + inputAnswers_.size() + choiceAnswers_.size() +
+                          fileAnswers_.size() + fontAnswers_.size();
     EXPECT_EQ(unused, 0u) << "answers that no dialog asked for";
 }
 
@@ -49,6 +49,13 @@ int ScriptedDialogs::showMessage(const QString &text, int style, const QString &
 QString ScriptedDialogs::inputText(const QString &prompt) {
     prompts.push_back(prompt);
     return take(inputAnswers_, prompt, QString());
+}
+
+std::optional<int> ScriptedDialogs::chooseOne(const QString &prompt, const QStringList &from) {
+    prompts.push_back(prompt);
+    choices.push_back(from);
+    const int chosen = take(choiceAnswers_, prompt, -1);
+    return chosen < 0 ? std::nullopt : std::optional(chosen);
 }
 
 ui::FileDialogResult ScriptedDialogs::showOpen(const ui::FileDialogRequest &request) {

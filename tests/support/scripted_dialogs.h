@@ -25,6 +25,8 @@ public:
     /// Each queues one answer for a later dialog of its kind.
     void answerMessage(int answer) { messageAnswers_.push_back(answer); }
     void answerInput(const QString &text) { inputAnswers_.push_back(text); }
+    /// -1 cancels.
+    void answerChoice(int place) { choiceAnswers_.push_back(place); }
     void answerFile(const ui::FileDialogResult &choice) { fileAnswers_.push_back(choice); }
     /// A font without a family cancels.
     void answerFont(const ui::FontChoice &choice) { fontAnswers_.push_back(choice); }
@@ -32,12 +34,14 @@ public:
     /// What was asked so far, oldest first.
     std::vector<Message> messages;
     std::vector<QString> prompts;
+    std::vector<QStringList> choices;
     std::vector<ui::FileDialogRequest> openRequests;
     std::vector<ui::FileDialogRequest> saveRequests;
     std::vector<ui::FontChoice> fontRequests;
 
     int showMessage(const QString &text, int style, const QString &title) override;
     QString inputText(const QString &prompt) override;
+    std::optional<int> chooseOne(const QString &prompt, const QStringList &from) override;
     ui::FileDialogResult showOpen(const ui::FileDialogRequest &request) override;
     ui::FileDialogResult showSave(const ui::FileDialogRequest &request) override;
     std::optional<ui::FontChoice> chooseFont(const ui::FontChoice &present) override;
@@ -46,6 +50,7 @@ private:
     ui::Dialogs *before_;
     std::deque<int> messageAnswers_;
     std::deque<QString> inputAnswers_;
+    std::deque<int> choiceAnswers_;
     std::deque<ui::FileDialogResult> fileAnswers_;
     std::deque<ui::FontChoice> fontAnswers_;
 };

@@ -8,6 +8,7 @@
 #include <QGroupBox>
 #include <QInputDialog>
 #include <QLibraryInfo>
+#include <QListView>
 #include <QLocale>
 #include <QTranslator>
 
@@ -22,6 +23,22 @@ QString DesktopDialogs::inputText(const QString &prompt) {
     // Room for an address or a longer expression.
     box.resize(box.fontMetrics().averageCharWidth() * 70, box.sizeHint().height());
     return box.exec() == QDialog::Accepted ? box.textValue() : QString();
+}
+
+std::optional<int> DesktopDialogs::chooseOne(const QString &prompt, const QStringList &choices) {
+    QInputDialog box(QApplication::activeWindow());
+    box.setWindowTitle(resources::texts::ApplicationTitle.toString());
+    box.setOption(QInputDialog::UseListViewForComboBoxItems);
+    box.setComboBoxItems(choices);
+    box.setLabelText(prompt);
+    box.setOkButtonText(resources::texts::ButtonOk.toString());
+    box.setCancelButtonText(resources::texts::ButtonCancel.toString());
+    if (box.exec() != QDialog::Accepted)
+        return {};
+    // The list gives the text alone, and two may read the same.
+    const auto *const list = box.findChild<QListView *>();
+    const int row = list ? list->currentIndex().row() : -1;
+    return row < 0 ? std::nullopt : std::optional(row);
 }
 
 std::optional<ui::FontChoice> DesktopDialogs::chooseFont(const ui::FontChoice &present) {

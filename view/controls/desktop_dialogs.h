@@ -9,6 +9,7 @@ class DesktopDialogs : public ui::Dialogs {
 public:
     int showMessage(const QString &text, int style, const QString &title) override;
     QString inputText(const QString &prompt) override;
+    std::optional<int> chooseOne(const QString &prompt, const QStringList &choices) override;
     ui::FileDialogResult showOpen(const ui::FileDialogRequest &request) override;
     ui::FileDialogResult showSave(const ui::FileDialogRequest &request) override;
     std::optional<ui::FontChoice> chooseFont(const ui::FontChoice &present) override;

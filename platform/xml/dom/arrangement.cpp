@@ -63,6 +63,24 @@ void reindentBelow(const Node &element, const std::optional<std::string> &before
         reindent(arena, n, true, *before, *now);
 }
 
+Node insertLaidOut(const Node &parent, const Node &element, const Node &ref) {
+    const Node top = parent.insertBefore(element.cloneNode(false), ref);
+    Node from = element;
+    Node to = top;
+    while (true) {
+        Node next = from.firstChild();
+        Node under = to;
+        for (; !next && !(from == element); from = from.parentNode()) {
+            next = from.nextSibling();
+            under = under.parentNode();
+        }
+        if (!next)
+            return top;
+        from = next;
+        to = under.appendChild(from.cloneNode(false));
+    }
+}
+
 void reorderChildren(const Node &parent, const std::vector<std::vector<Node>> &groups) {
     std::unordered_set<Number> all;
     std::unordered_set<Number> heads;

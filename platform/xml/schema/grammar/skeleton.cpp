@@ -323,15 +323,17 @@ void SkeletonMaker::Making::write(Index element, Index type, NameScope scope) {
     scope.prefix = name.left(std::max<qsizetype>(colon, 0));
     std::vector<Index> children;
     QString content;
+    bool takesText = false;
     if (type != None) {
         const Type &known = grammar.type(type);
+        takesText = known.content == Content::Text || known.content == Content::Mixed;
         if (known.content == Content::Text)
             content = maker.textOf(declared).toHtmlEscaped();
         else if (known.particle != None &&
                  (known.content == Content::Elements || known.content == Content::Mixed))
             expand(known.particle, children);
     }
-    if (children.empty() && content.isEmpty()) {
+    if (children.empty() && content.isEmpty() && !takesText) {
         text += QLatin1String("/>");
     } else {
         text += u'>' + content;

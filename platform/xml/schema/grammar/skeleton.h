@@ -39,9 +39,10 @@ public:
     const Grammar &grammar() const { return grammar_; }
 
     /// The markup of an element, of `elements`, on one line: mandatory attributes and children
-    /// filled in, namespaces declared that the place does not have. `type`, of `types`, is another
-    /// one than the declared; xsi:type then says so. Where `choose` is not given, or has been asked
-    /// often enough, the first alternative that comes to an end is taken.
+    /// filled in, namespaces declared that the place does not have; with two tags where text may be
+    /// typed. `type`, of `types`, is another one than the declared; xsi:type then says so. Where
+    /// `choose` is not given, or has been asked often enough, the first alternative that comes to
+    /// an end is taken.
     QString markup(Index element, const NameScope &scope, const Chooser &choose = {},
                    Index type = None) const;
 

@@ -84,7 +84,7 @@ TEST(Skeleton, HasWhatIsMandatoryAndNothingElse) {
         {"<!ELEMENT r (a,b?,(c|d),e+)>", "r", "<r><a/><c/><e/></r>"},
         {"<!ELEMENT r (#PCDATA|a)*><!ATTLIST r x CDATA #REQUIRED y CDATA 'd' z (p|q) #REQUIRED "
          "p:w CDATA #REQUIRED>",
-         "r", "<r x=\"\" z=\"p\" p:w=\"\"/>"},
+         "r", "<r x=\"\" z=\"p\" p:w=\"\"></r>"},
         // What holds itself: the first alternative that need not, and none when there is none.
         {"<!ELEMENT r (r|a)>", "r", "<r><a/></r>"},
         {"<!ELEMENT r (a,b)><!ELEMENT a (r|b)><!ELEMENT b EMPTY>", "r", "<r><a><b/></a><b/></r>"},
@@ -152,16 +152,20 @@ TEST(Skeleton, DeclaresWhatItsPlaceDoesNotHave) {
         std::string markup;
     } cases[] = {
         {{},
-         "<r xmlns=\"t\" xmlns:ns=\"u\" ns:at=\"\"><local/><plain xmlns=\"\" xmlns:ns1=\"t\" "
+         "<r xmlns=\"t\" xmlns:ns=\"u\" ns:at=\"\"><local></local><plain xmlns=\"\" "
+         "xmlns:ns1=\"t\" "
          "xmlns:xsi=\"" +
-             Instance + "\" xsi:type=\"ns1:B\"><n>&lt;7&gt;</n></plain><member/><ns:o/></r>"},
+             Instance +
+             "\" xsi:type=\"ns1:B\"><n>&lt;7&gt;</n></plain><member></member><ns:o></ns:o></r>"},
         {{{{"p", "t"}, {"q", "u"}, {"i", QString::fromStdString(Instance)}}},
-         "<p:r q:at=\"\"><p:local/><plain i:type=\"p:B\"><n>&lt;7&gt;</n></plain><p:member/>"
-         "<q:o/></p:r>"},
+         "<p:r q:at=\"\"><p:local></p:local><plain "
+         "i:type=\"p:B\"><n>&lt;7&gt;</n></plain><p:member></p:member>"
+         "<q:o></q:o></p:r>"},
         // Of several prefixes that of the parent.
         {{{{"", "t"}, {"p", "t"}, {"q", "u"}, {"i", QString::fromStdString(Instance)}}, "p"},
-         "<p:r q:at=\"\"><p:local/><plain xmlns=\"\" i:type=\"p:B\"><n>&lt;7&gt;</n></plain>"
-         "<p:member/><q:o/></p:r>"},
+         "<p:r q:at=\"\"><p:local></p:local><plain xmlns=\"\" "
+         "i:type=\"p:B\"><n>&lt;7&gt;</n></plain>"
+         "<p:member></p:member><q:o></q:o></p:r>"},
     };
     for (const auto &at : cases)
         EXPECT_EQ(made(grammar, u"r", at.scope, {}, u"t"), at.markup);
