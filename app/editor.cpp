@@ -10,7 +10,9 @@ using items::TreeItem;
 using ui::guarded;
 
 Environment Environment::ofProgram() {
-    return {runtime::applicationFolder(), {}, {}, std::make_shared<system::Shell>()};
+    Environment environment;
+    environment.applicationFolder = runtime::applicationFolder();
+    return environment;
 }
 
 Editor::Editor(Environment given, ui::TextBox &txtEdit, ui::PathBox &cboPath, ui::Browser &ie,
@@ -27,6 +29,7 @@ Editor::Editor(Environment given, ui::TextBox &txtEdit, ui::PathBox &cboPath, ui
       structure(state, builder, removal, selection, tree),
       sorting(state, builder, removal, selection, tree, longWork),
       nodeCommands(state, builder, removal, nodeInsertion, selection, structure, tree, clipboard),
+      schemas(state, environment.settings, environment.fetchedSchemas),
       captionSearch(tree, selection),
       pathQuery(tree, cboPath, selection, builder.registry(), longWork),
       pathCopy(tree, selection, clipboard), pathCompletion(state, cboPath),
@@ -56,6 +59,7 @@ Editor::Editor(Environment given, ui::TextBox &txtEdit, ui::PathBox &cboPath, ui
     wireQueries(cboPath);
     wirePreview();
     wireValidation();
+    wireSchemas();
     wireHits();
     wireReplacing();
     wireCandidates();
@@ -187,6 +191,20 @@ void Editor::wireValidation() {
     connect(&commands, &document::DocumentCommands::cleared, &validation, forgetErrors);
     connect(&loader, &document::DocumentLoader::documentOpened, &validation, forgetErrors);
     connect(&loader, &document::DocumentLoader::statusUpdateRequested, &validation, forgetErrors);
+}
+
+void Editor::wireSchemas() {
+    using document::DocumentCommands;
+    using schemas::DocumentSchemas;
+    const auto replaced = &DocumentSchemas::documentReplaced;
+    connect(&loader, &document::DocumentLoader::documentOpened, &schemas, replaced);
+    connect(&commands, &DocumentCommands::documentCreated, &schemas, replaced);
+    connect(&commands, &DocumentCommands::cleared, &schemas, replaced);
+    const auto documentChanged = &DocumentSchemas::documentChanged;
+    connect(&history, &edit::UndoHistory::recorded, &schemas, documentChanged);
+    connect(&history, &edit::UndoHistory::moved, &schemas, documentChanged);
+    // The document may have got another place.
+    connect(&commands, &DocumentCommands::captionChanged, &schemas, documentChanged);
 }
 
 void Editor::wireHits() {

@@ -14,6 +14,8 @@
 #include "platform/system/working_folder.h"
 #include "preview/preview.h"
 #include "recovery/crash_recovery.h"
+#include "schemas/document_schemas.h"
+#include "schemas/fetched_schemas.h"
 #include "search/caption_search.h"
 #include "search/find_and_replace.h"
 #include "search/hit_export.h"
@@ -46,6 +48,8 @@ struct Environment {
     system::SettingsStore settings;
     runtime::Clock clock;
     std::shared_ptr<system::Shell> shell = std::make_shared<system::Shell>();
+    /// Where schemas are kept that have been fetched.
+    QString fetchedSchemas = schemas::FetchedSchemas::defaultFolder();
 
     /// Those of the program as it is installed.
     static Environment ofProgram();
@@ -83,6 +87,8 @@ public:
     edit::StructureCommands structure;
     edit::ChildSorting sorting;
     edit::NodeCommands nodeCommands;
+
+    schemas::DocumentSchemas schemas;
 
     search::CaptionSearch captionSearch;
     search::PathQuery pathQuery;
@@ -125,6 +131,7 @@ private:
     void wireQueries(ui::PathBox &cboPath);
     void wirePreview();
     void wireValidation();
+    void wireSchemas();
     void wireHits();
     void wireReplacing();
     void wireCandidates();

@@ -10,10 +10,10 @@ QStringList QueryHistory::read() const {
 
 void QueryHistory::add(const QString &query) const {
     // Other windows may have added some.
-    QStringList queries = read();
-    queries.removeAll(query);
-    queries.append(query);
-    PathQueries.write(store_, queries);
+    PathQueries.change(store_, [&](QStringList &queries) {
+        queries.removeAll(query);
+        queries.append(query);
+    });
 }
 
 } // namespace quillon::search

@@ -55,4 +55,12 @@ void SettingLines::write(const system::SettingsStore &store, const QStringList &
         lines.mid(std::max<qsizetype>(0, lines.size() - most)).join(QLatin1Char('\n')));
 }
 
+void SettingLines::change(const system::SettingsStore &store,
+                          const std::function<void(QStringList &)> &edit) const {
+    const system::SettingsStore::Lock lock = store.lock();
+    QStringList lines = read(store);
+    edit(lines);
+    write(store, lines);
+}
+
 } // namespace quillon::settings

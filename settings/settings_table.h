@@ -6,6 +6,7 @@
 #include <QStringList>
 #include <QStringView>
 
+#include <functional>
 #include <limits>
 #include <span>
 #include <variant>
@@ -80,9 +81,16 @@ struct SettingLines {
 
     QStringList read(const system::SettingsStore &store) const;
     void write(const system::SettingsStore &store, const QStringList &lines) const;
+    /// Has the lines changed by a function while no other window changes them.
+    void change(const system::SettingsStore &store,
+                const std::function<void(QStringList &lines)> &edit) const;
 };
 
 inline constexpr SettingLines PathQueries{u"Application", u"PathQueries", 30};
+/// Which documents schemas are for, and which have been chosen for single documents.
+inline constexpr SettingLines SchemaRules{u"Schemas", u"Rules", 500};
+inline constexpr SettingLines SchemaChoices{u"Schemas", u"Choices", 200};
+inline constexpr SettingLines SchemaCatalogs{u"Schemas", u"Catalogs", 20};
 
 inline constexpr SettingList EditorNames{u"Programs", u"Name", 0, 11};
 inline constexpr SettingList EditorPaths{u"Programs", u"Path", 0, 11};

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <QLockFile>
 #include <QString>
+
+#include <memory>
 
 namespace quillon::system {
 
@@ -16,6 +19,11 @@ public:
                        const QString &defaultValue = QString()) const;
     /// A store that cannot be written loses the setting without a word.
     void SaveSetting(const QString &section, const QString &key, const QString &value) const;
+
+    /// While it lives no other instance gets one: what is read meanwhile may be written back
+    /// changed. None is waited for longer than some seconds.
+    using Lock = std::unique_ptr<QLockFile>;
+    Lock lock() const;
 
     static QString defaultPath();
 

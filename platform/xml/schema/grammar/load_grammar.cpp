@@ -36,8 +36,17 @@ bool isDtd(QByteArrayView text) {
            (text.startsWith("<!") && !text.startsWith("<!DOCTYPE"));
 }
 
-Data readIn(const SchemaSource &source) {
-    SchemaFiles files(source.path, source.folders, source.catalog);
+QStringList foldersOf(const SchemaSource &source) {
+    QStringList folders = source.folders;
+    for (const QString &path : source.furtherPaths)
+        folders.append(QFileInfo(path).absolutePath());
+    return folders;
+}
+
+} // namespace
+
+Data readGrammar(const SchemaSource &source) {
+    SchemaFiles files(source.path, foldersOf(source), source.catalog);
     if (source.path.isEmpty())
         return grammarFromDtd({}, source.internalSubset, files);
     const std::optional<QByteArray> text = files.read(source.path);
@@ -55,14 +64,12 @@ Data readIn(const SchemaSource &source) {
         return grammarFromXdr(source.path, root, files, source.namespaceName);
     if (isRelaxNg(root))
         return grammarFromRelaxNg(source.path, files);
-    return grammarFromXsd(source.path, files);
+    return grammarFromXsd(QStringList(source.path) + source.furtherPaths, files);
 }
-
-} // namespace
 
 Grammar loadGrammar(const SchemaSource &source, const runtime::Progress &progress) {
     const QByteArray bytes =
-        xml::runInChild([&source] { return toBytes(readIn(source)); }, {MaxTime}, progress);
+        xml::runInChild([&source] { return toBytes(readGrammar(source)); }, {MaxTime}, progress);
     std::optional<Data> data = fromBytes(bytes);
     if (!data)
         throw runtime::Error(runtime::error_number::Fail,

@@ -15,14 +15,19 @@ struct SchemaSource {
     QByteArray internalSubset = {};
     /// For XML-Data Reduced: the namespace of the elements of documents, e.g. "x-schema:order.xdr".
     QString namespaceName = {};
-    /// Besides the folder of the schema itself.
+    /// Of XML Schemas: those of further namespaces of which a document is made.
+    QStringList furtherPaths = {};
+    /// Besides the folders of the schemas themselves.
     QStringList folders = {};
     SchemaFiles::Catalog catalog = {};
 };
 
-/// Reads a schema in a bounded child process: whoever has written it, it can neither end this one
-/// nor hold it up for longer than some seconds. Raises Fail for what is no schema, and Cancelled
-/// when `progress` says so.
+/// Reads a schema in this process, which had better be a bounded child. Raises Fail for what is no
+/// schema.
+Data readGrammar(const SchemaSource &source);
+
+/// The same in a bounded child process: whoever has written it, it can neither end this one
+/// nor hold it up for longer than some seconds. Raises Cancelled, too, when `progress` says so.
 Grammar loadGrammar(const SchemaSource &source, const runtime::Progress &progress = {});
 
 } // namespace quillon::grammar

@@ -65,10 +65,12 @@ ExpandedName XsdComponents::expanded(const Node &at, const QString &qualifiedNam
     return {space, xml::localNameOf(name)};
 }
 
-void XsdComponents::load(const QString &path) {
-    const QString canonical = QFileInfo(path).canonicalFilePath();
-    if (readDocument(canonical.isEmpty() ? path : canonical, {}, false) < 0)
-        xml::raiseSchemaError(QFileInfo(path).fileName(), 0, texts::SchemaNotFound.toString());
+void XsdComponents::load(const QStringList &paths) {
+    for (const QString &path : paths) {
+        const QString canonical = QFileInfo(path).canonicalFilePath();
+        if (readDocument(canonical.isEmpty() ? path : canonical, {}, false) < 0)
+            xml::raiseSchemaError(QFileInfo(path).fileName(), 0, texts::SchemaNotFound.toString());
+    }
     // The list grows while it is read. Without recursion: files may include each other in a row.
     for (int document = 0; document < static_cast<int>(documents_.size()); ++document)
         readTop(document);

@@ -48,8 +48,8 @@ class XsdComponents {
 public:
     XsdComponents(SchemaFiles &files, GrammarBuilder &builder) : files_(files), builder_(builder) {}
 
-    /// Reads the schema and all that belongs to it. Raises Fail when it is none.
-    void load(const QString &path);
+    /// Reads schemas and all that belongs to them. Raises Fail when one is none.
+    void load(const QStringList &paths);
 
     const std::vector<XsdComponent> &all() const { return components_; }
     const std::vector<XsdDocument> &documents() const { return documents_; }

@@ -36,8 +36,8 @@ XsdReader::Depth::Depth(XsdReader &reader) : reader_(reader) {
     ++reader_.depth_;
 }
 
-Data XsdReader::read(const QString &path) {
-    components_.load(path);
+Data XsdReader::read(const QStringList &paths) {
+    components_.load(paths);
     addAnyType();
     std::vector<Attribute> attributes;
     for (int i = 0; i < static_cast<int>(components_.all().size()); ++i) {
@@ -346,8 +346,8 @@ Place XsdReader::placeOf(const Spot &spot) {
     return {builder_.string(document.path), document.lines.value(spot.node.number())};
 }
 
-Data grammarFromXsd(const QString &path, SchemaFiles &files) {
-    return XsdReader(files).read(path);
+Data grammarFromXsd(const QStringList &paths, SchemaFiles &files) {
+    return XsdReader(files).read(paths);
 }
 
 } // namespace quillon::grammar

@@ -10,7 +10,7 @@ public:
     explicit XsdReader(SchemaFiles &files)
         : builder_(Language::Xsd), components_(files, builder_) {}
 
-    Data read(const QString &path);
+    Data read(const QStringList &paths);
 
 private:
     /// Where a reader is: a node with the file it stands in.

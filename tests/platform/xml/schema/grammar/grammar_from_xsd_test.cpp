@@ -24,7 +24,7 @@ Grammar read(const xml::test::Files &files, const std::string &xsd) {
     const QString path = files.write("schema.xsd", xsd);
     SchemaFiles folder(path, {});
     // By way of the bytes, so that what is read is known to be sound.
-    const std::optional<Data> data = fromBytes(toBytes(grammarFromXsd(path, folder)));
+    const std::optional<Data> data = fromBytes(toBytes(grammarFromXsd({path}, folder)));
     EXPECT_TRUE(data) << xsd.substr(0, 300);
     return Grammar(data.value_or(Data()));
 }

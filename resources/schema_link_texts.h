@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QStringView>
+
+/// What is said of the schemas that a document has.
+namespace quillon::resources::schema_link_texts {
+
+// How a schema was found.
+inline constexpr QStringView ByChoice = u"この文書用に選択";
+inline constexpr QStringView ByInternalSubset = u"内部サブセット";
+inline constexpr QStringView ByDocumentType = u"DOCTYPE";
+inline constexpr QStringView BySchemaLocation = u"xsi:schemaLocation";
+inline constexpr QStringView ByNoNamespaceSchemaLocation = u"xsi:noNamespaceSchemaLocation";
+inline constexpr QStringView ByModelInstruction = u"xml-model";
+inline constexpr QStringView ByXdrNamespace = u"x-schema:";
+inline constexpr QStringView ByRule = u"規則";
+inline constexpr QStringView ByCatalog = u"カタログ";
+/// Behind one of these, where the file comes from.
+inline constexpr QStringView ThroughCatalog = u"%1、カタログ";
+inline constexpr QStringView Fetched = u"%1、取得済み";
+inline constexpr QStringView BuiltIn = u"%1、内蔵";
+
+// What is said of one. %1 is its name, %2 how it was found.
+inline constexpr QStringView LinkWords = u"%1（%2）";
+inline constexpr QStringView InternalSubsetName = u"内部サブセット";
+inline constexpr QStringView LanguageUnknown = u"不明";
+inline constexpr QStringView InForce = u"使用中";
+inline constexpr QStringView NotAsked = u"使用していません。上にあるスキーマが優先されます。";
+
+// The line in the status bar. %1 is what is said of the first schema.
+inline constexpr QStringView AndOthers = u"%1 ほか %2 件";
+inline constexpr QStringView NoSchema = u"スキーマなし";
+inline constexpr QStringView Finding = u"検索中...";
+/// %2 is why.
+inline constexpr QStringView Unusable = u"%1 を使用できません。%2";
+
+// Why a schema cannot be used.
+inline constexpr QStringView MissingFile = u"ファイル '%1' が見つかりません。";
+inline constexpr QStringView NoFolder =
+    u"文書がまだ保存されていないため、'%1' の場所がわかりません。";
+inline constexpr QStringView DocumentIsElsewhere =
+    u"文書がネットワーク上にあるため、'%1' は読み込みません。";
+inline constexpr QStringView OnTheNetwork =
+    u"'%1' はネットワーク上のアドレスです。「取得」を押すまで接続しません。";
+inline constexpr QStringView NotFetchable =
+    u"'%1' は対応していないアドレスです。https で始まるアドレスだけを取得できます。";
+inline constexpr QStringView OnOtherMachine =
+    u"'%1' は別のコンピューター上のファイルです。読み込みません。";
+inline constexpr QStringView CatalogLeadsAway =
+    u"カタログが '%1' に対してネットワーク上のアドレス '%2' を示しています。読み込みません。";
+inline constexpr QStringView OutsideFolder =
+    u"'%1' は文書のフォルダーの外にあり、スキーマの拡張子 "
+    u"(.xsd、.dtd、.rng、.sch、.xdr) を持たないため、読み込みません。";
+inline constexpr QStringView CompactSyntax =
+    u"'%1' は RELAX NG の簡潔構文です。XML 構文のスキーマだけを使用できます。";
+inline constexpr QStringView UnknownLanguage = u"'%1' のスキーマ言語 '%2' には対応していません。";
+inline constexpr QStringView NoLocation = u"xml-model 命令に href がありません。";
+inline constexpr QStringView InDocument =
+    u"'%1' は文書の中のスキーマです。候補の表示には使用できません。";
+
+} // namespace quillon::resources::schema_link_texts

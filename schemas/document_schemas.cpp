@@ -1,0 +1,144 @@
+#include "schemas/document_schemas.h"
+
+#include "platform/ui/error_boundary.h"
+#include "platform/xml/schema/grammar/grammar_bytes.h"
+#include "resources/schema_link_texts.h"
+#include "schemas/schema_words.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace quillon::schemas {
+
+namespace {
+
+/// Edits that follow each other more quickly are looked at once.
+constexpr std::chrono::milliseconds Pause(150);
+constexpr std::chrono::seconds MostTime(10);
+/// Grammars that are kept for documents that are opened again.
+constexpr qsizetype MostKnown = 8;
+
+} // namespace
+
+DocumentSchemas::DocumentSchemas(const state::DocumentState &state,
+                                 const system::SettingsStore &settings, QString fetchedFolder)
+    : state_(state), settings_(settings), fetchedFolder_(std::move(fetchedFolder)) {
+    timer_.setSingleShot(true);
+    connect(&timer_, &QTimer::timeout, this, [this] { ui::guarded([this] { find(); }); });
+    connect(&child_, &xml::BackgroundChild::finished, this,
+            [this](const QByteArray &bytes) { ui::guarded([&] { take(bytes); }); });
+    connect(&child_, &xml::BackgroundChild::failed, this,
+            [this](const runtime::Error &error) { ui::guarded([&] { fail(error); }); });
+}
+
+QString DocumentSchemas::documentPath() const {
+    return QFileInfo(state_.m_FileName).isAbsolute() || state_.m_FileName.contains(u':')
+               ? state_.m_FileName
+               : QString();
+}
+
+void DocumentSchemas::documentReplaced() {
+    child_.giveUp();
+    forget();
+    isStale_ = true;
+    timer_.start(0);
+    Q_EMIT changed();
+}
+
+void DocumentSchemas::documentChanged() {
+    if (!timer_.isActive() || timer_.interval() > 0)
+        timer_.start(Pause);
+}
+
+void DocumentSchemas::findAgain() {
+    isStale_ = true;
+    timer_.start(0);
+}
+
+void DocumentSchemas::checkFiles() {
+    const auto known = known_.constFind(found_.key);
+    if (known != known_.constEnd() && !isKnown(found_.key))
+        findAgain();
+}
+
+FinderRequest DocumentSchemas::request() const {
+    FinderRequest request{.references = references_, .documentPath = path_};
+    request.choice = settings_.choiceFor(path_);
+    request.rules = settings_.rules();
+    request.catalogs = settings_.catalogs();
+    request.fetchedFolder = fetchedFolder_;
+    return request;
+}
+
+void DocumentSchemas::find() {
+    if (!state_.showsDocument()) {
+        child_.giveUp();
+        forget();
+        Q_EMIT changed();
+        return;
+    }
+    DocumentReferences references = referencesOf(state_.m_DOM);
+    const QString path = documentPath();
+    if (!isStale_ && references == references_ && path == path_)
+        return;
+    isStale_ = false;
+    references_ = std::move(references);
+    path_ = path;
+    child_.start(
+        [this, request = request()] {
+            return packed(
+                findSchemas(request, [this](const QString &key) { return isKnown(key); }));
+        },
+        {MostTime});
+    Q_EMIT changed();
+}
+
+void DocumentSchemas::take(const QByteArray &bytes) {
+    FoundSchemas found = unpacked(bytes);
+    failure_.clear();
+    grammar_.reset();
+    const auto known = known_.constFind(found.key);
+    if (!found.grammar.isEmpty()) {
+        if (std::optional<grammar::Data> data = grammar::fromBytes(found.grammar)) {
+            grammar_.emplace(std::move(*data));
+            if (known_.size() >= MostKnown)
+                known_.clear();
+            known_.insert(found.key, {*grammar_, found.files, found.missing});
+        }
+    } else if (known != known_.constEnd()) {
+        grammar_ = known->grammar;
+        found.missing = known->missing;
+    }
+    found.grammar.clear();
+    found_ = std::move(found);
+    Q_EMIT changed();
+}
+
+void DocumentSchemas::fail(const runtime::Error &error) {
+    forget();
+    failure_ = error.description();
+    Q_EMIT changed();
+}
+
+void DocumentSchemas::forget() {
+    found_ = {};
+    failure_.clear();
+    grammar_.reset();
+}
+
+bool DocumentSchemas::isKnown(const QString &key) const {
+    const auto known = known_.constFind(key);
+    // What was missing may be there by now.
+    return known != known_.constEnd() && known->missing.isEmpty() &&
+           std::ranges::all_of(known->files,
+                               [](const FileStamp &file) { return stampOf(file.path) == file; });
+}
+
+QString DocumentSchemas::summary() const {
+    if (isFinding() && found_.links.empty())
+        return resources::schema_link_texts::Finding.toString();
+    return failure_.isEmpty() ? schemas::summary(found_.links) : failure_;
+}
+
+} // namespace quillon::schemas

@@ -1,0 +1,72 @@
+#include "schemas/schema_language.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QXmlStreamReader>
+
+namespace quillon::schemas {
+
+namespace {
+
+/// Enough for comments ahead of the root element.
+constexpr qint64 LongestStart = 256 << 10;
+
+SchemaKind ofNamespace(QStringView space) {
+    const std::pair<const char *, SchemaKind> known[] = {
+        {"http://www.w3.org/2001/XMLSchema", SchemaKind::Xsd},
+        {"urn:schemas-microsoft-com:xml-data", SchemaKind::Xdr},
+        {"http://relaxng.org/ns/structure/1.0", SchemaKind::RelaxNg},
+        {"http://purl.oclc.org/dsdl/schematron", SchemaKind::Schematron},
+        {"http://www.ascc.net/xml/schematron", SchemaKind::Schematron},
+    };
+    for (const auto &[name, kind] : known) {
+        if (space == QLatin1String(name))
+            return kind;
+    }
+    return SchemaKind::Unknown;
+}
+
+SchemaKind ofName(const QString &path) {
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    const std::pair<const char *, SchemaKind> known[] = {
+        {"dtd", SchemaKind::Dtd},        {"mod", SchemaKind::Dtd}, {"ent", SchemaKind::Dtd},
+        {"xsd", SchemaKind::Xsd},        {"xdr", SchemaKind::Xdr}, {"rng", SchemaKind::RelaxNg},
+        {"sch", SchemaKind::Schematron},
+    };
+    for (const auto &[name, kind] : known) {
+        if (suffix == QLatin1String(name))
+            return kind;
+    }
+    return SchemaKind::Unknown;
+}
+
+} // namespace
+
+SchemaKind languageOf(const QString &path) {
+    QFile file(path);
+    if (path.isEmpty() || !file.open(QIODevice::ReadOnly))
+        return ofName(path);
+    const QByteArray start = file.read(LongestStart);
+    QXmlStreamReader reader(start);
+    if (reader.readNextStartElement()) {
+        const SchemaKind kind = ofNamespace(reader.namespaceUri());
+        return kind == SchemaKind::Unknown ? ofName(path) : kind;
+    }
+    const SchemaKind kind = ofName(path);
+    const bool declares = start.contains("<!ELEMENT") || start.contains("<!ENTITY");
+    return kind == SchemaKind::Unknown && declares ? SchemaKind::Dtd : kind;
+}
+
+SchemaKind languageOf(const ModelInstruction &model) {
+    if (const SchemaKind kind = ofNamespace(model.schemaTypeNamespace); kind != SchemaKind::Unknown)
+        return kind;
+    return model.type == QLatin1String("application/xml-dtd") ? SchemaKind::Dtd
+                                                              : SchemaKind::Unknown;
+}
+
+bool isCompactSyntax(const ModelInstruction &model) {
+    return model.type == QLatin1String("application/relax-ng-compact-syntax") ||
+           model.href.endsWith(QLatin1String(".rnc"), Qt::CaseInsensitive);
+}
+
+} // namespace quillon::schemas

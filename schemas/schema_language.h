@@ -1,0 +1,17 @@
+#pragma once
+
+#include "schemas/document_references.h"
+#include "schemas/schema_link.h"
+
+namespace quillon::schemas {
+
+/// The language of a schema, going by what its file starts with, else by its name.
+SchemaKind languageOf(const QString &path);
+
+/// What an instruction says of the language; Unknown when it leaves that to the file, or names one
+/// that is not known.
+SchemaKind languageOf(const ModelInstruction &model);
+/// Whether it leads to a RELAX NG schema in the syntax that is no XML.
+bool isCompactSyntax(const ModelInstruction &model);
+
+} // namespace quillon::schemas
