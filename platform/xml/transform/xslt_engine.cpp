@@ -35,6 +35,27 @@ constexpr int MaxTemplateDepth = 20'000;
     throw runtime::Error(runtime::error_number::Fail, sentence.toString().arg(detail).trimmed());
 }
 
+[[noreturn]] void fail(QStringView sentence, const XsltLog &log) {
+    throw StylesheetError(sentence.toString().arg(log.text()).trimmed(), log.reason(), log.line());
+}
+
+/// While it lives, what the libraries report goes to a log.
+class Reports {
+public:
+    explicit Reports(XsltLog &log) {
+        xmlSetStructuredErrorFunc(&log, XsltLog::onXmlError);
+        xmlSetGenericErrorFunc(&log, XsltLog::onXsltError);
+        xsltSetGenericErrorFunc(&log, XsltLog::onXsltError);
+    }
+    ~Reports() {
+        xmlSetStructuredErrorFunc(nullptr, nullptr);
+        xmlSetGenericErrorFunc(nullptr, nullptr);
+        xsltSetGenericErrorFunc(nullptr, nullptr);
+    }
+    Reports(const Reports &) = delete;
+    Reports &operator=(const Reports &) = delete;
+};
+
 void registerFunctions() {
     exsltRegisterAll();
     xsltRegisterExtModuleFunction(utf8("node-set"), utf8("urn:schemas-microsoft-com:xslt"),
@@ -52,7 +73,7 @@ Stylesheet compile(const DOMDocument40 &source, const QByteArray &url, XsltLog &
         static_cast<void>(document.release());
     // What the processor warns of, it carries out all the same.
     if (!stylesheet || stylesheet->errors != 0 || log.hasFailure())
-        fail(texts::BadStylesheet, log.text());
+        fail(texts::BadStylesheet, log);
     log.clear();
     return stylesheet;
 }
@@ -83,7 +104,7 @@ XmlDocument apply(xsltStylesheet *stylesheet, xmlDoc *source, XsltLog &log) {
     if (context->state == XSLT_STATE_STOPPED && log.endsWithInstructionMessage())
         fail(texts::Terminated, log.instructionMessage());
     if (!result || context->state != XSLT_STATE_OK || log.hasFailure())
-        fail(texts::Failed, log.text());
+        fail(texts::Failed, log);
     return result;
 }
 
@@ -96,9 +117,7 @@ QByteArray runStylesheet(const Node &source, const DOMDocument40 &stylesheet,
     const QByteArray folder = folderUrl(options.folders.value(0));
     const QByteArray url = folder + "?stylesheet";
     XsltLog log(url);
-    xmlSetStructuredErrorFunc(&log, XsltLog::onXmlError);
-    xmlSetGenericErrorFunc(&log, XsltLog::onXsltError);
-    xsltSetGenericErrorFunc(&log, XsltLog::onXsltError);
+    const Reports reports(log);
     restrictToFolders(options.folders, log);
     registerFunctions();
 

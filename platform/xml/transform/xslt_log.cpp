@@ -69,13 +69,21 @@ void XsltLog::addFailure(const QString &message, const QByteArray &url, int line
     add(message, url, line);
 }
 
+QString XsltLog::reason() const {
+    return messages_.isEmpty() ? texts::NoMessage.toString() : messages_.join(QLatin1Char('\n'));
+}
+
+int XsltLog::line() const {
+    if (line_ == 0)
+        return instructionLine_;
+    return isInMainFile() ? line_ : 0;
+}
+
 QString XsltLog::text() const {
-    if (messages_.isEmpty())
-        return texts::NoMessage.toString();
-    const QString all = messages_.join(QLatin1Char('\n'));
+    const QString all = reason();
     if (line_ == 0)
         return all;
-    if (url_.isEmpty() || url_ == mainUrl_)
+    if (isInMainFile())
         return texts::AtLine.toString().arg(all, QString::number(line_));
     return texts::AtLineOfFile.toString().arg(all, QUrl::fromEncoded(url_).fileName(),
                                               QString::number(line_));
@@ -94,6 +102,9 @@ void XsltLog::onXmlError(void *log, xmlErrorPtr error) {
     if (!message.isEmpty() && !expression.trimmed().isEmpty())
         message = texts::InExpression.toString().arg(message, QString::fromUtf8(error->str1));
     self.add(message, {}, 0);
+    const xmlNode *here = self.transform_ ? self.transform_->inst : nullptr;
+    if (here && self.instructionLine_ == 0 && here->doc && self.mainUrl_ == bytes(here->doc->URL))
+        self.instructionLine_ = int(xmlGetLineNo(here));
 }
 
 void XsltLog::addPlaced(QString said) {

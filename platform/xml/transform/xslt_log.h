@@ -38,10 +38,16 @@ public:
     bool hasRecursion() const { return recursion_; }
     /// The messages one a line, the place of the first one that has one at the end.
     QString text() const;
+    /// The same without the place.
+    QString reason() const;
+    /// The 1-based line of that place, or of the instruction that was carried out when an
+    /// expression failed; 0 when there is none or it is in another file.
+    int line() const;
     /// The text of the latest xsl:message.
     const QString &instructionMessage() const { return instructionMessage_; }
 
 private:
+    bool isInMainFile() const { return url_.isEmpty() || url_ == mainUrl_; }
     void add(const QString &message, const QByteArray &url, int line);
     void addPlaced(QString said);
     void addNotCompiled(const QString &said);
@@ -51,6 +57,7 @@ private:
     QString instructionMessage_;
     QByteArray url_;
     int line_ = 0;
+    int instructionLine_ = 0;
     bool endsWithInstruction_ = true;
     bool failure_ = false;
     bool recursion_ = false;

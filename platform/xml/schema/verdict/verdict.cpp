@@ -4,6 +4,7 @@
 #include "platform/xml/engine/document_type.h"
 #include "platform/xml/schema/schema_error_bytes.h"
 #include "platform/xml/schema/schema_validator.h"
+#include "platform/xml/schema/schematron/schematron_validator.h"
 #include "platform/xml/schema/xdr/xdr_validator.h"
 
 #include <QFileInfo>
@@ -55,8 +56,9 @@ std::vector<SchemaError> bySchema(const DOMDocument40 &document, const SchemaFor
         return validateByXsd(document, schema.path, schema.partFolders);
     case SchemaKind::Xdr:
         return byXdr(document, schema);
-    case SchemaKind::RelaxNg:
     case SchemaKind::Schematron:
+        return validateBySchematron(document, schema.path, schema.partFolders, schema.phase);
+    case SchemaKind::RelaxNg:
         break;
     }
     return {};

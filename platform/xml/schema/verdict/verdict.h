@@ -16,6 +16,8 @@ struct SchemaForVerdict {
     QString namespaceName = {};
     /// Where its parts are looked up, besides its own folder.
     QStringList partFolders = {};
+    /// For Schematron: the phase; empty for the schema's own.
+    QString phase = {};
 };
 
 /// What a document has against it by any number of schemas of any kind: in document order, what

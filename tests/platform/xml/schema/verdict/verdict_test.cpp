@@ -29,6 +29,9 @@ protected:
         files.write("s.xdr", "<Schema xmlns='urn:schemas-microsoft-com:xml-data'>"
                              "<ElementType name='r' content='eltOnly'><element type='a' "
                              "maxOccurs='*'/></ElementType><ElementType name='a'/></Schema>");
+        files.write("s.sch", "<schema xmlns='http://purl.oclc.org/dsdl/schematron'><pattern>"
+                             "<rule context='z'><report test='true()'>no z, please</report></rule>"
+                             "</pattern></schema>");
         files.write("bad.xsd", "<not-closed");
     }
     SchemaForVerdict schema(SchemaKind kind, const char *name) {
