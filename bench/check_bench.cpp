@@ -69,6 +69,8 @@ public:
     ui::FileDialogResult showSave(const ui::FileDialogRequest &) override { return {}; }
     QString inputText(const QString &) override { return {}; }
     std::optional<ui::FontChoice> chooseFont(const ui::FontChoice &) override { return {}; }
+    std::optional<int> chooseOne(const QString &, const QStringList &) override { return {}; }
+    std::optional<QString> chooseValue(ui::ValueEditor, const QString &) override { return {}; }
     int showMessage(const QString &text, int, const QString &) override {
         std::fprintf(stderr, "unexpected message: %s\n", qPrintable(text));
         wasTold = true;

@@ -81,7 +81,8 @@ void DocumentUsage::count(const xml::DOMDocument40 &document) {
     if (!document)
         return;
     counting_ = std::make_unique<Counting>(document);
-    idle_.start(0);
+    if (goOn(Slice))
+        idle_.start(0);
 }
 
 bool DocumentUsage::goOn(int milliseconds) {
@@ -103,18 +104,24 @@ bool DocumentUsage::goOn(int milliseconds) {
     put(counting_->attributes, attributes_);
     counting_.reset();
     idle_.stop();
-    Q_EMIT counted();
     return false;
 }
 
 void DocumentUsage::takeSlice() {
-    if (counting_ && goOn(Slice))
+    if (!counting_)
+        return;
+    if (goOn(Slice))
         idle_.start(0);
+    else
+        Q_EMIT counted();
 }
 
 void DocumentUsage::finish() {
-    while (counting_ && goOn(1000)) {
+    if (!counting_)
+        return;
+    while (goOn(1000)) {
     }
+    Q_EMIT counted();
 }
 
 QStringList DocumentUsage::childrenOf(const QString &element) const {

@@ -22,7 +22,7 @@ public:
     ~DocumentUsage() override;
 
     /// Begins to count a document; what has been counted of another one is forgotten. Later changes
-    /// of the document do not matter.
+    /// of the document do not matter. What can be counted in a moment is, before this returns.
     void count(const xml::DOMDocument40 &document);
     void clear();
     /// Goes on to the end at once.

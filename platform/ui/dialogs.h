@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/ui/proposals.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -66,6 +68,10 @@ public:
     virtual FileDialogResult showSave(const FileDialogRequest &request) = 0;
     /// Asks for one of the fonts installed; nothing when the user cancelled.
     virtual std::optional<FontChoice> chooseFont(const FontChoice &present) = 0;
+    /// Asks for a day ("2024-04-01"), a time ("13:30:00"), both ("2024-04-01T13:30:00") or a colour
+    /// ("#1e90ff"), and gives it in that form; nothing when the user cancelled. What is no such
+    /// value at present is not shown.
+    virtual std::optional<QString> chooseValue(ValueEditor editor, const QString &present) = 0;
 };
 
 /// The dialogs in force. The program puts the desktop's in force when it starts, tests put their

@@ -154,10 +154,10 @@ TEST(CandidateFinder, LearnsFromTheDocumentWithoutASchema) {
     Finding finding("<list><item><a/></item>" + items + "<item kind='2'><b/></item></list>");
     CandidateFinder &finder = finding.finder;
     const xml::Node item = finding.state.m_DOM.documentElement().firstChild();
-    int changed = 0;
-    QObject::connect(&finder, &CandidateFinder::changed, [&] { ++changed; });
-    EXPECT_EQ(finder.elements(item, Position::LastChild).remark, "文書から集めています...");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return changed > 0; }, 60'000));
+    // How much is counted at once depends on the machine.
+    const QString counting = QStringLiteral("文書から集めています...");
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return finder.elements(item, Position::LastChild).remark != counting; }, 60'000));
     const EntryList children = finder.elements(item, Position::LastChild);
     EXPECT_EQ(finding.shown(children), "a name b");
     EXPECT_EQ(children.remark, "スキーマがないため、文書中で使われている名前です。");

@@ -37,7 +37,7 @@ int escapeAnswer(int style) {
 ScriptedDialogs::~ScriptedDialogs() {
     ui::setDialogs(before_);
     const size_t unused = messageAnswers_.size() + inputAnswers_.size() + choiceAnswers_.size() +
-                          fileAnswers_.size() + fontAnswers_.size();
+                          fileAnswers_.size() + fontAnswers_.size() + valueAnswers_.size();
     EXPECT_EQ(unused, 0u) << "answers that no dialog asked for";
 }
 
@@ -72,6 +72,13 @@ std::optional<ui::FontChoice> ScriptedDialogs::chooseFont(const ui::FontChoice &
     fontRequests.push_back(present);
     const ui::FontChoice chosen = take(fontAnswers_, present.family, ui::FontChoice());
     return chosen.family.isEmpty() ? std::nullopt : std::optional(chosen);
+}
+
+std::optional<QString> ScriptedDialogs::chooseValue(ui::ValueEditor editor,
+                                                    const QString &present) {
+    valueRequests.push_back({editor, present});
+    const QString chosen = take(valueAnswers_, present, QString());
+    return chosen.isEmpty() ? std::nullopt : std::optional(chosen);
 }
 
 } // namespace quillon::test

@@ -31,6 +31,9 @@ public:
     /// A font without a family cancels.
     void answerFont(const ui::FontChoice &choice) { fontAnswers_.push_back(choice); }
 
+    /// An empty value cancels.
+    void answerValue(const QString &value) { valueAnswers_.push_back(value); }
+
     /// What was asked so far, oldest first.
     std::vector<Message> messages;
     std::vector<QString> prompts;
@@ -38,6 +41,11 @@ public:
     std::vector<ui::FileDialogRequest> openRequests;
     std::vector<ui::FileDialogRequest> saveRequests;
     std::vector<ui::FontChoice> fontRequests;
+    struct ValueRequest {
+        ui::ValueEditor editor;
+        QString present;
+    };
+    std::vector<ValueRequest> valueRequests;
 
     int showMessage(const QString &text, int style, const QString &title) override;
     QString inputText(const QString &prompt) override;
@@ -45,6 +53,7 @@ public:
     ui::FileDialogResult showOpen(const ui::FileDialogRequest &request) override;
     ui::FileDialogResult showSave(const ui::FileDialogRequest &request) override;
     std::optional<ui::FontChoice> chooseFont(const ui::FontChoice &present) override;
+    std::optional<QString> chooseValue(ui::ValueEditor editor, const QString &present) override;
 
 private:
     ui::Dialogs *before_;
@@ -53,6 +62,7 @@ private:
     std::deque<int> choiceAnswers_;
     std::deque<ui::FileDialogResult> fileAnswers_;
     std::deque<ui::FontChoice> fontAnswers_;
+    std::deque<QString> valueAnswers_;
 };
 
 } // namespace quillon::test

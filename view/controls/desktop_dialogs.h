@@ -13,6 +13,7 @@ public:
     ui::FileDialogResult showOpen(const ui::FileDialogRequest &request) override;
     ui::FileDialogResult showSave(const ui::FileDialogRequest &request) override;
     std::optional<ui::FontChoice> chooseFont(const ui::FontChoice &present) override;
+    std::optional<QString> chooseValue(ui::ValueEditor editor, const QString &present) override;
 };
 
 /// Gives Qt's own dialogs and context menus their Japanese texts. Call once, between making the

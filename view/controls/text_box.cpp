@@ -118,7 +118,7 @@ void TextBox::replaceText(const QByteArray &text) {
     SendScintilla(SCI_APPENDTEXT, static_cast<unsigned long>(text.size()), text.constData());
     send(SCI_SETREADONLY, locked_);
     send(SCI_SETMODEVENTMASK, notifications);
-    textChanged();
+    textChanged(0, 0);
 }
 
 void TextBox::setLocked(bool locked) {
@@ -224,7 +224,9 @@ void TextBox::announceChange() {
         Q_EMIT Change();
 }
 
-void TextBox::textChanged() {
+void TextBox::textChanged(int, int position) {
+    if (proposer_.textChanged)
+        proposer_.textChanged(position);
     fitLineNumbers();
     if (writingUnfinished_)
         return;

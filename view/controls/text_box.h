@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/ui/proposals.h"
 #include "platform/ui/text_box.h"
 #include "view/controls/text_box_scintilla.h"
 
@@ -7,8 +8,13 @@
 #include <QString>
 
 #include <functional>
+#include <optional>
+
+class QHelpEvent;
 
 namespace quillon::controls {
+
+class ProposalPopup;
 
 /// The text box on the screen, with line numbers and colours for XML. It has no undo of its own:
 /// Ctrl+Z and Ctrl+Y are left to the window. Tab and Shift+Tab leave the box; Ctrl+Tab types a tab.
@@ -54,6 +60,18 @@ public:
     void copy();
     void paste();
 
+    /// Who knows what can be typed here. A list of it is shown on Ctrl+Space and, as long as
+    /// proposesUnasked() says so, behind characters after which something is to be chosen.
+    void setProposer(ui::Proposer proposer);
+    void setProposesUnasked(bool proposes) { proposesUnasked_ = proposes; }
+    bool proposesUnasked() const { return proposesUnasked_; }
+    /// Shows the list for the place of the caret, if there is anything to propose.
+    void showProposals();
+    /// The list; null until it has been shown for the first time.
+    ProposalPopup *proposalPopup() const { return popup_; }
+    /// Says in plain text what is known of the byte of the text that the pointer rests on.
+    std::function<QString(QByteArrayView text, qsizetype at)> describe;
+
     /// Has what is dragged in refused if it has a format; it can still be pasted.
     void refuseDropsOf(const QStringList &formats) { refusedFormats_ = formats; }
 
@@ -91,7 +109,7 @@ private:
     /// Has the changes of the text that an action makes announced as one.
     void asOneChange(const std::function<void()> &action);
     void announceChange();
-    void textChanged();
+    void textChanged(int type, int position);
     void replaceText(const QByteArray &text);
 
     void compose(QInputMethodEvent &event);
@@ -102,6 +120,23 @@ private:
     void fitLineNumbers();
 
     bool isRefused(const QMimeData &offered) const;
+
+    // What can be typed here: text_box_proposals.cpp.
+
+    void propose(bool isAsked);
+    /// Whether a list may be wanted behind what has been typed last.
+    bool callsForProposals() const;
+    bool takeKeyForProposals(const QKeyEvent &event);
+    void closeProposals();
+    bool isKeyForProposals(const QKeyEvent &event) const;
+    /// What the list shows follows what has been typed, and it closes where the caret leaves its
+    /// place.
+    void followCaret();
+    /// What has been typed of the word that the list is for; nothing where the caret is elsewhere.
+    std::optional<QString> typedOfWord() const;
+    void takeProposal(const ui::Proposal &proposal);
+    QRect caretOnScreen(long at) const;
+    void showDescription(const QHelpEvent &event);
 
     bool locked_ = false;
     QStringList refusedFormats_;
@@ -117,6 +152,12 @@ private:
     bool writingUnfinished_ = false;
     /// The text has changed and this has not been announced yet.
     bool changed_ = false;
+    ui::Proposer proposer_;
+    ProposalPopup *popup_ = nullptr;
+    bool proposesUnasked_ = false;
+    /// The key that is being handled has typed something.
+    bool hasTyped_ = false;
+
     /// How many actions, each started by the one before, are changing the text.
     int actionDepth_ = 0;
 };

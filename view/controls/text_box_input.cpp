@@ -1,3 +1,4 @@
+#include "resources/completion_texts.h"
 #include "view/controls/text_box.h"
 
 #include <QContextMenuEvent>
@@ -89,16 +90,29 @@ std::optional<unsigned> commandOf(const QKeyEvent &event) {
 } // namespace
 
 bool TextBox::event(QEvent *event) {
-    if (event->type() == QEvent::ShortcutOverride && commandOf(*static_cast<QKeyEvent *>(event))) {
+    if (event->type() == QEvent::ShortcutOverride &&
+        (commandOf(*static_cast<QKeyEvent *>(event)) ||
+         isKeyForProposals(*static_cast<QKeyEvent *>(event)))) {
         event->accept();
         return true;
     }
+    if (event->type() == QEvent::KeyPress && takeKeyForProposals(*static_cast<QKeyEvent *>(event)))
+        return true;
+    hasTyped_ = false;
     bool handled = false;
     asOneChange([&] { handled = QsciScintillaBase::event(event); });
+    if (event->type() == QEvent::KeyPress || event->type() == QEvent::InputMethod)
+        followCaret();
     return handled;
 }
 
 bool TextBox::viewportEvent(QEvent *event) {
+    if (event->type() == QEvent::ToolTip) {
+        showDescription(*static_cast<QHelpEvent *>(event));
+        return true;
+    }
+    if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::Wheel)
+        closeProposals();
     bool handled = false;
     asOneChange([&] { handled = QsciScintillaBase::viewportEvent(event); });
     return handled;
@@ -116,6 +130,7 @@ void TextBox::keyPressEvent(QKeyEvent *event) {
         event->ignore();
     } else {
         QsciScintillaBase::keyPressEvent(event);
+        hasTyped_ = !event->text().isEmpty() && !locked_;
     }
 }
 
@@ -173,6 +188,11 @@ void TextBox::contextMenuEvent(QContextMenuEvent *event) {
         menu->addAction(text, this, run)->setEnabled(enabled);
     };
     const bool selected = !send(SCI_GETSELECTIONEMPTY);
+    if (proposer_ && !locked_) {
+        menu->addAction(resources::completion_texts::ShowList.toString(), this,
+                        &TextBox::showProposals);
+        menu->addSeparator();
+    }
     add("Cu&t", selected && !locked_, &TextBox::cut);
     add("&Copy", selected, &TextBox::copy);
     add("&Paste", send(SCI_CANPASTE), &TextBox::paste);
