@@ -65,8 +65,9 @@ QString readFile(const QString &path, std::string &bytes) {
         ::open(runtime::encodedPath(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     if (descriptor < 0 || !file.open(descriptor, QIODevice::ReadOnly, QFile::AutoCloseHandle))
         return texts::CannotOpen.toString().arg(shown);
-    // The size is only a guess: another program may be writing.
-    bytes.resize(static_cast<std::size_t>(std::max<qint64>(file.size(), 0)));
+    // The size is only a guess: another program may be writing. Where it is right, the byte more
+    // shows that without making room for anything else.
+    bytes.resize(static_cast<std::size_t>(std::max<qint64>(file.size(), 0)) + 1);
     std::size_t used = 0;
     for (;;) {
         if (used == bytes.size())

@@ -99,6 +99,8 @@ private:
     void addDefaultedAttributes(Number element, const XML_Char **attributes);
     void addEntityReference();
     bool entitiesNestTooDeep() const;
+    /// Has the library read the text. False when that went wrong, or was stopped.
+    bool feed();
     void reportProgress();
     void stop(const QString &reason);
     ParseError failure() const;
@@ -361,6 +363,18 @@ ParseError Parser::failure() const {
     return error;
 }
 
+bool Parser::feed() {
+    // The library copies what it is given.
+    constexpr std::size_t piece = 1 << 20;
+    std::string_view rest = bytes_;
+    for (; rest.size() > piece; rest.remove_prefix(piece)) {
+        if (XML_Parse(parser_, rest.data(), int{piece}, XML_FALSE) != XML_STATUS_OK)
+            return false;
+    }
+    return XML_Parse(parser_, rest.data(), static_cast<int>(rest.size()), XML_TRUE) ==
+           XML_STATUS_OK;
+}
+
 ParseError Parser::run() {
     if (bytes_.size() > static_cast<std::size_t>(MaxFileSize))
         return {ErrorBase, texts::TooLarge.toString(), 0, 0, 0, {}, {}};
@@ -380,9 +394,7 @@ ParseError Parser::run() {
     XML_SetDefaultHandler(parser_, nullptr);
     XML_SetSkippedEntityHandler(parser_, onSkippedEntity);
     XML_SetExternalEntityRefHandler(parser_, onExternalEntity);
-    const bool ok = XML_Parse(parser_, bytes_.data(), static_cast<int>(bytes_.size()), XML_TRUE) ==
-                    XML_STATUS_OK;
-    const ParseError error = ok ? ParseError() : failure();
+    const ParseError error = feed() ? ParseError() : failure();
     XML_ParserFree(parser_);
     arena_.entities = std::move(entities_);
     const Number document = arena_.documentNumber();

@@ -336,6 +336,42 @@ TEST(Load, TellsWhereAndWhyItStopped) {
     EXPECT_EQ(missing.parseError().errorCode, 0);
 }
 
+/// The parser gets long texts in pieces. Whatever stands where one ends is read as if it did not.
+TEST(RoundTrip, LongTextsAreReadAsShortOnes) {
+    constexpr std::size_t Piece = 1 << 20;
+    const std::string markup =
+        "<名 属='値&amp;'>文&lt;字\n<!--注--><![CDATA[節]]><?命令 x?></名>";
+    const std::string faulty = "<名>字&undefined;";
+    const auto structure = [](const DOMDocument40 &document) {
+        std::string out;
+        for (Node at = document.documentElement().firstChild().nextSibling(); at;
+             at = at.hasChildNodes() ? at.firstChild() : at.nextSibling())
+            out += at.nodeName().toStdString() + "=" + at.text().toStdString() + "\n";
+        return out;
+    };
+    const auto text = [&](std::size_t filler, const std::string &content) {
+        return "<r><!--" + std::string(filler, 'x') + "-->" + content + "</r>";
+    };
+    const DOMDocument40 expected = parsed(text(0, markup));
+    DOMDocument40 wrong = DOMDocument40::create();
+    wrong.loadXML(QByteArray::fromStdString(text(0, faulty)));
+    const int column = wrong.parseError().linepos;
+    ASSERT_GT(column, 0);
+    for (std::size_t ahead = 0; ahead <= markup.size(); ++ahead) {
+        const std::size_t filler = Piece - text(0, "").size() - ahead + 4;
+        const DOMDocument40 document = parsed(text(filler, markup));
+        ASSERT_EQ(structure(document), structure(expected)) << ahead;
+        ASSERT_TRUE(xml(document) == text(filler, markup)) << ahead;
+    }
+    for (std::size_t ahead = 0; ahead <= faulty.size() + 4; ++ahead) {
+        const std::size_t filler = Piece - text(0, "").size() - ahead + 4;
+        DOMDocument40 document = DOMDocument40::create();
+        EXPECT_FALSE(document.loadXML(QByteArray::fromStdString(text(filler, faulty))));
+        EXPECT_EQ(document.parseError().reason, wrong.parseError().reason) << ahead;
+        EXPECT_EQ(document.parseError().linepos, column + int(filler)) << ahead;
+    }
+}
+
 } // namespace
 
 } // namespace quillon::xml::test
