@@ -33,6 +33,11 @@ inline constexpr QStringView InvalidContent =
 inline constexpr QStringView UnexpectedElement =
     u"DTD/スキーマによると、要素 '%1' の内容が正しくありません。要素 '%2' "
     u"をここに置くことはできません。";
+/// Ahead of %2 in %1.
+inline constexpr QStringView MissingAhead =
+    u"DTD/スキーマによると、要素 '%1' の中で、要素 '%2' の前に必要な要素がありません。";
+inline constexpr QStringView UnexpectedRoot =
+    u"スキーマによると、要素 '%1' をルート要素にすることはできません。";
 inline constexpr QStringView Expecting = u"次のいずれかが必要です: %1";
 inline constexpr QStringView UndefinedAttribute =
     u"要素 '%2' の属性 '%1' は、DTD/スキーマで定義されていません。";

@@ -23,6 +23,7 @@ const std::map<QString, int> Floors = {
     {"platform/xml/schema", 6},
     {"platform/xml/schema/xdr", 7},
     {"platform/xml/schema/grammar", 8},
+    {"platform/xml/schema/relaxng", 9},
     {"platform/xml/schema/schematron", 9},
     {"platform/xml/schema/verdict", 10},
     {"platform/xml/transform", 7},

@@ -109,6 +109,30 @@ std::vector<qint64> positionsOf(const DOMDocument40 &document, const std::vector
     return result;
 }
 
+void putInDocumentOrder(std::vector<SchemaError> &errors, const DOMDocument40 &document) {
+    std::vector<Node> nodes;
+    for (const SchemaError &error : errors)
+        nodes.push_back(error.node);
+    const std::vector<qint64> positions = positionsOf(document, nodes);
+    std::vector<std::size_t> order;
+    for (std::size_t i = 0; i < errors.size(); ++i)
+        order.push_back(i);
+    std::ranges::stable_sort(order, {}, [&](std::size_t i) {
+        // Unknown, which is negative, is beyond all.
+        return static_cast<quint64>(positions[i]);
+    });
+    std::vector<SchemaError> sorted;
+    for (const std::size_t i : order)
+        sorted.push_back(std::move(errors[i]));
+    errors = std::move(sorted);
+}
+
+QString withExpected(const QString &reason, const QStringList &names) {
+    return names.isEmpty()
+               ? reason
+               : reason + u'\n' + texts::Expecting.toString().arg(names.join(QStringLiteral(", ")));
+}
+
 void raiseSchemaError(const QString &schemaName, int line, const QString &reason) {
     const QString place = line > 0 ? texts::SchemaLine.toString().arg(line) : QString();
     throw runtime::Error(runtime::error_number::Fail,

@@ -2,6 +2,8 @@
 
 #include "platform/xml/dom/dom.h"
 
+#include <QStringList>
+
 #include <vector>
 
 namespace quillon::xml {
@@ -63,6 +65,14 @@ int lineOf(const Node &node);
 std::vector<Node> elementsAt(const DOMDocument40 &document, const std::vector<qint64> &positions);
 /// The reverse: the positions of elements given in any order; -1 for what is no element there.
 std::vector<qint64> positionsOf(const DOMDocument40 &document, const std::vector<Node> &elements);
+
+/// Puts errors into the order of their elements in the document; those of one element keep theirs,
+/// and those of none come last.
+void putInDocumentOrder(std::vector<SchemaError> &errors, const DOMDocument40 &document);
+
+/// A sentence with a second line, which says that one of those names would have to come; the
+/// sentence alone when there are none.
+QString withExpected(const QString &reason, const QStringList &names);
 
 /// Raises an Error that a schema cannot be used. `line` 0 when unknown.
 [[noreturn]] void raiseSchemaError(const QString &schemaName, int line, const QString &reason);

@@ -238,6 +238,17 @@ Index ContentRun::elementOf(std::size_t place, Index *wildcard) const {
     return None;
 }
 
+std::vector<Index> ContentRun::elementsAt(std::size_t place) const {
+    const Symbol name = expressions_->symbol(symbols_[place]);
+    std::vector<Index> elements;
+    for (const Expressions::Leaf &leaf : expressions_->next(states_[place])) {
+        const Index element = leaf.isWildcard ? None : grammar_.matched(leaf.target, name);
+        if (element != None && std::ranges::find(elements, element) == elements.end())
+            elements.push_back(element);
+    }
+    return elements;
+}
+
 ContentRun ContentMatcher::run(Index type, const std::vector<Symbol> &children) {
     // No model can tell more occurrences than there are children from without limit. The limit
     // goes up in steps, so that what is known of a model holds for most elements.

@@ -70,6 +70,9 @@ public:
     /// wildcard lets in. `wildcard`, when wanted, becomes that wildcard, else None.
     Index elementOf(std::size_t place, Index *wildcard = nullptr) const;
 
+    /// All that a child may be: RELAX NG lets several elements of one name stand at a place.
+    std::vector<Index> elementsAt(std::size_t place) const;
+
 private:
     friend class ContentMatcher;
     using Id = Expressions::Id;

@@ -165,6 +165,7 @@ RelaxNgPattern RelaxNgReader::attribute(const RelaxNgSpot &spot) {
     const RelaxNgPattern content = joined(std::move(parts), ParticleKind::Sequence);
     RelaxNgPattern result;
     result.isImpossible = content.isImpossible;
+    result.anyAttribute = names.wildcard;
     Attribute attribute;
     attribute.type = valueType(content);
     attribute.isRequired = names.names.size() == 1;
@@ -242,6 +243,39 @@ RelaxNgPattern RelaxNgReader::data(const RelaxNgSpot &spot) {
     return result;
 }
 
+Index RelaxNgReader::eitherType(Index a, Index b) {
+    if (a == None || b == None || a == b)
+        return a == b ? a : None;
+    const std::vector<SimpleType> &types = builder_.data.simpleTypes;
+    const auto isListOfValues = [](const SimpleType &type) {
+        return type.variety == Variety::Atomic && type.enumeration.count > 0 &&
+               type.facets.count == 0 && type.patterns.count == 0;
+    };
+    if (isListOfValues(types[a]) && isListOfValues(types[b]) && types[a].base == types[b].base) {
+        SimpleType both = types[a];
+        std::vector<EnumerationValue> values;
+        for (const Range &range : {types[a].enumeration, types[b].enumeration}) {
+            for (Index i = range.first; i < range.first + range.count; ++i) {
+                const EnumerationValue value = builder_.data.enumerations[i];
+                if (std::ranges::find(values, value.text, &EnumerationValue::text) == values.end())
+                    values.push_back(value);
+            }
+        }
+        // Of the same values nothing new is made.
+        if (values.size() == types[a].enumeration.count)
+            return a;
+        both.enumeration = builder_.enumeration(values);
+        builder_.data.simpleTypes.push_back(both);
+    } else {
+        SimpleType either;
+        either.variety = Variety::Union;
+        either.builtIn = builder_.string(QStringLiteral("anySimpleType"));
+        either.members = builder_.simpleTypeList({a, b});
+        builder_.data.simpleTypes.push_back(either);
+    }
+    return static_cast<Index>(types.size()) - 1;
+}
+
 Index RelaxNgReader::valueType(const RelaxNgPattern &content) {
     if (content.values.empty())
         return content.type;
@@ -255,12 +289,7 @@ Index RelaxNgReader::valueType(const RelaxNgPattern &content) {
     if (content.type == None)
         return values;
     // Some values by name, and others of a type.
-    SimpleType either;
-    either.variety = Variety::Union;
-    either.builtIn = builder_.string(QStringLiteral("anySimpleType"));
-    either.members = builder_.simpleTypeList({values, content.type});
-    builder_.data.simpleTypes.push_back(either);
-    return static_cast<Index>(builder_.data.simpleTypes.size()) - 1;
+    return eitherType(values, content.type);
 }
 
 void RelaxNgReader::build(Index type, const RelaxNgSpot &spot) {
@@ -277,6 +306,7 @@ void RelaxNgReader::build(Index type, const RelaxNgSpot &spot) {
     Type &built = builder_.data.types[type];
     built.particle = whole.particle;
     built.attributes = attributes;
+    built.anyAttribute = whole.anyAttribute;
     built.text = text;
     built.content = whole.particle != None ? (whole.hasText ? Content::Mixed : Content::Elements)
                     : whole.hasText        ? Content::Text

@@ -100,6 +100,31 @@ RelaxNgPattern RelaxNgReader::all(const RelaxNgSpot &spot, ParticleKind kind) {
                                         : joined(std::move(parts), kind);
 }
 
+void RelaxNgReader::addTo(RelaxNgPattern &whole, const RelaxNgPattern &part) {
+    whole.hasText = whole.hasText || part.hasText;
+    for (const Attribute &attribute : part.attributes) {
+        const auto same = std::ranges::find(whole.attributes, attribute.name, &Attribute::name);
+        if (same == whole.attributes.end())
+            whole.attributes.push_back(attribute);
+        else
+            same->type = eitherType(same->type, attribute.type);
+    }
+    whole.anyAttribute = eitherWildcard(whole.anyAttribute, part.anyAttribute);
+    if (part.type != None)
+        whole.type = part.type;
+    whole.values.insert(whole.values.end(), part.values.begin(), part.values.end());
+}
+
+Index RelaxNgReader::eitherWildcard(Index a, Index b) {
+    if (a == None || b == None || a == b)
+        return a == None ? b : a;
+    // What lets in too much is better than what calls something wrong that is not.
+    Wildcard any;
+    any.process = Process::Lax;
+    builder_.data.wildcards.push_back(any);
+    return static_cast<Index>(builder_.data.wildcards.size()) - 1;
+}
+
 RelaxNgPattern RelaxNgReader::joined(std::vector<RelaxNgPattern> parts, ParticleKind kind) {
     if (parts.size() == 1)
         return std::move(parts.front());
@@ -107,17 +132,9 @@ RelaxNgPattern RelaxNgReader::joined(std::vector<RelaxNgPattern> parts, Particle
     std::vector<Index> particles;
     for (const RelaxNgPattern &part : parts) {
         whole.isImpossible = whole.isImpossible || part.isImpossible;
-        whole.hasText = whole.hasText || part.hasText;
         if (part.particle != None)
             particles.push_back(part.particle);
-        for (const Attribute &attribute : part.attributes) {
-            if (std::ranges::find(whole.attributes, attribute.name, &Attribute::name) ==
-                whole.attributes.end())
-                whole.attributes.push_back(attribute);
-        }
-        if (part.type != None)
-            whole.type = part.type;
-        whole.values.insert(whole.values.end(), part.values.begin(), part.values.end());
+        addTo(whole, part);
     }
     if (particles.size() == 1)
         whole.particle = particles.front();
@@ -133,19 +150,11 @@ RelaxNgPattern RelaxNgReader::eitherOf(std::vector<RelaxNgPattern> parts) {
     std::vector<Index> particles;
     bool isOptional = false;
     for (const RelaxNgPattern &part : parts) {
-        whole.hasText = whole.hasText || part.hasText;
         if (part.particle != None)
             particles.push_back(part.particle);
         else
             isOptional = true;
-        for (const Attribute &attribute : part.attributes) {
-            if (std::ranges::find(whole.attributes, attribute.name, &Attribute::name) ==
-                whole.attributes.end())
-                whole.attributes.push_back(attribute);
-        }
-        if (part.type != None)
-            whole.type = part.type;
-        whole.values.insert(whole.values.end(), part.values.begin(), part.values.end());
+        addTo(whole, part);
     }
     // Where any text will do, the values beside it say nothing.
     if (std::ranges::any_of(parts, [](const RelaxNgPattern &part) {

@@ -18,6 +18,8 @@ struct RelaxNgPattern {
     /// Of the elements; None when it has none.
     Index particle = None;
     std::vector<Attribute> attributes;
+    /// Of `wildcards`: further attributes; None for none.
+    Index anyAttribute = None;
     bool hasText = false;
     /// Of text that is no more than one value; None for any.
     Index type = None;
@@ -37,6 +39,11 @@ private:
     RelaxNgPattern all(const RelaxNgSpot &spot, ParticleKind kind);
     RelaxNgPattern joined(std::vector<RelaxNgPattern> parts, ParticleKind kind);
     RelaxNgPattern eitherOf(std::vector<RelaxNgPattern> parts);
+    /// Takes what a part says besides its elements.
+    void addTo(RelaxNgPattern &whole, const RelaxNgPattern &part);
+    /// What is a value of one of two types, None for any text.
+    Index eitherType(Index a, Index b);
+    Index eitherWildcard(Index a, Index b);
     RelaxNgPattern repeated(RelaxNgPattern inner, quint32 minimum, quint32 maximum);
     RelaxNgPattern reference(const RelaxNgSpot &spot, int scope);
     RelaxNgPattern definition(const QString &name, int scope);

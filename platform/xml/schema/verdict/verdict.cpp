@@ -2,6 +2,7 @@
 
 #include "platform/runtime/error.h"
 #include "platform/xml/engine/document_type.h"
+#include "platform/xml/schema/relaxng/relaxng_validator.h"
 #include "platform/xml/schema/schema_error_bytes.h"
 #include "platform/xml/schema/schema_validator.h"
 #include "platform/xml/schema/schematron/schematron_validator.h"
@@ -59,7 +60,7 @@ std::vector<SchemaError> bySchema(const DOMDocument40 &document, const SchemaFor
     case SchemaKind::Schematron:
         return validateBySchematron(document, schema.path, schema.partFolders, schema.phase);
     case SchemaKind::RelaxNg:
-        break;
+        return validateByRelaxNg(document, schema.path, schema.partFolders);
     }
     return {};
 }
@@ -82,24 +83,6 @@ void merge(std::vector<SchemaError> &all, std::vector<SchemaError> further) {
                          [&](const SchemaError &other) { return isSame(other, error); }))
             all.push_back(std::move(error));
     }
-}
-
-void putInDocumentOrder(std::vector<SchemaError> &errors, const DOMDocument40 &document) {
-    std::vector<Node> nodes;
-    for (const SchemaError &error : errors)
-        nodes.push_back(error.node);
-    const std::vector<qint64> positions = positionsOf(document, nodes);
-    std::vector<std::size_t> order;
-    for (std::size_t i = 0; i < errors.size(); ++i)
-        order.push_back(i);
-    std::ranges::stable_sort(order, {}, [&](std::size_t i) {
-        // Unknown is beyond all.
-        return static_cast<quint64>(positions[i]);
-    });
-    std::vector<SchemaError> sorted;
-    for (const std::size_t i : order)
-        sorted.push_back(std::move(errors[i]));
-    errors = std::move(sorted);
 }
 
 } // namespace

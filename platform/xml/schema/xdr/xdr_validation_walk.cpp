@@ -16,10 +16,6 @@ namespace texts = resources::validation_texts;
 
 namespace {
 
-QString withExpected(const QString &reason, const QString &expected) {
-    return expected.isEmpty() ? reason : reason + u'\n' + texts::Expecting.toString().arg(expected);
-}
-
 QStringList tokensOf(const QString &value) {
     return value.simplified().split(u' ', Qt::SkipEmptyParts);
 }
@@ -154,12 +150,12 @@ void ValidationWalk::enterSchema() {
         schemas_.add(AddressPrefix + u'#' + *name, u'#' + *name, element.node);
 }
 
-QString ValidationWalk::expected(const OpenElement &element) {
+QStringList ValidationWalk::expected(const OpenElement &element) {
     QStringList names;
     for (const ElementType *type : element.type->model.expected(element.state))
         names.append(type->name);
     names.sort();
-    return names.join(QStringLiteral(", "));
+    return names;
 }
 
 void ValidationWalk::addToParent(const ElementType *type, const Schema *schema,
@@ -185,8 +181,8 @@ void ValidationWalk::addToParent(const ElementType *type, const Schema *schema,
     if (schema && !type)
         return;
     report(code::InvalidContent,
-           withExpected(texts::UnexpectedElement.toString().arg(parent.node.nodeName(), name),
-                        takesElements(parentType) ? expected(parent) : QString()));
+           xml::withExpected(texts::UnexpectedElement.toString().arg(parent.node.nodeName(), name),
+                             takesElements(parentType) ? expected(parent) : QStringList()));
 }
 
 void ValidationWalk::checkText(quint32 number) {
@@ -211,10 +207,11 @@ void ValidationWalk::endElement() {
         const QString name = element.node.nodeName();
         if (element.hasChildren)
             report(code::IncompleteContent,
-                   withExpected(texts::IncompleteContent.toString().arg(name), expected(element)));
+                   xml::withExpected(texts::IncompleteContent.toString().arg(name),
+                                     expected(element)));
         else
             report(code::EmptyElement,
-                   withExpected(texts::EmptyElement.toString().arg(name), expected(element)));
+                   xml::withExpected(texts::EmptyElement.toString().arg(name), expected(element)));
     }
     if (element.type->datatype)
         checkValue();

@@ -77,7 +77,7 @@ private:
     /// An attribute's place in AttributeUses.
     QString keyOf(const QString &attributeName);
     const Schema *schemaOf(const QString &prefix);
-    static QString expected(const OpenElement &element);
+    static QStringList expected(const OpenElement &element);
     void report(qint32 code, const QString &reason);
     void report(qint32 code, const QString &reason, const xml::Node &node);
     bool isFull() const { return errors_.size() > xml::MaxSchemaErrors; }
