@@ -35,6 +35,29 @@ inline constexpr QStringView UnknownToSchema =
 inline constexpr QStringView StillCounting = u"文書から集めています...";
 inline constexpr QStringView NothingSeen = u"文書中に同じ例がありません。";
 
+// The panel.
+inline constexpr QStringView PanelName = u"候補";
+inline constexpr QStringView ClosePanelName = u"候補パネルを閉じる";
+inline constexpr QStringView TabsName = u"候補を入れる場所";
+inline constexpr QStringView ChildTab = u"子";
+inline constexpr QStringView ChildTabTip = u"子として追加";
+inline constexpr QStringView AheadTab = u"前";
+inline constexpr QStringView AheadTabTip = u"前に挿入";
+inline constexpr QStringView BehindTab = u"後";
+inline constexpr QStringView BehindTabTip = u"後に挿入";
+inline constexpr QStringView AttributeTab = u"属性";
+inline constexpr QStringView AttributeTabTip = u"属性を追加";
+/// %1: the name of the tab, %2: how many there are; something is missing there.
+inline constexpr QStringView TabWithCount = u"%1 (%2)";
+inline constexpr QStringView TabWithNeeded = u"%1 (%2) !";
+inline constexpr QStringView FilterName = u"候補の絞り込み";
+inline constexpr QStringView FilterHint = u"絞り込み";
+inline constexpr QStringView DetailsName = u"候補の説明";
+inline constexpr QStringView NothingFound = u"一致する候補はありません。";
+// In the menu of the tree. %1: how many more there are.
+inline constexpr QStringView NoEntries = u"(候補はありません)";
+inline constexpr QStringView MoreEntries = u"ほか %1 件 (候補パネルを開く)";
+
 // What is asked when there is a choice. %1 is an element.
 inline constexpr QStringView ChooseContent = u"要素「%1」に入れるものを選んでください。";
 inline constexpr QStringView ChooseType = u"要素「%1」の型を選んでください。";

@@ -44,6 +44,8 @@ inline constexpr QStringView ViewFont = u"フォント(&F)...";
 inline constexpr QStringView ViewPanel = u"検索結果パネル(&P)";
 inline constexpr QStringView ViewNextHit = u"次の検索結果(&N)";
 inline constexpr QStringView ViewPreviousHit = u"前の検索結果(&B)";
+inline constexpr QStringView ViewCandidates = u"候補パネル(&D)";
+inline constexpr QStringView ViewInsertCandidate = u"候補から挿入(&I)";
 inline constexpr QStringView ViewNextPart = u"次の領域へ移動(&M)";
 inline constexpr QStringView ViewPreviousPart = u"前の領域へ移動(&O)";
 
@@ -67,6 +69,11 @@ inline constexpr QStringView NodeEnclose = u"要素で囲む(&G)...";
 inline constexpr QStringView NodeUnwrap = u"囲みを外す(&O)";
 inline constexpr QStringView NodeSort = u"並べ替え(&S)...";
 /// In the context menu of the tree alone.
+inline constexpr QStringView CandidateChildren = u"子として追加(&1)";
+inline constexpr QStringView CandidatesAhead = u"前に挿入(&2)";
+inline constexpr QStringView CandidatesBehind = u"後に挿入(&3)";
+inline constexpr QStringView CandidateAttributes = u"属性を追加(&4)";
+inline constexpr QStringView CandidatePanel = u"候補パネル(&5)...";
 inline constexpr QStringView AddAttributeToParent = u"親要素に属性を追加(&P)";
 inline constexpr QStringView NodeContextMenu = u"Popup";
 

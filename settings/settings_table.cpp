@@ -18,6 +18,8 @@ constexpr SettingRow Rows[] = {
     {u"Application", u"Maximized", &Values::maximized, u"0"},
     {u"Panel", u"Shown", &Values::panelShown, u"0"},
     {u"Panel", u"Height", &Values::panelHeight, u"2700", 0},
+    {u"Candidates", u"Shown", &Values::candidatesShown, u"0"},
+    {u"Candidates", u"Width", &Values::candidatesWidth, u"4500", 0},
 };
 
 QString keyOf(const SettingList &list, qsizetype position) {

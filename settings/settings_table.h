@@ -35,6 +35,9 @@ struct Values {
     /// The panel with the lists: whether it is shown, and its height in twips.
     bool panelShown = false;
     qint16 panelHeight = 0;
+    /// The panel with what may be inserted: whether it is shown, and its width in twips.
+    bool candidatesShown = false;
+    qint16 candidatesWidth = 0;
     /// At most as many as EditorNames holds, in order.
     std::vector<ExternalEditor> editors;
 };

@@ -1,4 +1,5 @@
 #include "app/main_window/command_rows.h"
+#include "resources/candidate_texts.h"
 
 namespace quillon::app::command_rows {
 
@@ -158,6 +159,19 @@ constexpr CommandRow ContextRows[] = {
     {.entry = {.name = u"treeMenuCopyXPath", .menu = treeMenu, .caption = text::EditCopyXPath},
      .enabled = hasSelection,
      .run = [](frmMain &form) { form.editor().pathCopy.mnuEditCopyXPath_Click(); }},
+
+    line(u"treeMenuLine3", treeMenu),
+    menu(u"treeMenuChildren", text::CandidateChildren, treeMenu),
+    array(u"treeMenuChildrenEntries", u"treeMenuChildren", resources::candidate_texts::NoEntries),
+    menu(u"treeMenuAhead", text::CandidatesAhead, treeMenu),
+    array(u"treeMenuAheadEntries", u"treeMenuAhead", resources::candidate_texts::NoEntries),
+    menu(u"treeMenuBehind", text::CandidatesBehind, treeMenu),
+    array(u"treeMenuBehindEntries", u"treeMenuBehind", resources::candidate_texts::NoEntries),
+    menu(u"treeMenuAttributes", text::CandidateAttributes, treeMenu),
+    array(u"treeMenuAttributesEntries", u"treeMenuAttributes",
+          resources::candidate_texts::NoEntries),
+    {.entry = {.name = u"treeMenuCandidates", .menu = treeMenu, .caption = text::CandidatePanel},
+     .run = [](frmMain &form) { form.candidates().open(); }},
 
     // The entries of the Node menu show no key.
     {.entry = {.name = u"MoveUpByKey", .key = u"Alt+Up", .keyContext = KeyContext::Tree},

@@ -55,6 +55,17 @@ constexpr CommandRow Rows[] = {
      .run = [](frmMain &form) { form.focusPart(+1); }},
     {.entry = {u"mnuViewPreviousPart", viewMenu, text::ViewPreviousPart, u"Shift+F6"},
      .run = [](frmMain &form) { form.focusPart(-1); }},
+    line(u"mnuViewLine5", viewMenu),
+    {.entry = {.name = u"mnuViewCandidates",
+               .menu = viewMenu,
+               .caption = text::ViewCandidates,
+               .checkable = true},
+     .run =
+         [](frmMain &form) {
+             form.mnuViewCandidates_Click(isChecked(form, u"mnuViewCandidates"));
+         }},
+    {.entry = {u"mnuViewInsertCandidate", viewMenu, text::ViewInsertCandidate, u"F9"},
+     .run = [](frmMain &form) { form.candidates().open(); }},
 };
 
 } // namespace

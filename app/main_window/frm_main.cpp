@@ -60,6 +60,7 @@ frmMain::frmMain(Environment environment)
     tvw = new controls::TreeView(editor_->tree);
     tvw->setImageList(treeImages());
     panel_ = new ResultPanel(*editor_, tvw->imageList(), longWork_, this);
+    candidates_ = new CandidatePanel(*editor_, tvw->imageList(), this);
     treePrinting_ = std::make_unique<tools::TreePrinting>(editor_->state, editor_->tree, longWork_);
     treePrinting_->look = [this] { return tools::PrintLook{tvw->font(), tvw->imageList()}; };
     // Nodes are moved within the tree; in the pane they would be typing.
@@ -77,6 +78,7 @@ frmMain::frmMain(Environment environment)
 
 frmMain::~frmMain() {
     // Ahead of what they show.
+    delete candidates_;
     delete panel_;
     delete tvw;
 }
@@ -97,6 +99,8 @@ void frmMain::layOut() {
     setCentralWidget(vsp);
     addDockWidget(Qt::BottomDockWidgetArea, panel_);
     panel_->hide();
+    addDockWidget(Qt::RightDockWidgetArea, candidates_);
+    candidates_->hide();
 
     statusBar()->addWidget(sbr, 1);
     statusBar()->addPermanentWidget(&panel_->button());

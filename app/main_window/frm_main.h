@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/editor.h"
+#include "app/main_window/candidate_panel.h"
 #include "app/main_window/replace_dialog.h"
 #include "app/main_window/result_panel.h"
 #include "app/main_window/tree_keys.h"
@@ -54,11 +55,14 @@ public:
     void mnuNodeSort_Click();
     void mnuWindowTileH_Click();
     void mnuViewPanel_Click(bool show);
+    void mnuViewCandidates_Click(bool show);
     /// Gives the keyboard to the next part of the window, or with -1 to the one before: tree, pane,
-    /// preview, panel, path box, and round again. Parts that are not to be seen are left out.
+    /// preview, candidates, panel, path box, and round again. Parts that are not to be seen are
+    /// left out.
     void focusPart(int step);
 
     Editor &editor() { return *editor_; }
+    CandidatePanel &candidates() { return *candidates_; }
     controls::ActionSet &actions() { return actions_; }
 
 protected:
@@ -85,6 +89,9 @@ private:
     void connectButtons();
     void connectWindow();
     void connectPanel();
+    void connectCandidates();
+    /// Fills a menu with what may be inserted at the selected node.
+    void showCandidates(QStringView entries, CandidatePanel::Way way);
     /// Runs a command unless the user keeps text in the pane that it would take away.
     void runCommand(const CommandRow &row);
     /// Sets the buttons that go by some news, of `button_news`.
@@ -137,6 +144,7 @@ private:
     ValidationList *validationList_ = nullptr;
     ReplaceDialog *replaceDialog_ = nullptr;
     ResultPanel *panel_ = nullptr;
+    CandidatePanel *candidates_ = nullptr;
     system::CompanionLink companion_;
 };
 

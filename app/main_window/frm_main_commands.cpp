@@ -1,6 +1,7 @@
 #include "app/main_window/command_table.h"
 #include "app/main_window/frm_main.h"
 #include "platform/ui/error_boundary.h"
+#include "resources/candidate_texts.h"
 #include "resources/texts.h"
 
 #include <QAction>
@@ -92,6 +93,7 @@ void frmMain::connectWindow() {
             &frmMain::showValidationErrors);
     connect(validationButton_, &QPushButton::clicked, validationList_, &QWidget::show);
     connectPanel();
+    connectCandidates();
 }
 
 void frmMain::connectPanel() {
@@ -104,8 +106,54 @@ void frmMain::connectPanel() {
         u"mnuView", [this] { actions_.action(u"mnuViewPanel")->setChecked(panel_->isVisible()); });
 }
 
+void frmMain::connectCandidates() {
+    connect(candidates_, &CandidatePanel::focusGivenUp, tvw, [this] { tvw->setFocus(); });
+    menus_->onMenuOpening(u"mnuView", [this] {
+        actions_.action(u"mnuViewCandidates")->setChecked(candidates_->isVisible());
+    });
+    using Way = CandidatePanel::Way;
+    constexpr std::tuple<QStringView, QStringView, Way> Menus[] = {
+        {u"treeMenuChildren", u"treeMenuChildrenEntries", Way::Child},
+        {u"treeMenuAhead", u"treeMenuAheadEntries", Way::Ahead},
+        {u"treeMenuBehind", u"treeMenuBehindEntries", Way::Behind},
+        {u"treeMenuAttributes", u"treeMenuAttributesEntries", Way::Attribute},
+    };
+    for (const auto &[menu, entries, way] : Menus)
+        menus_->onMenuOpening(menu, [this, entries, way] { showCandidates(entries, way); });
+}
+
+void frmMain::showCandidates(QStringView entries, CandidatePanel::Way way) {
+    constexpr std::size_t MostEntries = 30;
+    std::vector<candidates::Entry> allowed = candidates_->entries(way).entries;
+    std::erase_if(allowed, [](const candidates::Entry &entry) { return !entry.isAllowed; });
+    std::vector<controls::ActionMenus::Element> elements;
+    for (const candidates::Entry &entry : allowed) {
+        if (elements.size() == MostEntries)
+            break;
+        elements.push_back(
+            {entry.isMandatory ? entry.name + QStringLiteral(" !") : entry.name, {}});
+    }
+    if (allowed.size() > MostEntries)
+        elements.push_back(
+            {resources::candidate_texts::MoreEntries.toString().arg(allowed.size() - MostEntries),
+             {}});
+    // Element 0 says that there are none.
+    const auto run = [this, way, allowed](int index, const QString &) {
+        const auto at = std::size_t(index) - 1;
+        if (at < MostEntries)
+            candidates_->insert(allowed[at], way);
+        else
+            candidates_->open(way);
+    };
+    menus_->setElements(entries, elements, run, 1);
+}
+
 void frmMain::mnuViewPanel_Click(bool show) {
     show ? panel_->open() : panel_->shut();
+}
+
+void frmMain::mnuViewCandidates_Click(bool show) {
+    show ? candidates_->open() : candidates_->shut();
 }
 
 std::vector<std::pair<QWidget *, std::function<void()>>> frmMain::parts() {
@@ -116,6 +164,7 @@ std::vector<std::pair<QWidget *, std::function<void()>>> frmMain::parts() {
     return {itself(tvw),
             itself(textPane_),
             itself(ie),
+            {candidates_, [this] { candidates_->takeFocus(); }},
             {panel_, [this] { panel_->takeFocus(); }},
             itself(cboPath)};
 }

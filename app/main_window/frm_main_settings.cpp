@@ -52,6 +52,8 @@ void frmMain::Form_Initialize() {
         setWindowState(windowState() | Qt::WindowMaximized);
     panel_->setUsualHeight(settings.panelHeight / TwipsPerPixel);
     panel_->setVisible(settings.panelShown);
+    candidates_->setUsualWidth(settings.candidatesWidth / TwipsPerPixel);
+    candidates_->setVisible(settings.candidatesShown);
     ignoringErrors([&] { takeFont(settings.fontName, settings.fontSize); });
     showExternalEditors();
     ignoringErrors([this] { editor_->workingFolder.create(); });
@@ -71,8 +73,12 @@ void frmMain::endSession() {
 void frmMain::leave() {
     editor_->settings.maximized = isMaximized();
     editor_->settings.panelShown = !panel_->isHidden();
-    editor_->settings.panelHeight = qint16(
-        std::min(panel_->usualHeight() * TwipsPerPixel, int{std::numeric_limits<qint16>::max()}));
+    const auto twips = [](int pixels) {
+        return qint16(std::min(pixels * TwipsPerPixel, int{std::numeric_limits<qint16>::max()}));
+    };
+    editor_->settings.panelHeight = twips(panel_->usualHeight());
+    editor_->settings.candidatesShown = !candidates_->isHidden();
+    editor_->settings.candidatesWidth = twips(candidates_->usualWidth());
     editor_->settings.save(placement(), !isMinimized() && !isMaximized());
     editor_->workingFolder.leave();
     ignoringErrors([this] { companion_.execute(QStringLiteral("REMOVE ") + handle()); });
@@ -162,6 +168,7 @@ void frmMain::takeFont(const QString &name, qint16 size) {
     txtEdit->setTextFont(name, size);
     tvw->setFont(QFont(name, size));
     panel_->setTextFont(QFont(name, size));
+    candidates_->setTextFont(QFont(name, size));
     // The path box keeps its size: a larger one would stretch the toolbar.
     QFont pathFont = cboPath->font();
     pathFont.setFamily(name);

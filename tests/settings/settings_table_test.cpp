@@ -18,7 +18,8 @@ const QStringList Contract = {
     "Application Width number W 9000",     "Application Height number W 8000",
     "Application SplitLeft number W 3000", "Application SplitTop number W 4000",
     "Application Maximized number 0 -1",   "Panel Shown number 0 -1",
-    "Panel Height number 2700 3000",
+    "Panel Height number 2700 3000",       "Candidates Shown number 0 -1",
+    "Candidates Width number 4500 5000",
 };
 
 class SettingTable : public testing::Test {
