@@ -248,6 +248,8 @@ void Editor::wireCandidates() {
     connect(&commands, &DocumentCommands::cleared, &candidateFinder, replaced);
     connect(&commands, &DocumentCommands::documentCreated, &candidateFinder, replaced);
     connect(&loader, &document::DocumentLoader::documentOpened, &candidateFinder, replaced);
+    connect(&schemas, &schemas::DocumentSchemas::changed, &candidateFinder,
+            [this] { candidateFinder.setGrammar(schemas.grammar(), schemas.isFinding()); });
     connect(&candidateInsertion, &candidates::CandidateInsertion::documentModified, &commands,
             &DocumentCommands::DocumentModified);
 }

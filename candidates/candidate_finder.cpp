@@ -49,7 +49,11 @@ CandidateFinder::CandidateFinder(const state::DocumentState &state) : state_(sta
     connect(&usage_, &DocumentUsage::counted, this, &CandidateFinder::changed);
 }
 
-void CandidateFinder::setGrammar(const std::optional<grammar::Grammar> &grammar) {
+void CandidateFinder::setGrammar(const std::optional<grammar::Grammar> &grammar, bool isAwaited) {
+    isAwaited_ = isAwaited;
+    const bool isSame = grammar && grammar_ && &grammar->data() == &grammar_->data();
+    if (isSame)
+        return;
     parent_.reset();
     grammar_ = grammar;
     skeletons_.reset();
@@ -191,7 +195,8 @@ EntryList CandidateFinder::fromDocument(const Node &parent) {
 }
 
 void CandidateFinder::remarkOnCount(EntryList &list) const {
-    const QStringView remark = usage_.isCounting()    ? texts::StillCounting
+    const QStringView remark = isAwaited_             ? texts::SchemaAwaited
+                               : usage_.isCounting()  ? texts::StillCounting
                                : list.entries.empty() ? texts::NothingSeen
                                : grammar_             ? texts::UnknownToSchema
                                                       : texts::FromDocument;

@@ -28,8 +28,9 @@ class CandidateFinder : public QObject {
 public:
     explicit CandidateFinder(const state::DocumentState &state);
 
-    /// The schema in force; nothing when there is none or it is not there yet.
-    void setGrammar(const std::optional<grammar::Grammar> &grammar);
+    /// The schema in force; nothing when there is none or it is not there yet, as `isAwaited`
+    /// tells.
+    void setGrammar(const std::optional<grammar::Grammar> &grammar, bool isAwaited = false);
     const std::optional<grammar::Grammar> &grammar() const { return grammar_; }
     /// For the grammar in force; null without one.
     const grammar::SkeletonMaker *skeletons() const { return skeletons_ ? &*skeletons_ : nullptr; }
@@ -84,6 +85,7 @@ private:
     std::optional<Parent> parent_;
     DocumentUsage usage_;
     bool isCounted_ = false;
+    bool isAwaited_ = false;
 };
 
 } // namespace quillon::candidates

@@ -32,6 +32,7 @@ inline constexpr QStringView NoNamespace = u"(名前空間なし)";
 inline constexpr QStringView FromDocument = u"スキーマがないため、文書中で使われている名前です。";
 inline constexpr QStringView UnknownToSchema =
     u"スキーマにない要素のため、文書中で使われている名前です。";
+inline constexpr QStringView SchemaAwaited = u"スキーマを読み込んでいます...";
 inline constexpr QStringView StillCounting = u"文書から集めています...";
 inline constexpr QStringView NothingSeen = u"文書中に同じ例がありません。";
 

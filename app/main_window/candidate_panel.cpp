@@ -125,6 +125,8 @@ void CandidatePanel::layOut() {
     details_->setReadOnly(true);
     details_->setTabChangesFocus(true);
     details_->setFrameShape(QFrame::NoFrame);
+    schema_->setMargin(0);
+    schema_->setContentsMargins(Margin, 0, Margin, Margin);
     for (QLabel *label : {schema_, remark_}) {
         label->setForegroundRole(QPalette::PlaceholderText);
         label->hide();
@@ -137,7 +139,10 @@ void CandidatePanel::layOut() {
     column->addLayout(head);
     column->addWidget(schema_);
     column->addWidget(tabs_);
-    column->addWidget(filter_);
+    auto *line = new QHBoxLayout;
+    line->setContentsMargins(Margin, Margin, Margin, Margin);
+    line->addWidget(filter_);
+    column->addLayout(line);
     column->addWidget(pages_, 1);
     column->addWidget(remark_);
     auto *split = new QSplitter(Qt::Vertical);
@@ -167,9 +172,15 @@ void CandidatePanel::connectParts() {
 void CandidatePanel::connectNews() {
     soon_.setSingleShot(true);
     connect(&soon_, &QTimer::timeout, this, [this] { guarded([this] { refresh(); }); });
-    connect(&editor_.selection, &tree::Selection::nodeShown, this, [this] { refreshSoon(0); });
-    connect(&editor_.history, &edit::UndoHistory::selectionRestored, this,
-            [this] { refreshSoon(0); });
+    const auto showOther = [this] {
+        list_->setCurrentIndex({});
+        refreshSoon(0);
+    };
+    connect(&editor_.selection, &tree::Selection::nodeShown, this, showOther);
+    connect(&editor_.history, &edit::UndoHistory::selectionRestored, this, showOther);
+    connect(&editor_.schemas, &schemas::DocumentSchemas::changed, this,
+            &CandidatePanel::showSchema);
+    showSchema();
     connect(&editor_.candidateFinder, &candidates::CandidateFinder::changed, this,
             [this] { refreshSoon(TypingPause); });
 }
@@ -214,7 +225,8 @@ void CandidatePanel::setTextFont(const QFont &font) {
     details_->setFont(font);
 }
 
-void CandidatePanel::setSchemaText(const QString &text) {
+void CandidatePanel::showSchema() {
+    const QString text = editor_.schemas.summary();
     schema_->setText(text);
     schema_->setToolTip(text);
     schema_->setVisible(!text.isEmpty());

@@ -44,8 +44,6 @@ public:
     /// Gives the keyboard to the line above the list.
     void takeFocus();
     void setTextFont(const QFont &font);
-    /// What is to be read of the schema in force, or why there is none.
-    void setSchemaText(const QString &text);
 
     /// What may be inserted in a way at the selected node; and inserts it. Errors are shown to the
     /// user.
@@ -66,6 +64,8 @@ private:
     void connectParts();
     void connectNews();
     Way way() const;
+    /// Says what schema is in force, or why there is none.
+    void showSchema();
     /// Fills the lists once there is nothing else to do.
     void refreshSoon(int milliseconds);
     void refresh();

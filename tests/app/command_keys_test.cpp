@@ -55,7 +55,7 @@ TEST_F(CommandKeys, AnswerToTheirKeysAndToNoOther) {
             tvw().setFocus();
         }
     }
-    EXPECT_EQ(keys.size(), 32u);
+    EXPECT_EQ(keys.size(), 33u);
     for (const Qt::KeyboardModifier modifier : {Qt::NoModifier, Qt::ShiftModifier})
         QTest::keyClick(&tvw(), Qt::Key_Delete, modifier);
     EXPECT_EQ(ran, "mnuEditDelete mnuEditDelete ");
@@ -84,6 +84,7 @@ TEST_F(CommandKeys, HaveTheKeysThatUsersKnow) {
         {"mnuViewPreviousHit", "Shift+F4"},
         {"mnuViewNextPart", "F6"},
         {"mnuViewPreviousPart", "Shift+F6"},
+        {"mnuViewInsertCandidate", "F9"},
         {"mnuNodeAddAttribute", "Ctrl+A"},
         {"mnuNodeInsElement", "Ctrl+Alt+E"},
         {"mnuNodeInsText", "Ctrl+Alt+T"},
@@ -125,12 +126,12 @@ TEST_F(CommandKeys, HaveTheirPlacesAndAccessKeys) {
     EXPECT_EQ(keysOf(form->menuBar()->actions()), "FEVNTWH.") << "the last one is hidden";
     EXPECT_EQ(menuKeys(u"mnuFile"), "NOR|SA|PT|M|CX");
     EXPECT_EQ(menuKeys(u"mnuEdit"), "URA|TCPD|R|FN|L|HQM");
-    EXPECT_EQ(menuKeys(u"mnuView"), "CE|T|F|PNB|MO");
+    EXPECT_EQ(menuKeys(u"mnuView"), "CE|T|F|PNB|MO|DI");
     EXPECT_EQ(menuKeys(u"mnuNode"), "UD|EATCD|LXM.|D|BRWGOS");
     EXPECT_EQ(menuKeys(u"mnuTool"), "XPNHY|SV|SC|E|O");
     EXPECT_EQ(menuKeys(u"mnuWindow"), "H");
     EXPECT_EQ(menuKeys(u"mnuHelp"), "RA");
-    EXPECT_EQ(menuKeys(u"treeMenu"), menuKeys(u"mnuNode") + "|P|Q");
+    EXPECT_EQ(menuKeys(u"treeMenu"), menuKeys(u"mnuNode") + "|P|Q|12345");
     QStringList buttons;
     for (const char *bar : {"tbr", "tbrMove"}) {
         for (const QAction *entry : form->findChild<QToolBar *>(bar)->actions())

@@ -83,6 +83,8 @@ constexpr States MenuStates[] = {
     {"mnuViewPreviousHit", NotAtFirst},
     {"mnuViewNextPart", Always},
     {"mnuViewPreviousPart", Always},
+    {"mnuViewCandidates", Always},
+    {"mnuViewInsertCandidate", Always},
     {"mnuNodeMoveUp", ".......####.", ReadOnly::Never},
     {"mnuNodeMoveDown", "....#.#####.", ReadOnly::Never},
     {"mnuNodeAddElement", ".#.##.......", ReadOnly::Never},
@@ -247,7 +249,7 @@ TEST_F(CommandStates, AreKnownOfEveryCommand) {
     // The hidden menu, which nobody can open, and what has no place in the menu bar.
     std::set<QString> names{"mnuNodeContextUp",  "mnuNodeContextDown", "AddAttributeToParent",
                             "treeMenuCopyXPath", "SearchBackward",     "SelectByPath",
-                            "MoveUpByKey",       "MoveDownByKey"};
+                            "MoveUpByKey",       "MoveDownByKey",      "treeMenuCandidates"};
     std::set<QString> buttons;
     for (const States &row : MenuStates)
         names.insert(row.name);

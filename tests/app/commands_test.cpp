@@ -90,6 +90,7 @@ protected:
         state().m_DOM.documentElement().setAttribute("n", "1");
         editor().commands.DocumentModified();
     }
+    QWidget &candidatePanel() { return *form->findChild<QWidget *>("candidatePanel"); }
     QString selected() { return tree().SelectedItem().Text(); }
     bool hasPreview() { return !working().filter("preview.").isEmpty(); }
     void removePreview() {
@@ -209,6 +210,9 @@ std::vector<Commands::Case> Commands::fileCases() {
 }
 
 std::vector<Commands::Case> Commands::viewCases() {
+    const auto hasCandidates = [this] {
+        return candidatePanel().isAncestorOf(QApplication::focusWidget());
+    };
     return {
         {u"mnuEditFind", [this] { dialogs.answerInput("c"); },
          [this] { return selected() == u"c"; }},
@@ -273,6 +277,9 @@ std::vector<Commands::Case> Commands::viewCases() {
              editor().hits.setCurrentRow(2);
          },
          [this] { return selected() == u"b"; }},
+        {u"mnuViewCandidates", [] {}, [this] { return candidatePanel().isVisible(); }},
+        {u"mnuViewInsertCandidate", [] {}, hasCandidates},
+        {u"treeMenuCandidates", [] {}, hasCandidates},
         {u"mnuViewNextPart", [] {}, [this] { return txtEdit().hasFocus(); }},
         {u"mnuViewPreviousPart", [] {},
          [this] { return cboPath().isAncestorOf(QApplication::focusWidget()); }},
