@@ -166,10 +166,16 @@ EntryList CandidateFinder::attributes(const Node &element) {
     if (!isElement(element))
         return nothing(texts::NoAttributesOfNode);
     const grammar::KnownElement found = known(element);
-    if (found.type != None)
-        return attributeEntries(*skeletons_, found.type,
-                                grammar::namedAttributes(*grammar_, element).names,
-                                scopeIn(element));
+    if (found.type != None) {
+        const grammar::NamedAttributes named = grammar::namedAttributes(*grammar_, element);
+        // What is only there by default may be written.
+        std::vector<grammar::Symbol> written;
+        for (std::size_t i = 0; i < named.nodes.size(); ++i) {
+            if (named.nodes[i].specified())
+                written.push_back(named.names[i]);
+        }
+        return attributeEntries(*skeletons_, found.type, written, scopeIn(element));
+    }
     count();
     EntryList list;
     for (const QString &name : usage_.attributesOf(element.nodeName())) {

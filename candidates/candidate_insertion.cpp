@@ -113,12 +113,23 @@ void CandidateInsertion::awaitText(const Node &element) {
     pane_.textBox().takeFocus();
 }
 
+TreeItem CandidateInsertion::writeDefault(const TreeItem &item, const Node &attribute) {
+    const Node element = selection_.GetDOMNode(item);
+    element.setAttributeNode(attribute);
+    builder_.showOwnAttributes({element.number()});
+    TreeItem child = item.Child();
+    while (child && selection_.GetDOMNode(child).nodeName() != attribute.nodeName())
+        child = child.Next();
+    return child;
+}
+
 bool CandidateInsertion::addAttribute(const Entry &entry) {
     const TreeItem item = elementItem();
     if (!isPossible(item, entry))
         return false;
     const Node element = selection_.GetDOMNode(item);
-    if (element.nodeType() != NodeType::Element || element.getAttributeNode(entry.name))
+    const Node present = element.getAttributeNode(entry.name);
+    if (element.nodeType() != NodeType::Element || (present && present.specified()))
         return false;
     Node attribute = state_.m_DOM.createAttribute(entry.name);
     if (entry.declaration != None) {
@@ -134,7 +145,8 @@ bool CandidateInsertion::addAttribute(const Entry &entry) {
         }
         attribute.setNodeValue(finder_.skeletons()->valueOf(declared));
     }
-    const TreeItem newItem = builder_.AddAttributeToTree(item, attribute, false);
+    const TreeItem newItem = present ? writeDefault(item, attribute)
+                                     : builder_.AddAttributeToTree(item, attribute, false);
     if (!newItem)
         return false;
     selection_.ShowNode(newItem, true);

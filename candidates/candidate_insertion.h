@@ -39,6 +39,8 @@ private:
     bool isPossible(const items::TreeItem &item, const Entry &entry);
     /// The item of the element whose attributes are meant.
     items::TreeItem elementItem() const;
+    /// Puts an attribute in the place of one that is only there by default, and returns its item.
+    items::TreeItem writeDefault(const items::TreeItem &item, const xml::Node &attribute);
     QByteArray markupOf(const Entry &entry, const xml::Node &parent) const;
     std::size_t choose(const grammar::OpenChoice &choice) const;
     void awaitText(const xml::Node &element);

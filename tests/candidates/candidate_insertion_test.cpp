@@ -103,6 +103,16 @@ TEST_F(CandidateInsertionTest, AddsAttributesWithTheValuesThatTheyBeginWith) {
     EXPECT_EQ(xml(), "<r><h/><s k=\"x\" o=\"d\"><h/><t/></s></r>");
 }
 
+TEST_F(CandidateInsertionTest, WritesWhatIsThereByDefault) {
+    const QByteArray start = "<!DOCTYPE r [<!ELEMENT r EMPTY><!ATTLIST r k CDATA 'v'>]>";
+    openWith(start + "<r/>", "<!ELEMENT r EMPTY><!ATTLIST r k CDATA 'v'>");
+    editor().selection.ShowNode(editor().builder.itemOf(state().m_DOM.documentElement()), true);
+    EXPECT_TRUE(addAttribute("k"));
+    EXPECT_EQ(xml(), start + "<r k=\"v\"/>");
+    EXPECT_EQ(selected(), "k=\"v\"");
+    EXPECT_FALSE(addAttribute("k"));
+}
+
 TEST_F(CandidateInsertionTest, BeginsAnEmptyDocument) {
     openWith("<?xml version=\"1.0\"?>\n<!DOCTYPE s SYSTEM \"a.dtd\">\n<r/>\n", Dtd);
     select("r");
