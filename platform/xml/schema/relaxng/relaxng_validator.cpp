@@ -98,22 +98,27 @@ std::vector<Report> reportsOf(SchemaSession &session, xmlRelaxNG *schema, xmlDoc
     return reports;
 }
 
-/// The reports that say something new: not those on what has an error already, on what stands
-/// around or beside it, nor several on one element and those that contain it.
+/// The numbers of nodes and of all that they stand in.
+class Surroundings {
+public:
+    void add(const Node &node) {
+        for (Node at = node; at && !numbers_.contains(at.number()); at = at.parentNode())
+            numbers_.insert(at.number());
+    }
+    bool contains(const Node &node) const { return numbers_.contains(node.number()); }
+
+private:
+    QSet<quint32> numbers_;
+};
+
+/// The reports that say something new. What has an error in it brings reports on what it stands in
+/// and on all that stands beside that, and so on outward.
 std::vector<SchemaError> unexplained(const std::vector<Report> &reports,
                                      const std::vector<SchemaError> &known,
                                      const DOMDocument40 &document) {
-    QSet<quint32> explained;
-    const auto explain = [&](const Node &node) {
-        for (Node at = node; at && !explained.contains(at.number()); at = at.parentNode())
-            explained.insert(at.number());
-    };
-    QSet<quint32> parents;
-    for (const SchemaError &error : known) {
-        explain(error.node);
-        parents.insert(error.node.number());
-        parents.insert(error.node.parentNode().number());
-    }
+    Surroundings explained;
+    for (const SchemaError &error : known)
+        explained.add(error.node);
     std::vector<Report> sorted = reports;
     std::ranges::stable_sort(sorted, {}, &Report::element);
     std::vector<qint64> positions;
@@ -121,15 +126,16 @@ std::vector<SchemaError> unexplained(const std::vector<Report> &reports,
         positions.push_back(report.element);
     const std::vector<Node> nodes = elementsAt(document, positions);
     std::vector<SchemaError> errors;
+    Surroundings reported;
     // From the innermost on.
     for (std::size_t i = sorted.size(); i-- > 0;) {
         const Node node = nodes[i] ? nodes[i] : document.documentElement();
-        if (explained.contains(node.number()) || parents.contains(node.parentNode().number()))
+        if (explained.contains(node) || explained.contains(node.parentNode()) ||
+            reported.contains(node))
             continue;
-        explain(node);
+        reported.add(node);
         errors.push_back({sorted[i].message.errorCode, sorted[i].message.reason, node});
     }
-    std::ranges::reverse(errors);
     return errors;
 }
 
