@@ -97,11 +97,25 @@ bool Grammar::isDerived(Index type, Index from) const {
     return type != None;
 }
 
-std::vector<Index> Grammar::typesFor(Index type) const {
+bool Grammar::mayStandFor(Index type, Index from, Blocked blocked) const {
+    for (Index at = type; at != from; at = data().types[at].base) {
+        if (at == None)
+            return false;
+        const Derivation way = data().types[at].derivation;
+        if ((way == Derivation::Extension && (blocked & BlocksExtension) != 0) ||
+            (way == Derivation::Restriction && (blocked & BlocksRestriction) != 0))
+            return false;
+    }
+    return true;
+}
+
+std::vector<Index> Grammar::typesFor(Index type, Index element) const {
+    const Blocked blocked =
+        data().types[type].blocked | (element == None ? 0 : data().elements[element].blocked);
     std::vector<Index> found;
     for (Index i = 0; i < data().types.size(); ++i) {
         const Type &candidate = data().types[i];
-        if (candidate.name.local != 0 && !candidate.isAbstract && isDerived(i, type))
+        if (candidate.name.local != 0 && !candidate.isAbstract && mayStandFor(i, type, blocked))
             found.push_back(i);
     }
     return found;

@@ -53,8 +53,9 @@ public:
     /// A type is another one, or is derived from it at however many removes.
     bool isDerived(Index type, Index from) const;
     /// The types that xsi:type may choose for an element of a type: those with names that are
-    /// derived from it or are it, without what is abstract. In the order of the schema.
-    std::vector<Index> typesFor(Index type) const;
+    /// derived from it or are it, without what is abstract or what the type, or the element where
+    /// one is given, blocks. In the order of the schema.
+    std::vector<Index> typesFor(Index type, Index element = None) const;
 
     /// A particle that stands for an element lets in a child of that name: its own or one that may
     /// stand in its place.
@@ -72,6 +73,9 @@ public:
     const Attribute *globalAttribute(const Symbol &name) const;
 
 private:
+    /// A type is derived from another one, or is it, and by no way that is blocked.
+    bool mayStandFor(Index type, Index from, Blocked blocked) const;
+
     struct Shared {
         Data data;
         QHash<QStringView, Index> strings;

@@ -8,7 +8,7 @@ namespace quillon::grammar {
 namespace {
 
 /// Changes with the form of the data.
-constexpr quint32 Format = 0x51470001;
+constexpr quint32 Format = 0x51470002;
 
 void append(QByteArray &bytes, const void *from, std::size_t size) {
     bytes.append(static_cast<const char *>(from), static_cast<qsizetype>(size));

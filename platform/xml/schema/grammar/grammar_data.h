@@ -42,6 +42,11 @@ enum class Language : quint32 { Dtd, Xsd, Xdr, RelaxNg };
 enum class ValueRule : quint32 { Free, Default, Fixed };
 enum class Derivation : quint32 { Original, Extension, Restriction };
 
+/// By which ways of derivation xsi:type may not choose a type; none when it is 0.
+using Blocked = quint32;
+inline constexpr Blocked BlocksExtension = 1;
+inline constexpr Blocked BlocksRestriction = 2;
+
 struct Element {
     Name name;
     /// Of `types`.
@@ -58,6 +63,7 @@ struct Element {
     quint32 isGlobal = 0;
     quint32 isAbstract = 0;
     quint32 isNillable = 0;
+    Blocked blocked = 0;
     Place place;
 };
 
@@ -90,6 +96,8 @@ struct Type {
     Index base = None;
     Derivation derivation = Derivation::Original;
     quint32 isAbstract = 0;
+    /// Of elements that are declared with it.
+    Blocked blocked = 0;
     Index documentation = 0;
     Place place;
 };

@@ -263,7 +263,7 @@ Index SkeletonMaker::Making::chosenType(Index element, Index type) {
     if (type == None || !grammar.type(type).isAbstract)
         return type;
     std::vector<Alternative> alternatives;
-    for (const Index derived : grammar.typesFor(type)) {
+    for (const Index derived : grammar.typesFor(type, element)) {
         if (maker.types_[derived] < Endless)
             alternatives.push_back({{derived}, maker.types_[derived]});
     }

@@ -173,6 +173,7 @@ void XsdReader::fillElement(Index index, const Spot &spot) {
     element.documentation = words;
     element.isAbstract = element.isGlobal && isTrue("abstract");
     element.isNillable = isTrue("nillable");
+    element.blocked = blockedWays(spot);
     element.place = place;
 }
 
@@ -291,8 +292,20 @@ Index XsdReader::wildcard(const Spot &spot) {
     return static_cast<Index>(builder_.data.wildcards.size()) - 1;
 }
 
+QString XsdReader::blockedAt(const Spot &spot) const {
+    return spot.node.getAttribute(QStringLiteral("block"))
+        .value_or(value(documentOf(spot).root, "blockDefault"));
+}
+
+Blocked XsdReader::blockedWays(const Spot &spot) const {
+    const QString blocked = blockedAt(spot);
+    const bool all = blocked.contains(QLatin1String("#all"));
+    return (all || blocked.contains(QLatin1String("extension")) ? BlocksExtension : 0) |
+           (all || blocked.contains(QLatin1String("restriction")) ? BlocksRestriction : 0);
+}
+
 bool XsdReader::maySubstitute(const Element &member, int head) const {
-    const QString blocked = value(component(head).node, "block");
+    const QString blocked = blockedAt(spotOf(head));
     if (blocked.isEmpty())
         return true;
     if (blocked.contains(QLatin1String("#all")) || blocked.contains(QLatin1String("substitution")))

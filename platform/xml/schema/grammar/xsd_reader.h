@@ -43,6 +43,9 @@ private:
     Index contentParticle(const Spot &spot);
     Index wildcard(const Spot &spot);
     void collectSubstitutes();
+    /// What a declaration says about what may not stand in its place.
+    QString blockedAt(const Spot &spot) const;
+    Blocked blockedWays(const Spot &spot) const;
     bool maySubstitute(const Element &member, int head) const;
 
     // xsd_types.cpp

@@ -78,6 +78,7 @@ Index XsdReader::complexType(const Spot &spot, int place) {
     type.place = placeOf(spot);
     const QString abstract = value(spot.node, "abstract");
     type.isAbstract = abstract == QLatin1String("true") || abstract == QLatin1String("1");
+    type.blocked = blockedWays(spot);
     const Index index = addType(type, spot, State::Waiting);
     if (place >= 0)
         complexTypes_.insert(place, index);

@@ -230,6 +230,30 @@ TEST(GrammarFromXsd, FollowsTypesOfInstances) {
     for (const Index type : grammar.typesFor(typeOf(grammar, u"r")))
         names += textOf(grammar, grammar.type(type).name.local);
     EXPECT_EQ(names, "CD");
+    // What the element, or the type that it is declared with, blocks.
+    const auto typesOf = [](const std::string &element, const std::string &type,
+                            const std::string &attributes = "") {
+        const Grammar known = read(schema(
+            "<xs:complexType name='B' " + type +
+                "/><xs:complexType name='E'><xs:complexContent>"
+                "<xs:extension base='t:B'/></xs:complexContent></xs:complexType><xs:complexType "
+                "name='R'><xs:complexContent><xs:restriction base='t:B'/></xs:complexContent>"
+                "</xs:complexType><xs:complexType name='S'><xs:complexContent><xs:restriction "
+                "base='t:E'/></xs:complexContent></xs:complexType><xs:element name='r' "
+                "type='t:B' " +
+                element + "/>",
+            attributes));
+        const Index root = known.globalElement(known.symbol(u"t", u"r"));
+        std::string found;
+        for (const Index at : known.typesFor(known.element(root).type, root))
+            found += textOf(known, known.type(at).name.local);
+        return found;
+    };
+    EXPECT_EQ(typesOf("", ""), "BERS");
+    EXPECT_EQ(typesOf("block='extension'", ""), "BR");
+    EXPECT_EQ(typesOf("", "block='restriction'"), "BE");
+    EXPECT_EQ(typesOf("", "", "targetNamespace='t' blockDefault='#all'"), "B");
+    EXPECT_EQ(typesOf("block=''", "block=''", "targetNamespace='t' blockDefault='#all'"), "BERS");
     EXPECT_EQ(content(grammar, grammar.namedType(grammar.symbol(u"t", u"C"))), "c!");
 }
 
