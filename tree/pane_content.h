@@ -20,7 +20,7 @@ public:
         isUnparsed = false;
     }
     /// The same for the markup of a node: UTF-8, coloured as XML.
-    void fillMarkup(const QByteArray &utf8) {
+    void fillMarkup(QByteArrayView utf8) {
         m_bFilling = true;
         txtEdit_.setLanguage(ui::TextBox::Language::Xml);
         txtEdit_.setText(utf8);

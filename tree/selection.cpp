@@ -89,7 +89,7 @@ void Selection::fillPane(const TreeItem &item, const Node &node) {
     case NodeType::Element:
     case NodeType::Document:
         cboPath_.setText(item.FullPath().mid(DocumentPrefixLength) + QLatin1Char('/'));
-        pane_.fillMarkup(node.xml());
+        node.readXml([this](QByteArrayView utf8) { pane_.fillMarkup(utf8); });
         txtEdit.setLocked(state_.m_ReadOnly || options_.viewLock);
         break;
     case NodeType::Attribute:

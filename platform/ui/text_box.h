@@ -22,7 +22,8 @@ public:
     virtual QByteArray utf8() const = 0;
     /// Replaces the text, also while the box is locked, and puts the caret at its start. This is
     /// the quick way for large texts.
-    virtual void setText(const QByteArray &utf8) = 0;
+    virtual void setText(QByteArrayView utf8) = 0;
+    void setText(const QByteArray &utf8) { setText(QByteArrayView(utf8)); }
     void setText(const QString &text) { setText(text.toUtf8()); }
 
     /// A locked box is greyed; its text can be selected and copied but not edited.

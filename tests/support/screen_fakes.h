@@ -22,8 +22,8 @@ public:
     }
     QByteArray utf8() const override { return utf8_; }
     using ui::TextBox::setText;
-    void setText(const QByteArray &utf8) override {
-        utf8_ = utf8;
+    void setText(QByteArrayView utf8) override {
+        utf8_ = utf8.toByteArray();
         utf8_.replace("\r\n", "\n").replace('\r', '\n');
         if (changed)
             changed();

@@ -93,9 +93,10 @@ QByteArray TextBox::utf8() const {
     return bytes().toByteArray();
 }
 
-void TextBox::setText(const QByteArray &utf8) {
+void TextBox::setText(QByteArrayView utf8) {
     stopComposing();
-    const QByteArray text = withLf(utf8);
+    const QByteArray converted = utf8.contains('\r') ? withLineEnds(utf8, "\n") : QByteArray();
+    const QByteArrayView text = converted.isNull() ? utf8 : QByteArrayView(converted);
     if (text == bytes()) {
         send(SCI_SETSEL, 0, 0);
         return;
@@ -105,7 +106,7 @@ void TextBox::setText(const QByteArray &utf8) {
     announceChange();
 }
 
-void TextBox::replaceText(const QByteArray &text) {
+void TextBox::replaceText(QByteArrayView text) {
     // A notification carries the text that it is about, in several copies.
     send(SCI_SETMODEVENTMASK, QAccessible::isActive() ? notifications : 0);
     send(SCI_SETREADONLY, false);
@@ -115,7 +116,7 @@ void TextBox::replaceText(const QByteArray &text) {
     send(SCI_SETXOFFSET, 0);
     // Forgets the longest line seen so far.
     send(SCI_SETSCROLLWIDTH, 1);
-    SendScintilla(SCI_APPENDTEXT, static_cast<unsigned long>(text.size()), text.constData());
+    SendScintilla(SCI_APPENDTEXT, static_cast<unsigned long>(text.size()), text.data());
     send(SCI_SETREADONLY, locked_);
     send(SCI_SETMODEVENTMASK, notifications);
     textChanged(0, 0);

@@ -30,7 +30,7 @@ public:
     QString Text() const override;
     QByteArray utf8() const override;
     using ui::TextBox::setText;
-    void setText(const QByteArray &utf8) override;
+    void setText(QByteArrayView utf8) override;
 
     bool Locked() const { return locked_; }
     void setLocked(bool locked) override;
@@ -110,7 +110,7 @@ private:
     void asOneChange(const std::function<void()> &action);
     void announceChange();
     void textChanged(int type, int position);
-    void replaceText(const QByteArray &text);
+    void replaceText(QByteArrayView text);
 
     void compose(QInputMethodEvent &event);
     void stopComposing();

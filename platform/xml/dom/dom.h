@@ -10,6 +10,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -62,6 +63,9 @@ public:
     /// stands as it was written; the XML declaration too, whatever encoding it names. For the
     /// document: the whole text, without a byte order mark.
     QByteArray xml() const;
+    /// Gives the same to a function, for as long as that runs: without a copy where the node stands
+    /// as it was read. The document must not be changed meanwhile.
+    void readXml(const std::function<void(QByteArrayView)> &reader) const;
 
     /// The parent; empty for the document, for attributes and for nodes that stand nowhere.
     Node parentNode() const;

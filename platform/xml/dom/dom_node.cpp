@@ -89,6 +89,13 @@ QByteArray Node::xml() const {
     return isNull() ? QByteArray() : serializeNode(HandleAccess::arena(*this), number_);
 }
 
+void Node::readXml(const std::function<void(QByteArrayView)> &reader) const {
+    if (isNull())
+        reader({});
+    else
+        readNode(HandleAccess::arena(*this), number_, reader);
+}
+
 Node Node::parentNode() const {
     if (isNull() || nodeType() == NodeType::Attribute)
         return {};

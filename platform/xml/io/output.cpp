@@ -6,6 +6,7 @@
 #include "resources/xml_texts.h"
 
 #include <array>
+#include <utility>
 
 namespace quillon::xml {
 
@@ -50,13 +51,31 @@ bool MemoryOutput::verbatim(const SourceText &source, std::uint32_t start, std::
     const std::string_view slice = source.slice(start, end);
     if (source.hasCarriageReturn && slice.find('\r') != slice.npos)
         markup(normalizeLineEnds(slice));
+    else if (text().isEmpty())
+        borrowed_ = slice;
     else
         markup(slice);
     return true;
 }
 
 void MemoryOutput::markup(std::string_view text) {
+    makeOwn();
     bytes_.append(text.data(), qsizetype(text.size()));
+}
+
+void MemoryOutput::makeOwn() {
+    const std::string_view text = std::exchange(borrowed_, {});
+    bytes_.append(text.data(), qsizetype(text.size()));
+}
+
+QByteArrayView MemoryOutput::text() const {
+    return borrowed_.empty() ? QByteArrayView(bytes_)
+                             : QByteArrayView(borrowed_.data(), qsizetype(borrowed_.size()));
+}
+
+QByteArray MemoryOutput::take() {
+    makeOwn();
+    return std::move(bytes_);
 }
 
 std::string FileOutput::withLineEnds(std::string_view text) const {

@@ -26,7 +26,8 @@ public:
     virtual void characters(std::string_view text) = 0;
 };
 
-/// Collects UTF-8 with LF line ends.
+/// Collects UTF-8 with LF line ends. What is one stretch of a source is not copied until it has to
+/// be.
 class MemoryOutput final : public Output {
 public:
     bool holds(const SourceText &) const override { return true; }
@@ -34,9 +35,15 @@ public:
     void markup(std::string_view text) override;
     void characters(std::string_view text) override { markup(text); }
 
-    QByteArray take() { return std::move(bytes_); }
+    /// Good until something is written, or the source goes.
+    QByteArrayView text() const;
+    QByteArray take();
 
 private:
+    void makeOwn();
+
+    /// All there is while there is nothing else.
+    std::string_view borrowed_;
     QByteArray bytes_;
 };
 

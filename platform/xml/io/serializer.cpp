@@ -395,6 +395,12 @@ QByteArray serializeNode(const Arena &arena, Number node) {
     return output.take();
 }
 
+void readNode(const Arena &arena, Number node, const std::function<void(QByteArrayView)> &reader) {
+    MemoryOutput output;
+    Serializer(arena, output).write(node);
+    reader(output.text());
+}
+
 std::unique_ptr<FileOutput> outputFor(const Arena &arena) {
     const Target target = targetOf(arena);
     return std::make_unique<FileOutput>(target.codec, arena.format.lineEnd, target.encodingName,

@@ -3,6 +3,7 @@
 #include "platform/xml/io/output.h"
 #include "platform/xml/storage/arena.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -11,6 +12,9 @@ namespace quillon::xml {
 
 /// The markup of a node in UTF-8 with LF line ends.
 QByteArray serializeNode(const Arena &arena, Number node);
+/// Gives the same to a function, for as long as that runs: without a copy where the node stands as
+/// it was read.
+void readNode(const Arena &arena, Number node, const std::function<void(QByteArrayView)> &reader);
 
 /// What takes the bytes of a document in its own encoding, with its byte order mark and line ends.
 /// Raises Fail for an encoding that is not supported.
