@@ -72,6 +72,8 @@ inline constexpr QStringView Other = u"定義が正しくありません (エラ
 // DTDs. %1 is the element, %2 the attribute or the name.
 inline constexpr QStringView DuplicateInMixed =
     u"DTD で、要素 '%1' の混在内容の宣言に '%2' が重複しています。";
+inline constexpr QStringView RepeatedInMixed =
+    u"DTD で、要素 '%1' の混在内容の宣言に同じ名前が重複しています。";
 inline constexpr QStringView AmbiguousContent =
     u"DTD で、要素 '%1' の内容の宣言があいまいです。子要素がどの名前に一致するかを決められません。";
 inline constexpr QStringView DuplicateElement = u"DTD で、要素 '%1' の宣言が重複しています。";
@@ -89,6 +91,8 @@ inline constexpr QStringView DuplicateToken =
     u"DTD で、属性に列挙されている値 '%1' が重複しています。";
 inline constexpr QStringView NotationOfEmpty =
     u"DTD で、空要素 '%1' に NOTATION 型の属性 '%2' が宣言されています。";
+inline constexpr QStringView SeveralNotations =
+    u"DTD で、要素 '%1' に NOTATION 型の属性が 2 つ以上宣言されています。";
 inline constexpr QStringView DuplicateNotation = u"DTD で、記法 '%1' の宣言が重複しています。";
 inline constexpr QStringView UndeclaredNotation = u"DTD で、記法 '%1' が宣言されていません。";
 

@@ -92,6 +92,18 @@ inline constexpr QStringView InvalidNil =
     u"要素 '%1' の xsi:nil 属性を使用できないか、内容が空ではありません。";
 inline constexpr QStringView InvalidInstanceType =
     u"要素 '%1' の xsi:type 属性の型が正しくありません。";
+inline constexpr QStringView BlockedSubstitution =
+    u"要素 '%1' は、スキーマで置換が禁止されているため、ここに置くことはできません。";
+inline constexpr QStringView ViolatedKey =
+    u"要素 '%1' の値が、スキーマの一意性またはキーの制約を満たしていません。";
+/// Where it is not known which of them.
+inline constexpr QStringView InvalidAttributes = u"要素 '%1' の属性の値が正しくありません。";
+inline constexpr QStringView StandaloneAttribute =
+    u"要素 '%2' の属性 '%1' が外部の DTD の宣言によって変わるため、standalone=\"yes\" "
+    u"を指定することはできません。";
+inline constexpr QStringView StandaloneContent =
+    u"要素 '%1' の内容が外部の DTD の宣言によって変わるため、standalone=\"yes\" "
+    u"を指定することはできません。";
 inline constexpr QStringView OtherSchemaViolation =
     u"要素 '%1' はスキーマの制約を満たしていません (エラー番号 %2)。";
 inline constexpr QStringView DtdViolation =

@@ -25,6 +25,7 @@ const std::map<QString, int> Floors = {
     {"platform/xml/schema/grammar", 8},
     {"platform/xml/schema/relaxng", 9},
     {"platform/xml/schema/schematron", 9},
+    {"platform/xml/schema/xerces", 9},
     {"platform/xml/schema/verdict", 10},
     {"platform/xml/transform", 7},
     {"platform/system", 2},

@@ -7,7 +7,7 @@
 #include "platform/ui/message_box.h"
 #include "platform/xml/engine/child_process.h"
 #include "platform/xml/schema/schema_error_bytes.h"
-#include "platform/xml/schema/schema_validator.h"
+#include "platform/xml/schema/xerces/schema_validator.h"
 #include "platform/xml/schema/xdr/xdr_validator.h"
 #include "resources/messages.h"
 #include "resources/validation_texts.h"
@@ -159,7 +159,8 @@ std::vector<xml::SchemaError> Validation::validateDtd(xml::DOMDocument40 &copy) 
 
 std::vector<xml::SchemaError> Validation::validateXsd(xml::DOMDocument40 &copy) const {
     state_.m_DOM.save(workingCopyPath(), WorkingCopy);
-    loadWorkingCopy(copy);
+    // What would be read back is what is there.
+    copy = state_.m_DOM;
     return xml::validateByXsd(copy, schemaCopyPath(), partFolders());
 }
 

@@ -85,8 +85,8 @@ TEST_F(ValidationTest, TheWorkingCopyForADtdIsTheRootAlone) {
     EXPECT_EQ(xml(), before);
     // Lines are those of the document, and errors lead to its nodes.
     ASSERT_EQ(validation.errors().size(), 2u);
-    expectError("5 行目: ");
-    const ValidationError &error = validation.errors()[1];
+    expectError("7 行目: ");
+    const ValidationError &error = validation.errors()[0];
     EXPECT_TRUE(error.reason.contains("'b'"));
     EXPECT_EQ(error.line, 7);
     EXPECT_EQ(error.node, state().m_DOM.documentElement().lastChild());

@@ -11,14 +11,6 @@ namespace {
 
 const QString Location = QStringLiteral("schemaLocation");
 
-QString builtInFor(const QString &importedNamespace) {
-    if (importedNamespace == QLatin1String("http://www.w3.org/XML/1998/namespace"))
-        return BuiltInSchemas + QStringLiteral("xml.xsd");
-    if (importedNamespace == QLatin1String("http://www.w3.org/1999/xlink"))
-        return BuiltInSchemas + QStringLiteral("xlink.xsd");
-    return {};
-}
-
 } // namespace
 
 SchemaImports::SchemaImports(SchemaSession &session) : session_(session) {
@@ -52,7 +44,7 @@ void SchemaImports::resolve(const Node &import, const QString &address) {
     if (location && session_.finds(QUrl(address).resolved(QUrl(*location)).toString()))
         return;
     const QString imported = import.getAttribute(QStringLiteral("namespace")).value_or(QString());
-    if (const QString builtIn = builtInFor(imported); !builtIn.isEmpty())
+    if (const QString builtIn = builtInSchemaFor(imported); !builtIn.isEmpty())
         return import.setAttribute(Location, builtIn);
     if (location)
         import.removeAttribute(Location);

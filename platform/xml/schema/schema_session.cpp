@@ -1,10 +1,8 @@
 #include "platform/xml/schema/schema_session.h"
 
 #include "platform/runtime/error.h"
-#include "platform/xml/io/encoding.h"
 #include "resources/validation_texts.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QUrl>
@@ -25,28 +23,6 @@ constexpr quint64 BaseExpansion = 16 << 20;
 constexpr quint64 ExpansionPerByte = 4;
 constexpr int MaxEntityDepth = 100;
 
-/// Makes a text in UTF-8 declare that it is.
-void declareUtf8(QByteArray &text) {
-    const std::string name = declaredEncoding(std::string_view(text.constData(), text.size()));
-    if (!name.empty())
-        text.replace(text.indexOf(name.c_str(), text.indexOf("encoding")),
-                     static_cast<qsizetype>(name.size()), "UTF-8");
-}
-
-/// The text of an external entity in UTF-8; null when it cannot be decoded.
-QByteArray decodedForLibxml(std::string bytes) {
-    // An external entity may leave out the version, a document may not.
-    constexpr std::string_view withoutVersion = "<?xml encoding";
-    if (bytes.starts_with(withoutVersion))
-        bytes.insert(withoutVersion.find(' '), " version='1.0'");
-    Decoded decoded = decodeFile(std::move(bytes));
-    if (!decoded.error.isNull())
-        return {};
-    QByteArray text = QByteArray::fromStdString(decoded.utf8);
-    declareUtf8(text);
-    return text;
-}
-
 void addSaturated(quint64 &sum, quint64 value) {
     sum = value > std::numeric_limits<quint64>::max() - sum ? std::numeric_limits<quint64>::max()
                                                             : sum + value;
@@ -55,9 +31,7 @@ void addSaturated(quint64 &sum, quint64 value) {
 } // namespace
 
 SchemaSession::SchemaSession(const QString &schemaPath, const QStringList &partFolders)
-    : folder_(QFileInfo(QFileInfo(schemaPath).absolutePath()).canonicalFilePath()),
-      schemaName_(QFileInfo(schemaPath).fileName()), schemaFolder_({folder_}),
-      partFolders_(partFolders + QStringList(folder_)), loaderBefore_(xmlGetExternalEntityLoader()),
+    : parts_(schemaPath, partFolders), loaderBefore_(xmlGetExternalEntityLoader()),
       reportBefore_(xmlStructuredError), reportContextBefore_(xmlStructuredErrorContext) {
     current = this;
     xmlSetExternalEntityLoader(openEntity);
@@ -74,25 +48,9 @@ SchemaSession::~SchemaSession() {
     current = nullptr;
 }
 
-QByteArray SchemaSession::addressOf(const QString &fileName) const {
-    return QUrl::fromLocalFile(folder_ + u'/' + fileName).toEncoded();
-}
-
-QString SchemaSession::pathOf(const QString &url) const {
-    if (url.startsWith(BuiltInSchemas))
-        return QStringLiteral(":/schemas/") + url.mid(BuiltInSchemas.size());
-    const QUrl address(url);
-    const QString path = address.isLocalFile() ? address.toLocalFile() : folder_ + u'/' + url;
-    const QString name = QDir(folder_).relativeFilePath(path);
-    return (name == schemaName_ ? schemaFolder_ : partFolders_).find(name);
-}
-
 xmlParserInput *SchemaSession::open(const QString &path, const QByteArray &url,
                                     xmlParserCtxt *context) const {
-    QFile file(path);
-    if (path.isEmpty() || !file.open(QIODevice::ReadOnly))
-        return nullptr;
-    QByteArray text = decodedForLibxml(file.readAll().toStdString());
+    QByteArray text = SchemaParts::read(path);
     if (prepare && !text.isNull())
         text = prepare(text, QString::fromUtf8(url));
     if (text.isNull() || text.size() > std::numeric_limits<int>::max())
@@ -108,7 +66,7 @@ xmlParserInput *SchemaSession::open(const QString &path, const QByteArray &url,
 
 xmlParserInput *SchemaSession::openEntity(const char *url, const char *, xmlParserCtxt *context) {
     const QString name = QString::fromUtf8(url);
-    xmlParserInput *input = current->open(current->pathOf(name), url, context);
+    xmlParserInput *input = current->open(current->parts_.find(name), url, context);
     if (!input && current->missing_.isNull())
         current->missing_ = QFileInfo(QUrl(name).path()).fileName();
     return input;
@@ -120,7 +78,7 @@ xmlParserInput *SchemaSession::resolveEntity(void *context, const xmlChar *publi
     const QString name = QString::fromUtf8(reinterpret_cast<const char *>(systemId));
     auto *parser = static_cast<xmlParserCtxt *>(context);
     if (xmlParserInput *input =
-            current->open(current->pathOf(name), current->addressOf(name), parser))
+            current->open(current->parts_.find(name), current->addressOf(name), parser))
         return input;
     return current->original_.resolveEntity(context, publicId, systemId);
 }
@@ -166,7 +124,7 @@ void SchemaSession::expand(quint64 size, void *context) {
 QByteArray SchemaSession::contentOf(const xmlEntity *entity) const {
     if (entity->etype != XML_EXTERNAL_GENERAL_PARSED_ENTITY)
         return reinterpret_cast<const char *>(entity->content);
-    QFile file(pathOf(QString::fromUtf8(reinterpret_cast<const char *>(entity->URI))));
+    QFile file(parts_.find(QString::fromUtf8(reinterpret_cast<const char *>(entity->URI))));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 

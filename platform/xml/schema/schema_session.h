@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/xml/dom/dom.h"
-#include "platform/xml/engine/allowed_folders.h"
 #include "platform/xml/engine/libxml_handles.h"
+#include "platform/xml/schema/schema_parts.h"
 
 #include <QHash>
 
@@ -11,9 +11,6 @@
 #include <libxml/xmlerror.h>
 
 namespace quillon::xml {
-
-/// The addresses of the schemas that the program brings along start so; a file name follows.
-inline const QString BuiltInSchemas = QStringLiteral("quillon-schema:");
 
 /// By what name libxml2 knows the document, as a file of the schema's folder.
 inline const QString DocumentName = QStringLiteral("document.xml");
@@ -39,13 +36,15 @@ public:
     /// address.
     std::function<QByteArray(const QByteArray &text, const QString &address)> prepare;
     /// Whether there is a file to be read at an address.
-    bool finds(const QString &address) const { return !pathOf(address).isEmpty(); }
+    bool finds(const QString &address) const { return !parts_.find(address).isEmpty(); }
 
     /// The name of the first file that was wanted and not there; null for none.
     const QString &missing() const { return missing_; }
 
     /// A file of the schema's folder as the address by which libxml2 knows it.
-    QByteArray addressOf(const QString &fileName) const;
+    QByteArray addressOf(const QString &fileName) const {
+        return parts_.addressOf(fileName).toLatin1();
+    }
 
     /// Parses a document, with the DTD that it names when `loadDtd`, and puts entities in their
     /// places. Null after a syntax error, which has been reported. Raises Fail when entities expand
@@ -69,16 +68,11 @@ private:
     static xmlEntity *getParameterEntity(void *context, const xmlChar *name);
 
     xmlParserInput *open(const QString &path, const QByteArray &url, xmlParserCtxt *context) const;
-    /// The path of the file at an address; empty when there is none that may be read.
-    QString pathOf(const QString &url) const;
     QByteArray contentOf(const xmlEntity *entity) const;
     quint64 expandedSize(const xmlEntity *entity, int depth);
     void expand(quint64 size, void *context);
 
-    QString folder_;
-    QString schemaName_;
-    AllowedFolders schemaFolder_;
-    AllowedFolders partFolders_;
+    SchemaParts parts_;
     QString missing_;
     xmlExternalEntityLoader loaderBefore_;
     xmlStructuredErrorFunc reportBefore_;

@@ -4,13 +4,15 @@
 #include "platform/xml/engine/document_type.h"
 #include "platform/xml/schema/relaxng/relaxng_validator.h"
 #include "platform/xml/schema/schema_error_bytes.h"
-#include "platform/xml/schema/schema_validator.h"
 #include "platform/xml/schema/schematron/schematron_validator.h"
 #include "platform/xml/schema/xdr/xdr_validator.h"
+#include "platform/xml/schema/xerces/schema_validator.h"
 
 #include <QFileInfo>
 
 #include <algorithm>
+#include <functional>
+#include <iterator>
 
 namespace quillon::xml {
 
@@ -49,18 +51,58 @@ std::vector<SchemaError> byXdr(const DOMDocument40 &document, const SchemaForVer
     return validator.validate(document);
 }
 
+SchemaError unusable(const runtime::Error &error) {
+    return {.errorCode = schema_error::UnusableSchema,
+            .reason = error.description(),
+            .node = {},
+            .isWarning = true};
+}
+
+/// Those for XSD judge together: the elements of one stand among those of another. One that cannot
+/// be used is left out.
+std::vector<SchemaError> byXsds(const DOMDocument40 &document,
+                                const std::vector<SchemaForVerdict> &schemas) {
+    std::vector<XsdSource> sources;
+    QStringList folders;
+    for (const SchemaForVerdict &schema : schemas) {
+        if (schema.kind != SchemaKind::Xsd)
+            continue;
+        sources.push_back({schema.namespaceName, schema.path});
+        folders += schema.partFolders;
+    }
+    try {
+        return validateByXsds(document, sources, folders);
+    } catch (const runtime::Error &) {
+        if (sources.size() == 1)
+            throw;
+    }
+    std::vector<SchemaError> warnings;
+    std::erase_if(sources, [&](const XsdSource &source) {
+        try {
+            validateByXsds(document, {source}, folders);
+            return false;
+        } catch (const runtime::Error &error) {
+            warnings.push_back(unusable(error));
+            return true;
+        }
+    });
+    std::vector<SchemaError> errors = validateByXsds(document, sources, folders);
+    std::ranges::move(warnings, std::back_inserter(errors));
+    return errors;
+}
+
 std::vector<SchemaError> bySchema(const DOMDocument40 &document, const SchemaForVerdict &schema) {
     switch (schema.kind) {
     case SchemaKind::Dtd:
         return byDtd(document, schema);
-    case SchemaKind::Xsd:
-        return validateByXsd(document, schema.path, schema.partFolders);
     case SchemaKind::Xdr:
         return byXdr(document, schema);
     case SchemaKind::Schematron:
         return validateBySchematron(document, schema.path, schema.partFolders, schema.phase);
     case SchemaKind::RelaxNg:
         return validateByRelaxNg(document, schema.path, schema.partFolders);
+    case SchemaKind::Xsd:
+        break;
     }
     return {};
 }
@@ -90,16 +132,16 @@ void merge(std::vector<SchemaError> &all, std::vector<SchemaError> further) {
 std::vector<SchemaError> verdict(const DOMDocument40 &document,
                                  const std::vector<SchemaForVerdict> &schemas) {
     std::vector<SchemaError> all;
-    for (const SchemaForVerdict &schema : schemas) {
+    const auto add = [&](const std::function<std::vector<SchemaError>()> &judge) {
         try {
-            merge(all, bySchema(document, schema));
+            merge(all, judge());
         } catch (const runtime::Error &error) {
-            all.push_back({.errorCode = schema_error::UnusableSchema,
-                           .reason = error.description(),
-                           .node = {},
-                           .isWarning = true});
+            all.push_back(unusable(error));
         }
-    }
+    };
+    add([&] { return byXsds(document, schemas); });
+    for (const SchemaForVerdict &schema : schemas)
+        add([&] { return bySchema(document, schema); });
     putInDocumentOrder(all, document);
     return all;
 }

@@ -1,6 +1,6 @@
 #include "platform/xml/schema/grammar/load_grammar.h"
 #include "platform/xml/schema/grammar/skeleton.h"
-#include "platform/xml/schema/schema_validator.h"
+#include "platform/xml/schema/xerces/schema_validator.h"
 #include "tests/platform/xml/schema/grammar/grammar_test_support.h"
 #include "tests/platform/xml/schema/grammar/random_models.h"
 #include "tests/platform/xml/xml_test_support.h"

@@ -1,7 +1,6 @@
-#include "platform/xml/schema/schema_validator.h"
+#include "platform/xml/schema/libxml_validator.h"
 
 #include "platform/runtime/error.h"
-#include "platform/xml/dom/qualified_name.h"
 #include "platform/xml/schema/schema_fault.h"
 #include "platform/xml/schema/schema_imports.h"
 #include "platform/xml/schema/schema_message.h"
@@ -126,29 +125,21 @@ struct FirstFault {
     throw runtime::Error(runtime::error_number::Fail, texts::ValidatorFailed.toString());
 }
 
-/// A schema that the validator may be asked to compile: an XSD without a target namespace.
-void checkXsd(const QString &path, const QString &name) {
-    const DOMDocument40 schema = DOMDocument40::create();
-    if (!DOMDocument40(schema).load(path))
-        raiseSchemaError(name, schema.parseError().line, schema.parseError().reason);
-    const Node root = schema.documentElement();
-    if (localNameOf(root.nodeName()) != QLatin1String("schema") ||
-        namespaceAt(root, prefixOf(root.nodeName())) != XsdNamespace)
-        raiseSchemaError(name, 0, texts::NotAnXsd.toString());
-    const QString target = root.getAttribute(QStringLiteral("targetNamespace")).value_or(QString());
-    if (!target.isEmpty())
-        raiseSchemaError(name, lineOf(root), texts::TargetNamespace.toString().arg(target));
-}
-
 using Schema = std::unique_ptr<xmlSchema, Releaser<xmlSchemaFree>>;
 using SchemaParser = std::unique_ptr<xmlSchemaParserCtxt, Releaser<xmlSchemaFreeParserCtxt>>;
 using SchemaValidator = std::unique_ptr<xmlSchemaValidCtxt, Releaser<xmlSchemaFreeValidCtxt>>;
 using DtdValidator = std::unique_ptr<xmlValidCtxt, Releaser<xmlFreeValidCtxt>>;
 
-Schema compileXsd(SchemaSession &session, const QString &name, const SchemaImports &imports) {
+Schema compileXsd(SchemaSession &session, const std::vector<XsdSource> &schemas,
+                  const SchemaImports &imports) {
     FirstFault fault;
     session.report = [&](const xmlError &error) { fault.note(error); };
-    const SchemaParser context(xmlSchemaNewParserCtxt(session.addressOf(name).constData()));
+    const QString name = QFileInfo(schemas.front().path).fileName();
+    const bool isAlone = schemas.size() == 1;
+    const QByteArray combined = isAlone ? QByteArray() : combiningSchema(schemas);
+    const SchemaParser context(
+        isAlone ? xmlSchemaNewParserCtxt(session.addressOf(name).constData())
+                : xmlSchemaNewMemParserCtxt(combined.constData(), int(combined.size())));
     Schema schema(context ? xmlSchemaParse(context.get()) : nullptr);
     session.report = {};
     session.prepare = {};
@@ -202,8 +193,9 @@ void reportDanglingReferences(xmlDoc *doc, Collector &collector) {
 
 } // namespace
 
-std::vector<SchemaError> validateByDtd(const DOMDocument40 &document, const QString &schemaPath,
-                                       const QStringList &partFolders) {
+std::vector<SchemaError> libxmlVerdictByDtd(const DOMDocument40 &document,
+                                            const QString &schemaPath,
+                                            const QStringList &partFolders) {
     SchemaSession session(schemaPath, partFolders);
     Collector collector(session, dtdMessage);
     FirstFault fault;
@@ -227,13 +219,12 @@ std::vector<SchemaError> validateByDtd(const DOMDocument40 &document, const QStr
     return collector.errorsIn(document);
 }
 
-std::vector<SchemaError> validateByXsd(const DOMDocument40 &document, const QString &schemaPath,
-                                       const QStringList &partFolders) {
-    const QString name = QFileInfo(schemaPath).fileName();
-    checkXsd(schemaPath, name);
-    SchemaSession session(schemaPath, partFolders);
+std::vector<SchemaError> libxmlVerdictByXsd(const DOMDocument40 &document,
+                                            const std::vector<XsdSource> &schemas,
+                                            const QStringList &partFolders) {
+    SchemaSession session(schemas.front().path, partFolders);
     SchemaImports imports(session);
-    const Schema schema = compileXsd(session, name, imports);
+    const Schema schema = compileXsd(session, schemas, imports);
     Collector collector(session, xsdMessage);
     FirstFault fault;
     const XmlDocument doc = parseDocument(session, document, false, collector, fault);
