@@ -30,6 +30,8 @@ Editor::Editor(Environment given, ui::TextBox &txtEdit, ui::PathBox &cboPath, ui
       sorting(state, builder, removal, selection, tree, longWork),
       nodeCommands(state, builder, removal, nodeInsertion, selection, structure, tree, clipboard),
       schemas(state, environment.settings, environment.fetchedSchemas),
+      schemaCommands(state, schemas, builder, *environment.shell, longWork,
+                     schemas::FetchedSchemas(environment.fetchedSchemas)),
       captionSearch(tree, selection),
       pathQuery(tree, cboPath, selection, builder.registry(), longWork),
       pathCopy(tree, selection, clipboard), pathCompletion(state, cboPath),
@@ -201,6 +203,10 @@ void Editor::wireSchemas() {
     connect(&commands, &DocumentCommands::documentCreated, &schemas, replaced);
     connect(&commands, &DocumentCommands::cleared, &schemas, replaced);
     const auto documentChanged = &DocumentSchemas::documentChanged;
+    connect(&schemaCommands, &schemas::SchemaCommands::documentModified, &commands,
+            &DocumentCommands::DocumentModified);
+    connect(&schemaCommands, &schemas::SchemaCommands::documentModified, this, &Editor::showAnew);
+    connect(&schemaCommands, &schemas::SchemaCommands::statusText, this, &Editor::statusText);
     connect(&history, &edit::UndoHistory::recorded, &schemas, documentChanged);
     connect(&history, &edit::UndoHistory::moved, &schemas, documentChanged);
     // The document may have got another place.

@@ -16,6 +16,7 @@
 #include "recovery/crash_recovery.h"
 #include "schemas/document_schemas.h"
 #include "schemas/fetched_schemas.h"
+#include "schemas/schema_commands.h"
 #include "search/caption_search.h"
 #include "search/find_and_replace.h"
 #include "search/hit_export.h"
@@ -89,6 +90,7 @@ public:
     edit::NodeCommands nodeCommands;
 
     schemas::DocumentSchemas schemas;
+    schemas::SchemaCommands schemaCommands;
 
     search::CaptionSearch captionSearch;
     search::PathQuery pathQuery;

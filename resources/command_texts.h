@@ -91,6 +91,9 @@ inline constexpr QStringView ToolOpenEditor = u"他のエディタで開く(&E)"
 /// The user's own editors take its place.
 inline constexpr QStringView ToolOpen = u"&BizTalkエディタ";
 inline constexpr QStringView ToolOption = u"オプション(&O)...";
+inline constexpr QStringView ToolSchemas = u"スキーマ(&M)...";
+inline constexpr QStringView ToolBindSchema = u"スキーマを結び付ける(&B)...";
+inline constexpr QStringView ToolCreateSchema = u"スキーマを作成(&K)...";
 
 inline constexpr QStringView WindowMenu = u"ウィンドウ(&W)";
 inline constexpr QStringView WindowTileH = u"横に並べる(&H)";

@@ -58,4 +58,43 @@ inline constexpr QStringView NoLocation = u"xml-model 命令に href があり�
 inline constexpr QStringView InDocument =
     u"'%1' は文書の中のスキーマです。候補の表示には使用できません。";
 
+// Fetching. %1 is an address.
+inline constexpr QStringView AskFetch =
+    u"次のアドレスからスキーマを取得します。接続するのはこのアドレスだけです。\n\n%1\n\n"
+    u"よろしいですか？";
+inline constexpr QStringView AskRedirect =
+    u"サーバーが、別の場所からの取得を求めています。\n\n%1\n\nこの場所に接続しますか？";
+inline constexpr QStringView Fetching = u"スキーマを取得しています...";
+inline constexpr QStringView FetchDone = u"%1 を取得しました。";
+/// %2 is why.
+inline constexpr QStringView CannotFetch = u"%1 を取得できません。\n%2";
+inline constexpr QStringView BadStatus = u"%1 を取得できません。\nサーバーの応答コードは %2 です。";
+inline constexpr QStringView TooLarge = u"%1 を取得できません。\n16 MB を超えています。";
+inline constexpr QStringView NoSchemaThere =
+    u"%1 にあるのはスキーマではありません。保存しませんでした。";
+inline constexpr QStringView AskClearFetched = u"取得したスキーマ %1 件を削除しますか？";
+
+// Choosing.
+inline constexpr QStringView ChooseTitle = u"この文書で使用するスキーマの選択";
+inline constexpr QStringView DialogFilter =
+    u"スキーマ(*.xsd, *.dtd, *.rng, *.sch, *.xdr, *.xml)|*.xsd;*.dtd;*.rng;*.sch;*.xdr;*.xml|"
+    u"すべてのファイル(*.*)|*";
+
+// Naming a schema in the document.
+inline constexpr QStringView NotASchema =
+    u"'%1' はスキーマではありません。DTD、XML Schema、XDR、RELAX NG (XML 構文)、Schematron "
+    u"を選択してください。";
+inline constexpr QStringView DocumentIsReadOnly = u"文書は読み取り専用です。";
+inline constexpr QStringView CannotBeWritten = u"この名前は文書型宣言に書けません。";
+inline constexpr QStringView HasOtherNamespace =
+    u"ルート要素が別の名前空間に属しているため、x-schema: の名前空間を指定できません。";
+inline constexpr QStringView NoRootToBind = u"文書にルート要素がありません。";
+
+// Making a schema from the document.
+inline constexpr QStringView Creating = u"スキーマを作成しています...";
+inline constexpr QStringView SaveTitle = u"スキーマの保存";
+inline constexpr QStringView SaveFilter = u"XML Schema(*.xsd)|*.xsd|DTD(*.dtd)|*.dtd";
+inline constexpr QStringView Created = u"%1 を作成しました。";
+inline constexpr QStringView AskBindCreated = u"作成した '%1' をこの文書に結び付けますか？";
+
 } // namespace quillon::resources::schema_link_texts

@@ -1,11 +1,14 @@
 #include "schemas/document_references.h"
 
+#include "platform/xml/dom/document_states.h"
+#include "platform/xml/dom/part_walk.h"
 #include "platform/xml/dom/qualified_name.h"
 #include "platform/xml/engine/document_type.h"
 
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <string_view>
 
 namespace quillon::schemas {
 
@@ -55,9 +58,28 @@ private:
     qsizetype at_ = 0;
 };
 
+constexpr std::string_view LocationEnd = "chemaLocation";
+/// More of them come from nobody who means well.
+constexpr std::size_t MostLocations = 500;
+
 void addLocation(std::vector<LocationPair> &to, const LocationPair &pair) {
     if (!pair.location.isEmpty() && std::ranges::find(to, pair) == to.end())
         to.push_back(pair);
+}
+
+/// What an attribute of an element says, if it is one of those.
+void addLocations(const Node &attribute, const Node &element, std::vector<LocationPair> &to) {
+    const QString name = attribute.nodeName();
+    const QString local = xml::localNameOf(name);
+    const bool isPairs = local == QLatin1String("schemaLocation");
+    if ((!isPairs && local != QLatin1String("noNamespaceSchemaLocation")) || local == name ||
+        xml::namespaceAt(element, xml::prefixOf(name)) != InstanceNamespace)
+        return;
+    const QStringList values = words(attribute.nodeValue());
+    if (!isPairs)
+        addLocation(to, {{}, values.value(0)});
+    for (qsizetype i = 0; isPairs && i + 1 < values.size(); i += 2)
+        addLocation(to, {values[i], values[i + 1]});
 }
 
 } // namespace
@@ -97,18 +119,42 @@ QString pseudoAttribute(const QString &instruction, const QString &name) {
     return {};
 }
 
-void addLocations(const Node &attribute, const Node &element, std::vector<LocationPair> &to) {
-    const QString name = attribute.nodeName();
-    const QString local = xml::localNameOf(name);
-    const bool isPairs = local == QLatin1String("schemaLocation");
-    if ((!isPairs && local != QLatin1String("noNamespaceSchemaLocation")) || local == name ||
-        xml::namespaceAt(element, xml::prefixOf(name)) != InstanceNamespace)
-        return;
-    const QStringList values = words(attribute.nodeValue());
-    if (!isPairs)
-        addLocation(to, {{}, values.value(0)});
-    for (qsizetype i = 0; isPairs && i + 1 < values.size(); i += 2)
-        addLocation(to, {values[i], values[i + 1]});
+bool addDeeperLocations(const xml::DOMDocument40 &document, DocumentReferences &references) {
+    const Node root = document.documentElement();
+    xml::PartWalk walk(root, xml::part_kind::ElementName | xml::part_kind::AttributeName);
+    xml::NodePart part;
+    quint32 element = 0;
+    bool isAny = false;
+    while (references.locations.size() < MostLocations && walk.next(part)) {
+        if (part.kind == xml::part_kind::ElementName) {
+            element = part.node;
+        } else if (part.characters.ends_with(LocationEnd) && element != root.number()) {
+            isAny = true;
+            addLocations(document.nodeByNumber(part.node), document.nodeByNumber(element),
+                         references.locations);
+        }
+    }
+    return isAny;
+}
+
+bool mayDifferInDeeperLocations(const xml::DOMDocument40 &before, const xml::DOMDocument40 &now,
+                                bool wereThere) {
+    if (!xml::haveCommonOrigin(before, now))
+        return true;
+    constexpr std::size_t Most = 5000;
+    const std::vector<quint32> changed = xml::changedNodes(before, now, Most);
+    const auto concernsLocations = [&](quint32 number) {
+        for (const xml::DOMDocument40 &document : {before, now}) {
+            const Node node = document.nodeByNumber(number);
+            // What an element that comes or goes has below it has not changed.
+            if ((wereThere && node.nodeType() == NodeType::Element) ||
+                (node.nodeType() == NodeType::Attribute &&
+                 node.nodeName().endsWith(QLatin1String(LocationEnd.data()))))
+                return true;
+        }
+        return false;
+    };
+    return changed.size() > Most || std::ranges::any_of(changed, concernsLocations);
 }
 
 DocumentReferences referencesOf(const xml::DOMDocument40 &document) {

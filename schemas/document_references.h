@@ -52,6 +52,15 @@ struct DocumentReferences {
 /// What the prolog and the root element say. Costs what these are long.
 DocumentReferences referencesOf(const xml::DOMDocument40 &document);
 
+/// Adds what elements below the root element say of xsi:schemaLocation and its like; false when
+/// none says anything. Looks at every name in the document.
+bool addDeeperLocations(const xml::DOMDocument40 &document, DocumentReferences &references);
+
+/// Whether the difference between two states of a document may be one of these. `wereThere`: the
+/// former has, or has had, some. Costs what has changed.
+bool mayDifferInDeeperLocations(const xml::DOMDocument40 &before, const xml::DOMDocument40 &now,
+                                bool wereThere);
+
 /// The parts of a document type declaration, given its markup, which is well-formed.
 DocumentTypeParts documentTypeParts(const QByteArray &markup);
 

@@ -41,6 +41,10 @@ QString DocumentSchemas::documentPath() const {
 void DocumentSchemas::documentReplaced() {
     child_.giveUp();
     forget();
+    hadDeeper_ = false;
+    compared_ = {};
+    unsavedChoice_.clear();
+    path_.clear();
     isStale_ = true;
     timer_.start(0);
     Q_EMIT changed();
@@ -56,15 +60,30 @@ void DocumentSchemas::findAgain() {
     timer_.start(0);
 }
 
+void DocumentSchemas::choose(const QString &schemaPath) {
+    unsavedChoice_ = schemaPath;
+    keepChoice();
+    findAgain();
+}
+
+QString DocumentSchemas::choice() const {
+    return unsavedChoice_.isEmpty() ? settings_.choiceFor(documentPath()) : unsavedChoice_;
+}
+
 void DocumentSchemas::checkFiles() {
     const auto known = known_.constFind(found_.key);
     if (known != known_.constEnd() && !isKnown(found_.key))
         findAgain();
 }
 
+void DocumentSchemas::keepChoice() {
+    if (!documentPath().isEmpty())
+        settings_.choose(documentPath(), std::exchange(unsavedChoice_, QString()));
+}
+
 FinderRequest DocumentSchemas::request() const {
-    FinderRequest request{.references = references_, .documentPath = path_};
-    request.choice = settings_.choiceFor(path_);
+    FinderRequest request{.document = compared_, .references = references_, .documentPath = path_};
+    request.choice = choice();
     request.rules = settings_.rules();
     request.catalogs = settings_.catalogs();
     request.fetchedFolder = fetchedFolder_;
@@ -80,11 +99,22 @@ void DocumentSchemas::find() {
     }
     DocumentReferences references = referencesOf(state_.m_DOM);
     const QString path = documentPath();
-    if (!isStale_ && references == references_ && path == path_)
+    const bool isElsewhere = path != path_ || references != references_;
+    if (!isStale_ && !isElsewhere &&
+        !mayDifferInDeeperLocations(compared_, state_.m_DOM, hadDeeper_)) {
+        compared_ = state_.m_DOM.clone();
         return;
+    }
     isStale_ = false;
     references_ = std::move(references);
+    const bool isRenamed = path != path_ && !path.isEmpty() && !path_.isEmpty();
+    const QString choiceBefore = isRenamed ? settings_.choiceFor(path_) : QString();
     path_ = path;
+    if (!unsavedChoice_.isEmpty())
+        keepChoice();
+    else if (isRenamed && settings_.choiceFor(path).isEmpty())
+        settings_.choose(path, choiceBefore);
+    compared_ = state_.m_DOM.clone();
     child_.start(
         [this, request = request()] {
             return packed(
@@ -111,6 +141,7 @@ void DocumentSchemas::take(const QByteArray &bytes) {
         found.missing = known->missing;
     }
     found.grammar.clear();
+    hadDeeper_ = hadDeeper_ || found.hasDeeper;
     found_ = std::move(found);
     Q_EMIT changed();
 }

@@ -34,6 +34,10 @@ public:
     bool isFinding() const { return timer_.isActive() || child_.isRunning(); }
     /// Why nothing could be found out; empty when it could.
     const QString &failure() const { return failure_; }
+    /// What was seen of the document when its schemas were looked for last.
+    const DocumentReferences &references() const { return references_; }
+    /// What the user has said of schemas. findAgain() has it take effect.
+    const SchemaSettings &settings() const { return settings_; }
     /// One line on the schema in force, or why there is none.
     QString summary() const;
 
@@ -41,6 +45,9 @@ public:
     void documentReplaced();
     /// It may have been changed, or have got another place.
     void documentChanged();
+    /// The user's choice for this document, which is remembered; none when empty.
+    void choose(const QString &schemaPath);
+    bool hasChoice() const { return !choice().isEmpty(); }
     /// Looks anew, whatever has changed: rules, choices, or the files themselves.
     void findAgain();
     /// Looks anew if a file of the schema in force has changed.
@@ -59,6 +66,8 @@ private:
 
     void find();
     FinderRequest request() const;
+    QString choice() const;
+    void keepChoice();
     void take(const QByteArray &bytes);
     void fail(const runtime::Error &error);
     void forget();
@@ -74,6 +83,11 @@ private:
     /// For what the present findings are.
     DocumentReferences references_;
     QString path_;
+    /// The choice for a document that is in no file yet.
+    QString unsavedChoice_;
+    xml::DOMDocument40 compared_;
+    /// The document names, or has named, schemas below its root element.
+    bool hadDeeper_ = false;
     bool isStale_ = false;
 
     FoundSchemas found_;

@@ -290,13 +290,19 @@ FileStamp stampOf(const QString &path) {
 }
 
 FoundSchemas findSchemas(const FinderRequest &request, const IsKnown &isKnown) {
-    return Finder(request, isKnown).run();
+    FinderRequest whole = request;
+    const bool hasDeeper =
+        request.document && addDeeperLocations(request.document, whole.references);
+    FoundSchemas found = Finder(whole, isKnown).run();
+    found.hasDeeper = hasDeeper;
+    return found;
 }
 
 QByteArray packed(const FoundSchemas &found) {
     QByteArray bytes;
     QDataStream stream(&bytes, QIODevice::WriteOnly);
-    stream << found.key << found.grammar << found.missing << quint32(found.links.size());
+    stream << found.key << found.grammar << found.missing << found.hasDeeper
+           << quint32(found.links.size());
     for (const SchemaLink &link : found.links)
         stream << link.kind << link.foundBy << link.origin << link.location << link.namespaceName
                << link.path << link.internalSubset << link.problem << link.fetchable
@@ -310,7 +316,7 @@ FoundSchemas unpacked(const QByteArray &bytes) {
     FoundSchemas found;
     QDataStream stream(bytes);
     quint32 links = 0;
-    stream >> found.key >> found.grammar >> found.missing >> links;
+    stream >> found.key >> found.grammar >> found.missing >> found.hasDeeper >> links;
     for (quint32 i = 0; i < links && stream.status() == QDataStream::Ok; ++i) {
         SchemaLink link;
         stream >> link.kind >> link.foundBy >> link.origin >> link.location >> link.namespaceName >>

@@ -13,6 +13,8 @@ namespace quillon::schemas {
 
 /// What is known of a document whose schemas are wanted.
 struct FinderRequest {
+    /// Looked through for what stands below the root element; empty when that is not wanted.
+    xml::DOMDocument40 document = {};
     DocumentReferences references = {};
     /// An absolute path or an address; empty for a document that is in no file yet.
     QString documentPath = {};
@@ -48,6 +50,8 @@ struct FoundSchemas {
     std::vector<FileStamp> files;
     /// What the schemas want and what was not there.
     QStringList missing;
+    /// The document names schemas below its root element, too.
+    bool hasDeeper = false;
 };
 
 /// Finds all schemas that are named, and reads the first that can be used. To be used in a child

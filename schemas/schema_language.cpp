@@ -4,6 +4,8 @@
 #include <QFileInfo>
 #include <QXmlStreamReader>
 
+#include <algorithm>
+
 namespace quillon::schemas {
 
 namespace {
@@ -26,6 +28,14 @@ SchemaKind ofNamespace(QStringView space) {
     return SchemaKind::Unknown;
 }
 
+SchemaKind ofStart(const QByteArray &start) {
+    QXmlStreamReader reader(start);
+    if (reader.readNextStartElement())
+        return ofNamespace(reader.namespaceUri());
+    return start.contains("<!ELEMENT") || start.contains("<!ENTITY") ? SchemaKind::Dtd
+                                                                     : SchemaKind::Unknown;
+}
+
 SchemaKind ofName(const QString &path) {
     const QString suffix = QFileInfo(path).suffix().toLower();
     const std::pair<const char *, SchemaKind> known[] = {
@@ -46,15 +56,23 @@ SchemaKind languageOf(const QString &path) {
     QFile file(path);
     if (path.isEmpty() || !file.open(QIODevice::ReadOnly))
         return ofName(path);
-    const QByteArray start = file.read(LongestStart);
-    QXmlStreamReader reader(start);
-    if (reader.readNextStartElement()) {
-        const SchemaKind kind = ofNamespace(reader.namespaceUri());
-        return kind == SchemaKind::Unknown ? ofName(path) : kind;
-    }
-    const SchemaKind kind = ofName(path);
-    const bool declares = start.contains("<!ELEMENT") || start.contains("<!ENTITY");
-    return kind == SchemaKind::Unknown && declares ? SchemaKind::Dtd : kind;
+    const SchemaKind kind = ofStart(file.read(LongestStart));
+    return kind == SchemaKind::Unknown ? ofName(path) : kind;
+}
+
+bool isSchema(const QByteArray &content) {
+    return ofStart(content.first(std::min<qsizetype>(content.size(), LongestStart))) !=
+           SchemaKind::Unknown;
+}
+
+QString targetNamespaceOf(const QString &path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    QXmlStreamReader reader(file.read(LongestStart));
+    return reader.readNextStartElement() && ofNamespace(reader.namespaceUri()) == SchemaKind::Xsd
+               ? reader.attributes().value(QLatin1String("targetNamespace")).trimmed().toString()
+               : QString();
 }
 
 SchemaKind languageOf(const ModelInstruction &model) {

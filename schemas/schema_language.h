@@ -7,6 +7,10 @@ namespace quillon::schemas {
 
 /// The language of a schema, going by what its file starts with, else by its name.
 SchemaKind languageOf(const QString &path);
+/// Whether the content of a file may be a schema, going by what it starts with.
+bool isSchema(const QByteArray &content);
+/// The target namespace of an XML Schema; empty for none and for any other file.
+QString targetNamespaceOf(const QString &path);
 
 /// What an instruction says of the language; Unknown when it leaves that to the file, or names one
 /// that is not known.

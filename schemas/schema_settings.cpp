@@ -62,7 +62,7 @@ std::vector<SchemaRule> SchemaSettings::rules() const {
 }
 
 void SchemaSettings::changeRules(const std::vector<SchemaRule> &before,
-                                 const std::vector<SchemaRule> &after) {
+                                 const std::vector<SchemaRule> &after) const {
     SchemaRules.change(store_, [&](QStringList &lines) {
         QStringList now;
         for (const SchemaRule &rule : after)
@@ -85,7 +85,7 @@ QString SchemaSettings::choiceFor(const QString &documentPath) const {
     return {};
 }
 
-void SchemaSettings::choose(const QString &documentPath, const QString &schemaPath) {
+void SchemaSettings::choose(const QString &documentPath, const QString &schemaPath) const {
     SchemaChoices.change(store_, [&](QStringList &lines) {
         lines.removeIf(
             [&](const QString &line) { return line.section(Separator, 0, 0) == documentPath; });
@@ -98,7 +98,7 @@ QStringList SchemaSettings::catalogs() const {
     return SchemaCatalogs.read(store_);
 }
 
-void SchemaSettings::setCatalogs(const QStringList &files) {
+void SchemaSettings::setCatalogs(const QStringList &files) const {
     SchemaCatalogs.change(store_, [&](QStringList &lines) { lines = files; });
 }
 

@@ -35,16 +35,17 @@ public:
     std::vector<SchemaRule> rules() const;
     /// Takes the rules as they have been edited. What other windows have added in the meantime
     /// stays, behind them.
-    void changeRules(const std::vector<SchemaRule> &before, const std::vector<SchemaRule> &after);
+    void changeRules(const std::vector<SchemaRule> &before,
+                     const std::vector<SchemaRule> &after) const;
 
     /// The schema chosen for a document; empty for none.
     QString choiceFor(const QString &documentPath) const;
     /// An empty schema takes the choice back. Those of the documents chosen for last are kept.
-    void choose(const QString &documentPath, const QString &schemaPath);
+    void choose(const QString &documentPath, const QString &schemaPath) const;
 
     /// Catalogs beside those of the system.
     QStringList catalogs() const;
-    void setCatalogs(const QStringList &files);
+    void setCatalogs(const QStringList &files) const;
 
 private:
     const system::SettingsStore &store_;

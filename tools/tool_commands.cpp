@@ -2,7 +2,7 @@
 
 #include "platform/runtime/error.h"
 #include "platform/runtime/paths.h"
-#include "platform/system/http_post.h"
+#include "platform/system/http_request.h"
 #include "platform/ui/dialogs.h"
 #include "platform/ui/message_box.h"
 #include "resources/messages.h"

@@ -105,6 +105,8 @@ void frmMain::layOut() {
     statusBar()->addWidget(sbr, 1);
     statusBar()->addPermanentWidget(&panel_->button());
     statusBar()->addPermanentWidget(validationButton_);
+    schemaButton_ = new SchemaButton(editor_->schemas, editor_->state);
+    statusBar()->addPermanentWidget(schemaButton_);
     validationButton_->hide();
     // A long text must not widen the window.
     sbr->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
@@ -196,7 +198,10 @@ void frmMain::closeEvent(QCloseEvent *event) {
 void frmMain::changeEvent(QEvent *event) {
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::ActivationChange && isActiveWindow() && editor_)
-        guarded([this] { editor_->commands.checkFileOnDisk(); });
+        guarded([this] {
+            editor_->schemas.checkFiles();
+            editor_->commands.checkFileOnDisk();
+        });
 }
 
 void frmMain::showStatus(const QString &text) {

@@ -4,6 +4,8 @@
 #include "app/main_window/candidate_panel.h"
 #include "app/main_window/replace_dialog.h"
 #include "app/main_window/result_panel.h"
+#include "app/main_window/schema_button.h"
+#include "app/main_window/schema_dialog.h"
 #include "app/main_window/tree_keys.h"
 #include "app/main_window/validation_list.h"
 #include "platform/system/companion_link.h"
@@ -53,6 +55,8 @@ public:
     void mnuEditReplace_Click();
     void mnuToolOption_Click();
     void mnuNodeSort_Click();
+    void mnuToolSchemas_Click();
+    void mnuToolBindSchema_Click();
     void mnuWindowTileH_Click();
     void mnuViewPanel_Click(bool show);
     void mnuViewCandidates_Click(bool show);
@@ -132,6 +136,8 @@ private:
     browser::Browser *ie;
     QLabel *sbr;
     QPushButton *validationButton_;
+    SchemaButton *schemaButton_ = nullptr;
+    SchemaDialog *schemaDialog_ = nullptr;
 
     controls::DesktopClipboard clipboard_;
     controls::ProgressBox longWork_{*this};

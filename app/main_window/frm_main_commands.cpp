@@ -1,3 +1,4 @@
+#include "app/main_window/bind_dialog.h"
 #include "app/main_window/command_table.h"
 #include "app/main_window/frm_main.h"
 #include "platform/ui/error_boundary.h"
@@ -92,6 +93,7 @@ void frmMain::connectWindow() {
     connect(&editor_->validation, &validation::Validation::errorsChanged, this,
             &frmMain::showValidationErrors);
     connect(validationButton_, &QPushButton::clicked, validationList_, &QWidget::show);
+    connect(schemaButton_, &QPushButton::clicked, this, &frmMain::mnuToolSchemas_Click);
     connectPanel();
     connectCandidates();
 }
@@ -192,6 +194,18 @@ void frmMain::mnuEditReplace_Click() {
     if (!replaceDialog_)
         replaceDialog_ = new ReplaceDialog(*editor_, this);
     replaceDialog_->showForInput();
+}
+
+void frmMain::mnuToolSchemas_Click() {
+    if (!schemaDialog_)
+        schemaDialog_ = new SchemaDialog(*editor_, this);
+    schemaDialog_->show();
+    schemaDialog_->raise();
+    schemaDialog_->activateWindow();
+}
+
+void frmMain::mnuToolBindSchema_Click() {
+    BindDialog(*editor_, this).exec();
 }
 
 void frmMain::showCaption(QString caption) {

@@ -97,6 +97,7 @@ TEST_F(CommandKeys, HaveTheKeysThatUsersKnow) {
         {"mnuToolPreview", "F5"},
         {"mnuToolPreviewSel", "Ctrl+F5"},
         {"mnuToolVerify", "F7"},
+        {"mnuToolSchemas", "Shift+F7"},
     };
     std::map<std::string, std::string> keys;
     for (const app::CommandRow &row : app::commandTable()) {
@@ -128,7 +129,7 @@ TEST_F(CommandKeys, HaveTheirPlacesAndAccessKeys) {
     EXPECT_EQ(menuKeys(u"mnuEdit"), "URA|TCPD|R|FN|L|HQM");
     EXPECT_EQ(menuKeys(u"mnuView"), "CE|T|F|PNB|MO|DI");
     EXPECT_EQ(menuKeys(u"mnuNode"), "UD|EATCD|LXM.|D|BRWGOS");
-    EXPECT_EQ(menuKeys(u"mnuTool"), "XPNHY|SV|SC|E|O");
+    EXPECT_EQ(menuKeys(u"mnuTool"), "XPNHY|SV|SC|E|O|MBK");
     EXPECT_EQ(menuKeys(u"mnuWindow"), "H");
     EXPECT_EQ(menuKeys(u"mnuHelp"), "RA");
     EXPECT_EQ(menuKeys(u"treeMenu"), menuKeys(u"mnuNode") + "|P|Q|12345");

@@ -23,6 +23,7 @@ namespace {
 using controls::ActionKind;
 
 const QByteArray Sample = "<r><a k=\"1\">t</a><b/><c/></r>";
+using ui::message_answer::No;
 using ui::message_answer::Ok;
 using ui::message_answer::Yes;
 constexpr int patienceMs = 60'000;
@@ -327,6 +328,28 @@ std::vector<Commands::Case> Commands::toolCases() {
              });
          },
          [hasOptions] { return *hasOptions; }},
+        {u"mnuToolSchemas", [] {},
+         [this] {
+             const auto *const box = form->findChild<QWidget *>("schemaDialog");
+             return box && box->isVisible();
+         }},
+        {u"mnuToolBindSchema",
+         [this] {
+             dialogs.answerFile({write("bound.dtd", "<!ELEMENT r ANY>"), 0});
+             QTimer::singleShot(0, form.get(), [] {
+                 auto *box = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+                 ASSERT_TRUE(box);
+                 box->findChild<QPushButton *>("browse")->click();
+                 box->accept();
+             });
+         },
+         [this] { return xml().contains("<!DOCTYPE r SYSTEM \"bound.dtd\">"); }},
+        {u"mnuToolCreateSchema",
+         [this] {
+             dialogs.answerFile({path("made.xsd"), 0});
+             dialogs.answerMessage(No);
+         },
+         [this] { return QFile::exists(path("made.xsd")); }},
         {u"mnuHelpReadme", [] {},
          [this] { return shell->started.join(' ').endsWith("readme.txt"); }},
         {u"mnuHelpAbout", [this] { dialogs.answerMessage(Ok); },

@@ -65,6 +65,21 @@ TEST_F(DocumentSchemasTest, FollowTheDocument) {
     EXPECT_EQ(summary(), "スキーマなし");
 }
 
+TEST_F(DocumentSchemasTest, FindWhatIsNamedBelowTheRoot) {
+    write("r.xsd", schemaOf("r"));
+    open("<a><b>x</b><c/></a>");
+    EXPECT_EQ(summary(), "スキーマなし");
+    select("b");
+    type(QString::fromUtf8("<b>" + documentBy("r.xsd") + "</b>"));
+    EXPECT_EQ(summary(), "r.xsd（xsi:noNamespaceSchemaLocation）");
+    select("b");
+    dialogs.answerMessage(ui::message_answer::Yes);
+    editor().nodeCommands.mnuEditDelete_Click();
+    EXPECT_EQ(summary(), "スキーマなし");
+    editor().history.UndoCommand();
+    EXPECT_EQ(summary(), "r.xsd（xsi:noNamespaceSchemaLocation）");
+}
+
 TEST_F(DocumentSchemasTest, FollowTheFiles) {
     write("r.xsd", schemaOf("r"));
     open(documentBy("r.xsd"));

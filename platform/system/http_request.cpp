@@ -1,6 +1,7 @@
-#include "platform/system/http_post.h"
+#include "platform/system/http_request.h"
 
 #include "platform/runtime/error.h"
+#include "resources/schema_link_texts.h"
 #include "resources/texts.h"
 
 #include <QEventLoop>
@@ -17,14 +18,13 @@ constexpr int TimeoutMilliseconds = 60'000;
 constexpr int ProgressMilliseconds = 50;
 constexpr int MostRedirects = 10;
 
-[[noreturn]] void fail(const QString &address, const QString &reason) {
-    throw runtime::Error(runtime::error_number::DeviceIo,
-                         resources::texts::CannotSend.toString().arg(address, reason));
-}
-
 bool isWebAddress(const QUrl &url) {
     return url.isValid() && !url.host().isEmpty() &&
            (url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https"));
+}
+
+bool isSecureAddress(const QUrl &url) {
+    return isWebAddress(url) && url.scheme() == QLatin1String("https");
 }
 
 bool isSamePlace(const QUrl &a, const QUrl &b) {
@@ -40,10 +40,19 @@ bool isRedirect(int status) {
 
 struct Request {
     QUrl url;
+    /// What is said when it fails: of the address, and why.
+    QStringView failure;
+    /// To what addresses it may go.
+    bool (*isAddress)(const QUrl &url);
     /// Without it the request is a GET.
     const QByteArray *body;
     QString contentType;
 };
+
+[[noreturn]] void fail(const Request &request, const QString &address, const QString &reason) {
+    throw runtime::Error(runtime::error_number::DeviceIo,
+                         request.failure.toString().arg(address, reason));
+}
 
 struct Answer {
     HttpResponse response;
@@ -87,7 +96,7 @@ Answer perform(const Request &asked, const runtime::Progress &progress) {
 
     const QVariant status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute);
     if (!status.isValid())
-        fail(asked.url.toDisplayString(), reply->errorString());
+        fail(asked, asked.url.toDisplayString(), reply->errorString());
     answer.response.status = status.toInt();
     const QUrl target = reply->attribute(QNetworkRequest::RedirectionTargetAttribute).toUrl();
     if (isRedirect(answer.response.status) && !target.isEmpty())
@@ -95,20 +104,18 @@ Answer perform(const Request &asked, const runtime::Progress &progress) {
     return answer;
 }
 
-} // namespace
-
-HttpResponse httpPost(const QString &address, const QByteArray &body, const QString &contentType,
-                      const AllowRedirect &allow, const RunRequest &run) {
-    Request request{QUrl(address.trimmed(), QUrl::StrictMode), &body, contentType};
-    if (!isWebAddress(request.url))
-        fail(address, resources::texts::BadAddress.toString());
+HttpResponse exchange(Request request, const QString &address, const AllowRedirect &allow,
+                      const RunRequest &run) {
+    if (!request.isAddress(request.url))
+        fail(request, address, resources::texts::BadAddress.toString());
     for (int redirects = 0; redirects <= MostRedirects; ++redirects) {
         Answer answer;
         run([&](const runtime::Progress &progress) { answer = perform(request, progress); });
         if (answer.redirect.isEmpty())
             return std::move(answer.response);
-        if (!isWebAddress(answer.redirect))
-            fail(answer.redirect.toDisplayString(), resources::texts::BadAddress.toString());
+        if (!request.isAddress(answer.redirect))
+            fail(request, answer.redirect.toDisplayString(),
+                 resources::texts::BadAddress.toString());
         const bool keepsMethod = answer.response.status == 307 || answer.response.status == 308;
         if (!keepsMethod)
             request.body = nullptr;
@@ -117,7 +124,25 @@ HttpResponse httpPost(const QString &address, const QByteArray &body, const QStr
             runtime::raise(runtime::error_number::Cancelled);
         request.url = answer.redirect;
     }
-    fail(address, resources::texts::TooManyRedirects.toString());
+    fail(request, address, resources::texts::TooManyRedirects.toString());
+}
+
+} // namespace
+
+HttpResponse httpPost(const QString &address, const QByteArray &body, const QString &contentType,
+                      const AllowRedirect &allow, const RunRequest &run) {
+    return exchange({QUrl(address.trimmed(), QUrl::StrictMode), resources::texts::CannotSend,
+                     isWebAddress, &body, contentType},
+                    address, allow, run);
+}
+
+HttpResponse httpsGet(const QString &address, const AllowRedirect &allow, const RunRequest &run) {
+    return exchange({QUrl(address, QUrl::StrictMode),
+                     resources::schema_link_texts::CannotFetch,
+                     isSecureAddress,
+                     nullptr,
+                     {}},
+                    address, allow, run);
 }
 
 } // namespace quillon::system

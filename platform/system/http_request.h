@@ -36,4 +36,8 @@ using RunRequest = std::function<void(const std::function<void(const runtime::Pr
 HttpResponse httpPost(const QString &address, const QByteArray &body, const QString &contentType,
                       const AllowRedirect &allow, const RunRequest &run);
 
+/// Fetches what stands at an address by HTTPS, and by nothing else, wherever that redirects to. As
+/// httpPost() in everything else.
+HttpResponse httpsGet(const QString &address, const AllowRedirect &allow, const RunRequest &run);
+
 } // namespace quillon::system

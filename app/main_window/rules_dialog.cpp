@@ -1,0 +1,177 @@
+#include "app/main_window/rules_dialog.h"
+
+#include "app/editor.h"
+#include "platform/ui/error_boundary.h"
+#include "resources/schema_box_texts.h"
+#include "resources/texts.h"
+
+#include <QDialogButtonBox>
+#include <QFileInfo>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QVBoxLayout>
+
+namespace quillon::app {
+
+namespace texts = resources::schema_box_texts;
+using schemas::SchemaRule;
+
+namespace {
+
+constexpr QSize Size(760, 340);
+constexpr QColor FaultColor(0xc0, 0x20, 0x20);
+constexpr int PathColumn = 3;
+
+} // namespace
+
+RulesDialog::RulesDialog(Editor &editor, QWidget *parent)
+    : QDialog(parent), editor_(editor), before_(editor.schemas.settings().rules()),
+      table_(new QTableWidget(0, PathColumn + 1)), fault_(new QLabel) {
+    setWindowTitle(texts::RulesTitle.toString());
+    setObjectName(QStringLiteral("rulesDialog"));
+    table_->setObjectName(QStringLiteral("rules"));
+    table_->setAccessibleName(texts::RulesName.toString());
+    table_->setHorizontalHeaderLabels(
+        {texts::PatternColumn.toString(), texts::RootColumn.toString(),
+         texts::NamespaceColumn.toString(), texts::PathColumn.toString()});
+    table_->horizontalHeader()->setStretchLastSection(true);
+    table_->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table_->setSelectionMode(QAbstractItemView::SingleSelection);
+    table_->setTabKeyNavigation(false);
+    auto *hint = new QLabel(texts::RulesHint.toString());
+    hint->setWordWrap(true);
+    QPalette palette = fault_->palette();
+    palette.setColor(QPalette::WindowText, FaultColor);
+    fault_->setPalette(palette);
+    fault_->setObjectName(QStringLiteral("fault"));
+    fault_->setWordWrap(true);
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    buttons->button(QDialogButtonBox::Ok)->setText(resources::texts::ButtonOk.toString());
+    buttons->button(QDialogButtonBox::Cancel)->setText(resources::texts::ButtonCancel.toString());
+    connect(buttons, &QDialogButtonBox::accepted, this, &RulesDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &RulesDialog::reject);
+
+    auto *row = new QHBoxLayout;
+    row->addWidget(table_, 1);
+    row->addWidget(ruleButtons());
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(hint);
+    column->addLayout(row, 1);
+    column->addWidget(fault_);
+    column->addWidget(buttons);
+    resize(Size);
+    for (const SchemaRule &rule : before_)
+        addRow(table_->rowCount(), rule);
+    table_->setCurrentCell(0, 0);
+    connect(table_, &QTableWidget::currentCellChanged, this, &RulesDialog::showState);
+    showState();
+}
+
+QPushButton *RulesDialog::addButton(QVBoxLayout &column, QStringView caption, const char *name,
+                                    void (RulesDialog::*press)()) {
+    auto *button = new QPushButton(caption.toString());
+    button->setObjectName(QLatin1String(name));
+    button->setAutoDefault(false);
+    connect(button, &QPushButton::clicked, this, [this, press] {
+        ui::guarded([&] { (this->*press)(); });
+        showState();
+    });
+    column.addWidget(button);
+    return button;
+}
+
+QWidget *RulesDialog::ruleButtons() {
+    auto *box = new QWidget;
+    auto *column = new QVBoxLayout(box);
+    column->setContentsMargins({});
+    addButton(*column, texts::AddRule, "add", &RulesDialog::addRule);
+    change_ = addButton(*column, texts::ChangeSchema, "change", &RulesDialog::changeSchema);
+    remove_ = addButton(*column, texts::RemoveRule, "remove", &RulesDialog::removeRule);
+    up_ = addButton(*column, texts::RuleUp, "up", &RulesDialog::moveUp);
+    down_ = addButton(*column, texts::RuleDown, "down", &RulesDialog::moveDown);
+    column->addStretch(1);
+    return box;
+}
+
+void RulesDialog::addRow(int row, const SchemaRule &rule) {
+    table_->insertRow(row);
+    int column = 0;
+    for (const QString &text : {rule.filePattern, rule.rootName, rule.rootNamespace, rule.path}) {
+        auto *item = new QTableWidgetItem(text);
+        item->setToolTip(text);
+        table_->setItem(row, column++, item);
+    }
+}
+
+SchemaRule RulesDialog::ruleAt(int row) const {
+    const auto text = [&](int column) { return table_->item(row, column)->text().simplified(); };
+    return {text(0), text(1), text(2), text(PathColumn)};
+}
+
+void RulesDialog::addRule() {
+    const QString path = editor_.schemaCommands.askForSchema(texts::RuleSchemaTitle.toString());
+    if (path.isEmpty())
+        return;
+    // What the present document is like is what is meant most often.
+    const schemas::DocumentReferences &document = editor_.schemas.references();
+    const QFileInfo file(editor_.state.m_FileName);
+    SchemaRule rule;
+    rule.path = path;
+    if (!document.rootNamespace.isEmpty())
+        rule.rootNamespace = document.rootNamespace;
+    else if (!document.rootName.isEmpty())
+        rule.rootName = document.rootName;
+    else
+        rule.filePattern = QStringLiteral("*.") + file.suffix();
+    const int row = table_->rowCount();
+    addRow(row, rule);
+    table_->setCurrentCell(row, 0);
+}
+
+void RulesDialog::changeSchema() {
+    const QString path = editor_.schemaCommands.askForSchema(texts::RuleSchemaTitle.toString());
+    if (!path.isEmpty())
+        table_->item(table_->currentRow(), PathColumn)->setText(path);
+}
+
+void RulesDialog::removeRule() {
+    table_->removeRow(table_->currentRow());
+}
+
+void RulesDialog::move(int step) {
+    const int row = table_->currentRow();
+    const SchemaRule rule = ruleAt(row);
+    table_->removeRow(row);
+    addRow(row + step, rule);
+    table_->setCurrentCell(row + step, 0);
+}
+
+void RulesDialog::showState() {
+    const int row = table_->currentRow();
+    change_->setEnabled(row >= 0);
+    remove_->setEnabled(row >= 0);
+    up_->setEnabled(row > 0);
+    down_->setEnabled(row >= 0 && row + 1 < table_->rowCount());
+}
+
+void RulesDialog::accept() {
+    std::vector<SchemaRule> rules;
+    for (int row = 0; row < table_->rowCount(); ++row) {
+        rules.push_back(ruleAt(row));
+        if (!rules.back().isComplete()) {
+            fault_->setText(texts::IncompleteRule.toString().arg(row + 1));
+            table_->setCurrentCell(row, 0);
+            table_->setFocus();
+            return;
+        }
+    }
+    ui::guarded([&] {
+        editor_.schemas.settings().changeRules(before_, rules);
+        editor_.schemas.findAgain();
+    });
+    QDialog::accept();
+}
+
+} // namespace quillon::app

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "schemas/schema_settings.h"
+
+#include <QDialog>
+
+class QLabel;
+class QPushButton;
+class QTableWidget;
+class QVBoxLayout;
+
+namespace quillon::app {
+
+class Editor;
+
+/// The user's rules for which documents which schemas are. What is wrong with one is told, and
+/// keeps the dialog open.
+class RulesDialog : public QDialog {
+    Q_OBJECT
+
+public:
+    RulesDialog(Editor &editor, QWidget *parent);
+
+    void accept() override;
+
+private:
+    QWidget *ruleButtons();
+    QPushButton *addButton(QVBoxLayout &column, QStringView caption, const char *name,
+                           void (RulesDialog::*press)());
+    void addRow(int row, const schemas::SchemaRule &rule);
+    schemas::SchemaRule ruleAt(int row) const;
+
+    void addRule();
+    void changeSchema();
+    void removeRule();
+    void moveUp() { move(-1); }
+    void moveDown() { move(+1); }
+    void move(int step);
+    void showState();
+
+    Editor &editor_;
+    /// As they were when the dialog was opened.
+    const std::vector<schemas::SchemaRule> before_;
+    QTableWidget *table_;
+    QLabel *fault_;
+    QPushButton *change_ = nullptr;
+    QPushButton *remove_ = nullptr;
+    QPushButton *up_ = nullptr;
+    QPushButton *down_ = nullptr;
+};
+
+} // namespace quillon::app

@@ -1,0 +1,48 @@
+#include "app/main_window/schema_button.h"
+
+#include "resources/schema_box_texts.h"
+
+namespace quillon::app {
+
+namespace texts = resources::schema_box_texts;
+
+namespace {
+
+/// So that the status bar keeps most of its room for texts.
+constexpr int LongestText = 380;
+constexpr int Padding = 16;
+
+} // namespace
+
+SchemaButton::SchemaButton(const schemas::DocumentSchemas &schemas,
+                           const state::DocumentState &state)
+    : schemas_(schemas), state_(state) {
+    setObjectName(QStringLiteral("schemaButton"));
+    setFlat(true);
+    connect(&schemas, &schemas::DocumentSchemas::changed, this, &SchemaButton::showSummary);
+    showSummary();
+}
+
+void SchemaButton::showSummary() {
+    const QString summary =
+        state_.showsDocument() ? schemas_.summary() : texts::NoDocument.toString();
+    const QString line = texts::Button.toString().arg(summary);
+    setAccessibleName(line);
+    setToolTip(texts::ButtonTip.toString().arg(line));
+    // A name may hold what would be an access key.
+    setText(fontMetrics()
+                .elidedText(line, Qt::ElideMiddle, LongestText)
+                .replace(u'&', QLatin1String("&&")));
+}
+
+QSize SchemaButton::sizeHint() const {
+    return {fontMetrics().horizontalAdvance(QString(text()).replace(QLatin1String("&&"), "&")) +
+                Padding,
+            QPushButton::sizeHint().height()};
+}
+
+QSize SchemaButton::minimumSizeHint() const {
+    return sizeHint();
+}
+
+} // namespace quillon::app
