@@ -70,6 +70,8 @@ int main(int argc, char **argv) {
         if (isOrders)
             quillon::bench::measureIn(table, argv[0], "--hits", path);
         if (isOrders)
+            quillon::bench::measureIn(table, argv[0], "--candidates", path);
+        if (isOrders)
             quillon::bench::measureIn(table, argv[0], "--check", path);
     }
     return table.good() ? 0 : 1;

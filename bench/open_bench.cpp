@@ -2,6 +2,7 @@
 
 #include "app/main_window/window.h"
 #include "app/start_up/start_up.h"
+#include "bench/candidate_bench.h"
 #include "bench/check_bench.h"
 #include "bench/edit_bench.h"
 #include "bench/hit_bench.h"
@@ -83,6 +84,8 @@ void openAndPrint(int argc, char **argv, const char *task, const char *path) {
         measureSearching(table, *form);
     else if (std::strcmp(task, "--hits") == 0)
         measureHits(table, *form);
+    else if (std::strcmp(task, "--candidates") == 0)
+        measureCandidates(table, *form);
     else if (std::strcmp(task, "--check") == 0)
         measureChecking(table, *form, QString::fromLocal8Bit(path));
     else

@@ -22,7 +22,13 @@ CandidateInsertion::CandidateInsertion(const state::DocumentState &state, Candid
       pane_(pane), relocation_(builder, removal, tree) {}
 
 EntryList CandidateInsertion::elements(Position position) const {
-    return finder_.elements(selection_.GetSelectedDOMNode(), position);
+    return finder_.elements(selection_.GetDOMNode(itemFor(position)), position);
+}
+
+TreeItem CandidateInsertion::itemFor(Position position) const {
+    const TreeItem item = tree_.SelectedItem();
+    const bool isAttribute = selection_.GetDOMNode(item).nodeType() == NodeType::Attribute;
+    return isAttribute && position == Position::LastChild ? item.Parent() : item;
 }
 
 TreeItem CandidateInsertion::elementItem() const {
@@ -72,14 +78,14 @@ QByteArray CandidateInsertion::markupOf(const Entry &entry, const Node &parent) 
 }
 
 bool CandidateInsertion::insertElement(const Entry &entry, Position position) {
-    const TreeItem item = tree_.SelectedItem();
+    const TreeItem item = itemFor(position);
     if (!isPossible(item, entry))
         return false;
     const Node node = selection_.GetDOMNode(item);
     const Node parent = position == Position::LastChild ? node : node.parentNode();
     const QByteArray markup = markupOf(entry, parent);
     // Others may have been at work while the user was asked.
-    if (tree_.SelectedItem() != item || !(selection_.GetDOMNode(item) == node))
+    if (itemFor(position) != item || !(selection_.GetDOMNode(item) == node))
         return false;
     const Node made = tree::parsedFragment(state_.m_DOM, markup).documentElement();
     if (!made)

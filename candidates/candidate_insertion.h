@@ -21,7 +21,7 @@ public:
                        tree::Selection &selection, items::Tree &tree, tree::PaneContent &pane);
 
     /// What may stand around the selected node, and the attributes of its element: of the selected
-    /// one, or of the one that it belongs to.
+    /// one, or of the one that it belongs to. The children for an attribute are its element's.
     EntryList elements(Position position) const;
     EntryList attributes() const;
 
@@ -37,6 +37,8 @@ Q_SIGNALS:
 
 private:
     bool isPossible(const items::TreeItem &item, const Entry &entry);
+    /// The item from which a position is seen.
+    items::TreeItem itemFor(Position position) const;
     /// The item of the element whose attributes are meant.
     items::TreeItem elementItem() const;
     /// Puts an attribute in the place of one that is only there by default, and returns its item.

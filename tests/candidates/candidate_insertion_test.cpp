@@ -95,6 +95,8 @@ TEST_F(CandidateInsertionTest, AddsAttributesWithTheValuesThatTheyBeginWith) {
     EXPECT_TRUE(addAttribute("o"));
     EXPECT_EQ(xml(), "<r><h/><s k=\"x\" o=\"d\"><h/><t/></s></r>");
     EXPECT_FALSE(addAttribute("o"));
+    EXPECT_TRUE(insertion().elements(Position::Ahead).entries.empty());
+    EXPECT_EQ(insertion().elements(Position::LastChild).entries.front().name, "s");
     EXPECT_TRUE(addAttribute("xml:lang"));
     type("ja");
     EXPECT_EQ(xml(), "<r><h/><s k=\"x\" o=\"d\" xml:lang=\"ja\"><h/><t/></s></r>");

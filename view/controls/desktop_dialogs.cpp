@@ -3,13 +3,17 @@
 #include "resources/texts.h"
 
 #include <QApplication>
+#include <QBoxLayout>
 #include <QCheckBox>
+#include <QDialogButtonBox>
 #include <QFontDialog>
 #include <QGroupBox>
 #include <QInputDialog>
+#include <QLabel>
 #include <QLibraryInfo>
-#include <QListView>
+#include <QListWidget>
 #include <QLocale>
+#include <QPushButton>
 #include <QTranslator>
 
 namespace quillon::controls {
@@ -26,18 +30,26 @@ QString DesktopDialogs::inputText(const QString &prompt) {
 }
 
 std::optional<int> DesktopDialogs::chooseOne(const QString &prompt, const QStringList &choices) {
-    QInputDialog box(QApplication::activeWindow());
+    QDialog box(QApplication::activeWindow());
     box.setWindowTitle(resources::texts::ApplicationTitle.toString());
-    box.setOption(QInputDialog::UseListViewForComboBoxItems);
-    box.setComboBoxItems(choices);
-    box.setLabelText(prompt);
-    box.setOkButtonText(resources::texts::ButtonOk.toString());
-    box.setCancelButtonText(resources::texts::ButtonCancel.toString());
-    if (box.exec() != QDialog::Accepted)
-        return {};
-    // The list gives the text alone, and two may read the same.
-    const auto *const list = box.findChild<QListView *>();
-    const int row = list ? list->currentIndex().row() : -1;
+    auto *label = new QLabel(prompt);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    auto *list = new QListWidget;
+    list->addItems(choices);
+    list->setCurrentRow(0);
+    list->setAccessibleName(prompt);
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    buttons->button(QDialogButtonBox::Ok)->setText(resources::texts::ButtonOk.toString());
+    buttons->button(QDialogButtonBox::Cancel)->setText(resources::texts::ButtonCancel.toString());
+    auto *column = new QVBoxLayout(&box);
+    for (QWidget *widget : std::initializer_list<QWidget *>{label, list, buttons})
+        column->addWidget(widget);
+    QObject::connect(list, &QListWidget::itemDoubleClicked, &box, &QDialog::accept);
+    QObject::connect(buttons, &QDialogButtonBox::accepted, &box, &QDialog::accept);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, &box, &QDialog::reject);
+    list->setFocus();
+    const int row = box.exec() == QDialog::Accepted ? list->currentRow() : -1;
     return row < 0 ? std::nullopt : std::optional(row);
 }
 
