@@ -6,6 +6,8 @@
 #include "resources/candidate_texts.h"
 #include "tree/fragment.h"
 
+#include <QRegularExpression>
+
 namespace quillon::candidates {
 
 namespace texts = resources::candidate_texts;
@@ -13,6 +15,20 @@ using grammar::None;
 using items::TreeItem;
 using xml::Node;
 using xml::NodeType;
+
+namespace {
+
+/// Where something is to be typed first in the markup that has just been made: the value of an
+/// attribute, or between two tags; -1 for nowhere.
+qsizetype firstGap(const QString &markup) {
+    static const QRegularExpression gap(QStringLiteral(R"((?<!\bxmlns)=""|></)"));
+    const QRegularExpressionMatch found = gap.match(markup);
+    if (!found.hasMatch())
+        return -1;
+    return found.capturedStart() + (found.captured().startsWith(u'=') ? 2 : 1);
+}
+
+} // namespace
 
 CandidateInsertion::CandidateInsertion(const state::DocumentState &state, CandidateFinder &finder,
                                        tree::TreeBuilder &builder, tree::NodeRemoval &removal,
@@ -100,22 +116,15 @@ bool CandidateInsertion::insertElement(const Entry &entry, Position position) {
     const TreeItem newItem = relocation_.show(inserted, place);
     selection_.ShowNode(newItem, true);
     Q_EMIT documentModified();
-    awaitText(inserted);
+    awaitText();
     return true;
 }
 
-void CandidateInsertion::awaitText(const Node &element) {
-    const grammar::KnownElement known = finder_.known(element);
-    if (known.type == None || element.hasChildNodes())
+void CandidateInsertion::awaitText() {
+    const qsizetype gap = firstGap(pane_.textBox().Text());
+    if (gap < 0)
         return;
-    const grammar::Content content = finder_.grammar()->type(known.type).content;
-    if (content != grammar::Content::Text && content != grammar::Content::Mixed)
-        return;
-    // Between the tags.
-    const qsizetype end = pane_.textBox().Text().lastIndexOf(QLatin1String("</"));
-    if (end < 0)
-        return;
-    pane_.textBox().select(end, 0);
+    pane_.textBox().select(gap, 0);
     pane_.textBox().takeFocus();
 }
 

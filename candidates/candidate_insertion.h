@@ -45,7 +45,8 @@ private:
     items::TreeItem writeDefault(const items::TreeItem &item, const xml::Node &attribute);
     QByteArray markupOf(const Entry &entry, const xml::Node &parent) const;
     std::size_t choose(const grammar::OpenChoice &choice) const;
-    void awaitText(const xml::Node &element);
+    /// Gives the keyboard to the pane where something is missing in what it shows.
+    void awaitText();
 
     const state::DocumentState &state_;
     CandidateFinder &finder_;

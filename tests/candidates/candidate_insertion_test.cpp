@@ -44,6 +44,7 @@ TEST_F(CandidateInsertionTest, PutsElementsWithWhatTheyNeedOnLinesOfTheirOwn) {
     EXPECT_EQ(xml(), "<r>\n  <h></h>\n  <t/>\n</r>\n");
     EXPECT_EQ(selected(), "h");
     EXPECT_TRUE(txtEdit().hasFocus);
+    EXPECT_EQ(txtEdit().selectedAt, 3) << "between the tags";
     select("t");
     dialogs.answerChoice(1);
     EXPECT_TRUE(insert("s", Position::Behind));
@@ -143,6 +144,7 @@ TEST_F(CandidateInsertionTest, DeclaresNamespacesWithWhatNeedsThem) {
     select("r");
     EXPECT_TRUE(insert("u", Position::LastChild));
     EXPECT_EQ(xml(), "<r xmlns=\"t\">\n  <u xmlns=\"\"></u>\n</r>");
+    EXPECT_EQ(txtEdit().selectedAt, 12) << "not in the declaration";
 }
 
 TEST_F(CandidateInsertionTest, InsertsNamesOfTheDocumentWithoutASchema) {

@@ -33,6 +33,7 @@ public:
     void setLanguage(Language value) override { language = value; }
     void select(qsizetype start, qsizetype length) override {
         selected = Text().mid(start, length);
+        selectedAt = start;
     }
     void takeFocus() override { hasFocus = true; }
 
@@ -40,6 +41,7 @@ public:
     Language language = Language::Plain;
     bool hasFocus = false;
     QString selected;
+    qsizetype selectedAt = -1;
 
 private:
     QByteArray utf8_;
