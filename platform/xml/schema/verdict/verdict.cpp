@@ -8,7 +8,9 @@
 #include "platform/xml/schema/xdr/xdr_validator.h"
 #include "platform/xml/schema/xerces/schema_validator.h"
 
+#include <QFile>
 #include <QFileInfo>
+#include <QTemporaryDir>
 
 #include <algorithm>
 #include <functional>
@@ -33,8 +35,16 @@ DOMDocument40 namingDtd(const DOMDocument40 &document, const QString &path) {
 }
 
 std::vector<SchemaError> byDtd(const DOMDocument40 &document, const SchemaForVerdict &schema) {
-    const DOMDocument40 copy = namingDtd(document, schema.path);
-    const std::vector<SchemaError> found = validateByDtd(copy, schema.path, schema.partFolders);
+    // All that an internal subset lacks to be a DTD is an external one without anything in it.
+    const QTemporaryDir folder;
+    QString path = schema.path;
+    if (path.isEmpty()) {
+        path = folder.filePath(QStringLiteral("internal.dtd"));
+        if (!QFile(path).open(QIODevice::WriteOnly))
+            runtime::raise(runtime::error_number::PermissionDenied);
+    }
+    const DOMDocument40 copy = namingDtd(document, path);
+    const std::vector<SchemaError> found = validateByDtd(copy, path, schema.partFolders);
     std::vector<SchemaError> errors = schemaErrorsFrom(toBytes(found, copy), document);
     setLines(errors);
     return errors;

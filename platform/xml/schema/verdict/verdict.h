@@ -11,7 +11,8 @@ enum class SchemaKind : quint8 { Dtd, Xsd, Xdr, RelaxNg, Schematron };
 /// A schema by which a document is to be judged.
 struct SchemaForVerdict {
     SchemaKind kind = SchemaKind::Xsd;
-    QString path;
+    /// Empty for a DTD that is nothing but the document's internal subset.
+    QString path = {};
     /// For XSD and XDR: the namespace of the elements that it is for; empty for none.
     QString namespaceName = {};
     /// Where its parts are looked up, besides its own folder.

@@ -58,6 +58,13 @@ TEST_F(Verdict, SeveralSchemasAreOneAnswer) {
     EXPECT_TRUE(found.back().isWarning);
 }
 
+TEST_F(Verdict, AnInternalSubsetIsASchema) {
+    const std::string type = "<!DOCTYPE r [<!ELEMENT r (a)><!ELEMENT a EMPTY>]>\n";
+    const std::vector<SchemaForVerdict> internal{{.kind = SchemaKind::Dtd}};
+    EXPECT_EQ(shown(verdict(test::parsed(type + "<r><a/></r>"), internal)), "");
+    EXPECT_EQ(shown(verdict(test::parsed(type + "<r><a/><b/></r>"), internal)), "2:8 14, 2:8 d");
+}
+
 TEST_F(Verdict, BytesKeepEverything) {
     const DOMDocument40 document = test::parsed("<r><a/><a/></r>");
     const Node second = document.documentElement().lastChild();
