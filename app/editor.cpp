@@ -200,6 +200,7 @@ void Editor::wireSchemas() {
     using schemas::DocumentSchemas;
     const auto replaced = &DocumentSchemas::documentReplaced;
     connect(&loader, &document::DocumentLoader::documentOpened, &schemas, replaced);
+    connect(&loader, &document::DocumentLoader::statusUpdateRequested, &schemas, replaced);
     connect(&commands, &DocumentCommands::documentCreated, &schemas, replaced);
     connect(&commands, &DocumentCommands::cleared, &schemas, replaced);
     const auto documentChanged = &DocumentSchemas::documentChanged;

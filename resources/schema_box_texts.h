@@ -28,6 +28,7 @@ inline constexpr QStringView PathDetail = u"場所: %1";
 inline constexpr QStringView LocationDetail = u"文書中の記述: %1";
 inline constexpr QStringView NamespaceDetail = u"名前空間: %1";
 inline constexpr QStringView MissingPart = u"スキーマの一部";
+inline constexpr QStringView MissingPartWord = u"なし";
 inline constexpr QStringView MissingPartState = u"見つからないため、宣言の一部を使用できません。";
 
 inline constexpr QStringView ChooseButton = u"この文書用に選択(&S)...";
@@ -78,6 +79,14 @@ inline constexpr QStringView ChangeSchema = u"スキーマの変更(&H)...";
 inline constexpr QStringView RemoveRule = u"削除(&D)";
 inline constexpr QStringView RuleUp = u"上へ(&P)";
 inline constexpr QStringView RuleDown = u"下へ(&N)";
+inline constexpr QStringView CatalogsGroup = u"OASIS XML カタログ";
+inline constexpr QStringView CatalogsHint =
+    u"システムのカタログ (/etc/xml/catalog) と環境変数 XML_CATALOG_FILES "
+    u"のほかに使用するカタログです。";
+inline constexpr QStringView AddCatalog = u"追加(&L)...";
+inline constexpr QStringView RemoveCatalog = u"削除(&V)";
+inline constexpr QStringView CatalogTitle = u"カタログの選択";
+inline constexpr QStringView CatalogFilter = u"XML カタログ(*.xml)|*.xml|すべてのファイル(*.*)|*";
 inline constexpr QStringView RuleSchemaTitle = u"規則で使用するスキーマの選択";
 inline constexpr QStringView IncompleteRule =
     u"%1 行目: ファイル名、ルート要素、名前空間のうち少なくとも 1 つと、スキーマが必要です。";

@@ -25,6 +25,9 @@ inline constexpr QStringView LinkWords = u"%1（%2）";
 inline constexpr QStringView InternalSubsetName = u"内部サブセット";
 inline constexpr QStringView LanguageUnknown = u"不明";
 inline constexpr QStringView InForce = u"使用中";
+inline constexpr QStringView Unused = u"未使用";
+inline constexpr QStringView Unfetched = u"未取得";
+inline constexpr QStringView Useless = u"使用不可";
 inline constexpr QStringView NotAsked = u"使用していません。上にあるスキーマが優先されます。";
 
 // The line in the status bar. %1 is what is said of the first schema.

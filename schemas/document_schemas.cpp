@@ -77,7 +77,7 @@ void DocumentSchemas::checkFiles() {
 }
 
 void DocumentSchemas::keepChoice() {
-    if (!documentPath().isEmpty())
+    if (SchemaSettings::canRemember(documentPath(), unsavedChoice_))
         settings_.choose(documentPath(), std::exchange(unsavedChoice_, QString()));
 }
 
@@ -166,10 +166,19 @@ bool DocumentSchemas::isKnown(const QString &key) const {
                                [](const FileStamp &file) { return stampOf(file.path) == file; });
 }
 
+QString DocumentSchemas::wordsInstead() const {
+    return isFinding() && found_.links.empty() ? resources::schema_link_texts::Finding.toString()
+                                               : failure_;
+}
+
 QString DocumentSchemas::summary() const {
-    if (isFinding() && found_.links.empty())
-        return resources::schema_link_texts::Finding.toString();
-    return failure_.isEmpty() ? schemas::summary(found_.links) : failure_;
+    const QString instead = wordsInstead();
+    return instead.isEmpty() ? schemas::summary(found_.links) : instead;
+}
+
+QString DocumentSchemas::shortSummary() const {
+    const QString instead = wordsInstead();
+    return instead.isEmpty() ? schemas::shortSummary(found_.links) : instead;
 }
 
 } // namespace quillon::schemas

@@ -40,6 +40,8 @@ public:
     const SchemaSettings &settings() const { return settings_; }
     /// One line on the schema in force, or why there is none.
     QString summary() const;
+    /// The same for a narrow place.
+    QString shortSummary() const;
 
     /// Another document is the current one, or none is.
     void documentReplaced();
@@ -64,6 +66,8 @@ private:
         QStringList missing;
     };
 
+    /// What is said instead while nothing is known.
+    QString wordsInstead() const;
     void find();
     FinderRequest request() const;
     QString choice() const;
@@ -83,7 +87,7 @@ private:
     /// For what the present findings are.
     DocumentReferences references_;
     QString path_;
-    /// The choice for a document that is in no file yet.
+    /// The choice for a document, while it cannot be remembered.
     QString unsavedChoice_;
     xml::DOMDocument40 compared_;
     /// The document names, or has named, schemas below its root element.

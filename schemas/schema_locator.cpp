@@ -65,7 +65,7 @@ void SchemaLocator::locate(SchemaLink &link) const {
     if (!link.path.isEmpty() || link.namespaceName.isEmpty())
         return;
     SchemaLink byNamespace = link;
-    if (locateByNamespace(byNamespace))
+    if (locateByNamespace(byNamespace) && !byNamespace.path.isEmpty())
         link = byNamespace;
 }
 

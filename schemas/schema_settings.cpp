@@ -85,6 +85,11 @@ QString SchemaSettings::choiceFor(const QString &documentPath) const {
     return {};
 }
 
+bool SchemaSettings::canRemember(const QString &documentPath, const QString &schemaPath) {
+    const QString both = documentPath + schemaPath;
+    return !documentPath.isEmpty() && !both.contains(Separator) && !both.contains(u'\n');
+}
+
 void SchemaSettings::choose(const QString &documentPath, const QString &schemaPath) const {
     SchemaChoices.change(store_, [&](QStringList &lines) {
         lines.removeIf(

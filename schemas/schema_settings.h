@@ -40,6 +40,9 @@ public:
 
     /// The schema chosen for a document; empty for none.
     QString choiceFor(const QString &documentPath) const;
+    /// Whether a choice can be kept: not for a document without a path, and not where names have
+    /// characters by which the list is divided.
+    static bool canRemember(const QString &documentPath, const QString &schemaPath);
     /// An empty schema takes the choice back. Those of the documents chosen for last are kept.
     void choose(const QString &documentPath, const QString &schemaPath) const;
 

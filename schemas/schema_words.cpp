@@ -87,6 +87,12 @@ QString linkWords(const SchemaLink &link) {
     return texts::LinkWords.toString().arg(nameOf(link), foundByWords(link));
 }
 
+QString stateWord(const SchemaLink &link) {
+    if (link.problem.isEmpty())
+        return (link.isInForce ? texts::InForce : texts::Unused).toString();
+    return (link.fetchable.isEmpty() ? texts::Useless : texts::Unfetched).toString();
+}
+
 QString stateWords(const SchemaLink &link) {
     if (!link.problem.isEmpty())
         return link.problem;
@@ -104,6 +110,12 @@ QString summary(const std::vector<SchemaLink> &links) {
         return texts::NoSchema.toString();
     return texts::Unusable.toString().arg(linkWords(links.front()),
                                           links.front().problem.simplified());
+}
+
+QString shortSummary(const std::vector<SchemaLink> &links) {
+    if (links.empty() || std::ranges::any_of(links, &SchemaLink::isInForce))
+        return summary(links);
+    return texts::LinkWords.toString().arg(nameOf(links.front()), stateWord(links.front()));
 }
 
 } // namespace quillon::schemas

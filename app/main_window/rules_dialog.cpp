@@ -1,14 +1,18 @@
 #include "app/main_window/rules_dialog.h"
 
 #include "app/editor.h"
+#include "platform/ui/dialogs.h"
 #include "platform/ui/error_boundary.h"
 #include "resources/schema_box_texts.h"
 #include "resources/texts.h"
 
 #include <QDialogButtonBox>
 #include <QFileInfo>
+#include <QGridLayout>
+#include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
+#include <QListWidget>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QVBoxLayout>
@@ -20,7 +24,9 @@ using schemas::SchemaRule;
 
 namespace {
 
-constexpr QSize Size(760, 340);
+constexpr QSize Size(780, 480);
+/// Few have more of them.
+constexpr int CatalogLines = 5;
 constexpr QColor FaultColor(0xc0, 0x20, 0x20);
 constexpr int PathColumn = 3;
 
@@ -28,7 +34,7 @@ constexpr int PathColumn = 3;
 
 RulesDialog::RulesDialog(Editor &editor, QWidget *parent)
     : QDialog(parent), editor_(editor), before_(editor.schemas.settings().rules()),
-      table_(new QTableWidget(0, PathColumn + 1)), fault_(new QLabel) {
+      table_(new QTableWidget(0, PathColumn + 1)), fault_(new QLabel), catalogs_(new QListWidget) {
     setWindowTitle(texts::RulesTitle.toString());
     setObjectName(QStringLiteral("rulesDialog"));
     table_->setObjectName(QStringLiteral("rules"));
@@ -60,6 +66,7 @@ RulesDialog::RulesDialog(Editor &editor, QWidget *parent)
     column->addWidget(hint);
     column->addLayout(row, 1);
     column->addWidget(fault_);
+    column->addWidget(catalogsGroup());
     column->addWidget(buttons);
     resize(Size);
     for (const SchemaRule &rule : before_)
@@ -93,6 +100,44 @@ QWidget *RulesDialog::ruleButtons() {
     down_ = addButton(*column, texts::RuleDown, "down", &RulesDialog::moveDown);
     column->addStretch(1);
     return box;
+}
+
+QWidget *RulesDialog::catalogsGroup() {
+    auto *box = new QGroupBox(texts::CatalogsGroup.toString());
+    auto *hint = new QLabel(texts::CatalogsHint.toString());
+    hint->setWordWrap(true);
+    catalogs_->setObjectName(QStringLiteral("catalogs"));
+    catalogs_->setAccessibleName(texts::CatalogsGroup.toString());
+    catalogs_->addItems(editor_.schemas.settings().catalogs());
+    catalogs_->setMaximumHeight(CatalogLines * catalogs_->fontMetrics().lineSpacing());
+    auto *buttons = new QVBoxLayout;
+    addButton(*buttons, texts::AddCatalog, "addCatalog", &RulesDialog::addCatalog);
+    removeCatalog_ =
+        addButton(*buttons, texts::RemoveCatalog, "removeCatalog", &RulesDialog::removeCatalog);
+    buttons->addStretch(1);
+    auto *grid = new QGridLayout(box);
+    grid->addWidget(hint, 0, 0, 1, 2);
+    grid->addWidget(catalogs_, 1, 0);
+    grid->addLayout(buttons, 1, 1);
+    connect(catalogs_, &QListWidget::currentRowChanged, this, &RulesDialog::showState);
+    return box;
+}
+
+void RulesDialog::addCatalog() {
+    namespace flag = ui::file_dialog_flag;
+    const QString path =
+        ui::dialogs()
+            .showOpen({.title = texts::CatalogTitle.toString(),
+                       .filter = texts::CatalogFilter.toString(),
+                       .flags = flag::FileMustExist | flag::PathMustExist | flag::HideReadOnly,
+                       .path = {}})
+            .path;
+    if (!path.isEmpty() && catalogs_->findItems(path, Qt::MatchExactly).isEmpty())
+        catalogs_->addItem(path);
+}
+
+void RulesDialog::removeCatalog() {
+    delete catalogs_->takeItem(catalogs_->currentRow());
 }
 
 void RulesDialog::addRow(int row, const SchemaRule &rule) {
@@ -154,6 +199,7 @@ void RulesDialog::showState() {
     remove_->setEnabled(row >= 0);
     up_->setEnabled(row > 0);
     down_->setEnabled(row >= 0 && row + 1 < table_->rowCount());
+    removeCatalog_->setEnabled(catalogs_->currentRow() >= 0);
 }
 
 void RulesDialog::accept() {
@@ -168,7 +214,13 @@ void RulesDialog::accept() {
         }
     }
     ui::guarded([&] {
-        editor_.schemas.settings().changeRules(before_, rules);
+        const schemas::SchemaSettings &settings = editor_.schemas.settings();
+        settings.changeRules(before_, rules);
+        QStringList catalogs;
+        for (int row = 0; row < catalogs_->count(); ++row)
+            catalogs.append(catalogs_->item(row)->text());
+        if (catalogs != settings.catalogs())
+            settings.setCatalogs(catalogs);
         editor_.schemas.findAgain();
     });
     QDialog::accept();

@@ -5,6 +5,7 @@
 #include <QDialog>
 
 class QLabel;
+class QListWidget;
 class QPushButton;
 class QTableWidget;
 class QVBoxLayout;
@@ -13,8 +14,8 @@ namespace quillon::app {
 
 class Editor;
 
-/// The user's rules for which documents which schemas are. What is wrong with one is told, and
-/// keeps the dialog open.
+/// The user's rules for which documents which schemas are, and the user's catalogs. What is wrong
+/// with a rule is told, and keeps the dialog open.
 class RulesDialog : public QDialog {
     Q_OBJECT
 
@@ -25,6 +26,7 @@ public:
 
 private:
     QWidget *ruleButtons();
+    QWidget *catalogsGroup();
     QPushButton *addButton(QVBoxLayout &column, QStringView caption, const char *name,
                            void (RulesDialog::*press)());
     void addRow(int row, const schemas::SchemaRule &rule);
@@ -36,6 +38,8 @@ private:
     void moveUp() { move(-1); }
     void moveDown() { move(+1); }
     void move(int step);
+    void addCatalog();
+    void removeCatalog();
     void showState();
 
     Editor &editor_;
@@ -47,6 +51,8 @@ private:
     QPushButton *remove_ = nullptr;
     QPushButton *up_ = nullptr;
     QPushButton *down_ = nullptr;
+    QListWidget *catalogs_;
+    QPushButton *removeCatalog_ = nullptr;
 };
 
 } // namespace quillon::app

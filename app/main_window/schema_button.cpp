@@ -1,6 +1,7 @@
 #include "app/main_window/schema_button.h"
 
 #include "resources/schema_box_texts.h"
+#include "resources/schema_link_texts.h"
 
 namespace quillon::app {
 
@@ -24,11 +25,16 @@ SchemaButton::SchemaButton(const schemas::DocumentSchemas &schemas,
 }
 
 void SchemaButton::showSummary() {
-    const QString summary =
-        state_.showsDocument() ? schemas_.summary() : texts::NoDocument.toString();
-    const QString line = texts::Button.toString().arg(summary);
-    setAccessibleName(line);
-    setToolTip(texts::ButtonTip.toString().arg(line));
+    const bool hasDocument = state_.showsDocument();
+    const auto lineOf = [](const QString &words) {
+        return words == resources::schema_link_texts::NoSchema
+                   ? words
+                   : texts::Button.toString().arg(words);
+    };
+    const QString whole = lineOf(hasDocument ? schemas_.summary() : texts::NoDocument.toString());
+    const QString line = hasDocument ? lineOf(schemas_.shortSummary()) : whole;
+    setAccessibleName(whole);
+    setToolTip(texts::ButtonTip.toString().arg(whole));
     // A name may hold what would be an access key.
     setText(fontMetrics()
                 .elidedText(line, Qt::ElideMiddle, LongestText)

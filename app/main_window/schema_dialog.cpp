@@ -135,7 +135,7 @@ void SchemaDialog::addLink(const SchemaLink &link) {
     if (!link.namespaceName.isEmpty())
         details.append(texts::NamespaceDetail.toString().arg(link.namespaceName));
     addRow({schemas::nameOf(link), schemas::languageName(link.kind), schemas::foundByWords(link),
-            state.simplified()},
+            schemas::stateWord(link)},
            link.isInForce, {link.path, link.fetchable, details.join(u'\n')});
 }
 
@@ -147,7 +147,7 @@ void SchemaDialog::addMissing(const QString &name, const std::vector<SchemaLink>
             address = QUrl(link.location).resolved(QUrl(name)).toString();
     }
     addRow(
-        {name, QString(), texts::MissingPart.toString(), texts::MissingPartState.toString()}, false,
+        {name, QString(), texts::MissingPart.toString(), texts::MissingPartWord.toString()}, false,
         {{},
          schemas::FetchedSchemas::fetchable(address),
          texts::MissingPartState.toString() + u'\n' + texts::LocationDetail.toString().arg(name)});
