@@ -1,6 +1,7 @@
 #include "platform/xml/schema/xerces/document_reader.h"
 
 #include "platform/xml/schema/xerces/key_paths.h"
+#include "platform/xml/schema/xerces/report_kinds.h"
 
 #include <algorithm>
 #include <limits>
@@ -39,62 +40,6 @@ constexpr std::size_t MaxFindings = 4'000;
 
 /// Ends the reading.
 struct Stop {};
-
-bool isOfKeys(const Report &report) {
-    return report.domain == ReportDomain::Validity &&
-           report.code >= XMLValid::IC_FieldMultipleMatch &&
-           report.code <= XMLValid::IC_KeyNotFound;
-}
-
-bool isUndefinedEntity(const Report &report) {
-    return report.is(ReportDomain::Error, XMLErrs::EntityNotFound) ||
-           report.is(ReportDomain::Validity, XMLValid::VC_EntityNotFound);
-}
-
-/// Reported where the text stands, between two tags.
-bool isOfText(const Report &report) {
-    return isUndefinedEntity(report) || (report.domain == ReportDomain::Validity &&
-                                         (report.code == XMLValid::NoCharDataInCM ||
-                                          report.code == XMLValid::NoWSForStandalone ||
-                                          report.code == XMLValid::ElemChildrenHasInvalidWS ||
-                                          report.code == XMLValid::VC_IllegalRefInStandalone));
-}
-
-bool isUndeclared(const Report &report) {
-    return report.domain == ReportDomain::Validity &&
-           (report.code == XMLValid::ElementNotDefined ||
-            report.code == XMLValid::GrammarNotFound ||
-            report.code == XMLValid::ElementNotQualified ||
-            report.code == XMLValid::ElementNotUnQualified);
-}
-
-/// The attribute that a report names; empty when it names none.
-QString attributeNamedBy(const Report &report) {
-    if (report.domain != ReportDomain::Validity)
-        return {};
-    switch (report.code) {
-    case XMLValid::AttNotDefined:
-    case XMLValid::RequiredAttrNotProvided:
-    case XMLValid::UnknownNotRefAttr:
-    case XMLValid::AttNotDefinedForElement:
-    case XMLValid::UnknownEntityRefAttr:
-    case XMLValid::NoMultipleValues:
-    case XMLValid::NotSameAsFixedValue:
-    case XMLValid::ProhibitedAttributePresent:
-    case XMLValid::NoDatatypeValidatorForAttribute:
-    case XMLValid::NoDefAttForStandalone:
-    case XMLValid::NoAttNormForStandalone:
-    case XMLValid::AttributeNotQualified:
-    case XMLValid::AttributeNotUnQualified:
-        return report.argument(0);
-    case XMLValid::BadEntityRefAttr:
-    case XMLValid::DoesNotMatchEnumList:
-    case XMLValid::AttrValNotName:
-        return report.argument(1);
-    default:
-        return {};
-    }
-}
 
 /// Whether a default value, if there is one, may be one of an attribute's type. Xerces looks at
 /// that where the attribute is left out.

@@ -1,19 +1,18 @@
 #include "platform/xml/schema/xerces/finding_sentences.h"
 
 #include "platform/xml/dom/qualified_name.h"
+#include "platform/xml/schema/xerces/report_kinds.h"
 #include "platform/xml/schema/xerces/report_sentences.h"
 #include "platform/xml/schema/xerces/value_sentences.h"
 #include "resources/schema_fault_texts.h"
 #include "resources/validation_texts.h"
 
 #include <algorithm>
-#include <xercesc/framework/XMLErrorCodes.hpp>
 #include <xercesc/framework/XMLValidityCodes.hpp>
 #include <xercesc/util/XMLExceptMsgs.hpp>
 
 namespace quillon::xml {
 
-using xercesc::XMLErrs;
 using xercesc::XMLExcepts;
 using xercesc::XMLValid;
 namespace texts = resources::validation_texts;
@@ -23,13 +22,6 @@ namespace {
 
 /// No more of what might have stood somewhere are listed.
 constexpr std::size_t MostExpected = 20;
-
-bool isOfContent(const Report &report) {
-    return report.domain == ReportDomain::Validity &&
-           (report.code == XMLValid::ElementNotValidForContent ||
-            report.code == XMLValid::EmptyNotValidForContent ||
-            report.code == XMLValid::NotEnoughElemsForCM);
-}
 
 /// The attribute of an element as it is written there: Xerces may tell the name without a prefix.
 Node attributeOf(const Node &element, const QString &name) {
@@ -197,8 +189,7 @@ SchemaError FindingSentences::inDocument(const Finding &finding, const Node &ele
     const Report &report = finding.report;
     const QString name = element.nodeName();
     SchemaError error{.errorCode = schema_error::InvalidContent, .reason = {}, .node = element};
-    if (report.is(ReportDomain::Error, XMLErrs::EntityNotFound) ||
-        report.is(ReportDomain::Validity, XMLValid::VC_EntityNotFound)) {
+    if (isUndefinedEntity(report)) {
         error.errorCode = schema_error::UndefinedEntity;
         error.reason = texts::UndefinedEntity.toString().arg(report.argument(0));
     } else if (report.is(ReportDomain::Validity, XMLValid::ReusedIDValue) ||

@@ -26,7 +26,7 @@ using Errors = std::vector<SchemaError>;
 /// What comes ahead of the answer of the child.
 enum class Answer : char { Verdict = 'V', Refusal = 'R', TooMuch = 'T' };
 
-constexpr std::chrono::seconds BaseTime(10);
+constexpr std::chrono::seconds BaseTime(3);
 constexpr qsizetype BytesPerSecond = 4 << 20;
 
 QByteArray answer(Answer kind, const QByteArray &content = {}) {
@@ -48,12 +48,17 @@ Errors judged(const DOMDocument40 &document,
             return answer(Answer::Refusal, error.description().toUtf8());
         }
     };
+    const auto instead = [&] {
+        Errors errors = byLibxml();
+        putInDocumentOrder(errors, document);
+        return errors;
+    };
     QByteArray told;
     try {
         told = runInChild(work,
                           {.time = BaseTime + std::chrono::seconds(text.size() / BytesPerSecond)});
     } catch (const runtime::Error &) {
-        return byLibxml();
+        return instead();
     }
     const QByteArray content = told.sliced(1);
     switch (static_cast<Answer>(told.front())) {
@@ -64,7 +69,7 @@ Errors judged(const DOMDocument40 &document,
     case Answer::TooMuch:
         break;
     }
-    return byLibxml();
+    return instead();
 }
 
 /// A schema that may be chosen: an XSD without a target namespace.

@@ -6,6 +6,7 @@
 #include "platform/xml/schema/xerces/element_places.h"
 #include "platform/xml/schema/xerces/finding_sentences.h"
 #include "platform/xml/schema/xerces/key_faults.h"
+#include "platform/xml/schema/xerces/report_kinds.h"
 #include "platform/xml/schema/xerces/report_sentences.h"
 #include "resources/validation_texts.h"
 
@@ -14,9 +15,9 @@
 #include <QUrl>
 
 #include <algorithm>
+#include <functional>
 #include <xercesc/framework/XMLErrorCodes.hpp>
 #include <xercesc/framework/XMLGrammarPoolImpl.hpp>
-#include <xercesc/framework/XMLValidityCodes.hpp>
 
 namespace quillon::xml {
 
@@ -174,9 +175,8 @@ void Judgement::putInOrder() {
     errors_ = std::move(sorted);
 }
 
-bool isUndefinedEntity(const Finding &finding) {
-    return finding.report.is(ReportDomain::Error, xercesc::XMLErrs::EntityNotFound) ||
-           finding.report.is(ReportDomain::Validity, xercesc::XMLValid::VC_EntityNotFound);
+bool isOfUndefinedEntity(const Finding &finding) {
+    return isUndefinedEntity(finding.report);
 }
 
 /// Values are reported without their attributes, and references without their places: what is found
@@ -305,8 +305,8 @@ std::vector<SchemaError> xercesVerdictByXsd(const DOMDocument40 &document, const
     reader.read(text, address, {}, followsHints);
     Judgement judgement(Language::Xsd, document, text, declarations);
     // It is not known what should stand there.
-    if (std::ranges::any_of(reader.findings(), isUndefinedEntity)) {
-        std::erase_if(reader.findings(), std::not_fn(isUndefinedEntity));
+    if (std::ranges::any_of(reader.findings(), isOfUndefinedEntity)) {
+        std::erase_if(reader.findings(), std::not_fn(isOfUndefinedEntity));
         judgement.add(reader, reader.findings());
         return judgement.errors();
     }
