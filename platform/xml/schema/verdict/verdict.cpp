@@ -44,7 +44,8 @@ std::vector<SchemaError> byDtd(const DOMDocument40 &document, const SchemaForVer
             runtime::raise(runtime::error_number::PermissionDenied);
     }
     const DOMDocument40 copy = namingDtd(document, path);
-    const std::vector<SchemaError> found = validateByDtd(copy, path, schema.partFolders);
+    const std::vector<SchemaError> found =
+        validateByDtd(copy, path, schema.partFolders, schema.catalog);
     std::vector<SchemaError> errors = schemaErrorsFrom(toBytes(found, copy), document);
     setLines(errors);
     return errors;
@@ -74,14 +75,16 @@ std::vector<SchemaError> byXsds(const DOMDocument40 &document,
                                 const std::vector<SchemaForVerdict> &schemas) {
     std::vector<XsdSource> sources;
     QStringList folders;
+    PartCatalog catalog;
     for (const SchemaForVerdict &schema : schemas) {
         if (schema.kind != SchemaKind::Xsd)
             continue;
         sources.push_back({schema.namespaceName, schema.path});
         folders += schema.partFolders;
+        catalog = schema.catalog;
     }
     try {
-        return validateByXsds(document, sources, folders);
+        return validateByXsds(document, sources, folders, catalog);
     } catch (const runtime::Error &) {
         if (sources.size() == 1)
             throw;
@@ -89,14 +92,14 @@ std::vector<SchemaError> byXsds(const DOMDocument40 &document,
     std::vector<SchemaError> warnings;
     std::erase_if(sources, [&](const XsdSource &source) {
         try {
-            validateByXsds(document, {source}, folders);
+            validateByXsds(document, {source}, folders, catalog);
             return false;
         } catch (const runtime::Error &error) {
             warnings.push_back(unusable(error));
             return true;
         }
     });
-    std::vector<SchemaError> errors = validateByXsds(document, sources, folders);
+    std::vector<SchemaError> errors = validateByXsds(document, sources, folders, catalog);
     std::ranges::move(warnings, std::back_inserter(errors));
     return errors;
 }

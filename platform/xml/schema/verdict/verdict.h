@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/xml/schema/schema_error.h"
+#include "platform/xml/schema/schema_source.h"
 
 #include <QStringList>
 
@@ -17,6 +18,8 @@ struct SchemaForVerdict {
     QString namespaceName = {};
     /// Where its parts are looked up, besides its own folder.
     QStringList partFolders = {};
+    /// For DTD and XSD: what is not there is asked of it.
+    PartCatalog catalog = {};
     /// For Schematron: the phase; empty for the schema's own.
     QString phase = {};
 };

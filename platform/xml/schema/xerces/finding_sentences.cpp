@@ -22,6 +22,8 @@ namespace {
 
 /// No more of what might have stood somewhere are listed.
 constexpr std::size_t MostExpected = 20;
+/// Of content models of DTDs, as they are written.
+constexpr qsizetype LongestModel = 120;
 
 /// The attribute of an element as it is written there: Xerces may tell the name without a prefix.
 Node attributeOf(const Node &element, const QString &name) {
@@ -256,9 +258,10 @@ void FindingSentences::addContentErrors(const Finding &finding, const Node &pare
     const QString name = parent.nodeName();
     const Declarations::Declared declared = declarations_.of(parent);
     const bool byDtd = declared && declared.grammar().data().language == grammar::Language::Dtd;
-    const QString model =
-        byDtd ? spaced(finding.report.arguments.value(finding.report.arguments.size() - 1))
-              : QString();
+    // A long one helps nobody.
+    const QString whole =
+        spaced(finding.report.arguments.value(finding.report.arguments.size() - 1));
+    const QString model = byDtd && whole.size() <= LongestModel ? whole : QString();
     const std::size_t known = errors.size();
     if (declared) {
         const grammar::NamedChildren children = namedChildren(declared.grammar(), parent);
@@ -282,10 +285,12 @@ void FindingSentences::addContentErrors(const Finding &finding, const Node &pare
                 .node = parent};
             if (byDtd && children.nodes.empty() && parent.text().trimmed().isEmpty()) {
                 error.errorCode = schema_error::EmptyElement;
-                error.reason = withExpected(texts::EmptyElement.toString().arg(name), model);
+                error.reason = withExpected(texts::EmptyElement.toString().arg(name),
+                                            model.isEmpty() ? expected : model);
             } else if (byDtd) {
                 error.errorCode = schema_error::InvalidContent;
-                error.reason = withExpected(texts::InvalidContent.toString().arg(name), model);
+                error.reason = withExpected(texts::InvalidContent.toString().arg(name),
+                                            model.isEmpty() ? expected : model);
             }
             errors.push_back(error);
         }

@@ -6,6 +6,9 @@
 #include <QSet>
 #include <QStringList>
 
+#include <algorithm>
+#include <initializer_list>
+#include <iterator>
 #include <optional>
 
 namespace quillon::xml {
@@ -77,8 +80,15 @@ std::vector<Node> selected(const Node &from, const KeyPath &path) {
     return all;
 }
 
+/// Whether white space at the ends of values counts is a matter of their types.
+enum class Blanks : quint8 { Ignored, Kept };
+
+QString value(const QString &text, Blanks blanks) {
+    return blanks == Blanks::Ignored ? text.simplified() : text;
+}
+
 /// What a field is at an element; nothing when it is not there.
-std::optional<QString> fieldOf(const Node &element, const KeyPath &path) {
+std::optional<QString> fieldOf(const Node &element, const KeyPath &path, Blanks blanks) {
     for (auto steps : path) {
         const bool isAttribute = !steps.empty() && steps.back().axis == KeyStep::Axis::Attribute;
         const KeyStep last = isAttribute ? steps.back() : KeyStep();
@@ -86,10 +96,10 @@ std::optional<QString> fieldOf(const Node &element, const KeyPath &path) {
             steps.pop_back();
         for (const Node &node : selected(element, steps)) {
             if (!isAttribute)
-                return node.text().simplified();
+                return value(node.text(), blanks);
             for (const Node &attribute : node.attributes().all()) {
                 if (matches(last, node, attribute.nodeName()))
-                    return attribute.nodeValue().simplified();
+                    return value(attribute.nodeValue(), blanks);
             }
         }
     }
@@ -97,61 +107,89 @@ std::optional<QString> fieldOf(const Node &element, const KeyPath &path) {
 }
 
 /// The values of all fields, as they are shown; nothing when one is not there.
-std::optional<QString> keyOf(const Node &element, const std::vector<KeyPath> &fields) {
+std::optional<QString> keyOf(const Node &element, const std::vector<KeyPath> &fields,
+                             Blanks blanks) {
     QStringList values;
     for (const KeyPath &field : fields) {
-        const std::optional<QString> value = fieldOf(element, field);
-        if (!value)
+        const std::optional<QString> found = fieldOf(element, field, blanks);
+        if (!found)
             return {};
-        values.append(u'\'' + *value + u'\'');
+        values.append(u'\'' + *found + u'\'');
     }
     return u'[' + values.join(QStringLiteral(", ")) + u']';
 }
 
-void findUnmatched(const Node &scope, const IdentityConstraint &constraint,
-                   std::vector<KeyFault> &faults) {
+using Faults = std::vector<KeyFault>;
+
+Faults unmatched(const Node &scope, const IdentityConstraint &constraint, Blanks blanks) {
     QSet<QString> keys;
     for (const Node &element : selected(scope, constraint.keySelector)) {
-        if (const auto key = keyOf(element, constraint.keyFields))
+        if (const auto key = keyOf(element, constraint.keyFields, blanks))
             keys.insert(*key);
     }
+    Faults faults;
     for (const Node &element : selected(scope, constraint.selector)) {
-        const auto key = keyOf(element, constraint.fields);
+        const auto key = keyOf(element, constraint.fields, blanks);
         if (key && !keys.contains(*key))
             faults.push_back({element, texts::UnmatchedKeyRef.toString().arg(
                                            element.nodeName(), *key, constraint.name)});
     }
+    return faults;
 }
 
-void findDuplicates(const Node &scope, const IdentityConstraint &constraint,
-                    std::vector<KeyFault> &faults) {
+Faults duplicate(const Node &scope, const IdentityConstraint &constraint, Blanks blanks) {
     QSet<QString> keys;
+    Faults faults;
     for (const Node &element : selected(scope, constraint.selector)) {
-        const auto key = keyOf(element, constraint.fields);
-        if (!key) {
-            if (constraint.kind == Kind::Key)
-                faults.push_back({element, texts::IncompleteKey.toString().arg(element.nodeName(),
-                                                                               constraint.name)});
-        } else if (keys.contains(*key)) {
+        const auto key = keyOf(element, constraint.fields, blanks);
+        if (key && keys.contains(*key))
             faults.push_back({element, texts::DuplicateKey.toString().arg(element.nodeName(), *key,
                                                                           constraint.name)});
-        } else {
+        else if (key)
             keys.insert(*key);
-        }
     }
+    return faults;
+}
+
+Faults incomplete(const Node &scope, const IdentityConstraint &constraint, Blanks blanks) {
+    Faults faults;
+    for (const Node &element : selected(scope, constraint.selector)) {
+        if (!keyOf(element, constraint.fields, blanks))
+            faults.push_back({element, texts::IncompleteKey.toString().arg(element.nodeName(),
+                                                                           constraint.name)});
+    }
+    return faults;
+}
+
+/// What one of the functions above finds for all constraints of some kinds, in the way that comes
+/// to the number that was told.
+template <typename Find>
+void append(Faults &all, const Node &scope, const std::vector<IdentityConstraint> &constraints,
+            std::initializer_list<Kind> kinds, int count, Find &&find) {
+    if (count == 0)
+        return;
+    Faults found;
+    for (const Blanks blanks : {Blanks::Kept, Blanks::Ignored}) {
+        found.clear();
+        for (const IdentityConstraint &constraint : constraints) {
+            if (std::ranges::find(kinds, constraint.kind) != kinds.end())
+                std::ranges::move(find(scope, constraint, blanks), std::back_inserter(found));
+        }
+        if (int(found.size()) == count)
+            break;
+    }
+    std::ranges::move(found, std::back_inserter(all));
 }
 
 } // namespace
 
 std::vector<KeyFault> keyFaults(const Node &scope,
-                                const std::vector<IdentityConstraint> &constraints) {
-    std::vector<KeyFault> faults;
-    for (const IdentityConstraint &constraint : constraints) {
-        if (constraint.kind == Kind::Reference)
-            findUnmatched(scope, constraint, faults);
-        else
-            findDuplicates(scope, constraint, faults);
-    }
+                                const std::vector<IdentityConstraint> &constraints,
+                                const KeyReports &reports) {
+    Faults faults;
+    append(faults, scope, constraints, {Kind::Reference}, reports.unmatched, unmatched);
+    append(faults, scope, constraints, {Kind::Unique, Kind::Key}, reports.duplicate, duplicate);
+    append(faults, scope, constraints, {Kind::Key}, reports.incomplete, incomplete);
     return faults;
 }
 

@@ -44,6 +44,8 @@ std::unique_ptr<xercesc::InputSource> inputOf(const QByteArray &utf8, const QStr
 }
 
 QString PartResolver::pathOf(const QString &address) const {
+    if (const auto copy = copies_.constFind(address); copy != copies_.constEnd())
+        return *copy;
     // The schemas themselves may stand anywhere.
     const QUrl url(address);
     if (url.isLocalFile()) {
@@ -52,7 +54,24 @@ QString PartResolver::pathOf(const QString &address) const {
                 return schema.path;
         }
     }
-    return parts_.find(address);
+    const QString path = parts_.find(address);
+    return path.isEmpty() && url.isLocalFile()
+               ? AllowedFolders(copyFolders_).find(url.toLocalFile())
+               : path;
+}
+
+QString PartResolver::copyOf(const QStringList &names) {
+    for (const QString &name : names) {
+        const QString path = catalog_ && !name.isEmpty() ? catalog_(name) : QString();
+        if (path.isEmpty())
+            continue;
+        const QString address =
+            QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath()).toString(QUrl::FullyEncoded);
+        copies_.insert(address, path);
+        copyFolders_.append(QFileInfo(path).absolutePath());
+        return address;
+    }
+    return {};
 }
 
 std::unique_ptr<xercesc::InputSource> PartResolver::opened(const QString &path,
@@ -73,7 +92,7 @@ std::unique_ptr<xercesc::InputSource> PartResolver::openedSchema(const QString &
     return inputOf(text, address);
 }
 
-QString PartResolver::imported(const QString &address, const QString &namespaceName) const {
+QString PartResolver::imported(const QString &address, const QString &namespaceName) {
     if (!address.isEmpty() && !pathOf(address).isEmpty())
         return address;
     if (const QString builtIn = builtInSchemaFor(namespaceName); !builtIn.isEmpty())
@@ -82,13 +101,14 @@ QString PartResolver::imported(const QString &address, const QString &namespaceN
         if (schema.namespaceName == namespaceName)
             return QUrl::fromLocalFile(schema.path).toString(QUrl::FullyEncoded);
     }
-    return {};
+    return copyOf({address, namespaceName});
 }
 
 xercesc::InputSource *PartResolver::resolveEntity(XMLResourceIdentifier *wanted) {
     const QString name = fromXerces(wanted->getSystemId());
     if (wanted->getResourceIdentifierType() == XMLResourceIdentifier::ExternalEntity)
-        return entity(name, fromXerces(wanted->getBaseURI())).release();
+        return entity(name, fromXerces(wanted->getPublicId()), fromXerces(wanted->getBaseURI()))
+            .release();
     QString address = name.isEmpty() ? QString() : resolved(fromXerces(wanted->getBaseURI()), name);
     switch (wanted->getResourceIdentifierType()) {
     case XMLResourceIdentifier::SchemaImport: {
@@ -101,6 +121,8 @@ xercesc::InputSource *PartResolver::resolveEntity(XMLResourceIdentifier *wanted)
     }
     case XMLResourceIdentifier::SchemaInclude:
     case XMLResourceIdentifier::SchemaRedefine: {
+        if (pathOf(address).isEmpty())
+            address = copyOf({address});
         auto source = openedSchema(address);
         if (!source && missingPart_.isNull())
             missingPart_ = name;
@@ -112,13 +134,17 @@ xercesc::InputSource *PartResolver::resolveEntity(XMLResourceIdentifier *wanted)
     }
 }
 
-std::unique_ptr<xercesc::InputSource> PartResolver::entity(const QString &name,
-                                                           const QString &base) {
+std::unique_ptr<xercesc::InputSource>
+PartResolver::entity(const QString &name, const QString &publicId, const QString &base) {
     const bool isDtd = !dtdName_.isNull() && name == dtdName_;
     if (isDtd && dtdPath_.isEmpty())
         return inputOf(QByteArray(), QString());
-    const QString address =
+    QString address =
         isDtd ? parts_.addressOf(QFileInfo(dtdPath_).fileName()) : resolved(base, name);
+    if (!isDtd && pathOf(address).isEmpty()) {
+        if (const QString copy = copyOf({publicId, address}); !copy.isEmpty())
+            address = copy;
+    }
     if (auto source = opened(isDtd ? dtdPath_ : pathOf(address), address))
         return source;
     if (missingEntity_.isNull())

@@ -3,6 +3,7 @@
 #include "platform/xml/schema/schema_parts.h"
 #include "platform/xml/schema/schema_source.h"
 
+#include <QHash>
 #include <QStringList>
 
 #include <memory>
@@ -19,8 +20,8 @@ std::unique_ptr<xercesc::InputSource> inputOf(const QByteArray &utf8, const QStr
 class PartResolver final : public xercesc::XMLEntityResolver {
 public:
     /// `schemas`: those from which imports that tell no file are answered.
-    PartResolver(const SchemaParts &parts, std::vector<XsdSource> schemas)
-        : parts_(parts), schemas_(std::move(schemas)) {}
+    PartResolver(const SchemaParts &parts, std::vector<XsdSource> schemas, PartCatalog catalog)
+        : parts_(parts), schemas_(std::move(schemas)), catalog_(std::move(catalog)) {}
 
     /// The document names a DTD by that system identifier, which is that file. An empty path: it is
     /// not read.
@@ -44,15 +45,23 @@ public:
 private:
     QString pathOf(const QString &address) const;
     /// The address of what is imported; empty when there is none.
-    QString imported(const QString &address, const QString &namespaceName) const;
+    QString imported(const QString &address, const QString &namespaceName);
     /// Never null.
-    std::unique_ptr<xercesc::InputSource> entity(const QString &name, const QString &base);
+    std::unique_ptr<xercesc::InputSource> entity(const QString &name, const QString &publicId,
+                                                 const QString &base);
+    /// The address of a copy that the catalog knows for one of these names; empty when it knows
+    /// none. What stands beside it may be read from then on.
+    QString copyOf(const QStringList &names);
     /// Null when there is none. Raises Fail when its entities multiply.
     std::unique_ptr<xercesc::InputSource> openedSchema(const QString &address) const;
     std::unique_ptr<xercesc::InputSource> opened(const QString &path, const QString &address) const;
 
     const SchemaParts &parts_;
     std::vector<XsdSource> schemas_;
+    PartCatalog catalog_;
+    QStringList copyFolders_;
+    /// What the catalog has answered, by address. It may be a link that leads anywhere.
+    QHash<QString, QString> copies_;
     QString dtdName_;
     QString dtdPath_;
     QStringList missingImports_;

@@ -90,13 +90,13 @@ void checkXsd(const QString &path) {
 } // namespace
 
 Errors validateByDtd(const DOMDocument40 &document, const QString &schemaPath,
-                     const QStringList &partFolders) {
+                     const QStringList &partFolders, const PartCatalog &catalog) {
     if (documentTypeOf(document).isEmpty() || !QFileInfo(schemaPath).isFile())
         raiseSchemaError(QFileInfo(schemaPath).fileName(), 0, texts::SchemaNotFound.toString());
     return judged(
         document,
         [&](const QByteArray &text) {
-            return xercesVerdictByDtd(document, text, schemaPath, partFolders);
+            return xercesVerdictByDtd(document, text, schemaPath, {partFolders, catalog});
         },
         [&] { return libxmlVerdictByDtd(document, schemaPath, partFolders); });
 }
@@ -108,13 +108,13 @@ Errors validateByXsd(const DOMDocument40 &document, const QString &schemaPath,
     return judged(
         document,
         [&](const QByteArray &text) {
-            return xercesVerdictByXsd(document, text, schemas, partFolders, true);
+            return xercesVerdictByXsd(document, text, schemas, {partFolders}, true);
         },
         [&] { return libxmlVerdictByXsd(document, schemas, partFolders); });
 }
 
 Errors validateByXsds(const DOMDocument40 &document, const std::vector<XsdSource> &schemas,
-                      const QStringList &partFolders) {
+                      const QStringList &partFolders, const PartCatalog &catalog) {
     if (schemas.empty())
         return {};
     QStringList folders = partFolders;
@@ -124,7 +124,7 @@ Errors validateByXsds(const DOMDocument40 &document, const std::vector<XsdSource
     return judged(
         document,
         [&](const QByteArray &text) {
-            return xercesVerdictByXsd(document, text, schemas, folders, false);
+            return xercesVerdictByXsd(document, text, schemas, {folders, catalog}, false);
         },
         [&] { return libxmlVerdictByXsd(document, schemas, folders); });
 }

@@ -18,11 +18,13 @@
 #include <functional>
 #include <xercesc/framework/XMLErrorCodes.hpp>
 #include <xercesc/framework/XMLGrammarPoolImpl.hpp>
+#include <xercesc/framework/XMLValidityCodes.hpp>
 
 namespace quillon::xml {
 
 namespace texts = resources::validation_texts;
 using Language = DocumentReader::Language;
+using xercesc::XMLValid;
 
 namespace {
 
@@ -80,6 +82,31 @@ private:
     std::vector<SchemaError> errors_;
 };
 
+/// What was told of the keys of an element.
+KeyReports reportsOf(const std::vector<Finding> &findings, qint64 scope) {
+    KeyReports reports;
+    for (const Finding &finding : findings) {
+        if (finding.scope != scope)
+            continue;
+        switch (finding.report.code) {
+        case XMLValid::IC_KeyNotFound:
+            ++reports.unmatched;
+            break;
+        case XMLValid::IC_DuplicateKey:
+        case XMLValid::IC_DuplicateUnique:
+            ++reports.duplicate;
+            break;
+        case XMLValid::IC_AbsentKeyValue:
+        case XMLValid::IC_KeyNotEnoughValues:
+            ++reports.incomplete;
+            break;
+        default:
+            break;
+        }
+    }
+    return reports;
+}
+
 void Judgement::addKeys(const DocumentReader &reader, const std::vector<Finding> &findings) {
     // A value that is none of its type is no key either.
     QSet<quint32> withBadValues;
@@ -88,8 +115,8 @@ void Judgement::addKeys(const DocumentReader &reader, const std::vector<Finding>
             withBadValues.insert(error.node.number());
     }
     for (const auto &[scope, constraints] : reader.constraints()) {
-        const std::vector<KeyFault> faults =
-            keyFaults(elementsAt(document_, {scope}).front(), constraints);
+        const std::vector<KeyFault> faults = keyFaults(elementsAt(document_, {scope}).front(),
+                                                       constraints, reportsOf(findings, scope));
         for (const KeyFault &fault : faults) {
             if (!withBadValues.contains(fault.element.number()))
                 errors_.push_back({.errorCode = schema_error::InvalidContent,
@@ -234,8 +261,9 @@ struct SchemaFault {
 };
 
 grammar::SchemaSource grammarSource(const std::vector<XsdSource> &schemas,
-                                    const QStringList &partFolders) {
-    grammar::SchemaSource source{.path = schemas.front().path, .folders = partFolders};
+                                    const PartPlaces &places) {
+    grammar::SchemaSource source{
+        .path = schemas.front().path, .folders = places.folders, .catalog = places.catalog};
     for (std::size_t i = 1; i < schemas.size(); ++i)
         source.furtherPaths.append(schemas[i].path);
     return source;
@@ -251,13 +279,14 @@ QByteArray internalSubsetOf(const DOMDocument40 &document) {
 } // namespace
 
 std::vector<SchemaError> xercesVerdictByDtd(const DOMDocument40 &document, const QByteArray &text,
-                                            const QString &schemaPath,
-                                            const QStringList &partFolders) {
-    const grammar::SchemaSource source{
-        .path = schemaPath, .internalSubset = internalSubsetOf(document), .folders = partFolders};
+                                            const QString &schemaPath, const PartPlaces &places) {
+    const grammar::SchemaSource source{.path = schemaPath,
+                                       .internalSubset = internalSubsetOf(document),
+                                       .folders = places.folders,
+                                       .catalog = places.catalog};
     startXerces(MaxMemory);
-    const SchemaParts parts(schemaPath, partFolders);
-    PartResolver resolver(parts, {});
+    const SchemaParts parts(schemaPath, places.folders);
+    PartResolver resolver(parts, {}, places.catalog);
     Declarations declarations(source);
     if (declarations.expandsTooMuch())
         throw runtime::Error(runtime::error_number::Fail, texts::ExpansionLimit.toString());
@@ -286,13 +315,13 @@ std::vector<SchemaError> xercesVerdictByDtd(const DOMDocument40 &document, const
 
 std::vector<SchemaError> xercesVerdictByXsd(const DOMDocument40 &document, const QByteArray &text,
                                             const std::vector<XsdSource> &schemas,
-                                            const QStringList &partFolders, bool followsHints) {
-    Declarations declarations(grammarSource(schemas, partFolders));
+                                            const PartPlaces &places, bool followsHints) {
+    Declarations declarations(grammarSource(schemas, places));
     if (declarations.hasLargeGroups())
         throw TooMuch{TooMuch::What::Schema};
     startXerces(MaxMemory);
-    const SchemaParts parts(schemas.front().path, partFolders);
-    PartResolver resolver(parts, schemas);
+    const SchemaParts parts(schemas.front().path, places.folders);
+    PartResolver resolver(parts, schemas, places.catalog);
     xercesc::XMLGrammarPoolImpl grammars;
     DocumentReader reader(Language::Xsd, resolver, grammars);
     SchemaFault fault;

@@ -3,8 +3,6 @@
 #include "platform/xml/schema/schema_error.h"
 #include "platform/xml/schema/schema_source.h"
 
-#include <QStringList>
-
 namespace quillon::xml {
 
 /// What Xerces says of a document, whose text, in UTF-8, is given along. These raise Fail for
@@ -12,12 +10,11 @@ namespace quillon::xml {
 /// beyond Xerces. To be called once in a process, which must be a child made for it: Xerces is not
 /// bounded by itself in time.
 std::vector<SchemaError> xercesVerdictByDtd(const DOMDocument40 &document, const QByteArray &text,
-                                            const QString &schemaPath,
-                                            const QStringList &partFolders);
+                                            const QString &schemaPath, const PartPlaces &places);
 
 /// `followsHints`: schemas that the document names are read, too.
 std::vector<SchemaError> xercesVerdictByXsd(const DOMDocument40 &document, const QByteArray &text,
                                             const std::vector<XsdSource> &schemas,
-                                            const QStringList &partFolders, bool followsHints);
+                                            const PartPlaces &places, bool followsHints);
 
 } // namespace quillon::xml

@@ -51,7 +51,11 @@ TEST(ReportSentences, AreThereForEveryCodeThatCanCome) {
         if (!cannotCome(code))
             check(ReportDomain::Error, code);
     }
-    for (int code = XMLExcepts::FACET_Invalid_Len; code <= XMLExcepts::PD_InvalidContentType;
+    // Between the two there is what wrong uses of the library lead to.
+    for (int code = XMLExcepts::FACET_Invalid_Len; code <= XMLExcepts::Regex_InvalidRepPattern;
+         ++code)
+        check(ReportDomain::Value, code);
+    for (int code = XMLExcepts::XPath_NoAttrSelector; code <= XMLExcepts::PD_InvalidContentType;
          ++code)
         check(ReportDomain::Value, code);
     for (int code = XMLExcepts::Parser_Parse1; code <= XMLExcepts::Parser_Quantifier5; ++code)

@@ -115,15 +115,19 @@ TEST_F(SchemaValidator, KeysAreBrokenByElements) {
         "<xs:key name='k'><xs:selector xpath='.//i'/><xs:field xpath='@x'/><xs:field xpath='y'/>"
         "</xs:key><xs:keyref name='kr' refer='k'><xs:selector xpath='j|l'/><xs:field xpath='@x'/>"
         "<xs:field xpath='@y'/></xs:keyref></xs:element></xs:sequence></xs:complexType>"
-        "</xs:element><xs:element name='i'><xs:complexType><xs:sequence>"
-        "<xs:element name='y' type='xs:string'/></xs:sequence><xs:attribute name='x'/>"
-        "</xs:complexType></xs:element><xs:complexType name='ref'><xs:attribute name='x'/>"
-        "<xs:attribute name='y'/></xs:complexType><xs:element name='j' type='ref'/>"
+        "</xs:element><xs:element name='n'><xs:complexType><xs:sequence><xs:element ref='i'/>"
+        "</xs:sequence></xs:complexType></xs:element><xs:element "
+        "name='i'><xs:complexType><xs:sequence>"
+        "<xs:element name='y' type='xs:string'/></xs:sequence><xs:attribute name='x' "
+        "type='xs:int'/>"
+        "</xs:complexType></xs:element><xs:complexType name='ref'><xs:attribute name='x' "
+        "type='xs:int'/><xs:attribute name='y' type='xs:string'/></xs:complexType><xs:element "
+        "name='j' type='ref'/>"
         "<xs:element name='l' type='ref'/>");
     EXPECT_EQ(shown(validateByXsd(test::parsed("<r><g><n><i x='1'><y>2</y></i></n>"
                                                "<j x='1' y='2'/></g>\n"
                                                "<g><i x='1'><y>2</y></i><j x='2' y='2'/>\n"
-                                               "<i x=' 1'><y>2</y></i><l x='1' y='2'/></g></r>"),
+                                               "<i x=' 1'><y>3</y></i><l x='1' y='3'/></g></r>"),
                                   path)),
               "2:25 14");
 }
