@@ -6,9 +6,9 @@
 namespace quillon::resources::relaxng_texts {
 
 inline constexpr QStringView NotRelaxNg = u"RELAX NG スキーマではありません。";
-inline constexpr QStringView CompactSyntax =
-    u"RELAX NG の簡略構文 (.rnc) は読み込めません。XML 構文 (.rng) "
-    u"に変換したスキーマを使用してください。";
+/// Of the compact syntax. %1 is what stands where something else would have to.
+inline constexpr QStringView CompactFault =
+    u"RELAX NG 簡略構文の誤りです。'%1' をここに置くことはできません。";
 
 inline constexpr QStringView UndefinedReference = u"%1: 参照先の定義がスキーマにありません。";
 inline constexpr QStringView CyclicReference = u"%1: 定義が要素を介さずに循環しています。";

@@ -55,6 +55,8 @@ Data readGrammar(const SchemaSource &source) {
                               resources::validation_texts::SchemaNotFound.toString());
     if (isDtd(*text))
         return grammarFromDtd(source.path, source.internalSubset, files);
+    if (source.path.endsWith(QLatin1String(".rnc"), Qt::CaseInsensitive))
+        return grammarFromRelaxNg(source.path, files);
     xml::DOMDocument40 document = xml::DOMDocument40::create();
     if (!document.loadXML(*text))
         xml::raiseSchemaError(QFileInfo(source.path).fileName(), document.parseError().line,

@@ -8,8 +8,9 @@ namespace quillon::grammar {
 
 /// What is to be read.
 struct SchemaSource {
-    /// The schema's language is known by its root element; what has none is a DTD. Empty for a DTD
-    /// that is nothing but an internal subset.
+    /// The schema's language is known by its root element; what has none is a DTD, or RELAX NG in
+    /// the compact syntax when the file is called *.rnc. Empty for a DTD that is nothing but an
+    /// internal subset.
     QString path;
     /// What a document has between the brackets of its DOCTYPE, in UTF-8.
     QByteArray internalSubset = {};

@@ -3,6 +3,7 @@
 #include "platform/runtime/error.h"
 #include "platform/xml/dom/qualified_name.h"
 #include "platform/xml/schema/grammar/node_lines.h"
+#include "platform/xml/schema/grammar/relaxng_compact.h"
 #include "platform/xml/schema/schema_error.h"
 #include "resources/validation_texts.h"
 
@@ -47,7 +48,7 @@ int RelaxNgDefinitions::open(const QString &address, int from) {
     const auto known = std::ranges::find(opened_, path, &RelaxNgFile::path);
     if (known != opened_.end())
         return static_cast<int>(known - opened_.begin());
-    const std::optional<QByteArray> text = files_.read(path);
+    std::optional<QByteArray> text = files_.read(path);
     const QString name = QFileInfo(address).fileName();
     if (!text && from < 0)
         xml::raiseSchemaError(name, 0, texts::SchemaNotFound.toString());
@@ -55,6 +56,8 @@ int RelaxNgDefinitions::open(const QString &address, int from) {
         builder_.noteMissing(address);
         return -1;
     }
+    if (mayBeCompactRelaxNg(*text))
+        text = relaxNgFromCompact(*text, name);
     xml::DOMDocument40 document = xml::DOMDocument40::create();
     if (!document.loadXML(*text))
         xml::raiseSchemaError(name, document.parseError().line, document.parseError().reason);

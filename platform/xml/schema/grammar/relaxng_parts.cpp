@@ -15,6 +15,13 @@ const QString AnnotationNamespace =
 /// Of classes of names in classes of names.
 constexpr int MaxDepth = 100;
 
+bool isDocumentation(const Node &node) {
+    const QString name = node.nodeName();
+    return node.nodeType() == xml::NodeType::Element &&
+           xml::localNameOf(name) == QLatin1String("documentation") &&
+           xml::namespaceAt(node, xml::prefixOf(name)) == AnnotationNamespace;
+}
+
 } // namespace
 
 Place RelaxNgReader::placeOf(const RelaxNgSpot &spot) {
@@ -33,11 +40,17 @@ QString RelaxNgReader::spaceAt(const Node &node) const {
 Index RelaxNgReader::documentation(const Node &node) {
     QStringList texts;
     for (Node child = node.firstChild(); child; child = child.nextSibling()) {
-        const QString name = child.nodeName();
-        if (child.nodeType() == xml::NodeType::Element &&
-            xml::localNameOf(name) == QLatin1String("documentation") &&
-            xml::namespaceAt(child, xml::prefixOf(name)) == AnnotationNamespace)
+        if (isDocumentation(child))
             texts.append(child.text().trimmed());
+    }
+    return builder_.string(texts.join(QLatin1String("\n\n")));
+}
+
+Index RelaxNgReader::documentationBehind(const Node &value) {
+    QStringList texts;
+    for (Node at = value.nextSibling(); at && relaxNgKind(at).isEmpty(); at = at.nextSibling()) {
+        if (isDocumentation(at))
+            texts.append(at.text().trimmed());
     }
     return builder_.string(texts.join(QLatin1String("\n\n")));
 }
@@ -191,7 +204,7 @@ RelaxNgPattern RelaxNgReader::data(const RelaxNgSpot &spot) {
     const QString kind = relaxNgKind(spot.node);
     if (kind == QLatin1String("value")) {
         result.values.push_back(
-            {builder_.string(spot.node.text().simplified()), documentation(spot.node)});
+            {builder_.string(spot.node.text().simplified()), documentationBehind(spot.node)});
         return result;
     }
     const QString name =

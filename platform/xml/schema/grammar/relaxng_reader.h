@@ -66,6 +66,8 @@ private:
     Place placeOf(const RelaxNgSpot &spot);
     QString spaceAt(const xml::Node &node) const;
     Index documentation(const xml::Node &node);
+    /// A value cannot hold what is said of it: that stands behind it.
+    Index documentationBehind(const xml::Node &value);
 
     GrammarBuilder builder_;
     RelaxNgDefinitions definitions_;

@@ -3,6 +3,7 @@
 #include "platform/runtime/error.h"
 #include "platform/xml/dom/qualified_name.h"
 #include "platform/xml/schema/grammar/grammar_from_relaxng.h"
+#include "platform/xml/schema/grammar/relaxng_compact.h"
 #include "platform/xml/schema/relaxng/relaxng_faults.h"
 #include "platform/xml/schema/relaxng/relaxng_message.h"
 #include "platform/xml/schema/schema_fault.h"
@@ -36,45 +37,81 @@ struct Report {
     qint64 element;
 };
 
-/// Raises Fail for what is no RELAX NG in the XML syntax.
-void checkIsRelaxNg(const QString &path, const QString &name) {
-    DOMDocument40 schema = DOMDocument40::create();
-    if (!schema.load(path)) {
-        QFile file(path);
-        const bool isThere = file.open(QIODevice::ReadOnly);
-        if (isThere && !file.readAll().trimmed().startsWith('<'))
-            raiseSchemaError(name, 0, texts::CompactSyntax.toString());
-        raiseSchemaError(name, schema.parseError().line, schema.parseError().reason);
+/// Has the parts of a schema that are in the compact syntax put into the other one, which libxml2
+/// reads.
+class CompactParts {
+public:
+    explicit CompactParts(SchemaSession &session) {
+        session.prepare = [this](const QByteArray &text, const QString &address) {
+            return prepared(text, QFileInfo(QUrl(address).path()).fileName());
+        };
     }
+    /// Raises what is wrong with one of them. Nothing may be raised while libxml2 reads.
+    void check() const {
+        if (fault_)
+            throw runtime::Error(*fault_);
+    }
+
+private:
+    QByteArray prepared(const QByteArray &text, const QString &name) {
+        if (!grammar::mayBeCompactRelaxNg(text))
+            return text;
+        try {
+            return grammar::relaxNgFromCompact(text, name);
+        } catch (const runtime::Error &error) {
+            fault_ = fault_.value_or(error);
+            return {};
+        }
+    }
+
+    std::optional<runtime::Error> fault_;
+};
+
+/// Raises Fail for XML that is no RELAX NG.
+void checkIsRelaxNg(const QString &path, const QString &name) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly) || grammar::mayBeCompactRelaxNg(file.read(4096)))
+        return;
+    DOMDocument40 schema = DOMDocument40::create();
+    if (!schema.load(path))
+        raiseSchemaError(name, schema.parseError().line, schema.parseError().reason);
     if (!grammar::isRelaxNg(schema.documentElement()))
         raiseSchemaError(name, lineOf(schema.documentElement()), texts::NotRelaxNg.toString());
 }
 
-Schema compiled(SchemaSession &session, const QString &name) {
-    QString reason;
-    QString file;
-    int line = 0;
-    session.report = [&](const xmlError &error) {
+/// The first thing that is wrong with a schema.
+struct SchemaFault {
+    void note(const xmlError &error) {
         // What follows a first fault seldom helps.
         if (!reason.isNull() || error.level < XML_ERR_ERROR || error.domain == XML_FROM_IO)
             return;
         reason = relaxNgSchemaFault(error);
         const auto *node = static_cast<const xmlNode *>(error.node);
         line = node ? static_cast<int>(xmlGetLineNo(node)) : error.line;
-        file = QFileInfo(QUrl(QString::fromUtf8(node && node->doc && node->doc->URL
-                                                    ? bytes(node->doc->URL)
-                                                    : error.file))
-                             .path())
-                   .fileName();
-    };
+        const char *url = node && node->doc && node->doc->URL ? bytes(node->doc->URL) : error.file;
+        file = QFileInfo(QUrl(QString::fromUtf8(url)).path()).fileName();
+    }
+
+    QString reason;
+    QString file;
+    int line = 0;
+};
+
+Schema compiled(SchemaSession &session, const QString &name) {
+    SchemaFault fault;
+    session.report = [&](const xmlError &error) { fault.note(error); };
+    const CompactParts parts(session);
     const SchemaParser parser(xmlRelaxNGNewParserCtxt(session.addressOf(name).constData()));
     Schema schema(parser ? xmlRelaxNGParse(parser.get()) : nullptr);
     session.report = {};
+    session.prepare = {};
+    parts.check();
     if (!session.missing().isNull())
         raiseSchemaError(session.missing(), 0, document_texts::SchemaNotFound.toString());
     if (!schema)
-        raiseSchemaError(file.isEmpty() ? name : file, line,
-                         reason.isNull() ? document_texts::SchemaNotFound.toString() : reason);
+        raiseSchemaError(fault.file.isEmpty() ? name : fault.file, fault.line,
+                         fault.reason.isNull() ? document_texts::SchemaNotFound.toString()
+                                               : fault.reason);
     return schema;
 }
 

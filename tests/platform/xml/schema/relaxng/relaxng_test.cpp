@@ -139,11 +139,53 @@ TEST_F(RelaxNg, PartsAndFaultsOfTheSchema) {
         write(row.content);
         EXPECT_EQ(said("<a/>"), row.said) << row.content;
     }
-    files.write("s.rng", "element r { empty }");
-    EXPECT_TRUE(QString::fromStdString(said("<r/>")).contains("簡略構文"));
     files.write("s.rng", "<r/>");
     EXPECT_EQ(said("<r/>"),
               "スキーマ 's.rng' を読み込めません。\n1 行目: RELAX NG スキーマではありません。");
+}
+
+TEST_F(RelaxNg, TheCompactSyntaxMeansTheSame) {
+    files.write("part.rnc", "default namespace = 'urn:d' namespace p = 'urn:p'\n"
+                            "p = element p:p { mixed { element \\list { text }* } }\n"
+                            "div { q |= element q { empty } }");
+    const std::string schema =
+        "# comment\ndefault namespace = \"urn:d\"\nnamespace p = 'urn:p'\n"
+        "namespace a = 'http://relaxng.org/ns/compatibility/annotations/1.0'\n"
+        "datatypes x = \"http://www.w3.org/2001/XMLSchema-\" ~ \"datatypes\"\n"
+        "include \"part.rnc\" { q = element q { attribute n { \"1\" | \"2\" } } }\n"
+        "a:note [ \"of nothing\" a:inner [ ] ]\n"
+        "start = \n## The root\nelement r {\n"
+        "  [ a:defaultValue = \"3\" ] attribute count { x:int { minInclusive = '3' } }?,\n"
+        "  attribute p:* { text }*,\n"
+        "  ((p | q)+ & element (o1 | o2) { list { x:int+ } }?)\n"
+        "}\n";
+    files.write("s.rng", schema);
+    const std::string start = "<r xmlns='urn:d' xmlns:p='urn:p' ";
+    EXPECT_EQ(said(start + "count='4' p:any=''><o2>1 2</o2><p:p>x<list>y</list>"
+                           "</p:p><q n='2'/></r>"),
+              "");
+    EXPECT_EQ(said(start + "count='2'><q n='3'/></r>"),
+              "1 r@count: スキーマによると、要素 'r' の属性 'count' の値 '2' が正しくありません。"
+              "3 以上の値が必要です。\n1 q@n: スキーマによると、要素 'q' の属性 'n' の値 '3' "
+              "が正しくありません。使用できる値: '1', '2'\n");
+    EXPECT_NE(said(start + "><q xmlns='' n='1'/></r>"), "");
+    EXPECT_NE(said(start + "><q n='1'/><o1>x</o1></r>"), "");
+    // Faults are told with their lines, those of the schema's meaning, too.
+    const std::string cannot = "スキーマ 's.rng' を読み込めません。\n";
+    for (const auto &[text, reason] : std::vector<std::pair<std::string, std::string>>{
+             {"start =\n element r { text", "2 行目: RELAX NG 簡略構文の誤りです。"
+                                            "'' をここに置くことはできません。"},
+             {"start = a, b |\nc", "1 行目: RELAX NG 簡略構文の誤りです。"
+                                   "'|' をここに置くことはできません。"},
+             {"start = element r { \"x }", "1 行目: RELAX NG 簡略構文の誤りです。"
+                                           "'\"' をここに置くことはできません。"},
+             {"start = element r {\n none }",
+              "2 行目: ref 'none': 参照先の定義がスキーマにありません。"}}) {
+        files.write("s.rng", text);
+        EXPECT_EQ(said("<r/>"), cannot + reason) << text;
+    }
+    files.write("s.rng", "start = " + std::string(100'000, '('));
+    EXPECT_TRUE(said("<r/>").starts_with(cannot));
 }
 
 } // namespace
