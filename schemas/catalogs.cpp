@@ -69,13 +69,21 @@ Catalogs::Answer Catalogs::entity(const QString &publicId, const QString &system
     load();
     const QByteArray publicName = publicId.toUtf8();
     const QByteArray systemName = systemId.toUtf8();
-    return answer(xmlCatalogResolve(text(publicName), text(systemName)));
+    const Answer known = answer(xmlCatalogResolve(text(publicName), text(systemName)));
+    return known.isEmpty() && systemName.size() > 0 ? answer(xmlCatalogResolveURI(text(systemName)))
+                                                    : known;
 }
 
 Catalogs::Answer Catalogs::address(const QString &name) {
     load();
     const QByteArray utf8 = name.toUtf8();
-    return utf8.isEmpty() ? Answer() : answer(xmlCatalogResolveURI(text(utf8)));
+    if (utf8.isEmpty())
+        return {};
+    // Schemas are registered as either, and public identifiers are looked up as well.
+    Answer known = answer(xmlCatalogResolveURI(text(utf8)));
+    if (known.isEmpty())
+        known = answer(xmlCatalogResolve(text(utf8), text(utf8)));
+    return known;
 }
 
 } // namespace quillon::schemas

@@ -23,11 +23,13 @@ public:
         QString path;
         /// What a catalog says where that is an address of another machine's.
         QString refused;
+
+        bool isEmpty() const { return path.isEmpty() && refused.isEmpty(); }
     };
 
     /// For an external identifier of a document type; either part may be empty.
     Answer entity(const QString &publicId, const QString &systemId);
-    /// For an address or the name of a namespace.
+    /// For an address or the name of a namespace, whatever kind of entry has it.
     Answer address(const QString &name);
 
 private:

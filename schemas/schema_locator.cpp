@@ -89,8 +89,6 @@ bool SchemaLocator::locateByNamespace(SchemaLink &link) const {
 QString SchemaLocator::copyOf(const QString &name) const {
     if (const QString path = catalogs_.address(name).path; !path.isEmpty())
         return path;
-    if (const QString path = catalogs_.entity(name, name).path; !path.isEmpty())
-        return path;
     return canonicalFile(fetched_.pathOf(name));
 }
 
@@ -101,7 +99,7 @@ bool SchemaLocator::take(SchemaLink &link, const Catalogs::Answer &answer) const
     else if (!answer.refused.isEmpty())
         link.problem = texts::CatalogLeadsAway.toString().arg(
             link.location.isEmpty() ? link.namespaceName : link.location, answer.refused);
-    return !answer.path.isEmpty() || !answer.refused.isEmpty();
+    return !answer.isEmpty();
 }
 
 void SchemaLocator::locateWithoutCatalog(SchemaLink &link) const {

@@ -72,7 +72,7 @@ BindDialog::BindDialog(Editor &editor, QWidget *parent)
     connect(buttons, &QDialogButtonBox::accepted, this, &BindDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &BindDialog::reject);
     column->addWidget(buttons);
-    resize(Width, sizeHint().height());
+    resize(Width, 0);
     examine(schemaBesideDocument(editor_.schemas));
     schema_ ? ok_->setFocus() : browse_->setFocus();
 }
@@ -129,6 +129,13 @@ void BindDialog::examine(const QString &path) {
     }
     path_->setAccessibleDescription(fault);
     ok_->setEnabled(schema_.has_value());
+    fitHeight();
+}
+
+/// Texts of several lines do not make the dialog higher by themselves.
+void BindDialog::fitHeight() {
+    layout()->activate();
+    resize(width(), layout()->totalHeightForWidth(width()));
 }
 
 void BindDialog::showForms() {

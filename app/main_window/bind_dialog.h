@@ -29,6 +29,7 @@ private:
     QWidget *schemaField();
     void examine(const QString &path);
     void showForms();
+    void fitHeight();
 
     Editor &editor_;
     QLineEdit *path_;

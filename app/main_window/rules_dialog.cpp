@@ -53,6 +53,7 @@ RulesDialog::RulesDialog(Editor &editor, QWidget *parent)
     fault_->setPalette(palette);
     fault_->setObjectName(QStringLiteral("fault"));
     fault_->setWordWrap(true);
+    fault_->hide();
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     buttons->button(QDialogButtonBox::Ok)->setText(resources::texts::ButtonOk.toString());
     buttons->button(QDialogButtonBox::Cancel)->setText(resources::texts::ButtonCancel.toString());
@@ -208,6 +209,7 @@ void RulesDialog::accept() {
         rules.push_back(ruleAt(row));
         if (!rules.back().isComplete()) {
             fault_->setText(texts::IncompleteRule.toString().arg(row + 1));
+            fault_->show();
             table_->setCurrentCell(row, 0);
             table_->setFocus();
             return;

@@ -80,8 +80,8 @@ TEST_F(SchemaBoxes, BindingShowsWhatWillBeWritten) {
     app::BindDialog dialog(editor(), nullptr);
     const auto forms = [&] {
         QStringList captions;
-        for (const QRadioButton *form : dialog.findChildren<QRadioButton *>())
-            captions.append(form->accessibleDescription() + (form->isChecked() ? "*" : ""));
+        for (const QRadioButton *choice : dialog.findChildren<QRadioButton *>())
+            captions.append(choice->accessibleDescription() + (choice->isChecked() ? "*" : ""));
         return captions;
     };
     EXPECT_EQ(forms(), QStringList());

@@ -184,6 +184,8 @@ TEST_F(SchemaFinderTest, CatalogsAnswerForIdentifiersAddressesAndNamespaces) {
             "<uri name='urn:n' uri='docs/n.xsd'/>"
             "<uri name='http://x.example/order.xsd' uri='docs/order.xsd'/>"
             "<rewriteURI uriStartString='http://x.example/all/' rewritePrefix='docs/sub/'/>"
+            "<rewriteSystem systemIdStartString='http://x.example/system/' "
+            "rewritePrefix='docs/sub/'/>"
             "<uri name='urn:away' uri='http://x.example/away.xsd'/>"
             "<uri name='urn:host' uri='file://host/away.xsd'/>"
             "<uri name='urn:gone' uri='docs/gone.xsd'/>");
@@ -201,6 +203,8 @@ TEST_F(SchemaFinderTest, CatalogsAnswerForIdentifiersAddressesAndNamespaces) {
          "n.xsd（カタログ） 使用していません。上にあるスキーマが優先されます。"},
         {"<?xml-model href='http://x.example/order.xsd'?><r/>",
          "order.xsd（xml-model、カタログ） 使用中"},
+        {"<?xml-model href='http://x.example/system/order.rng'?><r/>",
+         "order.rng（xml-model、カタログ） 使用中"},
         {"<?xml-model href='http://x.example/all/order.rng'?><r/>",
          "order.rng（xml-model、カタログ） 使用中"},
         {"<r xmlns='urn:away'/>", "urn:away（カタログ） カタログが 'urn:away' "
