@@ -8,7 +8,7 @@ namespace quillon::resources::relaxng_texts {
 inline constexpr QStringView NotRelaxNg = u"RELAX NG スキーマではありません。";
 /// Of the compact syntax. %1 is what stands where something else would have to.
 inline constexpr QStringView CompactFault =
-    u"RELAX NG 簡略構文の誤りです。'%1' をここに置くことはできません。";
+    u"RELAX NG 短縮構文の誤りです。'%1' をここに置くことはできません。";
 
 inline constexpr QStringView UndefinedReference = u"%1: 参照先の定義がスキーマにありません。";
 inline constexpr QStringView CyclicReference = u"%1: 定義が要素を介さずに循環しています。";
@@ -24,8 +24,7 @@ inline constexpr QStringView NeedsCombine =
     u"%1: 同じ名前の定義が複数あります。combine 属性で組み合わせ方を指定する必要があります。";
 inline constexpr QStringView BadCombine =
     u"%1: 同じ名前の定義の combine 属性が矛盾しているか、正しくありません。";
-inline constexpr QStringView Conflict =
-    u"%1: 同じ属性または要素が同時に複数指定されています。";
+inline constexpr QStringView Conflict = u"%1: 同じ属性または要素が同時に複数指定されています。";
 inline constexpr QStringView UnknownType = u"%1: データ型がないか、認識できません。";
 inline constexpr QStringView BadValue = u"%1: 値がデータ型に合っていません。";
 inline constexpr QStringView UnknownElement =

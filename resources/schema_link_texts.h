@@ -53,9 +53,7 @@ inline constexpr QStringView CatalogLeadsAway =
     u"カタログが '%1' に対してネットワーク上のアドレス '%2' を示しています。読み込みません。";
 inline constexpr QStringView OutsideFolder =
     u"'%1' は文書のフォルダーの外にあり、スキーマの拡張子 "
-    u"(.xsd、.dtd、.rng、.sch、.xdr) を持たないため、読み込みません。";
-inline constexpr QStringView CompactSyntax =
-    u"'%1' は RELAX NG の簡潔構文です。XML 構文のスキーマだけを使用できます。";
+    u"(.xsd、.dtd、.rng、.rnc、.sch、.xdr) を持たないため、読み込みません。";
 inline constexpr QStringView UnknownLanguage = u"'%1' のスキーマ言語 '%2' には対応していません。";
 inline constexpr QStringView NoLocation = u"xml-model 命令に href がありません。";
 inline constexpr QStringView InDocument =
@@ -79,13 +77,13 @@ inline constexpr QStringView AskClearFetched = u"取得したスキーマ %1 件
 
 // Choosing.
 inline constexpr QStringView ChooseTitle = u"この文書で使用するスキーマの選択";
-inline constexpr QStringView DialogFilter =
-    u"スキーマ(*.xsd, *.dtd, *.rng, *.sch, *.xdr, *.xml)|*.xsd;*.dtd;*.rng;*.sch;*.xdr;*.xml|"
-    u"すべてのファイル(*.*)|*";
+inline constexpr QStringView DialogFilter = u"スキーマ(*.xsd, *.dtd, *.rng, *.rnc, *.sch, *.xdr, "
+                                            u"*.xml)|*.xsd;*.dtd;*.rng;*.rnc;*.sch;*.xdr;*.xml|"
+                                            u"すべてのファイル(*.*)|*";
 
 // Naming a schema in the document.
 inline constexpr QStringView NotASchema =
-    u"'%1' はスキーマではありません。DTD、XML Schema、XDR、RELAX NG (XML 構文)、Schematron "
+    u"'%1' はスキーマではありません。DTD、XML Schema、XDR、RELAX NG、Schematron "
     u"を選択してください。";
 inline constexpr QStringView DocumentIsReadOnly = u"文書は読み取り専用です。";
 inline constexpr QStringView CannotBeWritten = u"この名前は文書型宣言に書けません。";

@@ -131,8 +131,6 @@ void Finder::addModels() {
                         .location = model.href};
         if (model.href.isEmpty())
             link.problem = texts::NoLocation.toString();
-        else if (isCompactSyntax(model))
-            link.problem = texts::CompactSyntax.toString().arg(model.href);
         else if (link.kind == SchemaKind::Unknown && !model.schemaTypeNamespace.isEmpty())
             link.problem =
                 texts::UnknownLanguage.toString().arg(model.href, model.schemaTypeNamespace);

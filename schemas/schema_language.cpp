@@ -39,9 +39,9 @@ SchemaKind ofStart(const QByteArray &start) {
 SchemaKind ofName(const QString &path) {
     const QString suffix = QFileInfo(path).suffix().toLower();
     const std::pair<const char *, SchemaKind> known[] = {
-        {"dtd", SchemaKind::Dtd},        {"mod", SchemaKind::Dtd}, {"ent", SchemaKind::Dtd},
-        {"xsd", SchemaKind::Xsd},        {"xdr", SchemaKind::Xdr}, {"rng", SchemaKind::RelaxNg},
-        {"sch", SchemaKind::Schematron},
+        {"dtd", SchemaKind::Dtd},        {"mod", SchemaKind::Dtd},     {"ent", SchemaKind::Dtd},
+        {"xsd", SchemaKind::Xsd},        {"xdr", SchemaKind::Xdr},     {"rng", SchemaKind::RelaxNg},
+        {"sch", SchemaKind::Schematron}, {"rnc", SchemaKind::RelaxNg},
     };
     for (const auto &[name, kind] : known) {
         if (suffix == QLatin1String(name))
@@ -78,13 +78,10 @@ QString targetNamespaceOf(const QString &path) {
 SchemaKind languageOf(const ModelInstruction &model) {
     if (const SchemaKind kind = ofNamespace(model.schemaTypeNamespace); kind != SchemaKind::Unknown)
         return kind;
+    if (model.type == QLatin1String("application/relax-ng-compact-syntax"))
+        return SchemaKind::RelaxNg;
     return model.type == QLatin1String("application/xml-dtd") ? SchemaKind::Dtd
                                                               : SchemaKind::Unknown;
-}
-
-bool isCompactSyntax(const ModelInstruction &model) {
-    return model.type == QLatin1String("application/relax-ng-compact-syntax") ||
-           model.href.endsWith(QLatin1String(".rnc"), Qt::CaseInsensitive);
 }
 
 } // namespace quillon::schemas

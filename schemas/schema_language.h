@@ -15,7 +15,5 @@ QString targetNamespaceOf(const QString &path);
 /// What an instruction says of the language; Unknown when it leaves that to the file, or names one
 /// that is not known.
 SchemaKind languageOf(const ModelInstruction &model);
-/// Whether it leads to a RELAX NG schema in the syntax that is no XML.
-bool isCompactSyntax(const ModelInstruction &model);
 
 } // namespace quillon::schemas

@@ -31,8 +31,8 @@ bool isAddress(const QString &location) {
 
 bool isCalledLikeASchema(const QString &path) {
     static const QStringList suffixes{QStringLiteral("xsd"), QStringLiteral("dtd"),
-                                      QStringLiteral("rng"), QStringLiteral("sch"),
-                                      QStringLiteral("xdr")};
+                                      QStringLiteral("rng"), QStringLiteral("rnc"),
+                                      QStringLiteral("sch"), QStringLiteral("xdr")};
     return suffixes.contains(QFileInfo(path).suffix().toLower());
 }
 

@@ -91,7 +91,7 @@ TEST_F(SchemaFinderTest, SaysWhichSchemaIsInForceOrWhyNot) {
          "above.xsd（xsi:noNamespaceSchemaLocation） 使用中"},
         {"<r" + Instance + "xsi:noNamespaceSchemaLocation='../secret.txt'/>",
          "secret.txt（xsi:noNamespaceSchemaLocation） '../secret.txt' "
-         "は文書のフォルダーの外にあり、スキーマの拡張子 (.xsd、.dtd、.rng、.sch、.xdr) "
+         "は文書のフォルダーの外にあり、スキーマの拡張子 (.xsd、.dtd、.rng、.rnc、.sch、.xdr) "
          "を持たないため、読み込みません。"},
         {"<r" + Instance + "xsi:noNamespaceSchemaLocation='%E5%90%8D%E5%89%8D%201.xsd'/>",
          "名前 1.xsd（xsi:noNamespaceSchemaLocation） 使用中"},
@@ -119,8 +119,7 @@ TEST_F(SchemaFinderTest, SaysWhichSchemaIsInForceOrWhyNot) {
          "<?xml-model href='a.rnc'?><?xml-model type='x'?>"
          "<?xml-model href='n.nvdl' schematypens='urn:nvdl'?><r/>",
          "order.rng（xml-model） 使用中\norder.sch（xml-model） 使用中\n"
-         "a.rnc（xml-model） 'a.rnc' は RELAX NG の簡潔構文です。XML "
-         "構文のスキーマだけを使用できます。\n"
+         "a.rnc（xml-model） ファイル 'a.rnc' が見つかりません。\n"
          "（xml-model） xml-model 命令に href がありません。\n"
          "n.nvdl（xml-model） 'n.nvdl' のスキーマ言語 'urn:nvdl' には対応していません。"},
         {"<r xmlns='x-schema:order.xdr'/>", "order.xdr（x-schema:） 使用中"},

@@ -173,11 +173,11 @@ TEST_F(RelaxNg, TheCompactSyntaxMeansTheSame) {
     // Faults are told with their lines, those of the schema's meaning, too.
     const std::string cannot = "スキーマ 's.rng' を読み込めません。\n";
     for (const auto &[text, reason] : std::vector<std::pair<std::string, std::string>>{
-             {"start =\n element r { text", "2 行目: RELAX NG 簡略構文の誤りです。"
+             {"start =\n element r { text", "2 行目: RELAX NG 短縮構文の誤りです。"
                                             "'' をここに置くことはできません。"},
-             {"start = a, b |\nc", "1 行目: RELAX NG 簡略構文の誤りです。"
+             {"start = a, b |\nc", "1 行目: RELAX NG 短縮構文の誤りです。"
                                    "'|' をここに置くことはできません。"},
-             {"start = element r { \"x }", "1 行目: RELAX NG 簡略構文の誤りです。"
+             {"start = element r { \"x }", "1 行目: RELAX NG 短縮構文の誤りです。"
                                            "'\"' をここに置くことはできません。"},
              {"start = element r {\n none }",
               "2 行目: ref 'none': 参照先の定義がスキーマにありません。"}}) {
