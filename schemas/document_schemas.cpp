@@ -3,11 +3,13 @@
 #include "platform/ui/error_boundary.h"
 #include "platform/xml/schema/grammar/grammar_bytes.h"
 #include "resources/schema_link_texts.h"
+#include "schemas/schema_locator.h"
 #include "schemas/schema_words.h"
 
 #include <QFileInfo>
 
 #include <algorithm>
+#include <memory>
 
 namespace quillon::schemas {
 
@@ -164,6 +166,17 @@ bool DocumentSchemas::isKnown(const QString &key) const {
     return known != known_.constEnd() && known->missing.isEmpty() &&
            std::ranges::all_of(known->files,
                                [](const FileStamp &file) { return stampOf(file.path) == file; });
+}
+
+std::function<QString(const QString &)> DocumentSchemas::localCopies() const {
+    struct Sources {
+        FetchedSchemas fetched;
+        Catalogs catalogs;
+        SchemaLocator locator{{}, fetched, catalogs};
+    };
+    const auto sources =
+        std::make_shared<Sources>(FetchedSchemas(fetchedFolder_), Catalogs(settings_.catalogs()));
+    return [sources](const QString &name) { return sources->locator.copyOf(name); };
 }
 
 QString DocumentSchemas::wordsInstead() const {

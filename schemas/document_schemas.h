@@ -10,6 +10,7 @@
 #include <QObject>
 #include <QTimer>
 
+#include <functional>
 #include <optional>
 
 namespace quillon::schemas {
@@ -30,6 +31,9 @@ public:
     const std::vector<SchemaLink> &links() const { return found_.links; }
     /// What the schemas in force want and what was not there, as they name it.
     const QStringList &missing() const { return found_.missing; }
+    /// Gives the local copies of parts of schemas, by catalogs and what was fetched; empty for what
+    /// they do not know. To be called in a child process only.
+    std::function<QString(const QString &name)> localCopies() const;
     /// While it is so, what is said of schemas may change without the user's doing anything.
     bool isFinding() const { return timer_.isActive() || child_.isRunning(); }
     /// Why nothing could be found out; empty when it could.

@@ -89,7 +89,7 @@ void SchemaCommands::fetch(const QString &address) {
         fail(texts::BadStatus.toString().arg(secure).arg(response.status));
     if (response.body.size() >= system::LongestAnswer)
         fail(texts::TooLarge.toString().arg(secure));
-    if (!isSchema(response.body))
+    if (!isSchema(response.body, secure))
         fail(texts::NoSchemaThere.toString().arg(secure));
     fetched_.keep(secure, response.body);
     schemas_.findAgain();

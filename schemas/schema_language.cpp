@@ -13,6 +13,8 @@ namespace {
 /// Enough for comments ahead of the root element.
 constexpr qint64 LongestStart = 256 << 10;
 
+const QString CompactSuffix = QStringLiteral(".rnc");
+
 SchemaKind ofNamespace(QStringView space) {
     const std::pair<const char *, SchemaKind> known[] = {
         {"http://www.w3.org/2001/XMLSchema", SchemaKind::Xsd},
@@ -57,12 +59,17 @@ SchemaKind languageOf(const QString &path) {
     if (path.isEmpty() || !file.open(QIODevice::ReadOnly))
         return ofName(path);
     const SchemaKind kind = ofStart(file.read(LongestStart));
-    return kind == SchemaKind::Unknown ? ofName(path) : kind;
+    const SchemaKind named = ofName(path);
+    // What is no XML may speak of declarations in a comment.
+    const bool isVague = kind == SchemaKind::Unknown || kind == SchemaKind::Dtd;
+    return isVague && named != SchemaKind::Unknown ? named : kind;
 }
 
-bool isSchema(const QByteArray &content) {
-    return ofStart(content.first(std::min<qsizetype>(content.size(), LongestStart))) !=
-           SchemaKind::Unknown;
+bool isSchema(const QByteArray &content, const QString &address) {
+    const SchemaKind kind =
+        ofStart(content.first(std::min<qsizetype>(content.size(), LongestStart)));
+    return kind != SchemaKind::Unknown ||
+           (address.endsWith(CompactSuffix) && !content.trimmed().startsWith('<'));
 }
 
 QString targetNamespaceOf(const QString &path) {

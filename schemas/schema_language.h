@@ -7,8 +7,9 @@ namespace quillon::schemas {
 
 /// The language of a schema, going by what its file starts with, else by its name.
 SchemaKind languageOf(const QString &path);
-/// Whether the content of a file may be a schema, going by what it starts with.
-bool isSchema(const QByteArray &content);
+/// Whether what stands at an address may be a schema, going by what it starts with; one that is no
+/// XML also by its name.
+bool isSchema(const QByteArray &content, const QString &address);
 /// The target namespace of an XML Schema; empty for none and for any other file.
 QString targetNamespaceOf(const QString &path);
 

@@ -30,17 +30,18 @@ class SchemaFinderTest : public testing::Test {
 protected:
     SchemaFinderTest() {
         QDir(files.path("")).mkpath("docs/sub");
-        for (const auto &[name, text] :
-             std::vector<std::pair<QString, std::string>>{{"docs/order.xsd", Xsd},
-                                                          {"docs/n.xsd", XsdOfN},
-                                                          {"docs/order.dtd", Dtd},
-                                                          {"docs/sub/order.rng", Rng},
-                                                          {"docs/order.sch", Sch},
-                                                          {"docs/order.xdr", Xdr},
-                                                          {"docs/broken.xsd", "<xs:schema"},
-                                                          {"docs/名前 1.xsd", Xsd},
-                                                          {"above.xsd", Xsd},
-                                                          {"secret.txt", Xsd}})
+        for (const auto &[name, text] : std::vector<std::pair<QString, std::string>>{
+                 {"docs/order.xsd", Xsd},
+                 {"docs/n.xsd", XsdOfN},
+                 {"docs/order.dtd", Dtd},
+                 {"docs/sub/order.rng", Rng},
+                 {"docs/order.sch", Sch},
+                 {"docs/order.rnc", "# <!ELEMENT\nelement r { text }"},
+                 {"docs/order.xdr", Xdr},
+                 {"docs/broken.xsd", "<xs:schema"},
+                 {"docs/名前 1.xsd", Xsd},
+                 {"above.xsd", Xsd},
+                 {"secret.txt", Xsd}})
             files.write(name, text);
     }
 
@@ -116,10 +117,10 @@ TEST_F(SchemaFinderTest, SaysWhichSchemaIsInForceOrWhyNot) {
         {"<?xml-model href='sub/order.rng' "
          "schematypens='http://relaxng.org/ns/structure/1.0'?>"
          "<?xml-model href=\"order.sch\" type=\"application/xml\"?>"
-         "<?xml-model href='a.rnc'?><?xml-model type='x'?>"
+         "<?xml-model href='order.rnc'?><?xml-model type='x'?>"
          "<?xml-model href='n.nvdl' schematypens='urn:nvdl'?><r/>",
          "order.rng（xml-model） 使用中\norder.sch（xml-model） 使用中\n"
-         "a.rnc（xml-model） ファイル 'a.rnc' が見つかりません。\n"
+         "order.rnc（xml-model） 使用中\n"
          "（xml-model） xml-model 命令に href がありません。\n"
          "n.nvdl（xml-model） 'n.nvdl' のスキーマ言語 'urn:nvdl' には対応していません。"},
         {"<r xmlns='x-schema:order.xdr'/>", "order.xdr（x-schema:） 使用中"},
