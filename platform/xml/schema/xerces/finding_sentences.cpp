@@ -235,21 +235,20 @@ SchemaError FindingSentences::invalidValue(const Finding &finding, const Node &e
         attribute ? declarations_.typeOfAttribute(declared, element, attribute.nodeName())
                   : declarations_.typeOfText(declared);
     const QString detail = facetDetail(finding.report, grammar, type);
+    const bool isOfBuiltIn = detail.isEmpty() && type && type->variety == grammar::Variety::Atomic;
+    const QString builtIn =
+        isOfBuiltIn ? QStringLiteral("xs:%1").arg(grammar->text(type->builtIn)) : QString();
     if (attribute) {
         error.errorCode = schema_error::InvalidAttribute;
         error.attribute = attribute.nodeName();
         error.reason = texts::InvalidAttributeValue.toString().arg(
                            name, error.attribute, shortened(attribute.nodeValue())) +
-                       detail;
+                       (isOfBuiltIn ? texts::ExpectedType.toString().arg(builtIn) : detail);
         return error;
     }
     const QString value = shortened(element.text());
-    const bool isBuiltIn = detail.isEmpty() && type && type->variety == grammar::Variety::Atomic;
-    const QString builtIn = isBuiltIn ? grammar->text(type->builtIn).toString() : QString();
-    error.reason =
-        builtIn.isEmpty()
-            ? texts::InvalidElementValue.toString().arg(name, value) + detail
-            : texts::InvalidDatatype.toString().arg(value, QStringLiteral("xs:") + builtIn, name);
+    error.reason = isOfBuiltIn ? texts::InvalidDatatype.toString().arg(value, builtIn, name)
+                               : texts::InvalidElementValue.toString().arg(name, value) + detail;
     return error;
 }
 
