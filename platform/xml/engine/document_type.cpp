@@ -19,6 +19,23 @@ void addIdentifier(void *declaration, void *names, const xmlChar *) {
     static_cast<IdentifierNames *>(names)->emplace(bytes(attribute->elem), std::move(name));
 }
 
+/// While it lives, libxml2 reads nothing but what it is given: left to itself it would open files
+/// wherever an entity says that it stands.
+class NothingExternal {
+public:
+    NothingExternal() : before_(xmlGetExternalEntityLoader()) {
+        xmlSetExternalEntityLoader([](const char *, const char *, xmlParserCtxt *) {
+            return static_cast<xmlParserInput *>(nullptr);
+        });
+    }
+    ~NothingExternal() { xmlSetExternalEntityLoader(before_); }
+    NothingExternal(const NothingExternal &) = delete;
+    NothingExternal &operator=(const NothingExternal &) = delete;
+
+private:
+    xmlExternalEntityLoader before_;
+};
+
 } // namespace
 
 QByteArray documentTypeOf(const DOMDocument40 &document) {
@@ -30,6 +47,7 @@ QByteArray documentTypeOf(const DOMDocument40 &document) {
 }
 
 XmlDocument parseWithSubset(const QByteArray &documentType, const QByteArray &content) {
+    const NothingExternal nothingExternal;
     const QByteArray text = documentType + content;
     return XmlDocument(xmlReadMemory(text.constData(), int(text.size()), nullptr, "UTF-8",
                                      XML_PARSE_NOENT | XML_PARSE_NOCDATA | XML_PARSE_NONET |

@@ -7,6 +7,8 @@
 #include "resources/child_process_texts.h"
 #include "tests/platform/xml/xml_test_support.h"
 
+#include <sys/inotify.h>
+
 namespace quillon::xml {
 
 namespace {
@@ -42,6 +44,25 @@ std::string element(const std::string &type) {
 std::string relaxNg(const std::string &body) {
     return "<grammar xmlns='http://relaxng.org/ns/structure/1.0'>" + body + "</grammar>";
 }
+
+/// Knows whether a file of a folder has been opened.
+class FolderWatch {
+public:
+    explicit FolderWatch(const QString &folder) {
+        EXPECT_GE(::inotify_add_watch(events_, folder.toUtf8().constData(), IN_OPEN), 0);
+    }
+    ~FolderWatch() { ::close(events_); }
+    FolderWatch(const FolderWatch &) = delete;
+    FolderWatch &operator=(const FolderWatch &) = delete;
+
+    bool sawOpening() const {
+        alignas(inotify_event) char buffer[4096];
+        return ::read(events_, buffer, sizeof buffer) > 0;
+    }
+
+private:
+    int events_ = ::inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
+};
 
 class HostileSchemas : public testing::Test {
 protected:
@@ -126,6 +147,7 @@ TEST_F(HostileSchemas, ReadNothingThatIsNotTheirs) {
                                 Secret + "</report></rule></pattern>")
             .toStdString();
     ASSERT_TRUE(QFile::link(elsewhere.path("s.xsd"), files.path("link.xsd")));
+    const FolderWatch watch(elsewhere.path(QString()));
     for (const std::string &address :
          {secretXsd, "file://" + secretXsd, "../../../../../../../.." + secretXsd,
           std::string("link.xsd"), listener.url("s.xsd")}) {
@@ -154,14 +176,17 @@ TEST_F(HostileSchemas, ReadNothingThatIsNotTheirs) {
                         "<!DOCTYPE xs:schema [<!ENTITY e SYSTEM '" + address + "'>]>" +
                             xsd("<xs:element name='r'><xs:annotation><xs:documentation>&e;"
                                 "</xs:documentation></xs:annotation></xs:element>")});
+    EXPECT_FALSE(watch.sawOpening());
 }
 
 /// What the test above looks for is seen where it may be read.
 TEST_F(HostileSchemas, ReadWhatStandsBesideThem) {
     files.write("beside.xsd", xsd(std::string("<xs:element name='") + Secret + "'/>"));
+    const FolderWatch watch(files.path(QString()));
     const grammar::Grammar grammar = grammar::loadGrammar(
         {.path = files.write("r.xsd", xsd("<xs:include schemaLocation='beside.xsd'/>"))});
     EXPECT_NE(grammar.symbol(u"", QString::fromLatin1(Secret)).local, grammar::None);
+    EXPECT_TRUE(watch.sawOpening());
 }
 
 TEST_F(HostileSchemas, ExplodeNowhere) {
