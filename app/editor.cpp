@@ -41,6 +41,8 @@ Editor::Editor(Environment given, ui::TextBox &txtEdit, ui::PathBox &cboPath, ui
       findAndReplace(state, builder, selection, tree, replacing, hits, longWork),
       candidateFinder(state),
       candidateInsertion(state, candidateFinder, builder, removal, selection, tree, pane),
+      completion(state, candidateFinder, builder.registry(), tree, pane),
+      explanation(candidateFinder, builder.registry(), tree),
       preview(state, builder, selection, tree, ie, workingFolder, longWork,
               [this] {
                   return preview::PreviewFont{settings.fontName, settings.fontSize};
@@ -76,6 +78,7 @@ void Editor::wireStatusBar() {
     connect(&pathQuery, &search::PathQuery::statusText, this, &Editor::statusText);
     connect(&pathCopy, &search::PathCopy::statusText, this, &Editor::statusText);
     connect(&hitNavigation, &search::HitNavigation::statusText, this, &Editor::statusText);
+    connect(&completion, &completion::Completion::statusText, this, &Editor::statusText);
     connect(&hitExport, &search::HitExport::statusText, this, &Editor::statusText);
     connect(&preview, &preview::Preview::statusText, this, &Editor::statusText);
     connect(&validation, &validation::Validation::statusText, this, &Editor::statusText);

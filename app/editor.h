@@ -2,6 +2,8 @@
 
 #include "candidates/candidate_finder.h"
 #include "candidates/candidate_insertion.h"
+#include "completion/completion.h"
+#include "completion/node_explanation.h"
 #include "document/document_commands.h"
 #include "document/document_loader.h"
 #include "edit/child_sorting.h"
@@ -105,6 +107,8 @@ public:
 
     candidates::CandidateFinder candidateFinder;
     candidates::CandidateInsertion candidateInsertion;
+    completion::Completion completion;
+    completion::NodeExplanation explanation;
 
     preview::Preview preview;
     validation::Validation validation;

@@ -2,8 +2,8 @@
 
 #include "candidates/grammar_entries.h"
 #include "completion/insertion.h"
+#include "completion/node_explanation.h"
 #include "platform/runtime/strings.h"
-#include "platform/xml/dom/qualified_name.h"
 #include "resources/completion_texts.h"
 
 #include <algorithm>
@@ -241,12 +241,15 @@ ValueType Completion::typeOfAttribute(const Node &element, const QString &name) 
     const grammar::Grammar *const known = grammar();
     if (!known)
         return {.name = name};
-    const QString prefix = xml::prefixOf(name);
-    const QString space = prefix.isEmpty() ? QString() : xml::namespaceAt(element, prefix);
-    const grammar::Symbol symbol = known->data().language == grammar::Language::Dtd
-                                       ? known->symbol({}, name)
-                                       : known->symbol(space, xml::localNameOf(name));
-    return valueTypeOf(*known, finder_.known(element).type, symbol, name);
+    ValueType found{.name = name};
+    const grammar::Attribute *const declared =
+        declaredAttribute(*known, finder_.known(element).type, element, name);
+    if (declared) {
+        found.type = declared->type;
+        found.rule = declared->valueRule;
+        found.value = declared->value;
+    }
+    return found;
 }
 
 ValueType Completion::typeOfText(const Node &element) const {
@@ -378,11 +381,38 @@ std::optional<Insertion> Completion::insertValue(QByteArrayView text, qsizetype 
     return Insertion{word.start, word.end, bytes, bytes.size()};
 }
 
-ValueEditor Completion::valueEditor() const {
+QString Completion::explanationAt(QByteArrayView text, qsizetype at) {
+    const NodeType kind = shown().node.nodeType();
+    if (!grammar() || (kind != NodeType::Element && kind != NodeType::Document))
+        return {};
+    TextContext context = contexts_.at(text, at);
+    const bool isAttribute = context.place == Place::AttributeName && !context.word.isEmpty();
+    if (context.place != Place::ElementName && context.place != Place::EndTag && !isAttribute)
+        return {};
+    const bool isEnd = context.place == Place::EndTag;
+    if (context.place == Place::ElementName)
+        context.place = Place::AttributeName;
+    const auto place = placeDocument(shown().element, text, context);
+    if (!place)
+        return {};
+    const Node element = isEnd ? place->parent : place->element;
+    const grammar::KnownElement known = finder_.known(element);
+    if (!isAttribute)
+        return explanationOf(*grammar(), {known.element});
+    const QString name = QString::fromUtf8(context.word.in(text));
+    return explanationOf(*grammar(),
+                         {None, declaredAttribute(*grammar(), known.type, element, name)});
+}
+
+bool Completion::hasValues() const {
     const Shown at = shown();
     if (at.node.nodeType() != NodeType::Attribute && !isText(at.node))
-        return ValueEditor::None;
-    return editorFor(grammar(), typeOfShown(at), at.node.text().trimmed());
+        return false;
+    const ValueType type = typeOfShown(at);
+    const grammar::Grammar *const known = grammar();
+    return editorFor(known, type, at.node.text().trimmed()) != ValueEditor::None ||
+           !knownValues(type.name).empty() ||
+           (known && (refersToId(*known, type) || !knownValues(*known, type).empty()));
 }
 
 } // namespace quillon::completion

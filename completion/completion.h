@@ -27,9 +27,12 @@ public:
     /// for texts. What is inserted is all of the caption.
     ui::Proposer captionProposer(const items::TreeItem &item);
 
-    /// What helps to enter the value of the selected node; None where it has none or there is no
-    /// such help.
-    ui::ValueEditor valueEditor() const;
+    /// What the schema says of the name at a place of the pane's text; empty for nothing.
+    QString explanationAt(QByteArrayView text, qsizetype at);
+
+    /// Whether there are values to be proposed, or an editor for them, for the node in the pane: an
+    /// attribute or a text.
+    bool hasValues() const;
 
 Q_SIGNALS:
     void statusText(const QString &text);

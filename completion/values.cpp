@@ -1,8 +1,6 @@
 #include "completion/values.h"
 
 #include "platform/ui/dialogs.h"
-#include "platform/xml/dom/qualified_name.h"
-#include "platform/xml/schema/grammar/attribute_choices.h"
 #include "resources/completion_texts.h"
 
 #include <QHash>
@@ -16,7 +14,6 @@ using grammar::Grammar;
 using grammar::Index;
 using grammar::None;
 using grammar::SimpleType;
-using grammar::Symbol;
 using grammar::ValueRule;
 using grammar::Variety;
 using ui::Proposal;
@@ -111,26 +108,6 @@ const QRegularExpression &dateAndTime() {
 }
 
 } // namespace
-
-ValueType valueTypeOf(const Grammar &grammar, Index type, const Symbol &attribute,
-                      const QString &name) {
-    ValueType found{.name = name};
-    const grammar::Attribute *declared = grammar.globalAttribute(attribute);
-    if (type != None) {
-        for (const auto &choice : attributeChoices(grammar, type, {attribute}).attributes) {
-            if (choice.present >= 0) {
-                declared = choice.attribute;
-                break;
-            }
-        }
-    }
-    if (declared) {
-        found.type = declared->type;
-        found.rule = declared->valueRule;
-        found.value = declared->value;
-    }
-    return found;
-}
 
 bool isList(const Grammar &grammar, const ValueType &type) {
     return type.type != None && grammar.data().simpleTypes[type.type].variety == Variety::List;

@@ -19,10 +19,6 @@ struct ValueType {
     QString name;
 };
 
-/// What an attribute of an element of a type may hold; without a grammar for it the name alone.
-ValueType valueTypeOf(const grammar::Grammar &grammar, grammar::Index type,
-                      const grammar::Symbol &attribute, const QString &name);
-
 /// A value is several of a type, with blanks between them.
 bool isList(const grammar::Grammar &grammar, const ValueType &type);
 

@@ -49,6 +49,8 @@ inline constexpr QStringView ViewInsertCandidate = u"候補から挿入(&I)";
 inline constexpr QStringView ViewNextPart = u"次の領域へ移動(&M)";
 inline constexpr QStringView ViewPreviousPart = u"前の領域へ移動(&O)";
 
+inline constexpr QStringView ViewPropose = u"入力中に候補を表示(&K)";
+
 inline constexpr QStringView NodeMenu = u"ノード(&N)";
 inline constexpr QStringView NodeMoveUp = u"上へ移動(&U)";
 inline constexpr QStringView NodeMoveDown = u"下へ移動(&D)";
@@ -68,6 +70,9 @@ inline constexpr QStringView NodeLower = u"一段下げる(&W)";
 inline constexpr QStringView NodeEnclose = u"要素で囲む(&G)...";
 inline constexpr QStringView NodeUnwrap = u"囲みを外す(&O)";
 inline constexpr QStringView NodeSort = u"並べ替え(&S)...";
+inline constexpr QStringView NodeChooseValue = u"値の候補(&V)...";
+inline constexpr QStringView NodeExplain = u"ノードの説明(&I)...";
+inline constexpr QStringView NodeDefinition = u"定義へ移動(&J)";
 /// In the context menu of the tree alone.
 inline constexpr QStringView CandidateChildren = u"子として追加(&1)";
 inline constexpr QStringView CandidatesAhead = u"前に挿入(&2)";

@@ -32,6 +32,22 @@ inline constexpr QStringView IdInDocument = u"この文書の ID";
 inline constexpr QStringView EndTag = u"終了タグ";
 inline constexpr QStringView NothingToPropose = u"ここで入力できる候補はありません。";
 
+// What a node is by the schema.
+/// %1: the kind of node, %2: its name.
+inline constexpr QStringView KindAndName = u"%1「%2」";
+/// %1: what it holds, in words.
+inline constexpr QStringView Holds = u"内容: %1";
+
+// Where a node is declared. %1: its caption, %2: a file.
+inline constexpr QStringView DeclaredAt = u"「%1」は、次の DTD で宣言されています。\n%2";
+inline constexpr QStringView DeclaredInProgram =
+    u"「%1」は、このプログラムに付属するスキーマ %2 で宣言されています。";
+inline constexpr QStringView DeclaredInDocument =
+    u"「%1」は、この文書の文書型宣言の中で宣言されています。";
+inline constexpr QStringView DeclaredSomewhere = u"「%1」の宣言の場所は分かりません。";
+/// %1: a line.
+inline constexpr QStringView AtLine = u"\n%1 行目";
+
 /// The languages that are proposed, by their codes.
 inline constexpr std::pair<QStringView, QStringView> Languages[] = {
     {u"ja", u"日本語"},

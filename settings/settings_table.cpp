@@ -20,6 +20,7 @@ constexpr SettingRow Rows[] = {
     {u"Panel", u"Height", &Values::panelHeight, u"2700", 0},
     {u"Candidates", u"Shown", &Values::candidatesShown, u"0"},
     {u"Candidates", u"Width", &Values::candidatesWidth, u"4500", 0},
+    {u"Pane", u"ProposeUnasked", &Values::proposesUnasked, u"-1"},
 };
 
 QString keyOf(const SettingList &list, qsizetype position) {

@@ -38,6 +38,8 @@ struct Values {
     /// The panel with what may be inserted: whether it is shown, and its width in twips.
     bool candidatesShown = false;
     qint16 candidatesWidth = 0;
+    /// What can be typed into the pane is proposed without being asked for.
+    bool proposesUnasked = false;
     /// At most as many as EditorNames holds, in order.
     std::vector<ExternalEditor> editors;
 };

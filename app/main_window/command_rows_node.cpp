@@ -46,6 +46,14 @@ void change(frmMain &form) {
     (form.editor().structure.*Handler)();
 }
 
+bool isDeclared(const Editor &editor) {
+    return editor.explanation.isDeclared();
+}
+
+bool hasValues(const Editor &editor) {
+    return isWritable(editor) && editor.completion.hasValues();
+}
+
 constexpr CommandRow Rows[] = {
     menu(nodeMenu, text::NodeMenu),
     {.entry = {u"mnuNodeMoveUp", nodeMenu, text::NodeMoveUp},
@@ -128,6 +136,16 @@ constexpr CommandRow Rows[] = {
      .enabled = inStructure<&StructureStates::sort>,
      .paneText = PaneText::IsAskedAbout,
      .run = [](frmMain &form) { form.mnuNodeSort_Click(); }},
+    line(u"mnuNodeLineSchema", nodeMenu),
+    {.entry = {u"mnuNodeChooseValue", nodeMenu, text::NodeChooseValue},
+     .enabled = hasValues,
+     .run = [](frmMain &form) { form.mnuNodeChooseValue_Click(); }},
+    {.entry = {u"mnuNodeExplain", nodeMenu, text::NodeExplain, u"Ctrl+F1"},
+     .enabled = isDeclared,
+     .run = [](frmMain &form) { form.editor().explanation.mnuNodeExplain_Click(); }},
+    {.entry = {u"mnuNodeDefinition", nodeMenu, text::NodeDefinition, u"Ctrl+F12"},
+     .enabled = isDeclared,
+     .run = [](frmMain &form) { form.editor().explanation.mnuNodeDefinition_Click(); }},
 };
 
 constexpr CommandRow ContextRows[] = {

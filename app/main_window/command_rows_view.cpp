@@ -66,6 +66,12 @@ constexpr CommandRow Rows[] = {
          }},
     {.entry = {u"mnuViewInsertCandidate", viewMenu, text::ViewInsertCandidate, u"F9"},
      .run = [](frmMain &form) { form.candidates().open(); }},
+    {.entry = {.name = u"mnuViewPropose",
+               .menu = viewMenu,
+               .caption = text::ViewPropose,
+               .checkable = true,
+               .checked = true},
+     .run = [](frmMain &form) { form.mnuViewPropose_Click(isChecked(form, u"mnuViewPropose")); }},
 };
 
 } // namespace

@@ -60,6 +60,11 @@ public:
     void mnuWindowTileH_Click();
     void mnuViewPanel_Click(bool show);
     void mnuViewCandidates_Click(bool show);
+    void mnuViewPropose_Click(bool propose);
+    /// Lists the values that the selected node may have, in the pane.
+    void mnuNodeChooseValue_Click();
+    /// Selects the node that begins on a line of the file, or last ahead of it.
+    void showLine(quint32 line);
     /// Gives the keyboard to the next part of the window, or with -1 to the one before: tree, pane,
     /// preview, candidates, panel, path box, and round again. Parts that are not to be seen are
     /// left out.
@@ -96,6 +101,7 @@ private:
     void connectCandidates();
     /// Fills a menu with what may be inserted at the selected node.
     void showCandidates(QStringView entries, CandidatePanel::Way way);
+    void connectProposals();
     /// Runs a command unless the user keeps text in the pane that it would take away.
     void runCommand(const CommandRow &row);
     /// Sets the buttons that go by some news, of `button_news`.

@@ -96,6 +96,7 @@ void frmMain::connectWindow() {
     connect(schemaButton_, &QPushButton::clicked, this, &frmMain::mnuToolSchemas_Click);
     connectPanel();
     connectCandidates();
+    connectProposals();
 }
 
 void frmMain::connectPanel() {

@@ -54,6 +54,8 @@ void frmMain::Form_Initialize() {
     panel_->setVisible(settings.panelShown);
     candidates_->setUsualWidth(settings.candidatesWidth / TwipsPerPixel);
     candidates_->setVisible(settings.candidatesShown);
+    txtEdit->setProposesUnasked(settings.proposesUnasked);
+    actions_.action(u"mnuViewPropose")->setChecked(settings.proposesUnasked);
     ignoringErrors([&] { takeFont(settings.fontName, settings.fontSize); });
     showExternalEditors();
     ignoringErrors([this] { editor_->workingFolder.create(); });
@@ -72,6 +74,7 @@ void frmMain::endSession() {
 
 void frmMain::leave() {
     editor_->settings.maximized = isMaximized();
+    editor_->settings.proposesUnasked = txtEdit->proposesUnasked();
     editor_->settings.panelShown = !panel_->isHidden();
     const auto twips = [](int pixels) {
         return qint16(std::min(pixels * TwipsPerPixel, int{std::numeric_limits<qint16>::max()}));

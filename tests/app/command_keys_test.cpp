@@ -55,7 +55,7 @@ TEST_F(CommandKeys, AnswerToTheirKeysAndToNoOther) {
             tvw().setFocus();
         }
     }
-    EXPECT_EQ(keys.size(), 34u);
+    EXPECT_EQ(keys.size(), 36u);
     for (const Qt::KeyboardModifier modifier : {Qt::NoModifier, Qt::ShiftModifier})
         QTest::keyClick(&tvw(), Qt::Key_Delete, modifier);
     EXPECT_EQ(ran, "mnuEditDelete mnuEditDelete ");
@@ -94,6 +94,8 @@ TEST_F(CommandKeys, HaveTheKeysThatUsersKnow) {
         {"mnuNodeLower", "Alt+Right"},
         {"MoveUpByKey", "Alt+Up"},
         {"MoveDownByKey", "Alt+Down"},
+        {"mnuNodeExplain", "Ctrl+F1"},
+        {"mnuNodeDefinition", "Ctrl+F12"},
         {"mnuToolPreview", "F5"},
         {"mnuToolPreviewSel", "Ctrl+F5"},
         {"mnuToolVerify", "F7"},
@@ -127,8 +129,8 @@ TEST_F(CommandKeys, HaveTheirPlacesAndAccessKeys) {
     EXPECT_EQ(keysOf(form->menuBar()->actions()), "FEVNTWH.") << "the last one is hidden";
     EXPECT_EQ(menuKeys(u"mnuFile"), "NOR|SA|PT|M|CX");
     EXPECT_EQ(menuKeys(u"mnuEdit"), "URA|TCPD|R|FN|L|HQM");
-    EXPECT_EQ(menuKeys(u"mnuView"), "CE|T|F|PNB|MO|DI");
-    EXPECT_EQ(menuKeys(u"mnuNode"), "UD|EATCD|LXM.|D|BRWGOS");
+    EXPECT_EQ(menuKeys(u"mnuView"), "CE|T|F|PNB|MO|DIK");
+    EXPECT_EQ(menuKeys(u"mnuNode"), "UD|EATCD|LXM.|D|BRWGOS|VIJ");
     EXPECT_EQ(menuKeys(u"mnuTool"), "XPNHY|SV|SC|E|O|MBK");
     EXPECT_EQ(menuKeys(u"mnuWindow"), "H");
     EXPECT_EQ(menuKeys(u"mnuHelp"), "RA");

@@ -2,6 +2,7 @@
 #include "tests/support/editor_window.h"
 #include "tests/support/patience.h"
 #include "tests/support/private_bus.h"
+#include "view/controls/proposal_list.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -92,6 +93,14 @@ protected:
         editor().commands.DocumentModified();
     }
     QWidget &candidatePanel() { return *form->findChild<QWidget *>("candidatePanel"); }
+    /// A document of which its own DTD is known, with b selected.
+    void openDeclared() {
+        open("<!DOCTYPE r [<!ELEMENT r (b)><!ELEMENT b EMPTY>]><r><b/></r>");
+        editor().builder.ExpandSubtree(tree().nodes().Item(1));
+        select("b");
+        EXPECT_TRUE(QTest::qWaitFor(
+            [this] { return editor().candidateFinder.grammar().has_value(); }, Patience));
+    }
     QString selected() { return tree().SelectedItem().Text(); }
     bool hasPreview() { return !working().filter("preview.").isEmpty(); }
     void removePreview() {
@@ -169,6 +178,28 @@ std::vector<Commands::Case> Commands::documentCases() {
              });
          },
          makes("<r><c/><b/><a k=\"1\">t</a></r>")},
+        {u"mnuNodeChooseValue",
+         [this] {
+             open("<r k=\"2024-04-01\"/>");
+             editor().builder.ExpandSubtree(tree().nodes().Item(1));
+             select("k=\"2024-04-01\"");
+             editor().selection.ShowNode(tree().SelectedItem(), true);
+         },
+         [this] {
+             return txtEdit().proposalPopup() && txtEdit().proposalPopup()->shownCount() == 1;
+         }},
+        {u"mnuNodeExplain",
+         [=, this] {
+             openDeclared();
+             dialogs.answerMessage(Ok);
+         },
+         [this] { return dialogs.messages.back().text.startsWith(u"要素「b」"); }},
+        {u"mnuNodeDefinition",
+         [=, this] {
+             openDeclared();
+             dialogs.answerMessage(Ok);
+         },
+         [this] { return dialogs.messages.back().text.contains(u"文書型宣言"); }},
         {u"mnuNodeUnwrap",
          [=, this] {
              select("a");
@@ -281,6 +312,7 @@ std::vector<Commands::Case> Commands::viewCases() {
         {u"mnuViewCandidates", [] {}, [this] { return candidatePanel().isVisible(); }},
         {u"mnuViewInsertCandidate", [] {}, hasCandidates},
         {u"treeMenuCandidates", [] {}, hasCandidates},
+        {u"mnuViewPropose", [] {}, [this] { return !txtEdit().proposesUnasked(); }},
         {u"mnuViewNextPart", [] {}, [this] { return txtEdit().hasFocus(); }},
         {u"mnuViewPreviousPart", [] {},
          [this] { return cboPath().isAncestorOf(QApplication::focusWidget()); }},

@@ -38,7 +38,7 @@ public:
         calendar_->setGridVisible(true);
         calendar_->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
         calendar_->setVisible(hasDate);
-        calendar_->setMinimumWidth(fontMetrics().averageCharWidth() * 52);
+        calendar_->setMinimumWidth(fontMetrics().height() * 22);
         time_->setDisplayFormat(QStringLiteral("HH:mm:ss"));
         time_->setAccessibleName(texts::TimeName.toString());
         takePresent(present);

@@ -143,13 +143,18 @@ ProposalPopup::ProposalPopup(QWidget &owner)
       view_(new QListView(this)), description_(new QLabel(this)) {
     setAttribute(Qt::WA_ShowWithoutActivating);
     setFrameStyle(QFrame::Panel | QFrame::Plain);
-    setPalette(QApplication::palette());
+    QPalette colours = QApplication::palette();
+    colours.setColor(QPalette::WindowText, colours.color(QPalette::Mid));
+    colours.setColor(QPalette::Window, colours.color(QPalette::Base));
+    setPalette(colours);
     setFocusPolicy(Qt::NoFocus);
     view_->setModel(&model_);
     view_->setItemDelegate(new ProposalDelegate(view_));
     view_->setUniformItemSizes(true);
     view_->setFrameStyle(QFrame::NoFrame);
     view_->setFocusPolicy(Qt::NoFocus);
+    // As high as its rows need, or the description.
+    view_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
     view_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     view_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     view_->setAccessibleName(texts::ListName.toString());
@@ -161,8 +166,8 @@ ProposalPopup::ProposalPopup(QWidget &owner)
     description_->setMargin(Margin);
     description_->setFixedWidth(DescriptionWidth);
     description_->setAutoFillBackground(true);
-    description_->setBackgroundRole(QPalette::ToolTipBase);
-    description_->setForegroundRole(QPalette::ToolTipText);
+    description_->setBackgroundRole(QPalette::AlternateBase);
+    description_->setForegroundRole(QPalette::Text);
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(1, 1, 1, 1);
     row->setSpacing(0);
@@ -277,7 +282,8 @@ void ProposalPopup::describe(const QModelIndex &index) {
         const ui::Proposal &proposal = model_.at(index.row());
         if (!proposal.reason.isEmpty())
             lines.append(texts::DoesNotFit.toString().arg(proposal.reason));
-        if (!proposal.documentation.isEmpty())
+        // The list itself has the detail.
+        if (!proposal.documentation.isEmpty() && proposal.documentation != proposal.detail)
             lines.append(proposal.documentation);
     }
     if (!list_.origin.isEmpty())
@@ -295,8 +301,8 @@ void ProposalPopup::place() {
         width = std::max(width, view_->itemDelegate()->sizeHint(option, model_.index(row)).width() +
                                     2 * Margin);
     const int rowHeight = view_->itemDelegate()->sizeHint(option, model_.index(0)).height();
-    view_->setFixedSize(std::min(width, MostWidth),
-                        rowHeight * std::clamp(shownCount(), 4, MaxRows));
+    view_->setFixedWidth(std::min(width, MostWidth));
+    view_->setMinimumHeight(rowHeight * std::clamp(shownCount(), 1, MaxRows));
     layout()->activate();
     adjustSize();
     const QRect screen = owner_.screen()->availableGeometry();

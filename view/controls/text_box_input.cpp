@@ -98,10 +98,13 @@ bool TextBox::event(QEvent *event) {
     }
     if (event->type() == QEvent::KeyPress && takeKeyForProposals(*static_cast<QKeyEvent *>(event)))
         return true;
-    hasTyped_ = false;
+    const bool isInput = event->type() == QEvent::KeyPress || event->type() == QEvent::InputMethod;
+    // What is done with the text that a key has changed may well send other events here.
+    if (isInput)
+        hasTyped_ = false;
     bool handled = false;
     asOneChange([&] { handled = QsciScintillaBase::event(event); });
-    if (event->type() == QEvent::KeyPress || event->type() == QEvent::InputMethod)
+    if (isInput)
         followCaret();
     return handled;
 }

@@ -1,10 +1,10 @@
 #include "platform/ui/error_boundary.h"
 #include "view/controls/proposal_list.h"
 #include "view/controls/text_box.h"
+#include "view/controls/tool_tip.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>
-#include <QToolTip>
 
 namespace quillon::controls {
 
@@ -152,12 +152,7 @@ void TextBox::showDescription(const QHelpEvent &event) {
     QString text;
     if (describe && at >= 0)
         guarded([&] { text = describe(bytes(), at); });
-    if (text.isEmpty()) {
-        QToolTip::hideText();
-        return;
-    }
-    QToolTip::showText(event.globalPos(),
-                       text.toHtmlEscaped().replace(u'\n', QLatin1String("<br>")), viewport());
+    showPlainToolTip(event.globalPos(), text, *viewport());
 }
 
 } // namespace quillon::controls

@@ -1,7 +1,9 @@
 #include "view/controls/tree_delegate.h"
 
 #include "resources/node_texts.h"
+#include "view/controls/line_proposals.h"
 
+#include <QKeyEvent>
 #include <QLineEdit>
 
 #include <algorithm>
@@ -69,7 +71,20 @@ QWidget *TreeDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem 
     // typed since.
     editor->setText(initialText_(index));
     editor->selectAll();
+    if (ui::Proposer proposer = proposerFor ? proposerFor(index) : ui::Proposer())
+        new LineProposals(*editor, std::move(proposer));
     return editor;
+}
+
+bool TreeDelegate::eventFilter(QObject *editor, QEvent *event) {
+    if (event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride) {
+        auto *const proposals = editor->findChild<LineProposals *>();
+        if (proposals && proposals->takeKey(*static_cast<QKeyEvent *>(event))) {
+            event->accept();
+            return true;
+        }
+    }
+    return QStyledItemDelegate::eventFilter(editor, event);
 }
 
 void TreeDelegate::setEditorData(QWidget *, const QModelIndex &) const {}

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/items/tree_nodes.h"
+#include "platform/ui/proposals.h"
 
 #include <QIcon>
 #include <QStyledItemDelegate>
@@ -27,6 +28,9 @@ public:
     TreeDelegate(const items::Nodes &nodes, const QList<QIcon> &images, InitialText initialText,
                  Commit commit, QObject *parent);
 
+    /// Gives who knows what can be typed into an editor; none: nobody does.
+    std::function<ui::Proposer(const QModelIndex &)> proposerFor;
+
     QString displayText(const QVariant &value, const QLocale &locale) const override;
 
     QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option,
@@ -38,6 +42,8 @@ public:
                       const QModelIndex &index) const override;
 
 protected:
+    /// The list of what can be typed gets its keys before they end the editing.
+    bool eventFilter(QObject *editor, QEvent *event) override;
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
 
 private:

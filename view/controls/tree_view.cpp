@@ -1,10 +1,12 @@
 #include "view/controls/tree_view.h"
 
 #include "platform/ui/error_boundary.h"
+#include "view/controls/tool_tip.h"
 #include "view/controls/tree_accessible.h"
 #include "view/controls/tree_delegate.h"
 
 #include <QApplication>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QScrollBar>
 
@@ -19,7 +21,7 @@ TreeView::TreeView(items::Tree &tree, QWidget *parent)
     setUniformRowHeights(true);
     setSelectionMode(SingleSelection);
     setEditTriggers(EditKeyPressed | SelectedClicked);
-    setItemDelegate(new TreeDelegate(
+    auto *const captions = new TreeDelegate(
         nodes_, images_,
         [this](const QModelIndex &index) {
             const items::TreeItem item = nodes_.itemAt(index);
@@ -30,7 +32,11 @@ TreeView::TreeView(items::Tree &tree, QWidget *parent)
         [this](const QModelIndex &index, const QString &text) {
             enteredLabel_.emplace(nodes_.itemAt(index), text);
         },
-        this));
+        this);
+    captions->proposerFor = [this](const QModelIndex &index) {
+        return proposerFor ? proposerFor(nodes_.itemAt(index)) : ui::Proposer();
+    };
+    setItemDelegate(captions);
     setUpDragging();
     showTree();
 }
@@ -176,6 +182,21 @@ void TreeView::finishLabelEdit() {
 }
 
 // ---- Mouse and keyboard
+
+bool TreeView::viewportEvent(QEvent *event) {
+    if (event->type() == QEvent::ToolTip && describe) {
+        showDescription(*static_cast<QHelpEvent *>(event));
+        return true;
+    }
+    return QTreeView::viewportEvent(event);
+}
+
+void TreeView::showDescription(const QHelpEvent &event) {
+    QString text;
+    if (const items::TreeItem item = HitTest(event.pos()))
+        guarded([&] { text = describe(item); });
+    showPlainToolTip(event.globalPos(), text, *viewport());
+}
 
 void TreeView::mousePressEvent(QMouseEvent *event) {
     const QPoint position = event->position().toPoint();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/items/tree.h"
+#include "platform/ui/proposals.h"
 
 #include <QAccessible>
 #include <QBasicTimer>
@@ -8,7 +9,10 @@
 #include <QIcon>
 #include <QTreeView>
 
+#include <functional>
 #include <optional>
+
+class QHelpEvent;
 
 namespace quillon::controls {
 
@@ -29,6 +33,11 @@ public:
     /// The images that the items' numbers mean.
     const QList<QIcon> &imageList() const { return images_; }
     void setImageList(const QList<QIcon> &images) { images_ = images; }
+
+    /// Who knows what can be typed into the caption of an item. None: nothing is proposed.
+    std::function<ui::Proposer(const items::TreeItem &item)> proposerFor;
+    /// Says in plain text what is known of an item, for its tool-tip. None: there are no tool-tips.
+    std::function<QString(const items::TreeItem &item)> describe;
 
     /// The item in the row at a point of the viewport, or Nothing.
     items::TreeItem HitTest(const QPoint &position) const;
@@ -91,11 +100,13 @@ protected:
     int horizontalOffset() const override;
     int verticalOffset() const override;
     void paintEvent(QPaintEvent *event) override;
+    bool viewportEvent(QEvent *event) override;
 
 private:
     using Slot = items::TreeStore::Slot;
 
     void showTree();
+    void showDescription(const QHelpEvent &event);
     bool canExpand(Slot slot) const { return nodes_.store().firstChild(slot) != 0; }
     /// Tells assistive technology of a change at an item that is shown.
     void notifyAccessibility(QAccessible::Event type, const QModelIndex &index);
