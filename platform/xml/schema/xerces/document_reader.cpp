@@ -165,7 +165,7 @@ void DocumentReader::error(unsigned int code, const XMLCh *domain, ErrTypes type
         return;
     }
     if (report.is(ReportDomain::Error, XMLErrs::EntityExpansionLimitExceeded))
-        throw TooMuch{TooMuch::What::Expansion};
+        throw TooMuch();
     if (report.isFatal && !isUndefinedEntity(report)) {
         syntaxFault_ = report;
         throw Stop();
@@ -188,7 +188,7 @@ void DocumentReader::startElement(const xercesc::XMLElementDecl &declaration, un
                                   const xercesc::RefVectorOf<xercesc::XMLAttr> &attributes,
                                   XMLSize_t count, bool isEmpty, bool isRoot) {
     if (open_.size() > MaxDepth)
-        throw TooMuch{TooMuch::What::Depth};
+        throw TooMuch();
     keepUnnamed();
     OpenElement element{entityDepth_ == 0 ? count_++ : open_.empty() ? 0 : open_.back().position};
     if (declaration.getObjectType() == xercesc::XMLElementDecl::Schema) {
@@ -313,7 +313,7 @@ void DocumentReader::docCharacters(const XMLCh *, XMLSize_t length, bool) {
         return;
     expanded_ += length;
     if (expanded_ > expansionLimit_)
-        throw TooMuch{TooMuch::What::Expansion};
+        throw TooMuch();
 }
 
 void DocumentReader::startEntityReference(const xercesc::XMLEntityDecl &) {

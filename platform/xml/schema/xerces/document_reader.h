@@ -41,12 +41,9 @@ struct DanglingReference {
     QString identifier;
 };
 
-/// What is thrown when a document, or what its entities stand for, is more than Xerces manages in a
-/// sensible time.
-struct TooMuch {
-    enum class What : quint8 { Depth, Expansion, Schema };
-    What what;
-};
+/// What is thrown when a schema, a document or what its entities stand for is more than Xerces
+/// manages in a sensible time.
+struct TooMuch {};
 
 /// Reads a document with Xerces and collects what is wrong with it. Positions count the elements
 /// that stand in the document itself, not in entities.

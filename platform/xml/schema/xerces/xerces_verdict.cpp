@@ -252,7 +252,8 @@ struct SchemaFault {
         for (const QString &file : std::as_const(missing))
             lines.append(texts::MissingImportOfFault.toString().arg(file));
         lines.removeAll(QString());
-        const bool hasPlace = first && first->line > 0;
+        // Nobody knows of the schema that combines the others.
+        const bool hasPlace = first && first->line > 0 && fileNameOf(first->file) != CombinedName;
         raiseSchemaError(hasPlace ? fileNameOf(first->file) : name, hasPlace ? first->line : 0,
                          lines.join(u'\n'));
     }
@@ -318,7 +319,7 @@ std::vector<SchemaError> xercesVerdictByXsd(const DOMDocument40 &document, const
                                             const PartPlaces &places, bool followsHints) {
     Declarations declarations(grammarSource(schemas, places));
     if (declarations.hasLargeGroups())
-        throw TooMuch{TooMuch::What::Schema};
+        throw TooMuch();
     startXerces(MaxMemory);
     const SchemaParts parts(schemas.front().path, places.folders);
     PartResolver resolver(parts, schemas, places.catalog);

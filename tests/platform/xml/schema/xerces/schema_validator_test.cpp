@@ -66,6 +66,14 @@ TEST_F(SchemaValidator, SeveralSchemasJudgeTogether) {
                   {{"urn:b", b}})),
               "1:1 d");
     EXPECT_THROW(validateByXsds(document, {{"urn:a", a}}), runtime::Error);
+    try {
+        validateByXsds(document, {{"urn:other", b}});
+        ADD_FAILURE() << "the namespace is another one";
+    } catch (const runtime::Error &error) {
+        EXPECT_EQ(error.description().toStdString(),
+                  "スキーマ 'b.xsd' を読み込めません。\n"
+                  "取り込むファイルの対象の名前空間が一致しません。");
+    }
 }
 
 TEST_F(SchemaValidator, PlacesAreThoseOfTheTextThatWouldBeSaved) {
