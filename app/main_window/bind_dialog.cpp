@@ -22,7 +22,9 @@ using schemas::BindingForm;
 
 namespace {
 
-constexpr int Width = 640;
+constexpr int Width = 720;
+/// What is written with a path of usual length.
+constexpr int MarkupLines = 2;
 /// The preview of a form stands under its name.
 constexpr int Indent = 24;
 
@@ -132,7 +134,7 @@ void BindDialog::examine(const QString &path) {
     fitHeight();
 }
 
-/// Texts of several lines do not make the dialog higher by themselves.
+/// What comes later does not make the dialog higher by itself.
 void BindDialog::fitHeight() {
     layout()->activate();
     resize(width(), layout()->totalHeightForWidth(width()));
@@ -150,7 +152,9 @@ void BindDialog::showForms() {
         shown->setObjectName(QStringLiteral("form"));
         shown->setTextFormat(Qt::PlainText);
         shown->setWordWrap(true);
-        shown->setIndent(Indent);
+        shown->setContentsMargins(Indent, 0, 0, 0);
+        shown->setAlignment(Qt::AlignTop);
+        shown->setMinimumHeight(MarkupLines * shown->fontMetrics().lineSpacing());
         formColumn_->addWidget(button);
         formColumn_->addWidget(shown);
     }
