@@ -1,6 +1,6 @@
 #include "platform/runtime/error.h"
 #include "platform/runtime/paths.h"
-#include "platform/system/http_post.h"
+#include "platform/system/http_request.h"
 #include "tests/support/editor_window.h"
 #include "tests/support/patience.h"
 #include "tests/support/work_at_once.h"
