@@ -4,6 +4,7 @@
 #include "platform/xml/schema/grammar/document_names.h"
 #include "platform/xml/schema/grammar/grammar_bytes.h"
 #include "platform/xml/schema/grammar/load_grammar.h"
+#include "platform/xml/schema/grammar/relaxng_compact.h"
 #include "platform/xml/schema/grammar/value_check.h"
 
 using namespace quillon;
@@ -68,7 +69,16 @@ private:
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
     const TwoParts parts(bytesOf(data, size));
     static const ScratchFile schema;
-    schema.write(parts.first);
+    // What is no XML may be the one language that is none.
+    if (const QByteArray text = toQByteArray(parts.first); mayBeCompactRelaxNg(text)) {
+        QByteArray converted;
+        if (!succeeds([&] { converted = relaxNgFromCompact(text, QStringLiteral("input")); }))
+            return 0;
+        require(!mayBeCompactRelaxNg(converted), "the compact syntax becomes XML");
+        schema.write({converted.constData(), std::size_t(converted.size())});
+    } else {
+        schema.write(parts.first);
+    }
     std::optional<Data> read;
     succeeds([&] { read = readGrammar({.path = schema.path()}); });
     if (!read)
