@@ -16,6 +16,9 @@ using xml::NodeType;
 
 namespace {
 
+/// The children of so many elements are kept.
+constexpr std::size_t MostParents = 4;
+
 EntryList nothing(QStringView remark) {
     return {{}, remark.toString()};
 }
@@ -54,7 +57,7 @@ void CandidateFinder::setGrammar(const std::optional<grammar::Grammar> &grammar,
     const bool isSame = grammar && grammar_ && &grammar->data() == &grammar_->data();
     if (isSame)
         return;
-    parent_.reset();
+    parents_.clear();
     grammar_ = grammar;
     skeletons_.reset();
     matcher_.reset();
@@ -66,7 +69,7 @@ void CandidateFinder::setGrammar(const std::optional<grammar::Grammar> &grammar,
 }
 
 void CandidateFinder::documentChanged() {
-    parent_.reset();
+    parents_.clear();
     Q_EMIT changed();
 }
 
@@ -85,25 +88,31 @@ grammar::NameScope CandidateFinder::scopeIn(const Node &parent) {
 grammar::KnownElement CandidateFinder::known(const Node &element) {
     if (!grammar_ || !isElement(element))
         return {};
-    if (parent_ && parent_->node == element)
-        return parent_->known;
-    return grammar::knownElement(*grammar_, element);
+    const auto kept = std::ranges::find(parents_, element, &Parent::node);
+    return kept != parents_.end() ? kept->known : grammar::knownElement(*grammar_, element);
 }
 
 CandidateFinder::Parent *CandidateFinder::parentOf(const Node &node) {
     if (!grammar_)
         return nullptr;
-    if (!parent_ || !(parent_->node == node)) {
-        parent_ = Parent{node, grammar::knownElement(*grammar_, node), {}, {}};
-        if (parent_->known.type != None) {
+    const auto kept = std::ranges::find(parents_, node, &Parent::node);
+    if (kept != parents_.end()) {
+        parents_.splice(parents_.begin(), parents_, kept);
+    } else {
+        if (parents_.size() == MostParents)
+            parents_.pop_back();
+        Parent &parent = parents_.emplace_front();
+        parent.node = node;
+        parent.known = grammar::knownElement(*grammar_, node);
+        if (parent.known.type != None) {
             const grammar::NamedChildren children = grammar::namedChildren(*grammar_, node);
-            parent_->children.reserve(children.nodes.size());
+            parent.children.reserve(children.nodes.size());
             for (const Node &child : children.nodes)
-                parent_->children.push_back(child.number());
-            parent_->run.emplace(matcher_->run(parent_->known.type, children.names));
+                parent.children.push_back(child.number());
+            parent.run.emplace(matcher_->run(parent.known.type, children.names));
         }
     }
-    return parent_->run ? &*parent_ : nullptr;
+    return parents_.front().run ? &parents_.front() : nullptr;
 }
 
 std::size_t CandidateFinder::placeOf(const Parent &parent, const Node &node,

@@ -9,6 +9,7 @@
 
 #include <QObject>
 
+#include <list>
 #include <optional>
 
 namespace quillon::candidates {
@@ -82,7 +83,8 @@ private:
     std::optional<grammar::Grammar> grammar_;
     std::optional<grammar::SkeletonMaker> skeletons_;
     std::optional<grammar::ContentMatcher> matcher_;
-    std::optional<Parent> parent_;
+    /// The latest first: around one node they are the node itself and the one above it.
+    std::list<Parent> parents_;
     DocumentUsage usage_;
     bool isCounted_ = false;
     bool isAwaited_ = false;
