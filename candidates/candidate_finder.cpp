@@ -1,6 +1,7 @@
 #include "candidates/candidate_finder.h"
 
 #include "candidates/grammar_entries.h"
+#include "platform/xml/dom/document_states.h"
 #include "platform/xml/dom/qualified_name.h"
 #include "resources/candidate_texts.h"
 #include "tree/node_transfer.h"
@@ -18,6 +19,8 @@ namespace {
 
 /// The children of so many elements are kept.
 constexpr std::size_t MostParents = 4;
+/// An edit of so many nodes is looked at closely.
+constexpr std::size_t MostFollowed = 64;
 
 EntryList nothing(QStringView remark) {
     return {{}, remark.toString()};
@@ -25,6 +28,23 @@ EntryList nothing(QStringView remark) {
 
 bool isElement(const Node &node) {
     return node.nodeType() == NodeType::Element;
+}
+
+/// Whether what elements are can depend on a node: on all but texts and most attributes.
+bool bearsOnNames(const Node &node) {
+    switch (node.nodeType()) {
+    case NodeType::Text:
+    case NodeType::CDATASection:
+    case NodeType::Comment:
+    case NodeType::ProcessingInstruction:
+        return false;
+    case NodeType::Attribute: {
+        const QString name = node.nodeName();
+        return name.startsWith(QLatin1String("xmlns")) || name.endsWith(QLatin1String(":type"));
+    }
+    default:
+        return true;
+    }
 }
 
 /// The name that the DOCTYPE gives the root.
@@ -69,11 +89,30 @@ void CandidateFinder::setGrammar(const std::optional<grammar::Grammar> &grammar,
 }
 
 void CandidateFinder::documentChanged() {
-    parents_.clear();
+    isEdited_ = true;
     Q_EMIT changed();
 }
 
+void CandidateFinder::followEdits() {
+    if (!std::exchange(isEdited_, false))
+        return;
+    const xml::DOMDocument40 before = std::exchange(seen_, {});
+    bool isAbout = !xml::haveCommonOrigin(before, state_.m_DOM);
+    const auto changed =
+        isAbout ? std::vector<quint32>() : xml::changedNodes(before, state_.m_DOM, MostFollowed);
+    isAbout = isAbout || changed.size() > MostFollowed;
+    for (const quint32 number : changed)
+        isAbout = isAbout || bearsOnNames(before.nodeByNumber(number)) ||
+                  bearsOnNames(state_.m_DOM.nodeByNumber(number));
+    if (isAbout)
+        parents_.clear();
+    else
+        seen_ = state_.m_DOM.clone();
+}
+
 void CandidateFinder::documentReplaced() {
+    parents_.clear();
+    seen_ = {};
     usage_.clear();
     isCounted_ = false;
     documentChanged();
@@ -88,6 +127,7 @@ grammar::NameScope CandidateFinder::scopeIn(const Node &parent) {
 grammar::KnownElement CandidateFinder::known(const Node &element) {
     if (!grammar_ || !isElement(element))
         return {};
+    followEdits();
     const auto kept = std::ranges::find(parents_, element, &Parent::node);
     return kept != parents_.end() ? kept->known : grammar::knownElement(*grammar_, element);
 }
@@ -95,10 +135,13 @@ grammar::KnownElement CandidateFinder::known(const Node &element) {
 CandidateFinder::Parent *CandidateFinder::parentOf(const Node &node) {
     if (!grammar_)
         return nullptr;
+    followEdits();
     const auto kept = std::ranges::find(parents_, node, &Parent::node);
     if (kept != parents_.end()) {
         parents_.splice(parents_.begin(), parents_, kept);
     } else {
+        if (parents_.empty())
+            seen_ = state_.m_DOM.clone();
         if (parents_.size() == MostParents)
             parents_.pop_back();
         Parent &parent = parents_.emplace_front();

@@ -21,8 +21,8 @@ enum class Position { LastChild, Ahead, Behind };
 /// to that, or, while none is in force or where it knows nothing, by what the rest of the document
 /// has at such places.
 ///
-/// What costs time in proportion to the siblings is kept until the document changes, so that asking
-/// again for a node among the same ones takes no time to speak of.
+/// What costs time in proportion to the siblings is kept until elements come, go or get other
+/// names, so that asking again for a node among the same ones takes no time to speak of.
 class CandidateFinder : public QObject {
     Q_OBJECT
 
@@ -70,6 +70,8 @@ private:
         std::optional<grammar::ContentRun> run;
     };
 
+    /// Drops what is kept if an edit may have been about it.
+    void followEdits();
     /// Nothing where the grammar does not know the element.
     Parent *parentOf(const xml::Node &node);
     EntryList fromDocument(const xml::Node &parent);
@@ -85,6 +87,9 @@ private:
     std::optional<grammar::ContentMatcher> matcher_;
     /// The latest first: around one node they are the node itself and the one above it.
     std::list<Parent> parents_;
+    /// The state of the document for which they hold.
+    xml::DOMDocument40 seen_;
+    bool isEdited_ = false;
     DocumentUsage usage_;
     bool isCounted_ = false;
     bool isAwaited_ = false;

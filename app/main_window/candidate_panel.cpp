@@ -157,7 +157,10 @@ void CandidatePanel::layOut() {
 
 void CandidatePanel::connectParts() {
     connect(close_, &QToolButton::clicked, this, &CandidatePanel::shut);
-    connect(tabs_, &QTabBar::currentChanged, this, &CandidatePanel::showList);
+    connect(tabs_, &QTabBar::currentChanged, this, [this] {
+        list_->setCurrentIndex({});
+        showList();
+    });
     connect(filter_, &QLineEdit::textChanged, this, [this](const QString &text) {
         rows_.setFilter(text);
         showList();

@@ -167,6 +167,14 @@ TEST(CandidateFinder, LearnsFromTheDocumentWithoutASchema) {
     EXPECT_EQ(finding.shown(finder.attributes(item.nextSibling())), "kind / id");
 }
 
+TEST(CandidateFinder, FollowsWhatNamesMean) {
+    Finding finding("<p:r xmlns:p='t'><p:q/></p:r>", Xsd);
+    EXPECT_EQ(finding.elements("p:r", Position::LastChild), "p:q u");
+    finding.state.m_DOM.documentElement().setAttribute("xmlns:p", "other");
+    finding.finder.documentChanged();
+    EXPECT_EQ(finding.finder.known(finding.state.m_DOM.documentElement()).type, grammar::None);
+}
+
 TEST(CandidateFinder, FollowsTheDocument) {
     Finding finding("<r><a/></r>", "<!ELEMENT r (a,b,c)><!ELEMENT a EMPTY><!ELEMENT b EMPTY>"
                                    "<!ELEMENT c EMPTY>");
@@ -176,6 +184,18 @@ TEST(CandidateFinder, FollowsTheDocument) {
     finding.finder.documentChanged();
     EXPECT_EQ(finding.elements("r", Position::LastChild), "c! / a b");
     EXPECT_EQ(finding.shown(finding.finder.namesFor(root.lastChild())), "b / a c");
+    // Texts and attributes do not matter, but names do, and what names mean.
+    root.firstChild().setAttribute("k", "1");
+    finding.finder.documentChanged();
+    EXPECT_EQ(finding.elements("r", Position::LastChild), "c! / a b");
+    root.replaceChild(finding.state.m_DOM.createElement("x"), root.lastChild());
+    finding.finder.documentChanged();
+    EXPECT_EQ(finding.elements("r", Position::LastChild), "b! / a c") << "b is x now";
+    root.removeChild(root.lastChild());
+    finding.finder.documentChanged();
+    EXPECT_EQ(finding.elements("r", Position::LastChild), "b! / a c");
+    root.appendChild(finding.state.m_DOM.createElement("b"));
+    finding.finder.documentChanged();
     finding.finder.setGrammar({});
     finding.finder.attributes(root);
     finding.finder.finishCounting();

@@ -49,6 +49,7 @@ std::optional<int> DesktopDialogs::chooseOne(const QString &prompt, const QStrin
     QObject::connect(buttons, &QDialogButtonBox::accepted, &box, &QDialog::accept);
     QObject::connect(buttons, &QDialogButtonBox::rejected, &box, &QDialog::reject);
     list->setFocus();
+    box.resize(box.fontMetrics().averageCharWidth() * 60, box.sizeHint().height());
     const int row = box.exec() == QDialog::Accepted ? list->currentRow() : -1;
     return row < 0 ? std::nullopt : std::optional(row);
 }
