@@ -1,7 +1,6 @@
 #include "platform/xml/schema/relaxng/relaxng_validator.h"
 
 #include "platform/runtime/error.h"
-#include "platform/xml/dom/qualified_name.h"
 #include "platform/xml/schema/grammar/grammar_from_relaxng.h"
 #include "platform/xml/schema/grammar/relaxng_compact.h"
 #include "platform/xml/schema/relaxng/relaxng_faults.h"
