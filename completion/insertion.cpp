@@ -2,6 +2,8 @@
 
 #include "completion/markup_token.h"
 
+#include <algorithm>
+
 namespace quillon::completion {
 
 using Kind = MarkupToken::Kind;
@@ -80,8 +82,8 @@ QByteArray escaped(const QString &value, char quote) {
 bool isStandingTag(QByteArrayView text, const TextContext &context) {
     if (context.place != Place::ElementName)
         return false;
-    const Stretch rest{context.word.end, context.tag.end};
-    return context.isTagClosed || !rest.in(text).trimmed().isEmpty();
+    return context.isTagClosed ||
+           std::ranges::any_of(tagAttributes(text, context.tag), &TextAttribute::hasEquals);
 }
 
 Insertion renamedTag(QByteArrayView text, const TextContext &context, const QByteArray &name) {

@@ -138,7 +138,7 @@ void placeInContent(QByteArrayView text, qsizetype from, qsizetype caret, TextCo
     qsizetype start = caret;
     while (start > from && isNameByte(text[start - 1]))
         --start;
-    context.word = {start, nameEnd(text, caret)};
+    context.word = {start, caret};
 }
 
 void placeInStartTag(QByteArrayView text, const MarkupToken &token, qsizetype caret,
@@ -147,7 +147,7 @@ void placeInStartTag(QByteArrayView text, const MarkupToken &token, qsizetype ca
     context.isTagClosed = token.isClosed;
     const Stretch name = tagName(text, token.where);
     context.place = Place::ElementName;
-    context.word = name;
+    context.word = {name.start, token.isClosed ? name.end : caret};
     if (caret <= name.end)
         return;
     context.place = Place::AttributeName;
@@ -155,7 +155,8 @@ void placeInStartTag(QByteArrayView text, const MarkupToken &token, qsizetype ca
     for (const TextAttribute &attribute : tagAttributes(text, token.where)) {
         // At its start another one is put ahead of it.
         if (caret > attribute.name.start && caret <= attribute.name.end) {
-            context.word = attribute.name;
+            const bool standsAlready = attribute.hasEquals || token.isClosed;
+            context.word = {attribute.name.start, standsAlready ? attribute.name.end : caret};
             context.attribute = attribute;
         }
         const bool isInQuotes =
@@ -306,9 +307,11 @@ TextContext TextContexts::at(QByteArrayView text, qsizetype caret) {
     } else if (const MarkupToken token = tokenAt(text, at); token.kind == Kind::EndTag) {
         context.tag = token.where;
         context.isTagClosed = token.isClosed;
-        context.word = tagName(text, token.where);
-        if (caret >= context.word.start && caret <= context.word.end)
+        const Stretch name = tagName(text, token.where);
+        if (caret >= name.start && caret <= name.end) {
             context.place = Place::EndTag;
+            context.word = {name.start, token.isClosed ? name.end : caret};
+        }
     } else if (token.kind != Kind::Other && token.where.end - token.where.start < MaxTagLength) {
         placeInStartTag(text, token, caret, context);
         const bool hasContent = token.kind == Kind::StartTag && token.isClosed;

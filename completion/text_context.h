@@ -52,8 +52,9 @@ struct TextContext {
     /// In a long text only the nearest.
     std::vector<Stretch> before;
     std::vector<Stretch> after;
-    /// What a proposal replaces: the name or value that the caret stands in or at the end of. Empty
-    /// at the caret where a name or value is to be put.
+    /// What a proposal replaces: the name or value that the caret stands in or at the end of.
+    /// Behind the caret nothing of it where the tag has no end, as that may be text; empty at the
+    /// caret where a name or value is to be put.
     Stretch word;
     /// In content: the text between the markup on either side.
     Stretch run;

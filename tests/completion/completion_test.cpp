@@ -156,6 +156,11 @@ TEST_F(CompletionTest, WritesWhatBelongsToTheProposal) {
               "  </品目>\n</注文>");
     EXPECT_EQ(taking("終わり", "<注文><顧客/><品目/><|</注文>"),
               "<注文><顧客/><品目/><終わり/>|</注文>");
+    // Text behind the caret is none of the name, although it could be.
+    EXPECT_EQ(taking("顧客", "<注文><顧|山田太郎</注文>"), "<注文><顧客>|</顧客>山田太郎</注文>");
+    EXPECT_EQ(taking("顧客", "<注文><|山田 太郎</注文>"), "<注文><顧客>|</顧客>山田 太郎</注文>");
+    EXPECT_EQ(taking("顧客", "<注文>顧|山田</注文>"), "<注文><顧客>|</顧客>山田</注文>");
+    EXPECT_EQ(taking("注文", "<注文>山</|田</注文>"), "<注文>山</注文>|田</注文>");
     // A tag that stands already is renamed, with its end.
     EXPECT_EQ(taking("日付", "<注文><顧客/><顧|客>x<!-- --></顧客></注文>"),
               "<注文><顧客/><日付|>x<!-- --></日付></注文>");

@@ -58,7 +58,7 @@ QByteArray at(QByteArray text) {
 
 TEST(TextContext, TellsWhatTheCaretStandsIn) {
     EXPECT_EQ(at("|<a/>"), "content [] in ; |a");
-    EXPECT_EQ(at("<a><b/>te|xt<c>d</c><e/></a>"), "content [text] in a; b|c e");
+    EXPECT_EQ(at("<a><b/>te|xt<c>d</c><e/></a>"), "content [te] in a; b|c e");
     EXPECT_EQ(at("<a><b/><|</a>"), "element [] in a; b|");
     EXPECT_EQ(at("<a><b/><it|\n  <c/></a>"), "element [it] in a; b|c");
     EXPECT_EQ(at("<a><b/><it|em x='1'><c/></item><d/></a>"),

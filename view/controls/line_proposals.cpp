@@ -5,6 +5,7 @@
 
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPointer>
 
 namespace quillon::controls {
 
@@ -60,8 +61,12 @@ void LineProposals::follow() {
 void LineProposals::take(const ui::Proposal &proposal) {
     QByteArray text = line_.text().toUtf8();
     std::optional<ui::Insertion> insertion;
-    guarded([&] { insertion = proposer_.insertion(text, aheadOfCaret().size(), proposal); });
-    if (!insertion)
+    // A dialog may ask for the value, and the line be gone when it is closed.
+    const QPointer<LineProposals> self(this);
+    const ui::Proposer proposer = proposer_;
+    const qsizetype caret = aheadOfCaret().size();
+    guarded([&] { insertion = proposer.insertion(text, caret, proposal); });
+    if (!insertion || !self)
         return;
     const QByteArray ahead = text.first(insertion->start);
     const QByteArray behind = text.sliced(insertion->end);

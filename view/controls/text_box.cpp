@@ -95,6 +95,7 @@ QByteArray TextBox::utf8() const {
 
 void TextBox::setText(QByteArrayView utf8) {
     stopComposing();
+    closeProposals();
     const QByteArray converted = utf8.contains('\r') ? withLineEnds(utf8, "\n") : QByteArray();
     const QByteArrayView text = converted.isNull() ? utf8 : QByteArrayView(converted);
     if (text == bytes()) {
@@ -126,6 +127,7 @@ void TextBox::setLocked(bool locked) {
     if (locked_ == locked)
         return;
     stopComposing();
+    closeProposals();
     locked_ = locked;
     send(SCI_SETREADONLY, locked);
     setAttribute(Qt::WA_InputMethodEnabled, !locked);

@@ -126,9 +126,11 @@ void TextBox::followCaret() {
 
 void TextBox::takeProposal(const ui::Proposal &proposal) {
     std::optional<ui::Insertion> insertion;
-    guarded([&] { insertion = proposer_.insertion(bytes(), send(SCI_GETCURRENTPOS), proposal); });
+    // While a dialog asks for a value, another program may open another document.
+    const QByteArray text = utf8();
+    guarded([&] { insertion = proposer_.insertion(text, send(SCI_GETCURRENTPOS), proposal); });
     setFocus();
-    if (!insertion || locked_)
+    if (!insertion || locked_ || text != bytes())
         return;
     asOneChange([&] {
         SendScintilla(SCI_SETTARGETRANGE, insertion->start, insertion->end);

@@ -122,6 +122,12 @@ TEST_F(Proposals, AreNeverInTheWay) {
     press(Qt::Key_Return);
     EXPECT_EQ(box.utf8(), "<\n");
     QTest::keyClicks(&box, "<");
+    EXPECT_NE(shown(), "closed");
+    box.setText(QByteArray("another text"));
+    EXPECT_EQ(shown(), "closed");
+    press(Qt::Key_End);
+    QTest::keyClicks(&box, "<");
+    EXPECT_NE(shown(), "closed");
     line.setFocus();
     EXPECT_EQ(shown(), "closed");
     box.setFocus();

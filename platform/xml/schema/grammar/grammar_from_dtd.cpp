@@ -8,6 +8,7 @@
 #include "resources/xml_texts.h"
 
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include <exception>
 #include <limits>
@@ -181,7 +182,9 @@ int DtdReader::readPart(XML_Parser parser, const QString &address, const QString
 
 void DtdReader::onComment(void *data, const XML_Char *text) {
     DtdReader &reader = self(data);
-    reader.documentation_ = QString::fromUtf8(text).trimmed();
+    // Lines that are drawn say nothing.
+    static const QRegularExpression drawn(QStringLiteral("[-=*~#_+]{4,}"));
+    reader.documentation_ = QString::fromUtf8(text).remove(drawn).trimmed();
     if (reader.documentation_.startsWith(QLatin1String("doc:")))
         reader.documentation_ = reader.documentation_.mid(4).trimmed();
 }

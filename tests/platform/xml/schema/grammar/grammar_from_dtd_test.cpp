@@ -40,18 +40,19 @@ std::string content(const Grammar &grammar, QStringView name) {
 TEST(GrammarFromDtd, ReadsAllThatADtdSays) {
     const xml::test::Files files;
     files.write("part.mod", "<?xml encoding='UTF-8'?>\n<!ELEMENT part (title, %more;)>");
-    const Grammar grammar{read(files,
-                               "<!ENTITY % kind 'INCLUDE'>"
-                               "<!ENTITY % more '(a | b)*'>"
-                               "<!ENTITY % any 'book'>"
-                               "<!ENTITY % part SYSTEM 'part.mod'> %part;"
-                               "<![%kind;[<!-- doc: A title. --><!ELEMENT title (#PCDATA)>]]>"
-                               "<![IGNORE[<!ELEMENT gone EMPTY>]]>"
-                               "<!-- The root. -->\n"
-                               "<!ELEMENT book (title?, part+, (%any;|note)?)>"
-                               "<!ELEMENT a EMPTY><!ELEMENT b ANY>"
-                               "<!ELEMENT note (#PCDATA | a | b)*>",
-                               "<!ENTITY % any 'a'>")};
+    const Grammar grammar{
+        read(files,
+             "<!ENTITY % kind 'INCLUDE'>"
+             "<!ENTITY % more '(a | b)*'>"
+             "<!ENTITY % any 'book'>"
+             "<!ENTITY % part SYSTEM 'part.mod'> %part;"
+             "<![%kind;[<!-- ==== doc: A title. ==== --><!ELEMENT title (#PCDATA)>]]>"
+             "<![IGNORE[<!ELEMENT gone EMPTY>]]>"
+             "<!-- The root. -->\n"
+             "<!ELEMENT book (title?, part+, (%any;|note)?)>"
+             "<!ELEMENT a EMPTY><!ELEMENT b ANY>"
+             "<!ELEMENT note (#PCDATA | a | b)*>",
+             "<!ENTITY % any 'a'>")};
     const struct {
         QString name;
         std::string content, documentation;
