@@ -2,6 +2,8 @@
 
 #include <QSocketNotifier>
 
+#include <utility>
+
 namespace quillon::xml {
 
 namespace {
@@ -27,8 +29,8 @@ void BackgroundChild::start(const std::function<QByteArray()> &work, const Child
         clock_.start(0);
         return;
     }
-    reader_ = std::make_unique<QSocketNotifier>(child_->pipe(), QSocketNotifier::Read);
-    connect(reader_.get(), &QSocketNotifier::activated, this, &BackgroundChild::read);
+    reader_ = new QSocketNotifier(child_->pipe(), QSocketNotifier::Read, this);
+    connect(reader_, &QSocketNotifier::activated, this, &BackgroundChild::read);
     clock_.start(LookEvery);
 }
 
@@ -38,7 +40,7 @@ void BackgroundChild::giveUp() {
     if (reader_) {
         // It may be the one whose signal has led here.
         reader_->setEnabled(false);
-        reader_.release()->deleteLater();
+        std::exchange(reader_, nullptr)->deleteLater();
     }
     child_.reset();
 }

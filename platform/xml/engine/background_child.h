@@ -41,7 +41,7 @@ private:
     void tell(const runtime::Error &error);
 
     std::unique_ptr<ForkedChild> child_;
-    std::unique_ptr<QSocketNotifier> reader_;
+    QSocketNotifier *reader_ = nullptr;
     /// Why there could be no child, while that has not been told yet.
     std::optional<runtime::Error> unstarted_;
     /// Looks from time to time whether the child takes too long.
