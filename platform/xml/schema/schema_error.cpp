@@ -90,6 +90,9 @@ std::vector<Node> elementsAt(const DOMDocument40 &document, const std::vector<qi
 }
 
 std::vector<qint64> positionsOf(const DOMDocument40 &document, const std::vector<Node> &elements) {
+    // Most documents have no errors, and need not be walked through.
+    if (elements.empty())
+        return {};
     QHash<Number, qint64> positions;
     for (const Node &element : elements)
         positions.insert(element.number(), -1);
