@@ -26,6 +26,11 @@ inline constexpr QStringView PlaceInList = u"検索結果 %1 / %2";
 inline constexpr QStringView LastHit = u"これより後の検索結果はありません。";
 inline constexpr QStringView FirstHit = u"これより前の検索結果はありません。";
 inline constexpr QStringView NoHits = u"検索結果はありません。";
+// The same for the list of what is wrong.
+inline constexpr QStringView PlaceInFaults = u"エラー %1 / %2";
+inline constexpr QStringView LastFault = u"これより後のエラーはありません。";
+inline constexpr QStringView FirstFault = u"これより前のエラーはありません。";
+inline constexpr QStringView NoFaults = u"エラーはありません。";
 
 // The panel. %1 is the number of rows, %2 what was searched for.
 inline constexpr QStringView PanelName = u"一覧パネル";
@@ -54,6 +59,7 @@ inline constexpr QStringView ClosePanelTip = u"閉じる (Esc)";
 inline constexpr QStringView KindColumn = u"種類";
 inline constexpr QStringView PathColumn = u"パス";
 inline constexpr QStringView TextColumn = u"テキスト";
+inline constexpr QStringView FaultColumn = u"説明";
 inline constexpr QStringView BeforeColumn = u"変更前";
 inline constexpr QStringView AfterColumn = u"変更後";
 inline constexpr QStringView ObstacleColumn = u"変更できない理由";

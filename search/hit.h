@@ -49,6 +49,8 @@ enum class HitSource {
     Query,
     /// A search in the document.
     Text,
+    /// What is wrong in the document: no search, but walked through like what one has found.
+    Faults,
 };
 
 /// The hits of one search, and what can be asked about them later.
@@ -61,6 +63,9 @@ struct Hits {
     std::vector<Hit> hits;
     /// One for each hit, or none at all.
     std::vector<Change> changes = {};
+    /// What is to be read of each hit in the place of the text that it stands in: one each, or none
+    /// at all.
+    std::vector<QString> notes = {};
     /// What the search finds in one part of a node as it stands now, in the order of the text.
     /// Asked again when the node has changed. Empty: a node is a hit for as long as it stands in
     /// the document. It is called long after the search, so it owns what it needs.

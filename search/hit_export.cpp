@@ -27,15 +27,12 @@ QString lineOf(const HitRow &row, bool withChange) {
     return cells.join(u'\t');
 }
 
-QString namesOfColumns(bool withChange) {
-    if (!withChange)
-        return QStringList{texts::KindColumn.toString(), texts::PathColumn.toString(),
-                           texts::TextColumn.toString()}
-            .join(u'\t');
-    return QStringList{texts::KindColumn.toString(), texts::PathColumn.toString(),
-                       texts::BeforeColumn.toString(), texts::AfterColumn.toString(),
-                       texts::ObstacleColumn.toString()}
-        .join(u'\t');
+QString namesOfColumns(const HitList &hits) {
+    QStringList names{texts::KindColumn.toString(), texts::PathColumn.toString(),
+                      hits.nameOfTexts()};
+    if (hits.hasChanges())
+        names << texts::AfterColumn.toString() << texts::ObstacleColumn.toString();
+    return names.join(u'\t');
 }
 
 } // namespace
@@ -85,9 +82,9 @@ void HitExport::save(const std::vector<int> &rows) {
     const QString path = ui::dialogs().showSave(request).path;
     if (path.isEmpty())
         return;
-    const QByteArray text = ByteOrderMark + (namesOfColumns(hits_.hasChanges()) +
-                                             QStringLiteral("\r\n") + lines(rows, u"\r\n"))
-                                                .toUtf8();
+    const QByteArray text =
+        ByteOrderMark +
+        (namesOfColumns(hits_) + QStringLiteral("\r\n") + lines(rows, u"\r\n")).toUtf8();
     xml::writeFileAtomically(path, std::string_view(text.constData(), std::size_t(text.size())));
     Q_EMIT statusText(texts::RowsSaved.toString().arg(countOf(rows)).arg(runtime::shownPath(path)));
 }

@@ -1,6 +1,7 @@
 #include "search/hit_list.h"
 
 #include "platform/ui/error_boundary.h"
+#include "resources/hit_texts.h"
 #include "search/hit_sorting.h"
 
 #include <algorithm>
@@ -9,11 +10,15 @@
 
 namespace quillon::search {
 
+namespace texts = resources::hit_texts;
+
 namespace {
 
 /// A slice is not to be felt by whoever types, nor are slices to run between quick keystrokes.
 constexpr std::chrono::milliseconds Slice(4);
 constexpr std::chrono::milliseconds Pause(200);
+/// So many rows are put in order again unasked.
+constexpr std::size_t MostSortedAnew = 5'000;
 
 } // namespace
 
@@ -22,23 +27,59 @@ HitList::HitList(const state::DocumentState &state) : state_(state) {
     connect(&idle_, &QTimer::timeout, this, &HitList::sweepWhenIdle);
 }
 
-void HitList::show(Hits hits) {
+void HitList::take(Hits hits) {
     ++revision_;
     list_ = std::move(hits);
     marks_.assign(list_.hits.size(), 0);
     rows_.resize(list_.hits.size());
     std::iota(rows_.begin(), rows_.end(), 0);
     sorted_ = {};
-    order_ = HitOrder::Document;
-    direction_ = Qt::AscendingOrder;
-    currentRow_ = -1;
-    currentIsGone_ = false;
     compared_ = list_.hits.empty() ? xml::DOMDocument40() : state_.m_DOM.clone();
     isStale_ = false;
     sweep_.reset();
     endOfNumbers_.reset();
     reader_ = {};
+}
+
+void HitList::show(Hits hits) {
+    take(std::move(hits));
+    order_ = HitOrder::Document;
+    direction_ = Qt::AscendingOrder;
+    currentRow_ = -1;
+    currentIsGone_ = false;
     Q_EMIT shown();
+}
+
+void HitList::refresh(Hits hits) {
+    const bool hasCurrent = currentRow_ >= 0 && currentRow_ < rowCount();
+    const Hit current = hasCurrent ? hit(currentRow_) : Hit();
+    const QString note =
+        hasCurrent && !list_.notes.empty() ? list_.notes[place(currentRow_)] : QString();
+    const int row = currentRow_;
+    take(std::move(hits));
+    currentRow_ = -1;
+    for (std::size_t at = 0; hasCurrent && at < list_.hits.size() && currentRow_ < 0; ++at) {
+        if (list_.hits[at] == current && (list_.notes.empty() || list_.notes[at] == note))
+            currentRow_ = int(at);
+    }
+    const bool isGone = row >= 0 && currentRow_ < 0;
+    sortAnew();
+    makeRows();
+    if (isGone) {
+        currentRow_ = std::min(row, rowCount());
+        currentIsGone_ = true;
+    }
+}
+
+void HitList::sortAnew() {
+    const bool isSorted = order_ != HitOrder::Document || direction_ != Qt::AscendingOrder;
+    if (isSorted && list_.hits.size() <= MostSortedAnew) {
+        sorted_ = sortedHits(list_, [this](std::size_t at) { return nodeAt(at); }, reader_, order_,
+                             direction_, {});
+    } else {
+        order_ = HitOrder::Document;
+        direction_ = Qt::AscendingOrder;
+    }
 }
 
 void HitList::clear() {
@@ -56,9 +97,22 @@ xml::Node HitList::nodeAt(std::size_t at) const {
     return isBeyondReach(at) ? xml::Node() : state_.m_DOM.nodeByNumber(list_.hits[at].node);
 }
 
+QString HitList::nameOfTexts() const {
+    const QStringView name = list_.source == HitSource::Faults ? texts::FaultColumn
+                             : hasChanges()                    ? texts::BeforeColumn
+                                                               : texts::TextColumn;
+    return name.toString();
+}
+
 HitRow HitList::row(int row) const {
     const std::size_t at = rows_[std::size_t(row)];
-    return reader_.read(nodeAt(at), list_.hits[at], hasChanges() ? &list_.changes[at] : nullptr);
+    HitRow read =
+        reader_.read(nodeAt(at), list_.hits[at], hasChanges() ? &list_.changes[at] : nullptr);
+    if (!list_.notes.empty()) {
+        read.text = list_.notes[at];
+        read.mark = {};
+    }
+    return read;
 }
 
 // ---- Ticks, order, the current row

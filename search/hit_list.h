@@ -31,14 +31,21 @@ public:
     /// Takes the hits of a search of the present document in place of those that were there. They
     /// come in document order, all of them ticked, none of them the current one.
     void show(Hits hits);
+    /// Takes others of the same source in their place, as what has been found anew: the rows keep
+    /// their order as far as there are not too many of them, and the current one stays where it is.
+    void refresh(Hits hits);
     void clear();
 
     bool isEmpty() const { return rows_.empty(); }
     int rowCount() const { return static_cast<int>(rows_.size()); }
     HitSource source() const { return list_.source; }
     const QString &title() const { return list_.title; }
+    /// What the column of the texts is called.
+    QString nameOfTexts() const;
     /// Whether the hits are to be changed: rows then have a change and a tick.
     bool hasChanges() const { return !list_.changes.empty(); }
+    /// The 0-based place, among the hits shown, of the one in a row.
+    std::size_t place(int row) const { return rows_[std::size_t(row)]; }
 
     // Rows are 0-based.
 
@@ -139,6 +146,8 @@ private:
     void lookAtGroup();
     void lookAgain(std::size_t from, std::size_t to, quint8 removed);
     void note(Finding finding);
+    void take(Hits hits);
+    void sortAnew();
     void finishSweep();
     void makeRows();
 

@@ -21,7 +21,10 @@ bool HitNavigation::goTo(int row) {
     if (!showItem(itemOf(node)))
         return false;
     hits_.setCurrentRow(row);
-    Q_EMIT statusText(texts::PlaceInList.toString().arg(row + 1).arg(hits_.rowCount()));
+    Q_EMIT statusText((isOfFaults() ? texts::PlaceInFaults : texts::PlaceInList)
+                          .toString()
+                          .arg(row + 1)
+                          .arg(hits_.rowCount()));
     return selectInPane(node, hit);
 }
 
@@ -40,12 +43,12 @@ bool HitNavigation::showItem(const TreeItem &item) {
 
 void HitNavigation::mnuViewNextHit_Click() {
     hits_.sweepAll();
-    goOn(hits_.rowAfter(), texts::LastHit);
+    goOn(hits_.rowAfter(), isOfFaults() ? texts::LastFault : texts::LastHit);
 }
 
 void HitNavigation::mnuViewPreviousHit_Click() {
     hits_.sweepAll();
-    goOn(hits_.rowBefore(), texts::FirstHit);
+    goOn(hits_.rowBefore(), isOfFaults() ? texts::FirstFault : texts::FirstHit);
 }
 
 void HitNavigation::startFromSelected() {
@@ -58,7 +61,7 @@ void HitNavigation::startFromSelected() {
 
 void HitNavigation::goOn(int row, QStringView atTheEnd) {
     if (hits_.isEmpty())
-        Q_EMIT statusText(texts::NoHits.toString());
+        Q_EMIT statusText((isOfFaults() ? texts::NoFaults : texts::NoHits).toString());
     else if (row < 0)
         Q_EMIT statusText(atTheEnd.toString());
     else

@@ -34,6 +34,7 @@ Q_SIGNALS:
     void statusText(const QString &text);
 
 private:
+    bool isOfFaults() const { return hits_.source() == HitSource::Faults; }
     void goOn(int row, QStringView atTheEnd);
     items::TreeItem itemOf(const xml::Node &node) const;
     /// Selects an item; false when the user keeps text in the pane that does not parse.

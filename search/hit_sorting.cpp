@@ -164,6 +164,10 @@ std::vector<quint32> sortedHits(const Hits &list, const std::function<Node(std::
     }
     Texts texts(count);
     for (std::size_t at = 0; at < count; ++at) {
+        if (!list.notes.empty()) {
+            texts.add(list.notes[at]);
+            continue;
+        }
         const bool after = by == HitOrder::After && at < list.changes.size();
         texts.add(after ? reader.after(nodeAt(at), list.hits[at], list.changes[at])
                         : reader.text(nodeAt(at), list.hits[at]));
