@@ -222,6 +222,24 @@ QString Nodes::kind(const TreeItem &item) const {
     return slot != 0 && source_ != nullptr ? source_->kind(store_.sequenceOf(slot)) : QString();
 }
 
+Mark Nodes::mark(const TreeItem &item) const {
+    const Slot slot = slotOf(item);
+    return slot != 0 && markSource_ != nullptr ? markSource_->mark(store_.sequenceOf(slot))
+                                               : Mark::None;
+}
+
+Mark Nodes::markBelow(const TreeItem &item) const {
+    const Slot slot = slotOf(item);
+    return slot != 0 && markSource_ != nullptr ? markSource_->markBelow(store_.sequenceOf(slot))
+                                               : Mark::None;
+}
+
+QString Nodes::markReasons(const TreeItem &item) const {
+    const Slot slot = slotOf(item);
+    return slot != 0 && markSource_ != nullptr ? markSource_->reasons(store_.sequenceOf(slot))
+                                               : QString();
+}
+
 QVariant Nodes::data(const QModelIndex &index, int role) const {
     const Slot slot = slotAt(index);
     const bool isCaption = role == Qt::DisplayRole || role == Qt::EditRole;

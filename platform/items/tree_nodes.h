@@ -21,6 +21,27 @@ public:
     virtual QString kind(quint32) const { return {}; }
 };
 
+/// A sign that something is wrong with what an item shows.
+enum class Mark : quint8 {
+    None,
+    /// It does not keep to its rules.
+    Invalid,
+    /// It cannot even be read.
+    Broken,
+};
+
+/// Says which items are marked, and why. Asked for what is shown only.
+class MarkSource {
+public:
+    virtual ~MarkSource() = default;
+
+    virtual Mark mark(quint32 sequence) const = 0;
+    /// The gravest mark of all items below.
+    virtual Mark markBelow(quint32 sequence) const = 0;
+    /// Why an item is marked itself, a line for each reason; empty for one that is not.
+    virtual QString reasons(quint32 sequence) const = 0;
+};
+
 /// How a new item stands to the one it is added to.
 enum class Relationship {
     /// Its last child.
@@ -40,6 +61,11 @@ public:
 
     /// The source must outlive the items; without one, captions are empty unless set.
     void setCaptionSource(const CaptionSource *source) { source_ = source; }
+
+    /// The source must outlive the items; without one, nothing is marked. To be told of a change by
+    /// renewMarks().
+    void setMarkSource(const MarkSource *source) { markSource_ = source; }
+    void renewMarks() { Q_EMIT marksChanged(); }
 
     /// Adds an item and returns it. Nothing as the relative makes a top-level item of a Child. The
     /// sequence number must be positive and greater than that of all items since the collection
@@ -106,6 +132,11 @@ public:
     int image(const TreeItem &item) const;
     /// What it says about the item's kind; empty for Nothing and without a source.
     QString kind(const TreeItem &item) const;
+    /// How an item is marked, what is marked below it, and why it is itself; None and empty for
+    /// Nothing.
+    Mark mark(const TreeItem &item) const;
+    Mark markBelow(const TreeItem &item) const;
+    QString markReasons(const TreeItem &item) const;
 
     QModelIndex index(int row, int column, const QModelIndex &parent = {}) const override;
     QModelIndex parent(const QModelIndex &child) const override;
@@ -123,6 +154,8 @@ Q_SIGNALS:
     void expansionChanged(const quillon::items::TreeItem &item, bool expanded);
     /// The weight, or the captions, of many items have changed.
     void appearanceChanged();
+    /// Other items are marked, or for other reasons.
+    void marksChanged();
     /// A view should scroll to this item; its ancestors are expanded.
     void revealRequested(const quillon::items::TreeItem &item);
 
@@ -145,6 +178,7 @@ private:
     TreeStore store_;
     quint32 generation_ = 0;
     const CaptionSource *source_ = nullptr;
+    const MarkSource *markSource_ = nullptr;
     QHash<TreeStore::Slot, QString> captions_;
     QSet<TreeStore::Slot> bold_;
 

@@ -3,7 +3,24 @@
 #include <QByteArray>
 #include <QString>
 
+#include <vector>
+
 namespace quillon::ui {
+
+/// A stretch of a text that something is wrong with.
+struct TextMark {
+    /// In bytes of TextBox::utf8().
+    qsizetype at = 0;
+    qsizetype length = 0;
+    /// What it is about, for whoever has set it.
+    quint32 subject = 0;
+    /// The text cannot be read there; else it only breaks a rule.
+    bool isBroken = false;
+    /// To be read where the pointer rests.
+    QString reason;
+
+    bool operator==(const TextMark &) const = default;
+};
 
 /// A multi-line text box. The text is kept with LF line ends, whatever was set or typed. Whoever
 /// puts it on the screen tells of every change of the text, also of those made here.
@@ -35,6 +52,9 @@ public:
     virtual void select(qsizetype start, qsizetype length) = 0;
     /// What is typed goes here from now on.
     virtual void takeFocus() = 0;
+    /// Marks stretches of the text in place of those that were marked before. They move with the
+    /// text, and go when it is set anew.
+    virtual void setMarks(const std::vector<TextMark> &marks) = 0;
 };
 
 } // namespace quillon::ui

@@ -25,6 +25,7 @@ public:
     void setText(QByteArrayView utf8) override {
         utf8_ = utf8.toByteArray();
         utf8_.replace("\r\n", "\n").replace('\r', '\n');
+        marks.clear();
         if (changed)
             changed();
     }
@@ -36,12 +37,14 @@ public:
         selectedAt = start;
     }
     void takeFocus() override { hasFocus = true; }
+    void setMarks(const std::vector<ui::TextMark> &value) override { marks = value; }
 
     std::function<void()> changed;
     Language language = Language::Plain;
     bool hasFocus = false;
     QString selected;
     qsizetype selectedAt = -1;
+    std::vector<ui::TextMark> marks;
 
 private:
     QByteArray utf8_;

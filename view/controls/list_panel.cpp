@@ -98,6 +98,12 @@ void ListPanel::setTitle(const RowTable &list, const QString &title, const QStri
     tabs_->setTabToolTip(at, toolTip);
 }
 
+void ListPanel::setEmptyText(const RowTable &list, const QString &text) {
+    const auto at = int(std::ranges::find(tables_, &list) - tables_.begin());
+    auto *page = qobject_cast<QStackedWidget *>(pages_->widget(at));
+    qobject_cast<QLabel *>(page->widget(TextPage))->setText(text);
+}
+
 RowTable &ListPanel::shownList() const {
     return *tables_[std::size_t(pages_->currentIndex())];
 }

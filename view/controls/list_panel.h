@@ -22,6 +22,8 @@ public:
     RowTable &addList(QAbstractItemModel &model, const QString &name, const QString &emptyText);
     /// What is to be read on the tab of a list, and all of it when the pointer rests there.
     void setTitle(const RowTable &list, const QString &title, const QString &toolTip);
+    /// What is to be read in the place of a list while it has no rows.
+    void setEmptyText(const RowTable &list, const QString &text);
     /// The list that is to be seen.
     RowTable &shownList() const;
     void show(const RowTable &list);

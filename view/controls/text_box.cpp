@@ -114,6 +114,9 @@ void TextBox::replaceText(QByteArrayView text) {
     // Takes the caret back to the start. Setting the selection would do so, too, but measure the
     // whole first line, which can be all of the text.
     send(SCI_CLEARALL);
+    // Symbols of lines that go pass on to the one that stays.
+    send(SCI_MARKERDELETEALL, static_cast<unsigned long>(-1));
+    marks_.clear();
     send(SCI_SETXOFFSET, 0);
     // Forgets the longest line seen so far.
     send(SCI_SETSCROLLWIDTH, 1);
@@ -231,6 +234,7 @@ void TextBox::textChanged(int, int position) {
     if (proposer_.textChanged)
         proposer_.textChanged(position);
     fitLineNumbers();
+    marksAreOld_ = true;
     if (writingUnfinished_)
         return;
     changed_ = true;

@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <optional>
+#include <vector>
 
 class QHelpEvent;
 
@@ -77,6 +78,11 @@ public:
 
     void setLanguage(Language language) override;
     void takeFocus() override { setFocus(); }
+    void setMarks(const std::vector<ui::TextMark> &marks) override;
+    /// The marks at the caret or right ahead of it.
+    std::vector<ui::TextMark> marksAtCaret() const;
+    /// Below the caret, on the screen.
+    QPoint caretPoint() const;
     /// The font of the text and the line numbers; `size` in points. Glyphs that the font lacks
     /// come from others.
     void setTextFont(const QString &family, double size);
@@ -116,6 +122,11 @@ private:
     void stopComposing();
 
     void setUpView();
+    void setUpMarks();
+    /// The marks at a position of the control.
+    std::vector<ui::TextMark> marksAt(long position) const;
+    /// Why the text there is marked, a line for each reason; empty when it is not.
+    QString reasonsAt(long position) const;
     void applyStyles();
     void fitLineNumbers();
 
@@ -139,6 +150,10 @@ private:
     void showDescription(const QHelpEvent &event);
 
     bool locked_ = false;
+    /// Known by the values of the indicators, which move with the text.
+    std::vector<ui::TextMark> marks_;
+    /// The text has changed since, so the control has them at other places or not at all.
+    bool marksAreOld_ = false;
     QStringList refusedFormats_;
     Language language_ = Language::Plain;
     QByteArray fontFamily_;

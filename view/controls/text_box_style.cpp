@@ -53,7 +53,6 @@ constexpr std::array xmlStyles{
 };
 
 constexpr int lineNumberMargin = 0;
-constexpr int symbolMargin = 1;
 
 /// Scintilla's colours have their red in the lowest byte.
 constexpr long scintillaColour(QRgb colour) {
@@ -78,9 +77,9 @@ void TextBox::setUpView() {
     send(SCI_SETSCROLLWIDTHTRACKING, true);
     send(SCI_SETSCROLLWIDTH, 1);
     send(SCI_SETMARGINTYPEN, lineNumberMargin, SC_MARGIN_NUMBER);
-    send(SCI_SETMARGINWIDTHN, symbolMargin, 0);
     send(SCI_SETMARGINLEFT, 0, 4);
     send(SCI_SETSELBACK, true, scintillaColour(selection));
+    setUpMarks();
 }
 
 void TextBox::setLanguage(Language language) {

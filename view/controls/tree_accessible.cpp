@@ -1,5 +1,6 @@
 #include "view/controls/tree_accessible.h"
 
+#include "resources/live_texts.h"
 #include "resources/node_texts.h"
 #include "view/controls/tree_view.h"
 
@@ -37,7 +38,7 @@ public:
         case QAccessible::Name:
             return item_.Text();
         case QAccessible::Description:
-            return kindAndLevel();
+            return kindAndLevel() + faults();
         default:
             return {};
         }
@@ -93,6 +94,16 @@ private:
                    ? kind
                    : resources::node_texts::KindAndLevel.toString().arg(
                          kind, QString::number(nodes.store().level(nodes.slotOf(item_)) + 1));
+    }
+
+    /// What the mark on the icon says.
+    QString faults() const {
+        const items::Nodes &nodes = view_.tree().nodes();
+        const QString reasons = nodes.markReasons(item_);
+        if (!reasons.isEmpty())
+            return u' ' + QString(reasons).replace(u'\n', u' ');
+        const bool isToldHere = !item_.Expanded() && nodes.markBelow(item_) != items::Mark::None;
+        return isToldHere ? u' ' + resources::live_texts::FaultBelow.toString() : QString();
     }
 
     TreeView &view_;

@@ -1,8 +1,10 @@
 #include "view/controls/tree_delegate.h"
 
 #include "resources/node_texts.h"
+#include "view/controls/fault_mark.h"
 #include "view/controls/line_proposals.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 
@@ -43,6 +45,28 @@ void TreeDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelInd
         option->state.testFlag(QStyle::State_Selected) ? QIcon::Selected : QIcon::Normal;
     option->decorationSize =
         option->icon.actualSize(option->decorationSize, mode).boundedTo(option->decorationSize);
+}
+
+void TreeDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
+                         const QModelIndex &index) const {
+    QStyledItemDelegate::paint(painter, option, index);
+    const items::TreeItem item = nodes_.itemAt(index);
+    items::Mark mark = nodes_.mark(item);
+    // What is to be seen below need not be told above.
+    const bool isBelow = mark == items::Mark::None && !item.Expanded();
+    if (isBelow)
+        mark = nodes_.markBelow(item);
+    if (mark == items::Mark::None)
+        return;
+    QStyleOptionViewItem styled = option;
+    initStyleOption(&styled, index);
+    const QStyle *style = styled.widget ? styled.widget->style() : QApplication::style();
+    const QRect icon =
+        style->subElementRect(QStyle::SE_ItemViewItemDecoration, &styled, styled.widget);
+    const qreal side = std::max(8.0, icon.height() * 0.8);
+    paintFaultMark(*painter,
+                   QRectF(icon.right() + 1 - side * 0.75, icon.bottom() + 1 - side, side, side),
+                   mark, isBelow);
 }
 
 QString TreeDelegate::displayText(const QVariant &value, const QLocale &) const {

@@ -31,6 +31,9 @@ public:
     /// Gives who knows what can be typed into an editor; none: nobody does.
     std::function<ui::Proposer(const QModelIndex &)> proposerFor;
 
+    /// With the mark of the item on its icon.
+    void paint(QPainter *painter, const QStyleOptionViewItem &option,
+               const QModelIndex &index) const override;
     QString displayText(const QVariant &value, const QLocale &locale) const override;
 
     QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option,

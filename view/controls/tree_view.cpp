@@ -50,6 +50,7 @@ void TreeView::showTree() {
     connect(&tree_, &items::Tree::shownRowsChanged, this, [this] { scheduleDelayedItemsLayout(); });
     connect(&nodes_, &items::Nodes::appearanceChanged, this,
             [this] { scheduleDelayedItemsLayout(); });
+    connect(&nodes_, &items::Nodes::marksChanged, viewport(), qOverload<>(&QWidget::update));
     connect(&tree_, &items::Tree::otherSelectedItemsChanged, this, [this] {
         viewport()->update();
         notifyAccessibility(QAccessible::SelectionWithin, currentIndex());
@@ -184,7 +185,7 @@ void TreeView::finishLabelEdit() {
 // ---- Mouse and keyboard
 
 bool TreeView::viewportEvent(QEvent *event) {
-    if (event->type() == QEvent::ToolTip && describe) {
+    if (event->type() == QEvent::ToolTip) {
         showDescription(*static_cast<QHelpEvent *>(event));
         return true;
     }
@@ -193,8 +194,13 @@ bool TreeView::viewportEvent(QEvent *event) {
 
 void TreeView::showDescription(const QHelpEvent &event) {
     QString text;
-    if (const items::TreeItem item = HitTest(event.pos()))
+    const items::TreeItem item = HitTest(event.pos());
+    if (item && describe)
         guarded([&] { text = describe(item); });
+    // What is wrong comes ahead of what it is.
+    const QString reasons = nodes_.markReasons(item);
+    if (!reasons.isEmpty())
+        text = text.isEmpty() ? reasons : reasons + QStringLiteral("\n\n") + text;
     showPlainToolTip(event.globalPos(), text, *viewport());
 }
 

@@ -1,0 +1,106 @@
+#include "view/controls/fault_mark.h"
+#include "view/controls/text_box.h"
+
+#include <QStringList>
+
+#include <array>
+
+namespace quillon::controls {
+
+namespace {
+
+// Of the numbers that containers of the control may use.
+constexpr unsigned long InvalidIndicator = 8;
+constexpr unsigned long BrokenIndicator = 9;
+constexpr std::array Indicators{BrokenIndicator, InvalidIndicator};
+// The later one covers the other.
+constexpr unsigned long InvalidSymbol = 1;
+constexpr unsigned long BrokenSymbol = 2;
+
+constexpr int SymbolMargin = 1;
+constexpr int SymbolSize = 12;
+
+constexpr long scintillaColour(QRgb colour) {
+    return qRed(colour) | qGreen(colour) << 8 | qBlue(colour) << 16;
+}
+
+} // namespace
+
+void TextBox::setUpMarks() {
+    for (const auto &[indicator, colour] :
+         {std::pair(InvalidIndicator, InvalidColour), std::pair(BrokenIndicator, BrokenColour)}) {
+        send(SCI_INDICSETSTYLE, indicator, INDIC_SQUIGGLE);
+        send(SCI_INDICSETFORE, indicator, scintillaColour(colour));
+        send(SCI_INDICSETUNDER, indicator, true);
+    }
+    // Always there, so that the text keeps its place when marks come and go.
+    send(SCI_SETMARGINTYPEN, SymbolMargin, SC_MARGIN_SYMBOL);
+    send(SCI_SETMARGINMASKN, SymbolMargin, 1L << InvalidSymbol | 1L << BrokenSymbol);
+    send(SCI_SETMARGINWIDTHN, SymbolMargin, SymbolSize + 2);
+    for (const auto &[symbol, mark] : {std::pair(InvalidSymbol, items::Mark::Invalid),
+                                       std::pair(BrokenSymbol, items::Mark::Broken)}) {
+        send(SCI_RGBAIMAGESETWIDTH, SymbolSize);
+        send(SCI_RGBAIMAGESETHEIGHT, SymbolSize);
+        SendScintilla(SCI_MARKERDEFINERGBAIMAGE, symbol, faultImage(mark, SymbolSize));
+    }
+}
+
+void TextBox::setMarks(const std::vector<ui::TextMark> &marks) {
+    if (marks_ == marks && !marksAreOld_)
+        return;
+    marks_ = marks;
+    marksAreOld_ = false;
+    for (const unsigned long indicator : Indicators) {
+        send(SCI_SETINDICATORCURRENT, indicator);
+        send(SCI_INDICATORCLEARRANGE, 0, send(SCI_GETLENGTH));
+    }
+    send(SCI_MARKERDELETEALL, static_cast<unsigned long>(-1));
+    for (std::size_t at = 0; at < marks_.size(); ++at) {
+        const ui::TextMark &mark = marks_[at];
+        send(SCI_SETINDICATORCURRENT, mark.isBroken ? BrokenIndicator : InvalidIndicator);
+        // The value says which mark it is.
+        send(SCI_SETINDICATORVALUE, at + 1);
+        send(SCI_INDICATORFILLRANGE, mark.at, mark.length);
+        const long line = send(SCI_LINEFROMPOSITION, mark.at);
+        const unsigned long symbol = mark.isBroken ? BrokenSymbol : InvalidSymbol;
+        if ((send(SCI_MARKERGET, line) & (1L << symbol)) == 0)
+            send(SCI_MARKERADD, line, symbol);
+    }
+}
+
+std::vector<ui::TextMark> TextBox::marksAt(long position) const {
+    std::vector<ui::TextMark> found;
+    for (const unsigned long indicator : Indicators) {
+        const auto value = std::size_t(send(SCI_INDICATORVALUEAT, indicator, position));
+        if (value == 0 || value > marks_.size())
+            continue;
+        // Where several marks stand at one place only the last one has left its value.
+        const ui::TextMark &last = marks_[value - 1];
+        for (const ui::TextMark &mark : marks_) {
+            if (mark.isBroken == last.isBroken && mark.at == last.at)
+                found.push_back(mark);
+        }
+    }
+    return found;
+}
+
+std::vector<ui::TextMark> TextBox::marksAtCaret() const {
+    const long caret = send(SCI_GETCURRENTPOS);
+    std::vector<ui::TextMark> found = marksAt(caret);
+    return found.empty() && caret > 0 ? marksAt(caret - 1) : found;
+}
+
+QPoint TextBox::caretPoint() const {
+    return caretOnScreen(send(SCI_GETCURRENTPOS)).bottomLeft();
+}
+
+QString TextBox::reasonsAt(long position) const {
+    QStringList reasons;
+    for (const ui::TextMark &mark : marksAt(position)) {
+        if (!reasons.contains(mark.reason))
+            reasons += mark.reason;
+    }
+    return reasons.join(u'\n');
+}
+
+} // namespace quillon::controls
