@@ -97,26 +97,47 @@ bool CandidateInsertion::insertElement(const Entry &entry, Position position) {
     const TreeItem item = itemFor(position);
     if (!isPossible(item, entry))
         return false;
+    return insertElements({entry}, position);
+}
+
+bool CandidateInsertion::insertElements(const std::vector<Entry> &entries, Position position) {
+    const TreeItem item = tree_.SelectedItem();
+    for (const Entry &entry : entries) {
+        if (!isPossible(item, entry))
+            return false;
+    }
     const Node node = selection_.GetDOMNode(item);
     const Node parent = position == Position::LastChild ? node : node.parentNode();
-    const QByteArray markup = markupOf(entry, parent);
+    std::vector<Node> made;
+    for (const Entry &entry : entries) {
+        const QByteArray markup = markupOf(entry, parent);
+        made.push_back(tree::parsedFragment(state_.m_DOM, markup).documentElement());
+        if (!made.back())
+            throw runtime::Error(runtime::error_number::Fail,
+                                 texts::CannotBeMade.toString().arg(entry.name));
+    }
     // Others may have been at work while the user was asked.
     if (itemFor(position) != item || !(selection_.GetDOMNode(item) == node))
         return false;
-    const Node made = tree::parsedFragment(state_.m_DOM, markup).documentElement();
-    if (!made)
-        throw runtime::Error(runtime::error_number::Fail,
-                             texts::CannotBeMade.toString().arg(entry.name));
     const tree::TreeBuilder::PreviewPause pause(builder_);
     const tree::Place place = position == Position::LastChild ? relocation_.lastIn(item)
                               : position == Position::Ahead   ? relocation_.ahead(item)
                                                               : relocation_.behind(item);
-    const Node inserted = xml::insertLaidOut(parent, made, place.ref);
-    tree_.setTreeVisible(true);
-    const TreeItem newItem = relocation_.show(inserted, place);
-    selection_.ShowNode(newItem, true);
+    TreeItem firstItem;
+    Node first;
+    for (const Node &element : made) {
+        const Node inserted = xml::insertLaidOut(parent, element, place.ref);
+        tree_.setTreeVisible(true);
+        const TreeItem newItem = relocation_.show(inserted, place);
+        if (!first) {
+            first = inserted;
+            firstItem = newItem;
+        }
+    }
+    selection_.ShowNode(firstItem, true);
     Q_EMIT documentModified();
     awaitText();
+    awaitText(first);
     return true;
 }
 

@@ -28,6 +28,8 @@ public:
     /// Inserts one of what elements() gives for that position; false when nothing was inserted.
     /// Raises Fail for a name that XML does not allow.
     bool insertElement(const Entry &entry, Position position);
+    /// The same with several, one after the other, as one change; all of them or none.
+    bool insertElements(const std::vector<Entry> &entries, Position position);
     /// The same with an attribute, which gets its default or fixed value or the first of those that
     /// it may have.
     bool addAttribute(const Entry &entry);
