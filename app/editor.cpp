@@ -47,8 +47,12 @@ Editor::Editor(Environment given, ui::TextBox &txtEdit, ui::PathBox &cboPath, ui
               [this] {
                   return preview::PreviewFont{settings.fontName, settings.fontSize};
               }),
-      validation(state, workingFolder, longWork),
-      tools(state, builder, *environment.shell, longWork),
+      validation(state, workingFolder, longWork), live(state),
+      faultMarks(live, builder.registry(), tree), paneMarks(live, state, selection, pane),
+      mending(state, options, candidateFinder, candidateInsertion, replacing, removal, builder,
+              selection),
+      faults(state), faultNavigation(faults, builder, selection, tree, pane),
+      faultExport(faults, clipboard, longWork), tools(state, builder, *environment.shell, longWork),
       view(state, options, builder, selection, tree),
       loader(state, builder, selection, history, tree, workingFolder, recentFiles,
              environment.clock, longWork),
@@ -64,6 +68,7 @@ Editor::Editor(Environment given, ui::TextBox &txtEdit, ui::PathBox &cboPath, ui
     wirePreview();
     wireValidation();
     wireSchemas();
+    wireLiveValidation();
     wireHits();
     wireReplacing();
     wireCandidates();
@@ -80,6 +85,9 @@ void Editor::wireStatusBar() {
     connect(&hitNavigation, &search::HitNavigation::statusText, this, &Editor::statusText);
     connect(&completion, &completion::Completion::statusText, this, &Editor::statusText);
     connect(&hitExport, &search::HitExport::statusText, this, &Editor::statusText);
+    connect(&faultNavigation, &search::HitNavigation::statusText, this, &Editor::statusText);
+    connect(&mending, &validation::Mending::statusText, this, &Editor::statusText);
+    connect(&faultExport, &search::HitExport::statusText, this, &Editor::statusText);
     connect(&preview, &preview::Preview::statusText, this, &Editor::statusText);
     connect(&validation, &validation::Validation::statusText, this, &Editor::statusText);
     connect(&loader, &document::DocumentLoader::statusText, this, &Editor::statusText);
@@ -215,6 +223,47 @@ void Editor::wireSchemas() {
     connect(&history, &edit::UndoHistory::moved, &schemas, documentChanged);
     // The document may have got another place.
     connect(&commands, &DocumentCommands::captionChanged, &schemas, documentChanged);
+}
+
+void Editor::wireLiveValidation() {
+    using validation::LiveValidation;
+    const auto changed = &LiveValidation::documentChanged;
+    const auto replaced = &LiveValidation::documentReplaced;
+    connect(&history, &edit::UndoHistory::recorded, &live, changed);
+    connect(&history, &edit::UndoHistory::moved, &live, changed);
+    connect(&textEditing, &tree::TextEditing::unparsedTextChanged, &live, changed);
+    connect(&selection, &tree::Selection::unparsedTextGivenUp, &live, changed);
+    connect(&commands, &document::DocumentCommands::cleared, &live, replaced);
+    connect(&commands, &document::DocumentCommands::documentCreated, &live, replaced);
+    connect(&loader, &document::DocumentLoader::documentOpened, &live, replaced);
+    live.syntaxFault = [this] { return paneMarks.syntaxFault(); };
+    connect(&schemas, &schemas::DocumentSchemas::changed, &live,
+            [this] { live.setSchemas(schemas.grammar(), schemas.links(), state.folder()); });
+
+    const auto markSoon = &validation::PaneMarks::markSoon;
+    connect(&live, &LiveValidation::faultsChanged, this, &Editor::listFaults);
+    connect(&live, &LiveValidation::faultsChanged, this, [this] { faultMarks.faultsChanged(); });
+    connect(&live, &LiveValidation::faultsChanged, &paneMarks, markSoon);
+    connect(&live, &LiveValidation::followed, &paneMarks, markSoon);
+    connect(&selection, &tree::Selection::nodeShown, &paneMarks, markSoon);
+}
+
+void Editor::listFaults() {
+    search::Hits list{search::HitSource::Faults, {}, {}};
+    list.hits.reserve(live.faults().size());
+    list.notes.reserve(live.faults().size());
+    for (const validation::Fault &fault : live.faults()) {
+        search::Hit hit{.node = fault.node};
+        const xml::Node node = state.m_DOM ? state.m_DOM.nodeByNumber(fault.node) : xml::Node();
+        // The name of an element is what is selected in the pane.
+        if (node.nodeType() == xml::NodeType::Element) {
+            hit.part = search::Part::Name;
+            hit.length = quint32(node.nodeName().size());
+        }
+        list.hits.push_back(hit);
+        list.notes.push_back(fault.sentence);
+    }
+    faults.refresh(std::move(list));
 }
 
 void Editor::wireHits() {

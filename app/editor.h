@@ -37,6 +37,10 @@
 #include "tree/node_removal.h"
 #include "tree/selection.h"
 #include "tree/text_editing.h"
+#include "validation/fault_marks.h"
+#include "validation/live_validation.h"
+#include "validation/mending.h"
+#include "validation/pane_marks.h"
 #include "validation/validation.h"
 
 #include <QObject>
@@ -112,6 +116,14 @@ public:
 
     preview::Preview preview;
     validation::Validation validation;
+    validation::LiveValidation live;
+    validation::FaultMarks faultMarks;
+    validation::PaneMarks paneMarks;
+    validation::Mending mending;
+    /// What is wrong in the document, to be walked through like hits.
+    search::HitList faults;
+    search::HitNavigation faultNavigation;
+    search::HitExport faultExport;
 
     tools::ToolCommands tools;
     tools::ViewCommands view;
@@ -138,6 +150,8 @@ private:
     void wirePreview();
     void wireValidation();
     void wireSchemas();
+    void wireLiveValidation();
+    void listFaults();
     void wireHits();
     void wireReplacing();
     void wireCandidates();

@@ -163,6 +163,8 @@ void measurePreview(Table &table, app::frmMain &form) {
 
 } // namespace
 
+const char *const OrderXsd = Xsd;
+
 void measureChecking(Table &table, app::frmMain &form, const QString &path) {
     if (QFileInfo(path).size() <= PreviewBytes)
         measurePreview(table, form);

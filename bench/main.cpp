@@ -72,6 +72,8 @@ int main(int argc, char **argv) {
         if (isOrders)
             quillon::bench::measureIn(table, argv[0], "--candidates", path);
         if (isOrders)
+            quillon::bench::measureIn(table, argv[0], "--live", path);
+        if (isOrders)
             quillon::bench::measureIn(table, argv[0], "--check", path);
     }
     return table.good() ? 0 : 1;

@@ -6,6 +6,7 @@
 #include "bench/check_bench.h"
 #include "bench/edit_bench.h"
 #include "bench/hit_bench.h"
+#include "bench/live_bench.h"
 #include "bench/search_bench.h"
 #include "view/controls/application.h"
 #include "view/controls/desktop_dialogs.h"
@@ -82,6 +83,8 @@ void openAndPrint(int argc, char **argv, const char *task, const char *path) {
         measureEditing(table, *form, QString::fromLocal8Bit(path));
     else if (std::strcmp(task, "--search") == 0)
         measureSearching(table, *form);
+    else if (std::strcmp(task, "--live") == 0)
+        measureLive(table, *form);
     else if (std::strcmp(task, "--hits") == 0)
         measureHits(table, *form);
     else if (std::strcmp(task, "--candidates") == 0)

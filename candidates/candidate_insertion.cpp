@@ -94,14 +94,11 @@ QByteArray CandidateInsertion::markupOf(const Entry &entry, const Node &parent) 
 }
 
 bool CandidateInsertion::insertElement(const Entry &entry, Position position) {
-    const TreeItem item = itemFor(position);
-    if (!isPossible(item, entry))
-        return false;
     return insertElements({entry}, position);
 }
 
 bool CandidateInsertion::insertElements(const std::vector<Entry> &entries, Position position) {
-    const TreeItem item = tree_.SelectedItem();
+    const TreeItem item = itemFor(position);
     for (const Entry &entry : entries) {
         if (!isPossible(item, entry))
             return false;
@@ -124,20 +121,16 @@ bool CandidateInsertion::insertElements(const std::vector<Entry> &entries, Posit
                               : position == Position::Ahead   ? relocation_.ahead(item)
                                                               : relocation_.behind(item);
     TreeItem firstItem;
-    Node first;
     for (const Node &element : made) {
         const Node inserted = xml::insertLaidOut(parent, element, place.ref);
         tree_.setTreeVisible(true);
         const TreeItem newItem = relocation_.show(inserted, place);
-        if (!first) {
-            first = inserted;
+        if (!firstItem)
             firstItem = newItem;
-        }
     }
     selection_.ShowNode(firstItem, true);
     Q_EMIT documentModified();
     awaitText();
-    awaitText(first);
     return true;
 }
 

@@ -41,9 +41,11 @@ inline constexpr QStringView NodeExpand = u"ツリー項目の展開(&E)";
 inline constexpr QStringView ViewText = u"テキストの内容をツリーに表示(&T)";
 inline constexpr QStringView ViewFont = u"フォント(&F)...";
 
+inline constexpr QStringView ViewLive = u"入力中の検証(&L)";
+inline constexpr QStringView NodeMend = u"エラーの修正(&F)...";
 inline constexpr QStringView ViewPanel = u"検索結果パネル(&P)";
-inline constexpr QStringView ViewNextHit = u"次の検索結果(&N)";
-inline constexpr QStringView ViewPreviousHit = u"前の検索結果(&B)";
+inline constexpr QStringView ViewNextHit = u"次の検索結果・エラー(&N)";
+inline constexpr QStringView ViewPreviousHit = u"前の検索結果・エラー(&B)";
 inline constexpr QStringView ViewCandidates = u"候補パネル(&D)";
 inline constexpr QStringView ViewInsertCandidate = u"候補から挿入(&I)";
 inline constexpr QStringView ViewNextPart = u"次の領域へ移動(&M)";

@@ -21,6 +21,7 @@ constexpr SettingRow Rows[] = {
     {u"Candidates", u"Shown", &Values::candidatesShown, u"0"},
     {u"Candidates", u"Width", &Values::candidatesWidth, u"4500", 0},
     {u"Pane", u"ProposeUnasked", &Values::proposesUnasked, u"-1"},
+    {u"Validation", u"Live", &Values::liveValidation, u"-1"},
 };
 
 QString keyOf(const SettingList &list, qsizetype position) {

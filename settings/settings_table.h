@@ -40,6 +40,8 @@ struct Values {
     qint16 candidatesWidth = 0;
     /// What can be typed into the pane is proposed without being asked for.
     bool proposesUnasked = false;
+    /// The document is checked by its schemas while it is edited.
+    bool liveValidation = true;
     /// At most as many as EditorNames holds, in order.
     std::vector<ExternalEditor> editors;
 };

@@ -41,7 +41,7 @@ const std::map<QString, int> Floors = {
     {"search", 12},
     {"candidates", 12},
     {"preview", 12},
-    {"validation", 12},
+    {"validation", 13},
     {"tools", 12},
     {"document", 12},
     {"completion", 13},

@@ -14,6 +14,10 @@ using edit::StructureStates;
 constexpr QStringView popupMenu = u"mnuNodeContext";
 constexpr QStringView treeMenu = u"treeMenu";
 
+bool hasFaults(const Editor &editor) {
+    return !editor.faults.isEmpty();
+}
+
 bool canAddAttributeToParent(const Editor &editor) {
     return editor.creation.canAddAttributeToParent();
 }
@@ -146,6 +150,9 @@ constexpr CommandRow Rows[] = {
     {.entry = {u"mnuNodeDefinition", nodeMenu, text::NodeDefinition, u"Ctrl+F12"},
      .enabled = isDeclared,
      .run = [](frmMain &form) { form.editor().explanation.mnuNodeDefinition_Click(); }},
+    {.entry = {u"mnuNodeMend", nodeMenu, text::NodeMend, u"Ctrl+."},
+     .enabled = hasFaults,
+     .run = [](frmMain &form) { form.mnuNodeMend_Click(); }},
 };
 
 constexpr CommandRow ContextRows[] = {

@@ -11,7 +11,7 @@ bool canExpand(const Editor &editor) {
 }
 
 bool hasHits(const Editor &editor) {
-    return !editor.hits.isEmpty();
+    return !editor.hits.isEmpty() || !editor.faults.isEmpty();
 }
 
 void chooseFont(frmMain &form) {
@@ -46,10 +46,10 @@ constexpr CommandRow Rows[] = {
      .run = [](frmMain &form) { form.mnuViewPanel_Click(isChecked(form, u"mnuViewPanel")); }},
     {.entry = {u"mnuViewNextHit", viewMenu, text::ViewNextHit, u"F4"},
      .enabled = hasHits,
-     .run = [](frmMain &form) { form.editor().hitNavigation.mnuViewNextHit_Click(); }},
+     .run = [](frmMain &form) { form.mnuViewNextHit_Click(); }},
     {.entry = {u"mnuViewPreviousHit", viewMenu, text::ViewPreviousHit, u"Shift+F4"},
      .enabled = hasHits,
-     .run = [](frmMain &form) { form.editor().hitNavigation.mnuViewPreviousHit_Click(); }},
+     .run = [](frmMain &form) { form.mnuViewPreviousHit_Click(); }},
     line(u"mnuViewLine4", viewMenu),
     {.entry = {u"mnuViewNextPart", viewMenu, text::ViewNextPart, u"F6"},
      .run = [](frmMain &form) { form.focusPart(+1); }},
@@ -72,6 +72,12 @@ constexpr CommandRow Rows[] = {
                .checkable = true,
                .checked = true},
      .run = [](frmMain &form) { form.mnuViewPropose_Click(isChecked(form, u"mnuViewPropose")); }},
+    {.entry = {.name = u"mnuViewLive",
+               .menu = viewMenu,
+               .caption = text::ViewLive,
+               .checkable = true,
+               .checked = true},
+     .run = [](frmMain &form) { form.mnuViewLive_Click(isChecked(form, u"mnuViewLive")); }},
 };
 
 } // namespace

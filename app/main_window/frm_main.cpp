@@ -61,6 +61,7 @@ frmMain::frmMain(Environment environment)
     tvw->setImageList(treeImages());
     panel_ = new ResultPanel(*editor_, tvw->imageList(), longWork_, this);
     candidates_ = new CandidatePanel(*editor_, tvw->imageList(), this);
+    mendMenu_ = new MendMenu(*editor_, *tvw, *txtEdit, *panel_, this);
     treePrinting_ = std::make_unique<tools::TreePrinting>(editor_->state, editor_->tree, longWork_);
     treePrinting_->look = [this] { return tools::PrintLook{tvw->font(), tvw->imageList()}; };
     // Nodes are moved within the tree; in the pane they would be typing.
@@ -104,6 +105,7 @@ void frmMain::layOut() {
 
     statusBar()->addWidget(sbr, 1);
     statusBar()->addPermanentWidget(&panel_->button());
+    statusBar()->addPermanentWidget(&panel_->faultsButton());
     statusBar()->addPermanentWidget(validationButton_);
     schemaButton_ = new SchemaButton(editor_->schemas, editor_->state);
     statusBar()->addPermanentWidget(schemaButton_);

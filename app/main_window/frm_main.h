@@ -2,6 +2,7 @@
 
 #include "app/editor.h"
 #include "app/main_window/candidate_panel.h"
+#include "app/main_window/mend_menu.h"
 #include "app/main_window/replace_dialog.h"
 #include "app/main_window/result_panel.h"
 #include "app/main_window/schema_button.h"
@@ -65,6 +66,10 @@ public:
     void mnuNodeChooseValue_Click();
     /// Selects the node that begins on a line of the file, or last ahead of it.
     void showLine(quint32 line);
+    void mnuViewNextHit_Click() { panel_->navigation().mnuViewNextHit_Click(); }
+    void mnuViewPreviousHit_Click() { panel_->navigation().mnuViewPreviousHit_Click(); }
+    void mnuViewLive_Click(bool on);
+    void mnuNodeMend_Click() { mendMenu_->open(); }
     /// Gives the keyboard to the next part of the window, or with -1 to the one before: tree, pane,
     /// preview, candidates, panel, path box, and round again. Parts that are not to be seen are
     /// left out.
@@ -157,6 +162,7 @@ private:
     ReplaceDialog *replaceDialog_ = nullptr;
     ResultPanel *panel_ = nullptr;
     CandidatePanel *candidates_ = nullptr;
+    MendMenu *mendMenu_ = nullptr;
     system::CompanionLink companion_;
 };
 

@@ -159,6 +159,11 @@ void frmMain::mnuViewCandidates_Click(bool show) {
     show ? candidates_->open() : candidates_->shut();
 }
 
+void frmMain::mnuViewLive_Click(bool on) {
+    editor_->settings.liveValidation = on;
+    editor_->live.setOn(on);
+}
+
 std::vector<std::pair<QWidget *, std::function<void()>>> frmMain::parts() {
     const auto itself = [](QWidget *widget) {
         return std::pair<QWidget *, std::function<void()>>(

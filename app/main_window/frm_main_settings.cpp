@@ -56,6 +56,8 @@ void frmMain::Form_Initialize() {
     candidates_->setVisible(settings.candidatesShown);
     txtEdit->setProposesUnasked(settings.proposesUnasked);
     actions_.action(u"mnuViewPropose")->setChecked(settings.proposesUnasked);
+    actions_.action(u"mnuViewLive")->setChecked(settings.liveValidation);
+    editor_->live.setOn(settings.liveValidation);
     ignoringErrors([&] { takeFont(settings.fontName, settings.fontSize); });
     showExternalEditors();
     ignoringErrors([this] { editor_->workingFolder.create(); });

@@ -76,6 +76,10 @@ const HitRow &HitTable::row(int row) const {
     return known->second;
 }
 
+QIcon HitTable::imageOf(int row) const {
+    return image ? image(row) : images_.value(tree::imageKeys().indexOf(this->row(row).image));
+}
+
 QVariant HitTable::textAt(const HitRow &row, int column) const {
     switch (column) {
     case Kind:
@@ -102,7 +106,7 @@ QVariant HitTable::data(const QModelIndex &index, int role) const {
     case Qt::ToolTipRole:
         return column == Kind ? QVariant() : textAt(row, column);
     case Qt::DecorationRole:
-        return column == Kind ? images_.value(tree::imageKeys().indexOf(row.image)) : QVariant();
+        return column == Kind ? imageOf(index.row()) : QVariant();
     case Qt::CheckStateRole:
         if (column != Kind || !hasChanges_)
             return {};
@@ -126,12 +130,12 @@ bool HitTable::setData(const QModelIndex &index, const QVariant &value, int role
 QVariant HitTable::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation == Qt::Vertical)
         return role == Qt::DisplayRole ? QVariant(section + 1) : QVariant();
-    const QStringView names[] = {texts::KindColumn, texts::PathColumn,
-                                 hasChanges_ ? texts::BeforeColumn : texts::TextColumn,
-                                 texts::AfterColumn, texts::ObstacleColumn};
+    const QString names[] = {texts::KindColumn.toString(), texts::PathColumn.toString(),
+                             hits_.nameOfTexts(), texts::AfterColumn.toString(),
+                             texts::ObstacleColumn.toString()};
     constexpr int Widths[] = {KindWidth, PathWidth, TextWidth, TextWidth, TextWidth};
     if (role == Qt::DisplayRole)
-        return names[section].toString();
+        return names[section];
     return role == controls::row_role::Width ? QVariant(Widths[section]) : QVariant();
 }
 

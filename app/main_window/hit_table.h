@@ -6,6 +6,7 @@
 #include <QAbstractTableModel>
 #include <QIcon>
 
+#include <functional>
 #include <unordered_map>
 
 namespace quillon::app {
@@ -29,6 +30,9 @@ public:
     /// Column -1 is the order of the document.
     void sort(int column, Qt::SortOrder order) override;
 
+    /// The image of a row, where it is not that of the kind of its node.
+    std::function<QIcon(int row)> image;
+
     /// What the rows are sorted by now.
     int sortedColumn() const;
 
@@ -38,6 +42,7 @@ private:
     void reset();
     void forgetTexts();
     const search::HitRow &row(int row) const;
+    QIcon imageOf(int row) const;
     QVariant textAt(const search::HitRow &row, int column) const;
 
     search::HitList &hits_;

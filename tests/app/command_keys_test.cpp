@@ -55,7 +55,7 @@ TEST_F(CommandKeys, AnswerToTheirKeysAndToNoOther) {
             tvw().setFocus();
         }
     }
-    EXPECT_EQ(keys.size(), 36u);
+    EXPECT_EQ(keys.size(), 37u);
     for (const Qt::KeyboardModifier modifier : {Qt::NoModifier, Qt::ShiftModifier})
         QTest::keyClick(&tvw(), Qt::Key_Delete, modifier);
     EXPECT_EQ(ran, "mnuEditDelete mnuEditDelete ");
@@ -92,6 +92,7 @@ TEST_F(CommandKeys, HaveTheKeysThatUsersKnow) {
         {"mnuNodeDuplicate", "Ctrl+Shift+D"},
         {"mnuNodeRaise", "Alt+Left"},
         {"mnuNodeLower", "Alt+Right"},
+        {"mnuNodeMend", "Ctrl+."},
         {"MoveUpByKey", "Alt+Up"},
         {"MoveDownByKey", "Alt+Down"},
         {"mnuNodeExplain", "Ctrl+F1"},
@@ -129,8 +130,8 @@ TEST_F(CommandKeys, HaveTheirPlacesAndAccessKeys) {
     EXPECT_EQ(keysOf(form->menuBar()->actions()), "FEVNTWH.") << "the last one is hidden";
     EXPECT_EQ(menuKeys(u"mnuFile"), "NOR|SA|PT|M|CX");
     EXPECT_EQ(menuKeys(u"mnuEdit"), "URA|TCPD|R|FN|L|HQM");
-    EXPECT_EQ(menuKeys(u"mnuView"), "CE|T|F|PNB|MO|DIK");
-    EXPECT_EQ(menuKeys(u"mnuNode"), "UD|EATCD|LXM.|D|BRWGOS|VIJ");
+    EXPECT_EQ(menuKeys(u"mnuView"), "CE|T|F|PNB|MO|DIKL");
+    EXPECT_EQ(menuKeys(u"mnuNode"), "UD|EATCD|LXM.|D|BRWGOS|VIJF");
     EXPECT_EQ(menuKeys(u"mnuTool"), "XPNHY|SV|SC|E|O|MBK");
     EXPECT_EQ(menuKeys(u"mnuWindow"), "H");
     EXPECT_EQ(menuKeys(u"mnuHelp"), "RA");

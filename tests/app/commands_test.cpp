@@ -1,4 +1,5 @@
 #include "app/main_window/command_table.h"
+#include "platform/xml/schema/grammar/load_grammar.h"
 #include "tests/support/editor_window.h"
 #include "tests/support/patience.h"
 #include "tests/support/private_bus.h"
@@ -167,6 +168,19 @@ std::vector<Commands::Case> Commands::documentCases() {
         {u"mnuNodeLower", [] {}, makes("<r><a k=\"1\">t<b/></a><c/></r>")},
         {u"mnuNodeEnclose", [this] { dialogs.answerInput("x"); },
          makes("<r><a k=\"1\">t</a><x><b/></x><c/></r>")},
+        {u"mnuNodeMend",
+         [this] {
+             editor().schemas.disconnect();
+             editor().live.setSchemas(
+                 grammar::loadGrammar({.path = write("other.dtd", "<!ELEMENT r (x)>")}), {});
+             EXPECT_TRUE(
+                 QTest::qWaitFor([this] { return editor().live.isUpToDate(); }, patienceMs));
+             select("a");
+         },
+         [] {
+             QWidget *const menu = QApplication::activePopupWidget();
+             return menu && menu->close();
+         }},
         {u"mnuNodeSort",
          [this] {
              select("r");
@@ -314,6 +328,7 @@ std::vector<Commands::Case> Commands::viewCases() {
         {u"treeMenuCandidates", [] {}, hasCandidates},
         {u"mnuViewPropose", [] {}, [this] { return !txtEdit().proposesUnasked(); }},
         {u"mnuViewNextPart", [] {}, [this] { return txtEdit().hasFocus(); }},
+        {u"mnuViewLive", [] {}, [this] { return !editor().live.isOn(); }},
         {u"mnuViewPreviousPart", [] {},
          [this] { return cboPath().isAncestorOf(QApplication::focusWidget()); }},
     };

@@ -1,0 +1,131 @@
+#include "app/main_window/result_panel.h"
+#include "platform/xml/schema/grammar/load_grammar.h"
+#include "tests/support/editor_window.h"
+#include "tests/support/patience.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QClipboard>
+#include <QMenu>
+#include <QPushButton>
+#include <QTest>
+
+namespace quillon::test {
+
+namespace {
+
+/// What a window shows of what is wrong in its document.
+class FaultPanel : public EditorWindow {
+protected:
+    FaultPanel() {
+        form->show();
+        form->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(form.get(), Patience));
+        editor().schemas.disconnect();
+    }
+
+    void useDtd(const QByteArray &dtd) {
+        const grammar::Grammar grammar = grammar::loadGrammar({.path = write("r.dtd", dtd)});
+        editor().candidateFinder.setGrammar(grammar);
+        editor().live.setSchemas(grammar, {});
+        waitForChecks();
+    }
+    void waitForChecks() {
+        ASSERT_TRUE(QTest::qWaitFor([this] { return editor().live.isUpToDate(); }, Patience));
+    }
+    app::ResultPanel &panel() { return *form->findChild<app::ResultPanel *>("resultPanel"); }
+    controls::RowTable &table() { return *panel().findChild<controls::RowTable *>("faultTable"); }
+    QPushButton &button() { return *form->findChild<QPushButton *>("faultsButton"); }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+    }
+    QString selected() { return tree().SelectedItem().Text(); }
+    /// Opens the list of mends by its key; its captions.
+    QStringList mends() {
+        press(Qt::Key_Period, Qt::ControlModifier);
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        QStringList captions;
+        for (const QAction *action : menu ? menu->actions() : QList<QAction *>()) {
+            if (action->isEnabled() && !action->isSeparator())
+                captions << action->text();
+        }
+        return captions;
+    }
+};
+
+const QByteArray Dtd = "<!ELEMENT r (a, b?)><!ELEMENT a (#PCDATA)><!ELEMENT b EMPTY>"
+                       "<!ATTLIST b k CDATA #REQUIRED>";
+
+TEST_F(FaultPanel, TheButtonCountsAndOpensTheList) {
+    open("<r><a/><b/><c/></r>");
+    EXPECT_FALSE(button().isVisible()) << "nothing is known";
+    useDtd(Dtd);
+    EXPECT_TRUE(button().isVisible());
+    EXPECT_EQ(button().text(), "エラー 2 件");
+    EXPECT_EQ(button().accessibleName(), button().text());
+    QTest::mouseClick(&button(), Qt::LeftButton);
+    ASSERT_TRUE(table().isVisible());
+    EXPECT_TRUE(table().hasFocus());
+    EXPECT_EQ(table().model()->index(0, 2).data().toString(),
+              "要素 'b' に必須の属性 'k' がありません。");
+    useDtd("<!ELEMENT r ANY><!ELEMENT a ANY><!ELEMENT b ANY><!ELEMENT c ANY>");
+    EXPECT_EQ(button().text(), "エラーなし");
+}
+
+TEST_F(FaultPanel, KeysGoFromOneToTheNextAndToItsMends) {
+    open("<r><a/><b/><c/></r>");
+    useDtd(Dtd);
+    panel().openFaults();
+    table().selectRow(0);
+    EXPECT_EQ(mends(), QStringList{"属性 'k' を追加"});
+    press(Qt::Key_Return);
+    EXPECT_EQ(xml(), "<r><a/><b k=\"\"/><c/></r>");
+    waitForChecks();
+    EXPECT_EQ(button().text(), "エラー 1 件");
+    press(Qt::Key_F4);
+    EXPECT_EQ(selected(), "c");
+    tvw().setFocus();
+    EXPECT_TRUE(mends().contains("要素 'c' を削除"));
+    QApplication::activePopupWidget()->close();
+    select("a");
+    tvw().setFocus();
+    EXPECT_EQ(mends(), QStringList());
+    EXPECT_EQ(status(), "ここにエラーはありません。");
+}
+
+TEST_F(FaultPanel, ThePaneTellsWhatIsAtTheCaret) {
+    open("<r><a/><b/></r>");
+    useDtd(Dtd);
+    select("r");
+    editor().paneMarks.mark();
+    txtEdit().setFocus();
+    const auto at = txtEdit().Text().indexOf("b/");
+    txtEdit().setSelStart(at);
+    ASSERT_EQ(txtEdit().marksAtCaret().size(), 1U);
+    txtEdit().setSelStart(0);
+    EXPECT_TRUE(txtEdit().marksAtCaret().empty());
+    txtEdit().setSelStart(at);
+    EXPECT_EQ(mends(), QStringList{"属性 'k' を追加"});
+    press(Qt::Key_Escape);
+    txtEdit().setText(QString("<r><b/></r>"));
+    EXPECT_TRUE(txtEdit().marksAtCaret().empty()) << "text that is set anew has no marks";
+}
+
+TEST_F(FaultPanel, TheTreeSaysWhatIsMarked) {
+    open("<r><a/><b/></r>");
+    useDtd(Dtd);
+    const auto description = [this](const QString &caption) {
+        QAccessibleInterface *tree = QAccessible::queryAccessibleInterface(&tvw());
+        const int row = tvw().rows().rowOf(this->tree().nodes().slotOf(item(caption)));
+        return tree->child(row)->text(QAccessible::Description);
+    };
+    editor().builder.ExpandSubtree(tree().nodes().Item(1));
+    EXPECT_TRUE(description("b").endsWith("要素 'b' に必須の属性 'k' がありません。"));
+    EXPECT_FALSE(description("r").contains("エラー"));
+    editor().builder.CollapseSubtree(item("r"));
+    EXPECT_TRUE(description("r").endsWith("この中にエラーがあります"));
+}
+
+} // namespace
+
+} // namespace quillon::test
