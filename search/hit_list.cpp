@@ -51,7 +51,7 @@ void HitList::show(Hits hits) {
 }
 
 void HitList::refresh(Hits hits) {
-    const bool hasCurrent = currentRow_ >= 0 && currentRow_ < rowCount();
+    const bool hasCurrent = currentRow_ >= 0 && !currentIsGone_ && currentRow_ < rowCount();
     const Hit current = hasCurrent ? hit(currentRow_) : Hit();
     const QString note =
         hasCurrent && !list_.notes.empty() ? list_.notes[place(currentRow_)] : QString();
