@@ -238,7 +238,7 @@ void Editor::wireLiveValidation() {
     connect(&loader, &document::DocumentLoader::documentOpened, &live, replaced);
     live.syntaxFault = [this] { return paneMarks.syntaxFault(); };
     connect(&schemas, &schemas::DocumentSchemas::changed, &live,
-            [this] { live.setSchemas(schemas.grammar(), schemas.links(), state.folder()); });
+            [this] { live.setSchemas(schemas, state.folder()); });
 
     const auto markSoon = &validation::PaneMarks::markSoon;
     connect(&live, &LiveValidation::faultsChanged, this, &Editor::listFaults);

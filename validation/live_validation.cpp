@@ -61,15 +61,16 @@ void LiveValidation::setOn(bool on) {
     restart();
 }
 
-void LiveValidation::setSchemas(const std::optional<grammar::Grammar> &grammar,
-                                const std::vector<schemas::SchemaLink> &links,
+void LiveValidation::setSchemas(const schemas::DocumentSchemas &schemas,
                                 const QString &documentFolder) {
+    const std::optional<grammar::Grammar> &grammar = schemas.grammar();
+    const std::vector<schemas::SchemaLink> &links = schemas.links();
     const bool isSameGrammar = grammar && grammar_ ? &grammar->data() == &grammar_->data()
                                                    : grammar.has_value() == grammar_.has_value();
     if (isSameGrammar && links == links_)
         return;
     links_ = links;
-    setSchemas(grammar, verdictBy(links, documentFolder));
+    setSchemas(grammar, verdictBy(links, documentFolder, schemas.localCopies()));
 }
 
 void LiveValidation::setSchemas(const std::optional<grammar::Grammar> &grammar,

@@ -2,6 +2,7 @@
 
 #include "platform/xml/dom/document_states.h"
 #include "platform/xml/engine/background_child.h"
+#include "schemas/document_schemas.h"
 #include "state/document_state.h"
 #include "validation/element_faults.h"
 #include "validation/schema_verdict.h"
@@ -33,10 +34,9 @@ public:
     void setOn(bool on);
     bool isOn() const { return isOn_; }
 
-    /// The schemas of the document, and the grammar of what they say of elements. Where they are
-    /// not those that were there before, the document is checked anew.
-    void setSchemas(const std::optional<grammar::Grammar> &grammar,
-                    const std::vector<schemas::SchemaLink> &links, const QString &documentFolder);
+    /// The schemas of the document, and where it is. Where they are not those that were there
+    /// before, the document is checked anew.
+    void setSchemas(const schemas::DocumentSchemas &schemas, const QString &documentFolder);
     /// What is to be asked after each edit, and what decides in the end; either may be none. The
     /// document is checked anew. The verdict is given in a child process and owns what it needs.
     void setSchemas(const std::optional<grammar::Grammar> &grammar, const Verdict &verdict);

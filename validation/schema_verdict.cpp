@@ -28,7 +28,8 @@ std::optional<xml::SchemaKind> kindOf(schemas::SchemaKind kind) {
 
 } // namespace
 
-Verdict verdictBy(const std::vector<schemas::SchemaLink> &links, const QString &documentFolder) {
+Verdict verdictBy(const std::vector<schemas::SchemaLink> &links, const QString &documentFolder,
+                  const xml::PartCatalog &catalog) {
     const QStringList folders =
         documentFolder.isEmpty() ? QStringList() : QStringList(documentFolder);
     std::vector<xml::SchemaForVerdict> judges;
@@ -38,7 +39,8 @@ Verdict verdictBy(const std::vector<schemas::SchemaLink> &links, const QString &
             judges.push_back({.kind = *kind,
                               .path = link.path,
                               .namespaceName = link.namespaceName,
-                              .partFolders = folders});
+                              .partFolders = folders,
+                              .catalog = catalog});
     }
     if (judges.empty())
         return {};
