@@ -7,8 +7,8 @@
 #include "platform/ui/message_box.h"
 #include "platform/xml/engine/child_process.h"
 #include "platform/xml/schema/schema_error_bytes.h"
-#include "platform/xml/schema/xerces/schema_validator.h"
 #include "platform/xml/schema/xdr/xdr_validator.h"
+#include "platform/xml/schema/xerces/schema_validator.h"
 #include "resources/messages.h"
 #include "resources/validation_texts.h"
 

@@ -339,8 +339,7 @@ TEST(Load, TellsWhereAndWhyItStopped) {
 /// The parser gets long texts in pieces. Whatever stands where one ends is read as if it did not.
 TEST(RoundTrip, LongTextsAreReadAsShortOnes) {
     constexpr std::size_t Piece = 1 << 20;
-    const std::string markup =
-        "<名 属='値&amp;'>文&lt;字\n<!--注--><![CDATA[節]]><?命令 x?></名>";
+    const std::string markup = "<名 属='値&amp;'>文&lt;字\n<!--注--><![CDATA[節]]><?命令 x?></名>";
     const std::string faulty = "<名>字&undefined;";
     const auto structure = [](const DOMDocument40 &document) {
         std::string out;
