@@ -308,14 +308,15 @@ ProposalList Completion::proposeValue(const Shown &shown, QByteArrayView text,
 QByteArray Completion::elementMarkup(const PlaceDocument &place, const Proposal &proposal) const {
     const QByteArray name = proposal.text.toUtf8();
     const grammar::SkeletonMaker *maker = finder_.skeletons();
-    if (!maker || proposal.id == None)
+    const grammar::Grammar *known = grammar();
+    if (!maker || !known || proposal.id == None)
         return '<' + name + "></" + name + '>';
     const QByteArray markup =
         maker->markup(proposal.id, candidates::CandidateFinder::scopeIn(place.parent)).toUtf8();
     // What may have something in it is shown with room for that.
-    const grammar::Index type = grammar()->element(proposal.id).type;
+    const grammar::Index type = known->element(proposal.id).type;
     const bool isEmptyTag = markup.endsWith("/>") && markup.count('<') == 1;
-    if (!isEmptyTag || (type != None && grammar()->type(type).content == grammar::Content::Empty))
+    if (!isEmptyTag || (type != None && known->type(type).content == grammar::Content::Empty))
         return markup;
     return markup.chopped(2).trimmed() + "></" + name + '>';
 }

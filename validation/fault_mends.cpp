@@ -5,6 +5,7 @@
 #include "resources/live_texts.h"
 
 #include <algorithm>
+#include <array>
 #include <numeric>
 
 namespace quillon::validation {
@@ -27,19 +28,25 @@ constexpr qsizetype MostValues = 6;
 constexpr int MostSteps = 20;
 constexpr qsizetype LongestWord = 100;
 
-/// How many letters have to be changed, added or left out to make one word another one.
+/// How many letters have to be changed, added or left out to make one word another one. Neither is
+/// longer than LongestWord.
 qsizetype distance(const QString &one, const QString &other) {
-    std::vector<qsizetype> row(std::size_t(other.size()) + 1);
+    std::array<qsizetype, std::size_t(LongestWord) + 1> row;
     std::iota(row.begin(), row.end(), 0);
-    for (qsizetype i = 0; i < one.size(); ++i) {
+    for (const QChar letter : one) {
         qsizetype corner = row[0]++;
-        for (std::size_t j = 0; j + 1 < row.size(); ++j) {
-            const qsizetype changed = corner + (one[i] == other[qsizetype(j)] ? 0 : 1);
+        for (std::size_t j = 0; j < std::size_t(other.size()); ++j) {
+            const qsizetype changed = corner + (letter == other[qsizetype(j)] ? 0 : 1);
             corner = row[j + 1];
             row[j + 1] = std::min({changed, row[j] + 1, row[j + 1] + 1});
         }
     }
-    return row.back();
+    return row[std::size_t(other.size())];
+}
+
+/// A word as it is compared.
+QString folded(const QString &word) {
+    return word.toCaseFolded().left(LongestWord);
 }
 
 Mend changeOf(Mend::Action action, const Node &node, QStringView caption, const QString &text) {
@@ -62,12 +69,12 @@ Mend removalOf(const Node &node) {
 } // namespace
 
 QStringList nearest(const QString &word, const QStringList &words, qsizetype most) {
-    const QString wanted = word.left(LongestWord).toCaseFolded();
+    const QString wanted = folded(word);
     std::vector<std::pair<qsizetype, QString>> near;
     for (const QString &other : words) {
         if (other == word || other.size() > LongestWord)
             continue;
-        const qsizetype steps = distance(wanted, other.toCaseFolded());
+        const qsizetype steps = distance(wanted, folded(other));
         if (steps * 2 <= std::max(wanted.size(), other.size()))
             near.emplace_back(steps, other);
     }

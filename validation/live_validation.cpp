@@ -76,9 +76,7 @@ void LiveValidation::setSchemas(const schemas::DocumentSchemas &schemas,
 void LiveValidation::setSchemas(const std::optional<grammar::Grammar> &grammar,
                                 const Verdict &verdict) {
     grammar_ = grammar;
-    finder_.reset();
-    if (grammar_)
-        finder_.emplace(*grammar_);
+    finder_ = grammar_ ? std::make_unique<ElementFaults>(*grammar_) : nullptr;
     verdict_ = verdict;
     restart();
 }

@@ -12,6 +12,7 @@
 #include <QTimer>
 
 #include <chrono>
+#include <memory>
 #include <optional>
 #include <unordered_set>
 
@@ -99,7 +100,7 @@ private:
     const state::DocumentState &state_;
     bool isOn_ = true;
     std::optional<grammar::Grammar> grammar_;
-    std::optional<ElementFaults> finder_;
+    std::unique_ptr<ElementFaults> finder_;
     Verdict verdict_;
     /// What these two were made from.
     std::vector<schemas::SchemaLink> links_;
