@@ -38,7 +38,7 @@ second="$(create)"
 on_window "$second" OpenFile "$folder/bad.xml"
 until_true "a box tells of the failure" titled "$title"
 is "the answer meanwhile" "$(get "$second" Visible)" "(<false>,)"
-xdotool search --onlyvisible --name "^$title\$" windowfocus
+until_true "the box takes the keyboard" xdotool search --onlyvisible --name "^$title\$" windowfocus
 xdotool key Escape
 show "$second" true
 until_true "the caption has the path" titled "bad.xml - $title"
@@ -60,7 +60,10 @@ editor=$!
 until_true "the user's window" titled "good.xml - $title"
 until_true "the name is taken" owned "$bus_name"
 third="$(create)"
-xdotool search --onlyvisible --name "^good.xml - $title\$" windowfocus key alt+f x
+# A search fails while another window, as the splash, is going.
+finds() { found="$(xdotool search --onlyvisible --name "^good.xml - $title\$")"; }
+until_true "the user's window is found" finds
+xdotool windowfocus "$found" key --window "$found" alt+f x || true
 until_true "the user's window is closed" nothing_shown
 is "the client's window" "$(get "$third" Visible)" "(<false>,)"
 on_window "$third" CloseWindow

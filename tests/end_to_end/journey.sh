@@ -20,7 +20,8 @@ trap 'kill "$editor" 2>/dev/null || true; wait 2>/dev/null || true' EXIT
 
 holds() { grep -qF -- "$2" "$1"; }
 ended() { ! kill -0 "$editor" 2>/dev/null; }
-# Without a window manager nobody gives the focus back when a box closes.
+# Without a window manager nobody gives the focus back when a box closes. It fails while a window is
+# going, as the splash does.
 focus() { xdotool search --onlyvisible --class '^quillon$' windowfocus; }
 has_no_box() { [ "$(titles | wc -l)" -eq 1 ]; }
 # Keys reach a box only once it has the focus, some time after it is seen.
@@ -39,7 +40,7 @@ editor=$!
 name="my file.xml"
 until_true "the file is opened" titled "$name - Quillon XML Editor"
 until_true "a copy is kept" compgen -G "$folder/Temp/*.bak"
-focus
+until_true "the window takes the keyboard" focus
 
 # Down to the text: doc, a, expand, its text. The label editor takes the new value.
 xdotool key Down Down Right Down F2
@@ -61,7 +62,7 @@ until_true "a question comes" focus_box
 xdotool key Escape
 until_true "cancelling keeps the window" has_no_box
 titled "$name * - Quillon XML Editor" || fail "the document is still there"
-focus
+until_true "the window takes the keyboard" focus
 xdotool key alt+f x
 until_true "the question comes again" focus_box
 xdotool key Return
@@ -73,7 +74,7 @@ holds "$folder/my file.xml" "<a>newer</a>" || fail "the answer yes saves: $(cat 
 "$folder/quillon" "$folder/my file.xml" &
 editor=$!
 until_true "the file is opened again" titled "$name - Quillon XML Editor"
-focus
+until_true "the window takes the keyboard" focus
 xdotool key Down Down Right Down F2
 xdotool type --delay 20 "newest"
 xdotool key Return
