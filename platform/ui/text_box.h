@@ -22,6 +22,14 @@ struct TextMark {
     bool operator==(const TextMark &) const = default;
 };
 
+/// A stretch of a text that is to become another one.
+struct TextReplacement {
+    /// In bytes of TextBox::utf8().
+    qsizetype at = 0;
+    qsizetype length = 0;
+    QByteArray text;
+};
+
 /// A multi-line text box. The text is kept with LF line ends, whatever was set or typed. Whoever
 /// puts it on the screen tells of every change of the text, also of those made here.
 class TextBox {
@@ -50,6 +58,13 @@ public:
     /// Selects a piece of Text() and scrolls to it: 0-based, so a line end counts two. What is
     /// beyond the text is left out.
     virtual void select(qsizetype start, qsizetype length) = 0;
+    /// The same in bytes of utf8().
+    virtual void selectBytes(qsizetype at, qsizetype length) = 0;
+    /// Where what is typed goes, in bytes of utf8().
+    virtual qsizetype caret() const = 0;
+    /// Makes some replacements as one change of the text; nothing in a locked box. They are in
+    /// order and do not overlap. The caret stays with what it stands at.
+    virtual void replace(const std::vector<TextReplacement> &replacements) = 0;
     /// What is typed goes here from now on.
     virtual void takeFocus() = 0;
     /// Marks stretches of the text in place of those that were marked before. They move with the

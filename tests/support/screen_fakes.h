@@ -36,6 +36,19 @@ public:
         selected = Text().mid(start, length);
         selectedAt = start;
     }
+    void selectBytes(qsizetype at, qsizetype length) override {
+        selected = runtime::fromUtf8(utf8_.mid(at, length));
+        caretAt = at + length;
+    }
+    qsizetype caret() const override { return caretAt; }
+    void replace(const std::vector<ui::TextReplacement> &replacements) override {
+        if (locked_)
+            return;
+        for (auto at = replacements.rbegin(); at != replacements.rend(); ++at)
+            utf8_.replace(at->at, at->length, at->text);
+        if (changed)
+            changed();
+    }
     void takeFocus() override { hasFocus = true; }
     void setMarks(const std::vector<ui::TextMark> &value) override { marks = value; }
 
@@ -44,6 +57,8 @@ public:
     bool hasFocus = false;
     QString selected;
     qsizetype selectedAt = -1;
+    /// In bytes.
+    qsizetype caretAt = 0;
     std::vector<ui::TextMark> marks;
 
 private:

@@ -161,6 +161,27 @@ void TextBox::select(qsizetype start, qsizetype length) {
     setSelLength(length);
 }
 
+void TextBox::selectBytes(qsizetype at, qsizetype length) {
+    const long end = send(SCI_GETLENGTH);
+    const long start = std::clamp<long>(at, 0, end);
+    send(SCI_SETSEL, start, std::clamp<long>(start + length, start, end));
+}
+
+void TextBox::replace(const std::vector<ui::TextReplacement> &replacements) {
+    if (locked_)
+        return;
+    stopComposing();
+    closeProposals();
+    asOneChange([&] {
+        // From the last one on, so that the places of the others hold.
+        for (auto at = replacements.rbegin(); at != replacements.rend(); ++at) {
+            SendScintilla(SCI_SETTARGETRANGE, at->at, at->at + at->length);
+            SendScintilla(SCI_REPLACETARGET, static_cast<unsigned long>(at->text.size()),
+                          at->text.constData());
+        }
+    });
+}
+
 QString TextBox::selectedText() const {
     const long start = send(SCI_GETSELECTIONSTART);
     return runtime::fromUtf8(bytes().sliced(start, send(SCI_GETSELECTIONEND) - start));

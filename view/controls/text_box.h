@@ -44,6 +44,9 @@ public:
     qsizetype SelLength() const;
     void setSelLength(qsizetype length);
     void select(qsizetype start, qsizetype length) override;
+    void selectBytes(qsizetype at, qsizetype length) override;
+    qsizetype caret() const override { return send(SCI_GETCURRENTPOS); }
+    void replace(const std::vector<ui::TextReplacement> &replacements) override;
 
     /// With LF line ends.
     QString selectedText() const;

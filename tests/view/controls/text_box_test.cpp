@@ -100,6 +100,24 @@ TEST_F(TextBoxTest, CountsTheSelectionInItsText) {
     EXPECT_EQ(clipboard_.text(), QString(text).remove(u'\r'));
 }
 
+TEST_F(TextBoxTest, IsReplacedInSeveralPlacesAtOnce) {
+    box_.setText(QStringLiteral("<日>本</日>"));
+    box_.selectBytes(1, 3);
+    EXPECT_EQ(box_.selectedText(), u"日");
+    box_.selectBytes(5, 3);
+    changes();
+    box_.replace({{1, 3, "longer"}, {10, 3, "longer"}});
+    EXPECT_EQ(box_.utf8(), "<longer>本</longer>");
+    EXPECT_EQ(changes(), 1);
+    EXPECT_EQ(box_.selectedText(), u"本") << "stays with its text";
+    EXPECT_EQ(box_.caret(), 11);
+    box_.setLocked(true);
+    box_.replace({{0, 1, "x"}});
+    EXPECT_EQ(box_.utf8(), "<longer>本</longer>");
+    box_.selectBytes(15, 1000);
+    EXPECT_EQ(box_.selectedText(), u"nger>");
+}
+
 TEST_F(TextBoxTest, AnnouncesEachActionOnce) {
     box_.setLanguage(TextBox::Language::Xml);
     box_.setText(QStringLiteral("<a>one two</a>"));
