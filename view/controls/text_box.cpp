@@ -118,6 +118,7 @@ void TextBox::replaceText(QByteArrayView text) {
     send(SCI_MARKERDELETEALL, static_cast<unsigned long>(-1));
     marks_.clear();
     send(SCI_SETXOFFSET, 0);
+    layOutFor(text.size());
     // Forgets the longest line seen so far.
     send(SCI_SETSCROLLWIDTH, 1);
     SendScintilla(SCI_APPENDTEXT, static_cast<unsigned long>(text.size()), text.data());
@@ -143,7 +144,7 @@ qsizetype TextBox::SelStart() const {
 
 void TextBox::setSelStart(qsizetype start) {
     const long at = bytesOf(start, bytes());
-    send(SCI_SETSEL, at, at);
+    setSelection(at, at);
 }
 
 qsizetype TextBox::SelLength() const {
@@ -153,7 +154,7 @@ qsizetype TextBox::SelLength() const {
 
 void TextBox::setSelLength(qsizetype length) {
     const long start = send(SCI_GETSELECTIONSTART);
-    send(SCI_SETSEL, start, start + bytesOf(length, bytes().sliced(start)));
+    setSelection(start, start + bytesOf(length, bytes().sliced(start)));
 }
 
 void TextBox::select(qsizetype start, qsizetype length) {
@@ -164,7 +165,7 @@ void TextBox::select(qsizetype start, qsizetype length) {
 void TextBox::selectBytes(qsizetype at, qsizetype length) {
     const long end = send(SCI_GETLENGTH);
     const long start = std::clamp<long>(at, 0, end);
-    send(SCI_SETSEL, start, std::clamp<long>(start + length, start, end));
+    setSelection(start, std::clamp<long>(start + length, start, end));
 }
 
 void TextBox::replace(const std::vector<ui::TextReplacement> &replacements) {
@@ -205,7 +206,7 @@ TextBox::Found TextBox::find(const QString &what, Direction direction, bool matc
         if (SendScintilla(SCI_SEARCHINTARGET, static_cast<unsigned long>(text.size()),
                           text.constData()) < 0)
             continue;
-        send(SCI_SETSEL, send(SCI_GETTARGETSTART), send(SCI_GETTARGETEND));
+        setSelection(send(SCI_GETTARGETSTART), send(SCI_GETTARGETEND));
         return found;
     }
     return Found::Nowhere;

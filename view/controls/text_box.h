@@ -90,6 +90,26 @@ public:
     /// come from others.
     void setTextFont(const QString &family, double size);
 
+    // How the text is laid out: text_box_layout.cpp. Texts of more than 4 MB are neither wrapped
+    // nor folded.
+
+    /// Lines that are longer than the box is wide go on below.
+    void setWrapped(bool wrapped);
+    /// Blanks, tabs and full-width blanks are to be seen.
+    void setBlanksShown(bool shown);
+    /// The number of the first line, 1 to begin with; none: no line has a number.
+    void setFirstLineNumber(std::optional<qsizetype> number);
+    /// Whether the text can be folded, which only markup can.
+    bool canFold() const { return canFold_; }
+    /// Hides what is in the innermost element around the caret that is not folded, as far as it
+    /// stands on lines of its own, and takes the caret there.
+    void foldAtCaret();
+    /// Shows what is hidden behind the line of the caret.
+    void unfoldAtCaret();
+    /// Folds all elements in the outermost one.
+    void foldAll();
+    void unfoldAll();
+
 Q_SIGNALS:
     /// The text is no longer what it was: once for each of the user's actions and for each call
     /// that changes it.
@@ -108,6 +128,8 @@ protected:
     QByteArray fromMimeData(const QMimeData *source, bool &rectangular) const override;
 
 private:
+    static constexpr int LineNumberMargin = 0;
+
     long send(unsigned message, unsigned long wParam = 0, long lParam = 0) const {
         return SendScintilla(message, wParam, lParam);
     }
@@ -132,6 +154,20 @@ private:
     QString reasonsAt(long position) const;
     void applyStyles();
     void fitLineNumbers();
+
+    void setUpLayout();
+    void colourLayout();
+    /// Settles whether a text of that length is wrapped and folded.
+    void layOutFor(long length);
+    void knowFoldsUpTo(long line);
+    void unfoldLines(long first, long last);
+    /// Shows the lines of a selection if they are folded, selects it and scrolls to the caret.
+    void setSelection(long anchor, long caret);
+    void sightChanged();
+    /// The first and the last line in sight.
+    std::pair<long, long> linesInSight() const;
+    void boxWideBlanks();
+    void numberLines();
 
     bool isRefused(const QMimeData &offered) const;
 
@@ -163,6 +199,11 @@ private:
     double fontSize_ = 0;
     /// How many digits the line numbers' margin has room for.
     int lineNumberDigits_ = 0;
+    std::optional<qsizetype> firstLineNumber_ = 1;
+    bool wrapped_ = false;
+    bool canFold_ = false;
+    bool blanksShown_ = false;
+    bool hasBoxedBlanks_ = false;
 
     /// The text holds some that an input method has not finished.
     bool composing_ = false;

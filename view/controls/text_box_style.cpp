@@ -52,8 +52,6 @@ constexpr std::array xmlStyles{
     StyleRange{118, 127, instruction}, // content of a "<?php" instruction
 };
 
-constexpr int lineNumberMargin = 0;
-
 /// Scintilla's colours have their red in the lowest byte.
 constexpr long scintillaColour(QRgb colour) {
     return qRed(colour) | qGreen(colour) << 8 | qBlue(colour) << 16;
@@ -76,10 +74,11 @@ void TextBox::setUpView() {
     send(SCI_SETRECTANGULARSELECTIONMODIFIER, 0);
     send(SCI_SETSCROLLWIDTHTRACKING, true);
     send(SCI_SETSCROLLWIDTH, 1);
-    send(SCI_SETMARGINTYPEN, lineNumberMargin, SC_MARGIN_NUMBER);
+    send(SCI_SETMARGINTYPEN, LineNumberMargin, SC_MARGIN_NUMBER);
     send(SCI_SETMARGINLEFT, 0, 4);
     send(SCI_SETSELBACK, true, scintillaColour(selection));
     setUpMarks();
+    setUpLayout();
 }
 
 void TextBox::setLanguage(Language language) {
@@ -91,6 +90,7 @@ void TextBox::setLanguage(Language language) {
         send(SCI_CLEARDOCUMENTSTYLE);
     // What stands in a <script> is text like any other.
     SendScintilla(SCI_SETPROPERTY, "lexer.xml.allow.scripts", "0");
+    layOutFor(send(SCI_GETLENGTH));
 }
 
 void TextBox::setTextFont(const QString &family, double size) {
@@ -116,12 +116,15 @@ void TextBox::applyStyles() {
     send(SCI_STYLESETBACK, STYLE_LINENUMBER, scintillaColour(lineNumberPaper));
     send(SCI_SETCARETLINEBACK, scintillaColour(currentLine));
     send(SCI_SETCARETLINEVISIBLE, !locked_);
+    colourLayout();
     lineNumberDigits_ = 0;
     fitLineNumbers();
 }
 
 void TextBox::fitLineNumbers() {
-    const int digits = std::max(2, digitsOf(send(SCI_GETLINECOUNT)));
+    // Where the numbers are not known yet there is room for those of the text alone.
+    const long last = send(SCI_GETLINECOUNT) + long(firstLineNumber_.value_or(1)) - 1;
+    const int digits = std::max(2, digitsOf(last));
     if (digits == lineNumberDigits_)
         return;
     lineNumberDigits_ = digits;
@@ -129,7 +132,7 @@ void TextBox::fitLineNumbers() {
     const QByteArray sample(digits + 1, '9');
     const long width = SendScintilla(SCI_TEXTWIDTH, static_cast<unsigned long>(STYLE_LINENUMBER),
                                      sample.constData());
-    send(SCI_SETMARGINWIDTHN, lineNumberMargin, width);
+    send(SCI_SETMARGINWIDTHN, LineNumberMargin, width);
 }
 
 } // namespace quillon::controls
