@@ -101,7 +101,7 @@ std::optional<std::vector<OriginalBytes>> stretches(const Encoder &encoder, std:
 } // namespace
 
 EncodedText::EncodedText(const std::string &codec, std::string mark)
-    : encoder_(codec), bytes_(std::move(mark)), markLength_(bytes_.size()) {}
+    : encoder_(codec), bytes_(std::move(mark)), checkedLength_(bytes_.size()) {}
 
 bool EncodedText::canHold(std::string_view utf8) const {
     std::string ignored;
@@ -184,9 +184,30 @@ bool EncodedText::appendRead(std::string_view text, const std::vector<OriginalBy
     return true;
 }
 
+void EncodedText::appendUndecodable(std::string_view bytes) {
+    checkText();
+    bytes_ += bytes;
+    checkedLength_ = bytes_.size();
+    if (!encoder_.hasStates())
+        return;
+    state_.pass(bytes);
+    checkedState_ = state_;
+}
+
+void EncodedText::checkText() {
+    if (!encoder_.hasStates())
+        return;
+    const std::string_view unchecked = std::string_view(bytes_).substr(checkedLength_);
+    if (decode(encoder_, checkedState_.reachedFrom({}), unchecked).utf8 != text_)
+        readsBack_ = false;
+    checkedLength_ = bytes_.size();
+    checkedState_ = state_;
+    text_.clear();
+}
+
 std::optional<std::string> EncodedText::take() {
-    if (encoder_.hasStates() &&
-        decode(encoder_, {}, std::string_view(bytes_).substr(markLength_)).utf8 != text_)
+    checkText();
+    if (!readsBack_)
         return std::nullopt;
     return std::move(bytes_);
 }

@@ -30,6 +30,8 @@ public:
     /// bytes it was read from. False when that fails; what has been put together is then useless.
     bool appendRead(std::string_view text, const std::vector<OriginalBytes> &originals,
                     std::size_t start, std::size_t end);
+    /// Appends bytes as they are, which no text reads back as.
+    void appendUndecodable(std::string_view bytes);
     /// Hands the bytes over; nothing when shift states make them read back as another text than
     /// the one appended.
     std::optional<std::string> take();
@@ -42,13 +44,18 @@ private:
     void enter(const ShiftState &state);
     /// Notes what has been appended from `before` on.
     void note(std::size_t before, std::string_view utf8);
+    /// Compares what has been appended since the last time with what it reads back as.
+    void checkText();
 
     Encoder encoder_;
     std::string bytes_;
-    std::size_t markLength_;
-    // Both are kept up to date only where the encoding has shift states.
+    // All of these are kept up to date only where the encoding has shift states.
     ShiftState state_;
+    /// Up to where the bytes are checked, the state there, and the text from there on.
+    std::size_t checkedLength_;
+    ShiftState checkedState_;
     std::string text_;
+    bool readsBack_ = true;
 };
 
 /// Finds the stretches of a file whose bytes are not the ones that EncodedText would make of their

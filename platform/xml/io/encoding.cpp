@@ -64,13 +64,6 @@ std::string lower(std::string_view name) {
     return out;
 }
 
-LineEnd lineEndOf(std::string_view utf8) {
-    const std::size_t first = utf8.find_first_of("\r\n");
-    if (first == utf8.npos || utf8[first] == '\n')
-        return LineEnd::LF;
-    return first + 1 < utf8.size() && utf8[first + 1] == '\n' ? LineEnd::CRLF : LineEnd::CR;
-}
-
 /// The codec of a text in a UTF-16 that starts, without a mark, with these four bytes: white space
 /// or the "<" of markup. Empty for any other start, that of UTF-32 too.
 std::string unmarkedUtf16(std::string_view start) {
@@ -142,6 +135,23 @@ std::string codecFor(std::string_view declaredName) {
                : std::string();
 }
 
+LineEnd lineEndOf(std::string_view utf8) {
+    const std::size_t first = utf8.find_first_of("\r\n");
+    if (first == utf8.npos || utf8[first] == '\n')
+        return LineEnd::LF;
+    return first + 1 < utf8.size() && utf8[first + 1] == '\n' ? LineEnd::CRLF : LineEnd::CR;
+}
+
+std::string_view byteOrderMark(std::string_view codec) {
+    if (codec == "UTF-8")
+        return Utf8Mark;
+    return codec == "UTF-16BE" ? Utf16BeMark : Utf16LeMark;
+}
+
+bool isUtf16(std::string_view codec) {
+    return codec.substr(0, 6) == "UTF-16";
+}
+
 Decoded decodeFile(std::string bytes) {
     Decoded result;
     const auto [sniffed, markLength] = sniff(bytes);
@@ -158,7 +168,7 @@ Decoded decodeFile(std::string bytes) {
         codec = declared.empty() ? "UTF-8" : codecFor(declared);
         if (codec.empty())
             result.error = texts::UnknownEncoding.toString().arg(QString::fromStdString(declared));
-        else if (codec.rfind("UTF-16", 0) == 0)
+        else if (isUtf16(codec))
             result.error = texts::EncodingSwitch.toString();
         if (!result.error.isNull())
             return result;
@@ -174,7 +184,7 @@ Decoded decodeFile(std::string bytes) {
             result.error = texts::BadBytes.toString().arg(QString::fromStdString(codec));
             return result;
         }
-        if (codec.rfind("UTF-16", 0) != 0) {
+        if (!isUtf16(codec)) {
             auto originals = findOriginals(codec, content, result.utf8);
             if (!originals) {
                 result.error = texts::BadBytes.toString().arg(QString::fromStdString(codec));

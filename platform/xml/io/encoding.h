@@ -26,6 +26,12 @@ Decoded decodeFile(std::string bytes);
 
 /// The value of `encoding` in a document's XML declaration; empty when there is none.
 std::string declaredEncoding(std::string_view utf8);
+/// The byte order mark of a codec, as it stands ahead of a file.
+std::string_view byteOrderMark(std::string_view codec);
+/// The first line end of a text; LF where it has none.
+LineEnd lineEndOf(std::string_view utf8);
+/// Whether a codec is a UTF-16, which no declaration within the text can tell.
+bool isUtf16(std::string_view codec);
 
 /// The name of the codec for an encoding as a declaration names it, e.g. "CP932" for "x-sjis";
 /// empty when it is not supported.

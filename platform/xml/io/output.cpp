@@ -18,10 +18,6 @@ std::size_t sequenceLength(char lead) {
     return c < 0x80 ? 1 : c < 0xE0 ? 2 : c < 0xF0 ? 3 : 4;
 }
 
-std::string_view characterAt(std::string_view text, std::size_t at) {
-    return text.substr(at, sequenceLength(text[at]));
-}
-
 char32_t codePoint(std::string_view character) {
     static constexpr std::array<unsigned char, 5> LeadBits = {0, 0x7F, 0x1F, 0x0F, 0x07};
     char32_t c = static_cast<unsigned char>(character[0]) & LeadBits[character.size()];
@@ -30,9 +26,12 @@ char32_t codePoint(std::string_view character) {
     return c;
 }
 
-/// The position, from `start` on, of the first character that the encoding cannot hold behind the
-/// one ahead of it; the end of the text when there is none. (Some encodings have one code for two
-/// characters, which then reads back as a third.)
+} // namespace
+
+std::string_view characterAt(std::string_view text, std::size_t at) {
+    return text.substr(at, sequenceLength(text[at]));
+}
+
 std::size_t firstUnheld(const EncodedText &target, std::string_view text, std::size_t start) {
     std::size_t previous = start;
     for (std::size_t at = start; at < text.size();) {
@@ -44,8 +43,6 @@ std::size_t firstUnheld(const EncodedText &target, std::string_view text, std::s
     }
     return text.size();
 }
-
-} // namespace
 
 bool MemoryOutput::verbatim(const SourceText &source, std::uint32_t start, std::uint32_t end) {
     const std::string_view slice = source.slice(start, end);
@@ -119,12 +116,12 @@ void FileOutput::markup(std::string_view text) {
     if (lineEnd_ != LineEnd::LF)
         text = converted;
     if (!bytes_.append(text))
-        failFor(text.substr(firstUnheld(bytes_, text, 0)));
+        failFor(text.substr(firstUnheld(bytes_, text)));
 }
 
 void FileOutput::require(std::string_view text) const {
     if (!bytes_.canHold(text))
-        failFor(text.substr(firstUnheld(bytes_, text, 0)));
+        failFor(text.substr(firstUnheld(bytes_, text)));
 }
 
 void FileOutput::characters(std::string_view text) {

@@ -10,6 +10,13 @@
 
 namespace quillon::xml {
 
+/// The character that starts at a place of a text in UTF-8.
+std::string_view characterAt(std::string_view text, std::size_t at);
+/// The position, from `start` on, of the first character that the encoding cannot hold behind the
+/// one ahead of it; the end of the text when there is none. (Some encodings have one code for two
+/// characters, which then reads back as a third.)
+std::size_t firstUnheld(const EncodedText &target, std::string_view text, std::size_t start = 0);
+
 /// Where serialised text goes.
 class Output {
 public:
@@ -63,6 +70,8 @@ public:
     void markup(std::string_view text) override;
     void characters(std::string_view text) override;
 
+    /// Bytes as they are, which no text of the target reads back as.
+    void undecodable(std::string_view bytes) { bytes_.appendUndecodable(bytes); }
     /// Raises Fail, as markup() does, when the target cannot hold the text; writes nothing.
     void require(std::string_view text) const;
     /// Raises Fail when the bytes would read back as another text.

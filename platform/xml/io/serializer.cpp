@@ -365,10 +365,8 @@ Target targetOf(const Arena &arena) {
         mark = target.codec == "UTF-16" || (mark && target.codec == "UTF-8");
     }
     target.encodingName = QString::fromStdString(declared.empty() ? target.codec : declared);
-    if (mark && target.codec == "UTF-8")
-        target.mark = "\xEF\xBB\xBF";
-    else if (mark)
-        target.mark = target.codec == "UTF-16BE" ? "\xFE\xFF" : "\xFF\xFE";
+    if (mark)
+        target.mark = byteOrderMark(target.codec);
     return target;
 }
 
