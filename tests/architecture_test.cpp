@@ -18,6 +18,7 @@ const std::map<QString, int> Floors = {
     {"platform/xml/storage", 2},
     {"platform/xml/io", 3},
     {"platform/xml/dom", 4},
+    {"platform/xml/syntax", 4},
     {"platform/xml/engine", 5},
     {"platform/xml/query", 6},
     {"platform/xml/schema", 6},

@@ -21,11 +21,11 @@ constexpr int MaxEntityDepth = 100;
 /// A few milliseconds' work.
 constexpr unsigned ElementsPerReport = 16'384;
 
-/// Numbers of errors that are ours and not the parser's.
-constexpr qint32 ErrorBase = static_cast<qint32>(0xC00CE500);
+using parse_error_code::Base;
 
 struct Reason {
     XML_Error code;
+    /// Of the error, counted from Base.
     std::uint8_t number;
     const QString &text;
 };
@@ -36,9 +36,11 @@ const Reason Reasons[] = {
     {XML_ERROR_PARTIAL_CHAR, 0x14, texts::UnexpectedEnd.toString()},
     {XML_ERROR_UNCLOSED_TOKEN, 0x59, texts::UnclosedToken.toString()},
     {XML_ERROR_TAG_MISMATCH, 0x6D, texts::MismatchedTag.toString()},
-    {XML_ERROR_DUPLICATE_ATTRIBUTE, 0x54, texts::DuplicateAttribute.toString()},
+    {XML_ERROR_DUPLICATE_ATTRIBUTE, parse_error_code::DuplicateAttribute - Base,
+     texts::DuplicateAttribute.toString()},
     {XML_ERROR_JUNK_AFTER_DOC_ELEMENT, 0x55, texts::JunkAfterRoot.toString()},
-    {XML_ERROR_UNDEFINED_ENTITY, 0x02, texts::UndefinedEntity.toString()},
+    {XML_ERROR_UNDEFINED_ENTITY, parse_error_code::UndefinedEntity - Base,
+     texts::UndefinedEntity.toString()},
     {XML_ERROR_RECURSIVE_ENTITY_REF, 0x03, texts::EntityLoop.toString()},
     {XML_ERROR_AMPLIFICATION_LIMIT_BREACH, 0x03, texts::EntityLimit.toString()},
     {XML_ERROR_MISPLACED_XML_PI, 0x07, texts::MisplacedDeclaration.toString()},
@@ -340,13 +342,13 @@ ParseError Parser::failure() const {
                                      [code](const Reason &r) { return r.code == code; });
     if (!stopReason_.isNull()) {
         error.reason = stopReason_;
-        error.errorCode = ErrorBase;
+        error.errorCode = Base;
     } else if (reason != std::end(Reasons)) {
         error.reason = reason->text;
-        error.errorCode = ErrorBase + reason->number;
+        error.errorCode = Base + reason->number;
     } else {
         error.reason = texts::OtherSyntaxError.toString();
-        error.errorCode = ErrorBase + code;
+        error.errorCode = Base + code;
     }
     // The end of the text without a root is reported like the end inside one.
     if (code == XML_ERROR_NO_ELEMENTS && current_ != arena_.documentNumber())
@@ -377,9 +379,9 @@ bool Parser::feed() {
 
 ParseError Parser::run() {
     if (bytes_.size() > static_cast<std::size_t>(MaxFileSize))
-        return {ErrorBase, texts::TooLarge.toString(), 0, 0, 0, {}, {}};
+        return {Base, texts::TooLarge.toString(), 0, 0, 0, {}, {}};
     if (startsWithEncodingSign(bytes_))
-        return {ErrorBase + 0x08, texts::InvalidToken.toString(), 1, 1, 0, {}, {}};
+        return {Base + 0x08, texts::InvalidToken.toString(), 1, 1, 0, {}, {}};
     // The text has been decoded, whatever encoding it declares.
     parser_ = XML_ParserCreate("UTF-8");
     XML_SetUserData(parser_, this);

@@ -4,6 +4,13 @@
 
 namespace quillon::xml {
 
+/// Numbers of errors, as far as somebody goes by them.
+namespace parse_error_code {
+inline constexpr qint32 Base = static_cast<qint32>(0xC00CE500);
+inline constexpr qint32 UndefinedEntity = Base + 0x02;
+inline constexpr qint32 DuplicateAttribute = Base + 0x54;
+} // namespace parse_error_code
+
 /// What stopped the latest load; all zero and empty when nothing did.
 struct ParseError {
     /// Number of the error, 0 for none.
