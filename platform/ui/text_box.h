@@ -67,6 +67,20 @@ public:
     virtual void replace(const std::vector<TextReplacement> &replacements) = 0;
     /// What is typed goes here from now on.
     virtual void takeFocus() = 0;
+    /// Whether an input method has unfinished text in the box.
+    virtual bool isComposing() const = 0;
+
+    /// Whether the box itself can undo what is done to its text from now on. Text that is set
+    /// cannot be undone, nor what was done before.
+    virtual void setKeepsUndo(bool keeps) = 0;
+    virtual bool canUndo() const = 0;
+    virtual bool canRedo() const = 0;
+    /// One step back or forth; nothing where there is none.
+    virtual void undo() = 0;
+    virtual void redo() = 0;
+    /// From now on, 256 characters stand for bytes, from that one on for the byte 0, and are shown
+    /// as hexadecimal numbers; 0 for none.
+    virtual void setByteCharacters(char32_t first) = 0;
     /// Marks stretches of the text in place of those that were marked before. They move with the
     /// text, and go when it is set anew.
     virtual void setMarks(const std::vector<TextMark> &marks) = 0;

@@ -23,6 +23,7 @@ public:
     QByteArray utf8() const override { return utf8_; }
     using ui::TextBox::setText;
     void setText(QByteArrayView utf8) override {
+        note();
         utf8_ = utf8.toByteArray();
         utf8_.replace("\r\n", "\n").replace('\r', '\n');
         marks.clear();
@@ -44,12 +45,24 @@ public:
     void replace(const std::vector<ui::TextReplacement> &replacements) override {
         if (locked_)
             return;
+        note();
         for (auto at = replacements.rbegin(); at != replacements.rend(); ++at)
             utf8_.replace(at->at, at->length, at->text);
         if (changed)
             changed();
     }
     void takeFocus() override { hasFocus = true; }
+    bool isComposing() const override { return composing; }
+    void setKeepsUndo(bool keeps) override {
+        keepsUndo_ = keeps;
+        past_.clear();
+        future_.clear();
+    }
+    bool canUndo() const override { return !past_.empty(); }
+    bool canRedo() const override { return !future_.empty(); }
+    void undo() override { step(past_, future_); }
+    void redo() override { step(future_, past_); }
+    void setByteCharacters(char32_t first) override { firstByteCharacter = first; }
     void setMarks(const std::vector<ui::TextMark> &value) override { marks = value; }
 
     std::function<void()> changed;
@@ -60,8 +73,31 @@ public:
     /// In bytes.
     qsizetype caretAt = 0;
     std::vector<ui::TextMark> marks;
+    bool composing = false;
+    char32_t firstByteCharacter = 0;
 
 private:
+    using Texts = std::vector<QByteArray>;
+
+    /// Setting a text is what tests type with, so it can be undone here.
+    void note() {
+        if (keepsUndo_)
+            past_.push_back(utf8_);
+        future_.clear();
+    }
+    void step(Texts &from, Texts &to) {
+        if (from.empty())
+            return;
+        to.push_back(utf8_);
+        utf8_ = from.back();
+        from.pop_back();
+        if (changed)
+            changed();
+    }
+
+    bool keepsUndo_ = false;
+    Texts past_;
+    Texts future_;
     QByteArray utf8_;
     bool locked_ = false;
 };

@@ -111,6 +111,8 @@ void TextBox::replaceText(QByteArrayView text) {
     // A notification carries the text that it is about, in several copies.
     send(SCI_SETMODEVENTMASK, QAccessible::isActive() ? notifications : 0);
     send(SCI_SETREADONLY, false);
+    send(SCI_SETUNDOCOLLECTION, false);
+    send(SCI_EMPTYUNDOBUFFER);
     // Takes the caret back to the start. Setting the selection would do so, too, but measure the
     // whole first line, which can be all of the text.
     send(SCI_CLEARALL);
@@ -122,6 +124,7 @@ void TextBox::replaceText(QByteArrayView text) {
     // Forgets the longest line seen so far.
     send(SCI_SETSCROLLWIDTH, 1);
     SendScintilla(SCI_APPENDTEXT, static_cast<unsigned long>(text.size()), text.data());
+    send(SCI_SETUNDOCOLLECTION, keepsUndo_);
     send(SCI_SETREADONLY, locked_);
     send(SCI_SETMODEVENTMASK, notifications);
     textChanged(0, 0);
@@ -174,12 +177,14 @@ void TextBox::replace(const std::vector<ui::TextReplacement> &replacements) {
     stopComposing();
     closeProposals();
     asOneChange([&] {
+        send(SCI_BEGINUNDOACTION);
         // From the last one on, so that the places of the others hold.
         for (auto at = replacements.rbegin(); at != replacements.rend(); ++at) {
             SendScintilla(SCI_SETTARGETRANGE, at->at, at->at + at->length);
             SendScintilla(SCI_REPLACETARGET, static_cast<unsigned long>(at->text.size()),
                           at->text.constData());
         }
+        send(SCI_ENDUNDOACTION);
     });
 }
 

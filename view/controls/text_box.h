@@ -17,8 +17,9 @@ namespace quillon::controls {
 
 class ProposalPopup;
 
-/// The text box on the screen, with line numbers and colours for XML. It has no undo of its own:
-/// Ctrl+Z and Ctrl+Y are left to the window. Tab and Shift+Tab leave the box; Ctrl+Tab types a tab.
+/// The text box on the screen, with line numbers and colours for XML. Ctrl+Z and Ctrl+Y are left to
+/// the window, also where the box undoes by itself. Tab and Shift+Tab leave the box; Ctrl+Tab types
+/// a tab.
 ///
 /// The text is kept with LF line ends, whatever was set, typed or pasted. While an input method is
 /// composing, its unfinished text is part of the box's but not announced by Change().
@@ -81,6 +82,13 @@ public:
 
     void setLanguage(Language language) override;
     void takeFocus() override { setFocus(); }
+    bool isComposing() const override { return composing_; }
+    void setKeepsUndo(bool keeps) override;
+    bool canUndo() const override { return keepsUndo_ && send(SCI_CANUNDO); }
+    bool canRedo() const override { return keepsUndo_ && send(SCI_CANREDO); }
+    void undo() override;
+    void redo() override;
+    void setByteCharacters(char32_t first) override;
     void setMarks(const std::vector<ui::TextMark> &marks) override;
     /// The marks at the caret or right ahead of it.
     std::vector<ui::TextMark> marksAtCaret() const;
@@ -145,6 +153,8 @@ private:
 
     void compose(QInputMethodEvent &event);
     void stopComposing();
+    /// Switches undoing off.
+    void forgetUndo();
 
     void setUpView();
     void setUpMarks();
@@ -189,6 +199,8 @@ private:
     void showDescription(const QHelpEvent &event);
 
     bool locked_ = false;
+    bool keepsUndo_ = false;
+    char32_t firstByteCharacter_ = 0;
     /// Known by the values of the indicators, which move with the text.
     std::vector<ui::TextMark> marks_;
     /// The text has changed since, so the control has them at other places or not at all.
@@ -207,6 +219,8 @@ private:
 
     /// The text holds some that an input method has not finished.
     bool composing_ = false;
+    /// It stands for what was selected before.
+    bool composedOverSelection_ = false;
     /// Such text is being written or taken back.
     bool writingUnfinished_ = false;
     /// The text has changed and this has not been announced yet.

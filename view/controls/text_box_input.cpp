@@ -162,16 +162,18 @@ void TextBox::inputMethodEvent(QInputMethodEvent *event) {
 
 void TextBox::compose(QInputMethodEvent &event) {
     const QScopedValueRollback writing(writingUnfinished_, event.commitString().isEmpty());
+    if (!composing_)
+        composedOverSelection_ = !send(SCI_GETSELECTIONEMPTY);
     // Unfinished text is written into the document and taken back by undoing.
     send(SCI_SETUNDOCOLLECTION, true);
     QsciScintillaBase::inputMethodEvent(&event);
     composing_ = !event.preeditString().isEmpty();
     if (!composing_) {
         // Given up, it leaves behind the removal of the selection that it stood for.
-        if (writingUnfinished_ && send(SCI_CANUNDO))
+        if (writingUnfinished_ && composedOverSelection_ && send(SCI_CANUNDO))
             send(SCI_UNDO);
-        send(SCI_SETUNDOCOLLECTION, false);
-        send(SCI_EMPTYUNDOBUFFER);
+        if (!keepsUndo_)
+            forgetUndo();
     }
 }
 

@@ -126,6 +126,36 @@ TEST_F(TextBoxTest, TakesFinishedTextFromAnInputMethod) {
     EXPECT_FALSE(ask(TextBox::SCI_CANUNDO));
 }
 
+TEST_F(TextBoxTest, UndoesTypingWhereItKeepsThat) {
+    box_.setKeepsUndo(true);
+    box_.setText(QStringLiteral("<a>x</a>"));
+    EXPECT_FALSE(box_.canUndo()) << "setting a text cannot be undone";
+    box_.setSelStart(4);
+    QTest::keyClick(&box_, 'y');
+    compose(QStringLiteral("か"));
+    EXPECT_TRUE(box_.isComposing());
+    compose(QString(), QStringLiteral("漢"));
+    changes();
+    while (box_.canUndo())
+        box_.undo();
+    EXPECT_EQ(box_.Text(), u"<a>x</a>");
+    EXPECT_GT(changes(), 0);
+    while (box_.canRedo())
+        box_.redo();
+    EXPECT_EQ(box_.Text(), u"<a>xy漢</a>");
+    box_.replace({{0, 0, "<?p?>"}, {3, 1, "z"}});
+    box_.undo();
+    EXPECT_EQ(box_.Text(), u"<a>xy漢</a>") << "in one step";
+    select(3, 1);
+    compose(QStringLiteral("み"));
+    compose(QString());
+    EXPECT_EQ(box_.Text(), u"<a>xy漢</a>") << "given up, what was selected is back";
+    box_.setKeepsUndo(false);
+    EXPECT_FALSE(box_.canUndo());
+    QTest::keyClick(&box_, 'z');
+    EXPECT_FALSE(box_.canUndo());
+}
+
 TEST_F(TextBoxTest, LockedCanBeReadButNotEdited) {
     box_.setText(QStringLiteral("text"));
     clipboard_.setText(QStringLiteral("other"));
