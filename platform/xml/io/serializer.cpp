@@ -18,9 +18,15 @@ public:
     Serializer(const Arena &arena, Output &output) : arena_(arena), output_(output) {}
 
     /// Writes a node with all below it, without the layout ahead of it.
-    void write(Number top);
+    void write(Number top) {
+        writeAll(top);
+        flush();
+    }
+    void writeAhead(Number top, Number node);
+    void writeChildren(Number top, const std::function<bool(Number, bool)> &child);
 
 private:
+    void writeAll(Number top);
     bool isVerbatim(const Record &r) const {
         return r.has(record_flag::Source) && !r.has(record_flag::OwnValue);
     }
@@ -43,8 +49,13 @@ private:
         output_.characters(text);
     }
 
+    bool isUntouched(Number n) const;
     /// Writes what stands ahead of the children. False when the node is done with that.
     bool open(Number n);
+    void beginning(Number n) {
+        if (arena_.record(n).kind == NodeType::Element)
+            startTag(n);
+    }
     void close(Number n);
     void layout(Number n);
     void endLayout(Number n);
@@ -92,7 +103,42 @@ void Serializer::flush() {
                              resources::xml_texts::SourceNotWritten.toString());
 }
 
-void Serializer::write(Number top) {
+void Serializer::writeAhead(Number top, Number node) {
+    std::vector<Number> path;
+    for (Number at = node; at != top; at = arena_.record(at).parent)
+        path.push_back(at);
+    Number above = top;
+    for (; !path.empty(); above = path.back(), path.pop_back()) {
+        // Up to the node its source says it all.
+        if (isUntouched(above) &&
+            source(above, arena_.record(above).start, arena_.record(node).start))
+            break;
+        beginning(above);
+        for (Number n = arena_.part(above).firstChild; n != path.back();
+             n = arena_.record(n).next) {
+            layout(n);
+            writeAll(n);
+        }
+        layout(path.back());
+    }
+    flush();
+}
+
+void Serializer::writeChildren(Number top, const std::function<bool(Number, bool)> &child) {
+    beginning(top);
+    for (Number n = arena_.part(top).firstChild; n != 0; n = arena_.record(n).next) {
+        layout(n);
+        flush();
+        if (!child(n, false))
+            return;
+        writeAll(n);
+        flush();
+        if (!child(n, true))
+            return;
+    }
+}
+
+void Serializer::writeAll(Number top) {
     for (Number n = top;;) {
         if (n != top)
             layout(n);
@@ -108,7 +154,12 @@ void Serializer::write(Number top) {
             break;
         n = arena_.record(n).next;
     }
-    flush();
+}
+
+bool Serializer::isUntouched(Number n) const {
+    const Record &r = arena_.record(n);
+    return r.has(record_flag::Source) && !r.has(record_flag::TagChanged) &&
+           !r.has(record_flag::ContentChanged);
 }
 
 bool Serializer::open(Number n) {
@@ -120,12 +171,9 @@ bool Serializer::open(Number n) {
             leaf(n);
         return false;
     }
-    const bool untouched = r.has(record_flag::Source) && !r.has(record_flag::TagChanged) &&
-                           !r.has(record_flag::ContentChanged);
-    if (untouched && source(n, r.start, r.end))
+    if (isUntouched(n) && source(n, r.start, r.end))
         return false;
-    if (r.kind == NodeType::Element)
-        startTag(n);
+    beginning(n);
     if (arena_.part(n).firstChild != 0)
         return true;
     close(n);
@@ -385,6 +433,15 @@ std::string declaredEncodingOf(const Arena &arena) {
     if (declaration == 0)
         return {};
     return declaredEncoding("<?xml " + valueOf(arena, declaration) + "?>");
+}
+
+void serializeAhead(const Arena &arena, Number above, Number node, Output &output) {
+    Serializer(arena, output).writeAhead(above, node);
+}
+
+void serializeChildren(const Arena &arena, Number node, Output &output,
+                       const std::function<bool(Number child, bool isWritten)> &child) {
+    Serializer(arena, output).writeChildren(node, child);
 }
 
 QByteArray serializeNode(const Arena &arena, Number node) {

@@ -16,6 +16,14 @@ QByteArray serializeNode(const Arena &arena, Number node);
 /// it was read.
 void readNode(const Arena &arena, Number node, const std::function<void(QByteArrayView)> &reader);
 
+/// Writes what stands ahead of a node in the markup of a node above it. The node is no attribute.
+void serializeAhead(const Arena &arena, Number above, Number node, Output &output);
+/// Writes an element, or a document, up to the end of its last child. `child` is called for each
+/// child, once all that stands ahead of it is written and once it is itself; the writing ends where
+/// that returns false.
+void serializeChildren(const Arena &arena, Number node, Output &output,
+                       const std::function<bool(Number child, bool isWritten)> &child);
+
 /// What takes the bytes of a document in its own encoding, with its byte order mark and line ends.
 /// Raises Fail for an encoding that is not supported.
 std::unique_ptr<FileOutput> outputFor(const Arena &arena);
