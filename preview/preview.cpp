@@ -19,6 +19,7 @@ namespace quillon::preview {
 using xml::DOMDocument40;
 using xml::Node;
 using xml::NodeType;
+using Colours = ui::Browser::Colours;
 namespace texts = resources::texts;
 
 namespace {
@@ -80,7 +81,7 @@ void Preview::clear() {
     later_.stop();
     requested_ = Node();
     forgetPlace();
-    ie_.Navigate(QStringLiteral("about:blank"), {});
+    ie_.Navigate(QStringLiteral("about:blank"), {}, Colours::OfTheme);
 }
 
 void Preview::SyncPreview() {
@@ -139,8 +140,8 @@ void Preview::render(const Node &node, Asked asked) {
     if (result.contains(QLatin1String("<html"), Qt::CaseInsensitive))
         extension = QStringLiteral("htm");
     // Nodes keep their numbers through undo and redo, so their places are found again.
-    show(result, extension,
-         QStringLiteral("%1 %2 %3").arg(documents_).arg(node.number()).arg(path));
+    show(result, extension, QStringLiteral("%1 %2 %3").arg(documents_).arg(node.number()).arg(path),
+         chosen ? Colours::OfItsAuthor : Colours::OfTheme);
 }
 
 DOMDocument40 Preview::stylesheet(const QString &path) const {
@@ -163,7 +164,8 @@ DOMDocument40 Preview::builtInStylesheet() const {
     return sheet;
 }
 
-void Preview::show(const QString &page, const QString &extension, const QString &subject) {
+void Preview::show(const QString &page, const QString &extension, const QString &subject,
+                   Colours colours) {
     const QString path = workingFolder_.fileToWrite(system::working_name::PreviewStem + extension);
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly, QFile::ReadOwner | QFile::WriteOwner) ||
@@ -172,13 +174,13 @@ void Preview::show(const QString &page, const QString &extension, const QString 
                              texts::CannotWritePreview.toString().arg(path, file.errorString()));
     file.close();
     ie_.setFiles(state_.stylesheetFiles);
-    ie_.Navigate(path, subject);
+    ie_.Navigate(path, subject, colours);
 }
 
 void Preview::showNotice() {
     m_bPreviewWhole = true;
     show(texts::LargePreview.toString().arg(QLocale().toString(state_.m_DOM.maxNodeCount())),
-         QStringLiteral("htm"), QString());
+         QStringLiteral("htm"), QString(), Colours::OfTheme);
 }
 
 void Preview::mnuToolPreview_Click() {

@@ -69,7 +69,8 @@ private:
     bool tryToRender(const xml::Node &node, Asked asked);
     void render(const xml::Node &node, Asked asked);
     /// Pages of one subject keep their place; see ui::Browser::Navigate().
-    void show(const QString &page, const QString &extension, const QString &subject);
+    void show(const QString &page, const QString &extension, const QString &subject,
+              ui::Browser::Colours colours);
     xml::DOMDocument40 stylesheet(const QString &path) const;
     xml::DOMDocument40 builtInStylesheet() const;
     void showNotice();

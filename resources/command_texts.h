@@ -53,6 +53,11 @@ inline constexpr QStringView ViewPreviousPart = u"前の領域へ移動(&O)";
 
 inline constexpr QStringView ViewPropose = u"入力中に候補を表示(&K)";
 
+inline constexpr QStringView ViewTheme = u"テーマ(&H)";
+inline constexpr QStringView ThemeAutomatic = u"自動(&A)";
+inline constexpr QStringView ThemeLight = u"ライト(&L)";
+inline constexpr QStringView ThemeDark = u"ダーク(&D)";
+
 inline constexpr QStringView NodeMenu = u"ノード(&N)";
 inline constexpr QStringView NodeMoveUp = u"上へ移動(&U)";
 inline constexpr QStringView NodeMoveDown = u"下へ移動(&D)";
@@ -123,6 +128,6 @@ inline constexpr QStringView FindTip = u"検索(F3)";
 inline constexpr QStringView UndoTip = u"元に戻す(Ctrl+Z)";
 inline constexpr QStringView RedoTip = u"やり直す(Ctrl+Y)";
 inline constexpr QStringView VerifyTip = u"検証(F7)";
-inline constexpr QStringView MoveTip = u"移動";
+inline constexpr QStringView MoveTip = u"パスの項目へ移動(Enter)";
 
 } // namespace quillon::resources::command_texts

@@ -14,31 +14,38 @@
 <head>
 <title>プレビュー</title>
 <style>
+/* On the screen, script gives the root the class dark where the program is dark. On paper, and in
+   whatever is made of the page, the second colours hold. */
+@media screen {
+:root.dark { color-scheme: dark; background: #1e1e1e; --mark: #ff8a80; --name: #ff9a94;
+             --instruction-name: #f2a6f2; --namespace: #ff8a80; --type: #7fd88f; --markup: #8fc7ff;
+             --text: #e6e6e6; --comment: #a9b0a6; --edge: #55595f }
+}
 /* The height of a line leaves room for accents, which a block that is clipped would lose. */
 BODY { font: %FONT_SIZE% '%FONT_NAME%', sans-serif; line-height: 1.35;
        margin-right: 1.5em; overflow-wrap: anywhere }
 .c { cursor: pointer }
-.b { color: red; font-family: '%FONT_NAME%', sans-serif; font-weight: bold; text-decoration: none;
+.b { color: var(--mark, red); font-family: '%FONT_NAME%', sans-serif; font-weight: bold; text-decoration: none;
      display: inline-block; width: 1em; text-indent: 0; user-select: none }
 /* What is out of sight is not laid out. The left margin is inside of the box, or its clipping
    would take the marks away. */
 .e, .k { padding-left: 1em; text-indent: -1em; margin-right: 1em;
          content-visibility: auto; contain-intrinsic-size: 1.3em }
-.t { color: #990000 }
-.xt { color: #990099 }
-.ns { color: red }
-.dt { color: green }
-.m { color: blue }
-.tx { color: black; font-weight: bold; white-space: pre-wrap }
-.ns + .tx { color: red }
-.dt + .tx { color: green }
-.db, .di { color: black }
+.t { color: var(--name, #990000) }
+.xt { color: var(--instruction-name, #990099) }
+.ns { color: var(--namespace, red) }
+.dt { color: var(--type, green) }
+.m { color: var(--markup, blue) }
+.tx { color: var(--text, black); font-weight: bold; white-space: pre-wrap }
+.ns + .tx { color: var(--namespace, red) }
+.dt + .tx { color: var(--type, green) }
+.db, .di { color: var(--text, black) }
 .db, .cb { display: block; margin-left: 1em; padding-left: .3em; text-indent: 0;
-           border-left: 1px solid #CCCCCC }
-.cb { color: #888888; font-size: small }
+           border-left: 1px solid var(--edge, #CCCCCC) }
+.cb { color: var(--comment, #888888); font-size: small }
 .di, .ci { font: %FONT_SIZE% '%FONT_NAME%', sans-serif; line-height: 1.35 }
-.ci { color: #888888 }
-.d, .pi { color: blue }
+.ci { color: var(--comment, #888888) }
+.d, .pi { color: var(--markup, blue) }
 PRE { margin: 0; display: inline; font: inherit; white-space: pre-wrap }
 .shut { display: none }
 </style>

@@ -105,7 +105,9 @@ inline constexpr QStringView Rendering = u"プレビューを作成していま�
 /// The page that stands in for a large document; %1 is its number of nodes.
 inline constexpr QStringView LargePreview =
     u"<!DOCTYPE html><html lang=\"ja\"><head><meta charset=\"utf-8\"><title>プレビュー</title>"
-    u"<style>body{font-family:sans-serif;color:#444;margin:2em}</style></head><body>"
+    u"<style>body{font-family:sans-serif;color:#444;margin:2em}@media "
+    u"screen{:root.dark{color-scheme:"
+    u"dark;background:#1e1e1e}.dark body{color:#e6e6e6}}</style></head><body>"
     u"<p>このドキュメントは大きいため (目安として %1 "
     u"ノード)、プレビューを自動では更新しません。</p>"
     u"<p><b>F5</b> キーを押すと表示します。</p></body></html>";
@@ -203,6 +205,12 @@ inline constexpr QStringView FontSizeName = u"フォントのサイズ";
 inline constexpr QStringView FontSizeUnit = u" ポイント";
 inline constexpr QStringView FontSample = u"<要素 属性=\"Abc 123\">あア亜</要素>";
 inline constexpr QStringView FontSampleName = u"フォントの見本";
+inline constexpr QStringView AppearanceGroup = u"表示";
+inline constexpr QStringView ThemeLabel = u"テーマ(&T):";
+inline constexpr QStringView ThemeName = u"テーマ";
+inline constexpr QStringView ThemeAutomatic = u"自動 (デスクトップに合わせる)";
+inline constexpr QStringView ThemeLight = u"ライト";
+inline constexpr QStringView ThemeDark = u"ダーク";
 inline constexpr QStringView RecentFilesGroup = u"最近使ったファイル";
 inline constexpr QStringView RecentFilesCount = u"%1 件を記憶しています。";
 inline constexpr QStringView RecentFilesToBeCleared = u"OK を押すと一覧を消去します。";

@@ -129,6 +129,11 @@ void Settings::saveEditors() const {
     }
 }
 
+void Settings::saveTheme() const {
+    const SettingRow &row = settingRow(&Values::themeMode);
+    store_.SaveSetting(row.section.toString(), row.key.toString(), themeMode);
+}
+
 void Settings::writeEditors() const {
     for (qsizetype i = 0; i < qsizetype(editors.size()); ++i) {
         EditorNames.write(store_, i, editors[std::size_t(i)].name);

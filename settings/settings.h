@@ -28,6 +28,9 @@ public:
     /// removed by the user in so many words.
     void saveEditors() const;
 
+    /// Writes the theme alone: windows that open later go by it.
+    void saveTheme() const;
+
     /// Receives the descriptions of broken settings.
     std::function<void(const QString &)> report;
 

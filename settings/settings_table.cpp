@@ -22,6 +22,7 @@ constexpr SettingRow Rows[] = {
     {u"Candidates", u"Width", &Values::candidatesWidth, u"4500", 0},
     {u"Pane", u"ProposeUnasked", &Values::proposesUnasked, u"-1"},
     {u"Validation", u"Live", &Values::liveValidation, u"-1"},
+    {u"Theme", u"Mode", &Values::themeMode, u"Automatic"},
 };
 
 QString keyOf(const SettingList &list, qsizetype position) {
@@ -34,8 +35,8 @@ std::span<const SettingRow> settingTable() {
     return Rows;
 }
 
-const SettingRow &settingRow(qint16 Values::*value) {
-    return *std::ranges::find(Rows, decltype(SettingRow::value)(value), &SettingRow::value);
+const SettingRow &settingRow(const decltype(SettingRow::value) &value) {
+    return *std::ranges::find(Rows, value, &SettingRow::value);
 }
 
 QString SettingList::read(const system::SettingsStore &store, qsizetype position) const {

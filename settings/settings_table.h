@@ -42,6 +42,8 @@ struct Values {
     bool proposesUnasked = false;
     /// The document is checked by its schemas while it is edited.
     bool liveValidation = true;
+    /// In whose colours the program is shown: "Automatic", "Light" or "Dark".
+    QString themeMode;
     /// At most as many as EditorNames holds, in order.
     std::vector<ExternalEditor> editors;
 };
@@ -63,8 +65,8 @@ struct SettingRow {
 
 /// Every setting with one value, in the order in which they are read and written.
 std::span<const SettingRow> settingTable();
-/// The row of a number, e.g. &Values::fontSize.
-const SettingRow &settingRow(qint16 Values::*value);
+/// The row of a value, e.g. &Values::fontSize.
+const SettingRow &settingRow(const decltype(SettingRow::value) &value);
 
 /// A list of texts, whose keys are a word and a number.
 struct SettingList {

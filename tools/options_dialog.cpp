@@ -4,6 +4,7 @@
 #include "platform/ui/error_boundary.h"
 #include "resources/texts.h"
 
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFontComboBox>
@@ -33,7 +34,6 @@ constexpr int UsualWidth = 520;
 constexpr QSize SpaceAround(16, 60);
 /// The sample shows sizes up to this one without being cut off.
 constexpr int SampleHeight = 56;
-constexpr QColor FaultColor(0xc0, 0x20, 0x20);
 
 /// A button that Enter does not press: it stands for OK wherever the focus is.
 QPushButton *plainButton(QStringView caption) {
@@ -44,9 +44,7 @@ QPushButton *plainButton(QStringView caption) {
 
 QLabel *faultLabel() {
     auto *label = new QLabel;
-    QPalette palette = label->palette();
-    palette.setColor(QPalette::WindowText, FaultColor);
-    label->setPalette(palette);
+    label->setForegroundRole(controls::FaultRole);
     label->hide();
     return label;
 }
@@ -88,12 +86,13 @@ OptionsDialog::OptionsDialog(const Options &present, qsizetype recentFiles, QWid
     auto *column = new QVBoxLayout(this);
     column->addWidget(editorsGroup());
     column->addWidget(fontGroup(present));
+    column->addWidget(appearanceGroup(present));
     column->addWidget(recentFilesGroup(recentFiles));
     column->addWidget(buttons);
 
     QWidget *before = list_;
     for (QWidget *control : std::initializer_list<QWidget *>{
-             add_, remove_, up_, down_, name_, program_, browse_, font_, size_, clear_,
+             add_, remove_, up_, down_, name_, program_, browse_, font_, size_, theme_, clear_,
              buttons->button(QDialogButtonBox::Ok), buttons->button(QDialogButtonBox::Cancel)}) {
         setTabOrder(before, control);
         before = control;
@@ -201,6 +200,19 @@ QWidget *OptionsDialog::fontGroup(const Options &present) {
     return group;
 }
 
+QWidget *OptionsDialog::appearanceGroup(const Options &present) {
+    auto *group = new QGroupBox(texts::AppearanceGroup.toString());
+    theme_ = new QComboBox;
+    nameControl(theme_, "theme", texts::ThemeName);
+    // In the order of the modes.
+    for (const QStringView name : {texts::ThemeAutomatic, texts::ThemeLight, texts::ThemeDark})
+        theme_->addItem(name.toString());
+    theme_->setCurrentIndex(int(present.theme));
+    auto *form = new QFormLayout(group);
+    form->addRow(texts::ThemeLabel.toString(), theme_);
+    return group;
+}
+
 QWidget *OptionsDialog::recentFilesGroup(qsizetype recentFiles) {
     auto *group = new QGroupBox(texts::RecentFilesGroup.toString());
     auto *count = new QLabel(texts::RecentFilesCount.toString().arg(recentFiles));
@@ -220,7 +232,8 @@ QWidget *OptionsDialog::recentFilesGroup(qsizetype recentFiles) {
 }
 
 Options OptionsDialog::options() const {
-    Options chosen{editors_, font_->currentText().trimmed(), size_->value(), clearRecentFiles_};
+    Options chosen{editors_, font_->currentText().trimmed(), size_->value(),
+                   controls::ThemeMode(theme_->currentIndex()), clearRecentFiles_};
     for (ExternalEditor &editor : chosen.editors)
         editor = {editor.name.trimmed(), editor.path.trimmed()};
     return chosen;

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "settings/settings_table.h"
+#include "view/controls/theme.h"
 
 #include <QDialog>
 #include <QString>
 
 #include <vector>
 
+class QComboBox;
 class QFontComboBox;
 class QLabel;
 class QLineEdit;
@@ -23,6 +25,7 @@ struct Options {
     /// Font of the edit pane and the tree; the size in points.
     QString fontName;
     int fontSize = 0;
+    controls::ThemeMode theme = controls::ThemeMode::Automatic;
     /// Out: the list of recent files is to be emptied.
     bool clearRecentFiles = false;
 };
@@ -45,6 +48,7 @@ private:
     QWidget *editorsGroup();
     QWidget *editorFields();
     QWidget *fontGroup(const Options &present);
+    QWidget *appearanceGroup(const Options &present);
     QWidget *recentFilesGroup(qsizetype recentFiles);
 
     void showEditors(int current);
@@ -78,6 +82,7 @@ private:
     QFontComboBox *font_;
     QLabel *fontFault_;
     QSpinBox *size_;
+    QComboBox *theme_;
     QLabel *sample_;
     QPushButton *clear_;
 };

@@ -2,6 +2,7 @@
 
 #include "resources/node_texts.h"
 #include "resources/texts.h"
+#include "view/controls/theme.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
@@ -55,9 +56,7 @@ QWidget *SortDialog::keyFields() {
     path_->setObjectName(QStringLiteral("path"));
     path_->setAccessibleName(texts::SortPathName.toString());
     fault_->setObjectName(QStringLiteral("fault"));
-    QPalette palette = fault_->palette();
-    palette.setColor(QPalette::WindowText, QColor(0xc0, 0x20, 0x20));
-    fault_->setPalette(palette);
+    fault_->setForegroundRole(controls::FaultRole);
     fault_->hide();
     for (QRadioButton *choice : {byName_, byAttribute_, byPath_})
         connect(choice, &QRadioButton::toggled, this, &SortDialog::enableFields);

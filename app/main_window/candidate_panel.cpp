@@ -2,6 +2,7 @@
 
 #include "platform/ui/error_boundary.h"
 #include "resources/candidate_texts.h"
+#include "view/controls/themed_icon.h"
 
 #include <QApplication>
 #include <QBoxLayout>
@@ -80,7 +81,7 @@ CandidatePanel::CandidatePanel(Editor &editor, const QList<QIcon> &images, QMain
 }
 
 void CandidatePanel::layOut() {
-    close_->setIcon(QIcon(QStringLiteral(":/icons/panel/close.svg")));
+    close_->setIcon(controls::themedIcon(u"panel/close"));
     close_->setIconSize(IconSize);
     close_->setAutoRaise(true);
     close_->setAccessibleName(texts::ClosePanelName.toString());

@@ -4,7 +4,10 @@ namespace quillon::app::command_rows {
 
 namespace {
 
+using controls::ThemeMode;
+
 constexpr QStringView viewMenu = u"mnuView";
+constexpr QStringView themeMenu = u"mnuViewTheme";
 
 bool canExpand(const Editor &editor) {
     return editor.view.mnuView_Click();
@@ -17,6 +20,13 @@ bool hasHits(const Editor &editor) {
 void chooseFont(frmMain &form) {
     const settings::Settings &settings = form.editor().settings;
     form.editor().view.mnuViewFont_Click(settings.fontName, settings.fontSize);
+}
+
+/// One of the choices of the theme's menu.
+template <ThemeMode Mode>
+constexpr CommandRow theme(QStringView name, QStringView caption) {
+    return {.entry = {.name = name, .menu = themeMenu, .caption = caption, .checkable = true},
+            .run = [](frmMain &form) { form.mnuViewTheme_Click(Mode); }};
 }
 
 constexpr CommandRow Rows[] = {
@@ -78,6 +88,11 @@ constexpr CommandRow Rows[] = {
                .checkable = true,
                .checked = true},
      .run = [](frmMain &form) { form.mnuViewLive_Click(isChecked(form, u"mnuViewLive")); }},
+    line(u"mnuViewLine6", viewMenu),
+    menu(themeMenu, text::ViewTheme, viewMenu),
+    theme<ThemeMode::Automatic>(u"mnuViewThemeAutomatic", text::ThemeAutomatic),
+    theme<ThemeMode::Light>(u"mnuViewThemeLight", text::ThemeLight),
+    theme<ThemeMode::Dark>(u"mnuViewThemeDark", text::ThemeDark),
 };
 
 } // namespace

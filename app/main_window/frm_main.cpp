@@ -3,6 +3,7 @@
 #include "app/main_window/command_table.h"
 #include "platform/ui/error_boundary.h"
 #include "resources/texts.h"
+#include "view/controls/themed_icon.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -33,15 +34,10 @@ constexpr QSize FrameSize(16, 40);
 constexpr int PathTopTwips = 30;
 
 /// The pictures of the nodes, by the numbers that the captions give.
-QList<QIcon> treeImages() {
+QList<QIcon> treeImages(controls::IconColours colours) {
     QList<QIcon> images;
-    for (const QString &key : tree::imageKeys()) {
-        const QString file = QStringLiteral(":/icons/tree/") + key + QStringLiteral(".svg");
-        QIcon icon(file);
-        // As it is, and not tinted like the bar of the selected item, on which it would vanish.
-        icon.addFile(file, QSize(), QIcon::Selected);
-        images.append(icon);
-    }
+    for (const QString &key : tree::imageKeys())
+        images.append(controls::themedIcon(QStringLiteral("tree/") + key, colours));
     return images;
 }
 
@@ -58,12 +54,14 @@ frmMain::frmMain(Environment environment)
     editor_ = std::make_unique<Editor>(std::move(environment), *txtEdit, *cboPath, *ie, longWork_,
                                        clipboard_);
     tvw = new controls::TreeView(editor_->tree);
-    tvw->setImageList(treeImages());
+    tvw->setImageList(treeImages(controls::IconColours::OfTheme));
     panel_ = new ResultPanel(*editor_, tvw->imageList(), longWork_, this);
     candidates_ = new CandidatePanel(*editor_, tvw->imageList(), this);
     mendMenu_ = new MendMenu(*editor_, *tvw, *txtEdit, *panel_, this);
     treePrinting_ = std::make_unique<tools::TreePrinting>(editor_->state, editor_->tree, longWork_);
-    treePrinting_->look = [this] { return tools::PrintLook{tvw->font(), tvw->imageList()}; };
+    treePrinting_->look = [this] {
+        return tools::PrintLook{tvw->font(), treeImages(controls::IconColours::OnPaper)};
+    };
     // Nodes are moved within the tree; in the pane they would be typing.
     txtEdit->refuseDropsOf({tree::NodeFormat, tree::NodesFormat});
     connectCommands();

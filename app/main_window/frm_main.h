@@ -19,6 +19,7 @@
 #include "view/controls/progress_box.h"
 #include "view/controls/text_box.h"
 #include "view/controls/text_pane.h"
+#include "view/controls/theme.h"
 #include "view/controls/tree_view.h"
 
 #include <QMainWindow>
@@ -69,6 +70,8 @@ public:
     void mnuViewNextHit_Click() { panel_->navigation().mnuViewNextHit_Click(); }
     void mnuViewPreviousHit_Click() { panel_->navigation().mnuViewPreviousHit_Click(); }
     void mnuViewLive_Click(bool on);
+    /// Shows all windows in that theme.
+    void mnuViewTheme_Click(controls::ThemeMode mode);
     void mnuNodeMend_Click() { mendMenu_->open(); }
     /// Gives the keyboard to the next part of the window, or with -1 to the one before: tree, pane,
     /// preview, candidates, panel, path box, and round again. Parts that are not to be seen are
@@ -116,6 +119,8 @@ private:
     void place(const settings::Placement &placement);
     void takeFont(const QString &name, qint16 size);
     void showExternalEditors();
+    /// Has the menu say which theme is in force.
+    void showThemeMode();
     void showRecentFiles();
     void showTreeMenu(const QPoint &position);
     void showValidationErrors();

@@ -58,6 +58,8 @@ void frmMain::Form_Initialize() {
     actions_.action(u"mnuViewPropose")->setChecked(settings.proposesUnasked);
     actions_.action(u"mnuViewLive")->setChecked(settings.liveValidation);
     editor_->live.setOn(settings.liveValidation);
+    showThemeMode();
+    connect(&controls::theme(), &controls::Theme::modeChanged, this, &frmMain::showThemeMode);
     ignoringErrors([&] { takeFont(settings.fontName, settings.fontSize); });
     showExternalEditors();
     ignoringErrors([this] { editor_->workingFolder.create(); });
@@ -84,6 +86,7 @@ void frmMain::leave() {
     editor_->settings.panelHeight = twips(panel_->usualHeight());
     editor_->settings.candidatesShown = !candidates_->isHidden();
     editor_->settings.candidatesWidth = twips(candidates_->usualWidth());
+    editor_->settings.themeMode = nameOf(controls::theme().mode()).toString();
     editor_->settings.save(placement(), !isMinimized() && !isMaximized());
     editor_->workingFolder.leave();
     ignoringErrors([this] { companion_.execute(QStringLiteral("REMOVE ") + handle()); });
@@ -138,18 +141,36 @@ void frmMain::showExternalEditors() {
     actions_.action(u"mnuToolOpenEditor")->setVisible(!elements.empty());
 }
 
+void frmMain::mnuViewTheme_Click(controls::ThemeMode mode) {
+    controls::theme().setMode(mode);
+    // The choice that was made already has lost its check by being made again.
+    showThemeMode();
+    editor_->settings.themeMode = nameOf(mode).toString();
+    editor_->settings.saveTheme();
+}
+
+void frmMain::showThemeMode() {
+    using controls::ThemeMode;
+    for (const auto &[command, mode] : {std::pair(u"mnuViewThemeAutomatic", ThemeMode::Automatic),
+                                        std::pair(u"mnuViewThemeLight", ThemeMode::Light),
+                                        std::pair(u"mnuViewThemeDark", ThemeMode::Dark)})
+        actions_.action(command)->setChecked(controls::theme().mode() == mode);
+}
+
 void frmMain::mnuToolOption_Click() {
     settings::Settings &settings = editor_->settings;
     tools::Options present;
     present.editors = settings.editors;
     present.fontName = settings.fontName;
     present.fontSize = settings.fontSize;
+    present.theme = controls::theme().mode();
     tools::OptionsDialog dialog(present, editor_->recentFiles.read().size(), this);
     if (dialog.exec() != QDialog::Accepted)
         return;
     const tools::Options chosen = dialog.options();
     settings.editors = chosen.editors;
     settings.saveEditors();
+    mnuViewTheme_Click(chosen.theme);
     takeFont(chosen.fontName, runtime::toInteger(qint64(chosen.fontSize)));
     showExternalEditors();
     // The places behind a shorter list have to be emptied, too, or old entries come back.

@@ -4,6 +4,7 @@
 #include "platform/ui/error_boundary.h"
 #include "platform/xml/dom/part_walk.h"
 #include "resources/search_texts.h"
+#include "view/controls/theme.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -27,7 +28,6 @@ using search::SearchScope;
 
 namespace {
 
-constexpr QColor FaultColor(0xc0, 0x20, 0x20);
 /// For texts of some length.
 constexpr int FieldWidth = 320;
 
@@ -89,9 +89,7 @@ QWidget *ReplaceDialog::fields() {
     what_ = textField("what", texts::WhatName);
     with_ = textField("with", texts::WithName);
     fault_ = textLine("fault");
-    QPalette palette = fault_->palette();
-    palette.setColor(QPalette::WindowText, FaultColor);
-    fault_->setPalette(palette);
+    fault_->setForegroundRole(controls::FaultRole);
     auto *form = new QFormLayout(box);
     form->setContentsMargins({});
     form->addRow(texts::WhatLabel.toString(), what_);

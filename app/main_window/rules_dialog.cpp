@@ -5,6 +5,7 @@
 #include "platform/ui/error_boundary.h"
 #include "resources/schema_box_texts.h"
 #include "resources/texts.h"
+#include "view/controls/theme.h"
 
 #include <QDialogButtonBox>
 #include <QFileInfo>
@@ -27,7 +28,6 @@ namespace {
 constexpr QSize Size(780, 480);
 /// Few have more of them.
 constexpr int CatalogLines = 5;
-constexpr QColor FaultColor(0xc0, 0x20, 0x20);
 constexpr int PathColumn = 3;
 
 } // namespace
@@ -48,9 +48,7 @@ RulesDialog::RulesDialog(Editor &editor, QWidget *parent)
     table_->setTabKeyNavigation(false);
     auto *hint = new QLabel(texts::RulesHint.toString());
     hint->setWordWrap(true);
-    QPalette palette = fault_->palette();
-    palette.setColor(QPalette::WindowText, FaultColor);
-    fault_->setPalette(palette);
+    fault_->setForegroundRole(controls::FaultRole);
     fault_->setObjectName(QStringLiteral("fault"));
     fault_->setWordWrap(true);
     fault_->hide();

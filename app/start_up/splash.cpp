@@ -1,6 +1,7 @@
 #include "app/start_up/splash.h"
 
 #include "resources/texts.h"
+#include "view/controls/theme.h"
 
 #include <QGuiApplication>
 #include <QIcon>
@@ -15,18 +16,14 @@ namespace {
 
 constexpr QSize Size(420, 240);
 constexpr int IconSize = 96;
-constexpr QColor Paper(250, 250, 247);
-constexpr QColor Ink(38, 50, 72);
-constexpr QColor FaintInk(96, 108, 128);
-constexpr QColor Edge(200, 204, 212);
 
-QLabel *label(const QString &text, int points, const QColor &colour, QWidget *parent) {
+QLabel *label(const QString &text, int points, controls::Colour colour, QWidget *parent) {
     auto *made = new QLabel(text, parent);
     QFont font = made->font();
     font.setPointSize(points);
     made->setFont(font);
     QPalette palette = made->palette();
-    palette.setColor(QPalette::WindowText, colour);
+    palette.setColor(QPalette::WindowText, controls::theme().colour(colour));
     made->setPalette(palette);
     made->setAlignment(Qt::AlignCenter);
     return made;
@@ -44,14 +41,15 @@ frmSplash::frmSplash() : QWidget(nullptr, Qt::SplashScreen) {
     picture->setPixmap(QIcon(QStringLiteral(":/icons/quillon.svg"))
                            .pixmap(QSize(IconSize, IconSize), devicePixelRatioF()));
     picture->setAlignment(Qt::AlignCenter);
-    lblVersion = label(QStringLiteral("Version " QUILLON_VERSION), 10, FaintInk, this);
+    lblVersion = label(QStringLiteral("Version " QUILLON_VERSION), 10,
+                       controls::Colour::SplashFaintInk, this);
     lblVersion->setObjectName(QStringLiteral("lblVersion"));
 
     auto *column = new QVBoxLayout(this);
     column->addStretch();
     column->addWidget(picture);
     column->addSpacing(8);
-    column->addWidget(label(title, 18, Ink, this));
+    column->addWidget(label(title, 18, controls::Colour::SplashInk, this));
     column->addWidget(lblVersion);
     column->addStretch();
 
@@ -65,8 +63,8 @@ void frmSplash::mouseDoubleClickEvent(QMouseEvent *) {
 
 void frmSplash::paintEvent(QPaintEvent *) {
     QPainter painter(this);
-    painter.fillRect(rect(), Paper);
-    painter.setPen(Edge);
+    painter.fillRect(rect(), controls::theme().colour(controls::Colour::SplashPaper));
+    painter.setPen(controls::theme().colour(controls::Colour::SplashEdge));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 

@@ -8,13 +8,17 @@
 #include "platform/runtime/paths.h"
 #include "platform/runtime/stack_limit.h"
 #include "platform/system/companion_link.h"
+#include "platform/system/desktop_appearance.h"
 #include "platform/system/instance_lock.h"
+#include "platform/system/session_bus.h"
 #include "platform/system/termination_signals.h"
 #include "platform/ui/error_boundary.h"
 #include "resources/texts.h"
+#include "settings/settings.h"
 #include "view/browser/browser_profile.h"
 #include "view/controls/application.h"
 #include "view/controls/desktop_dialogs.h"
+#include "view/controls/theme.h"
 
 #include <QDBusServiceWatcher>
 #include <QEventLoop>
@@ -59,6 +63,23 @@ void startCompanion() {
     system::startCompanion(folder);
     if (!system::CompanionLink(bus).open())
         untilRegistered.exec();
+}
+
+/// Has everything shown in the colours that the user has chosen, or those of the desktop.
+void followTheme(const system::DesktopAppearance &desktop) {
+    using Told = system::DesktopAppearance::Preference;
+    using controls::Theme;
+    const system::SettingsStore store;
+    settings::Settings stored(store);
+    settings::Placement unused;
+    stored.load(unused);
+    controls::theme().setMode(controls::themeModeOf(stored.themeMode));
+    QObject::connect(
+        &desktop, &system::DesktopAppearance::preferenceTold, &controls::theme(), [](Told told) {
+            controls::theme().setDesktopPreference(told == Told::Dark    ? Theme::Preference::Dark
+                                                   : told == Told::Light ? Theme::Preference::Light
+                                                                         : Theme::Preference::None);
+        });
 }
 
 std::unique_ptr<Window> makeWindow() {
@@ -119,6 +140,8 @@ int Main(int argc, char **argv) {
     controls::installDialogTexts();
     controls::DesktopDialogs dialogs;
     ui::setDialogs(&dialogs);
+    const system::DesktopAppearance desktop(system::sessionBus());
+    followTheme(desktop);
 
     const bool startedByBus = qEnvironmentVariableIsSet(AutomationServer::StartedByBusVariable);
     // What the user starts from the program is started by the user.

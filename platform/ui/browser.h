@@ -8,6 +8,10 @@ namespace quillon::ui {
 /// The pane that shows pages made by the program.
 class Browser {
 public:
+    /// Whose colours a page has. The program's own pages follow the theme: their root is of class
+    /// "dark" where that is dark.
+    enum class Colours { OfItsAuthor, OfTheme };
+
     Browser() = default;
     Browser(const Browser &) = delete;
     Browser &operator=(const Browser &) = delete;
@@ -18,7 +22,7 @@ public:
     /// Shows a file, or an empty pane for "about:blank". A page that shows the same subject as the
     /// one before it is put into its place: scrolled as far, and folded alike. An empty subject is
     /// never the same.
-    virtual void Navigate(const QString &path, const QString &subject) = 0;
+    virtual void Navigate(const QString &path, const QString &subject, Colours colours) = 0;
     /// Has a printer chosen and prints the page shown there, or the one that is on its way. The
     /// document's name is what the printer's queue shows.
     virtual void print(const QString &documentName) = 0;

@@ -20,7 +20,7 @@ const QStringList Contract = {
     "Application Maximized number 0 -1",   "Panel Shown number 0 -1",
     "Panel Height number 2700 3000",       "Candidates Shown number 0 -1",
     "Candidates Width number 4500 5000",   "Pane ProposeUnasked number -1 0",
-    "Validation Live number -1 0",
+    "Validation Live number -1 0",         "Theme Mode text Automatic Dark",
 };
 
 class SettingTable : public testing::Test {

@@ -117,8 +117,9 @@ private:
 class BrowserFake : public ui::Browser {
 public:
     void setFiles(const QStringList &names) override { files = names; }
-    void Navigate(const QString &path, const QString &subject) override {
+    void Navigate(const QString &path, const QString &subject, Colours shownIn) override {
         pages.append(path);
+        colours = shownIn;
         subjects.append(subject);
     }
     void print(const QString &documentName) override { printed.append(documentName); }
@@ -127,6 +128,8 @@ public:
     /// What was shown so far, oldest first, and what was printed.
     QStringList pages;
     QStringList subjects;
+    /// Those of the latest page.
+    Colours colours = Colours::OfItsAuthor;
     QStringList printed;
 };
 

@@ -7,6 +7,7 @@
 #include "view/browser/browser_page.h"
 #include "view/browser/browser_profile.h"
 #include "view/controls/printer_dialog.h"
+#include "view/controls/theme.h"
 
 #include <QAction>
 #include <QDesktopServices>
@@ -57,6 +58,13 @@ Browser::Browser(QWidget *parent) : QWidget(parent) {
     setBackgroundRole(QPalette::Base);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
+    connect(&controls::theme(), &controls::Theme::changed, this, [this] {
+        if (!view_)
+            return;
+        showColours();
+        if (colours_ == Colours::OfTheme && stage_ == Stage::Shown)
+            page_->showTheme(controls::theme().isDark());
+    });
     connect(&pulse_, &QTimer::timeout, this, &Browser::askForLife);
 }
 
@@ -111,14 +119,14 @@ void Browser::showContextMenu(const QPoint &position) {
     if (path_ != Blank)
         menu->insertAction(menu->actions().value(0),
                            menu->addAction(texts::BrowserReload.toString(), this,
-                                           [this] { Navigate(path_, subject_); }));
+                                           [this] { Navigate(path_, subject_, colours_); }));
     if (menu->isEmpty())
         menu->close();
     else
         menu->popup(view_->mapToGlobal(position));
 }
 
-void Browser::Navigate(const QString &path, const QString &subject) {
+void Browser::Navigate(const QString &path, const QString &subject, Colours colours) {
     if (!view_ && path == Blank)
         return;
     const bool first = !view_;
@@ -126,6 +134,7 @@ void Browser::Navigate(const QString &path, const QString &subject) {
         makeView();
     path_ = path;
     subject_ = subject;
+    colours_ = colours;
     if (first)
         load({});
     else if (stage_ == Stage::Shown)
@@ -161,7 +170,17 @@ void Browser::load(const QString &place) {
         page_->setPlace(same ? place : QString());
         url_ = files_->serve(path_, fileNames_, same);
     }
+    showColours();
     page_->load(url_);
+}
+
+void Browser::showColours() {
+    using controls::Colour;
+    const bool isDark = controls::theme().isDark();
+    const bool isOfTheme = colours_ == Colours::OfTheme;
+    page_->setTheme(isOfTheme ? std::optional(isDark) : std::nullopt);
+    // An author's page that paints no background counts on white paper.
+    page_->setBackgroundColor(controls::themeColour(Colour::Paper, isDark && isOfTheme));
 }
 
 void Browser::loadingChanged(const QWebEngineLoadingInfo &info) {
@@ -181,6 +200,11 @@ void Browser::pageLoaded(bool ok) {
     if (waiting_)
         return askAndLoad();
     stage_ = Stage::Shown;
+    // The theme may have changed on the way, and until Qt 6.6 the background is set to no effect
+    // while a page is loading.
+    showColours();
+    if (colours_ == Colours::OfTheme)
+        page_->showTheme(controls::theme().isDark());
     Q_EMIT NavigateComplete(ok);
     printNow();
 }

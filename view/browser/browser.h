@@ -33,7 +33,8 @@ public:
     ~Browser() override;
 
     void setFiles(const QStringList &names) override;
-    void Navigate(const QString &path, const QString &subject = {}) override;
+    void Navigate(const QString &path, const QString &subject = {},
+                  Colours colours = Colours::OfItsAuthor) override;
     void print(const QString &documentName) override;
 
     /// The browser itself; null until the first page is shown.
@@ -58,6 +59,8 @@ private:
     void printNow();
     void savePdf(const QByteArray &pdf) const;
     void endPrinting();
+    /// Has the page, and what is seen where there is none yet, in the colours of the theme or not.
+    void showColours();
     void showContextMenu(const QPoint &position);
     void offerLink(const QString &address);
     void showMessageOfPage(const QString &text);
@@ -73,6 +76,7 @@ private:
     /// What was asked for last; it waits while the page before it is still on its way.
     QString path_;
     QString subject_;
+    Colours colours_ = Colours::OfTheme;
     bool waiting_ = false;
     /// The address loaded last.
     QUrl url_;

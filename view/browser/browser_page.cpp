@@ -17,11 +17,17 @@ namespace {
 constexpr auto OwnWorld = QWebEngineScript::ApplicationWorld;
 
 const QString PlaceScript = QStringLiteral("place");
+const QString ThemeScript = QStringLiteral("theme");
 
 QString scriptText(const QString &name) {
     QFile file(QStringLiteral(":/browser/") + name);
     file.open(QIODevice::ReadOnly);
     return QString::fromUtf8(file.readAll());
+}
+
+QString themeScript(bool isDark) {
+    QString code = scriptText(QStringLiteral("show_theme.js"));
+    return code.replace(QLatin1String("%DARK%"), QVariant(isDark).toString());
 }
 
 } // namespace
@@ -58,9 +64,23 @@ void BrowserPage::insertScript(const QString &name, const QString &code,
     scripts().insert(script);
 }
 
-void BrowserPage::setPlace(const QString &place) {
-    for (const QWebEngineScript &old : scripts().find(PlaceScript))
+void BrowserPage::removeScript(const QString &name) {
+    for (const QWebEngineScript &old : scripts().find(name))
         scripts().remove(old);
+}
+
+void BrowserPage::setTheme(std::optional<bool> isDark) {
+    removeScript(ThemeScript);
+    if (isDark)
+        insertScript(ThemeScript, themeScript(*isDark), QWebEngineScript::DocumentCreation);
+}
+
+void BrowserPage::showTheme(bool isDark) {
+    runJavaScript(themeScript(isDark), OwnWorld);
+}
+
+void BrowserPage::setPlace(const QString &place) {
+    removeScript(PlaceScript);
     if (place.isEmpty())
         return;
     QString code = scriptText(QStringLiteral("restore_place.js"));

@@ -4,6 +4,7 @@
 #include <QWebEngineScript>
 
 #include <functional>
+#include <optional>
 
 namespace quillon::browser {
 
@@ -17,6 +18,10 @@ public:
 
     /// Has the next page put into a place that keptPlace() gave; an empty one for none.
     void setPlace(const QString &place);
+    /// Has the next page shown by a theme, which is dark or not, or as it is.
+    void setTheme(std::optional<bool> isDark);
+    /// Has the page that is there shown by a theme.
+    void showTheme(bool isDark);
     /// Asks the page how far it is scrolled and what is folded. A page that hangs does not answer.
     void askForPlace(const std::function<void(const QString &place)> &answer);
     /// Asks the page for any sign of life.
@@ -44,6 +49,7 @@ protected:
 private:
     void insertScript(const QString &name, const QString &code,
                       QWebEngineScript::InjectionPoint when);
+    void removeScript(const QString &name);
     void denyPermissions();
 
     const QString word_;

@@ -1,6 +1,7 @@
 #include "view/controls/action_set.h"
 
 #include "platform/ui/error_boundary.h"
+#include "view/controls/themed_icon.h"
 
 #include <QAction>
 #include <QIcon>
@@ -130,7 +131,7 @@ void ActionSet::addButton(QStringView name, const ToolButton &row) {
     Button &button = buttons_[row.key];
     button.row = row;
     button.command = &command;
-    const QIcon icon(QStringLiteral(":/icons/toolbar/%1.svg").arg(row.key));
+    const QIcon icon = themedIcon(QStringLiteral("toolbar/%1").arg(row.key));
     command.action->setIcon(icon);
     button.action = new QAction(icon, buttonName(row), this);
     button.action->setObjectName(row.key.toString());

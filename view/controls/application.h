@@ -4,13 +4,18 @@
 
 namespace quillon::controls {
 
-/// An application that survives an exception which leaves an event handler. The last resort:
-/// Qt's own frames between the two are not unwound properly, so handlers use guarded().
+/// An application in the program's own look, which survives an exception that leaves an event
+/// handler. The last resort: Qt's own frames between the two are not unwound properly, so handlers
+/// use guarded().
 class Application : public QApplication {
 public:
-    using QApplication::QApplication;
+    Application(int &argc, char **argv);
 
     bool notify(QObject *receiver, QEvent *event) override;
+
+private:
+    /// The desktop's look has changed, and the theme is about to be told.
+    bool isDesktopNew_ = false;
 };
 
 } // namespace quillon::controls

@@ -1,7 +1,12 @@
 #include "view/controls/fault_mark.h"
 
+#include "view/controls/theme.h"
+
+#include <QIconEngine>
 #include <QPainter>
 #include <QPainterPath>
+
+#include <algorithm>
 
 namespace quillon::controls {
 
@@ -26,7 +31,7 @@ QPainterPath discIn(const QRectF &place) {
 
 /// What stands in the shape: an exclamation mark, or a cross.
 void paintSign(QPainter &painter, const QRectF &place, Mark mark, qreal width) {
-    painter.setPen(QPen(Qt::white, width, Qt::SolidLine, Qt::RoundCap));
+    painter.setPen(QPen(theme().colour(Colour::MarkEdge), width, Qt::SolidLine, Qt::RoundCap));
     const QPointF centre = place.center();
     const qreal side = place.width();
     if (mark == Mark::Broken) {
@@ -40,6 +45,23 @@ void paintSign(QPainter &painter, const QRectF &place, Mark mark, qreal width) {
     painter.drawPoint(QPointF(centre.x(), top + side * 0.83));
 }
 
+/// It is a sign, and not something to press: it looks the same in every state.
+class FaultIconEngine final : public QIconEngine {
+public:
+    explicit FaultIconEngine(Mark mark) : mark_(mark) {}
+
+    void paint(QPainter *painter, const QRect &rect, QIcon::Mode, QIcon::State) override {
+        paintFaultMark(*painter, rect, mark_, false);
+    }
+    QPixmap pixmap(const QSize &size, QIcon::Mode, QIcon::State) override {
+        return QPixmap::fromImage(faultImage(mark_, std::min(size.width(), size.height())));
+    }
+    QIconEngine *clone() const override { return new FaultIconEngine(*this); }
+
+private:
+    const Mark mark_;
+};
+
 } // namespace
 
 void paintFaultMark(QPainter &painter, const QRectF &place, Mark mark, bool isBelow) {
@@ -47,15 +69,16 @@ void paintFaultMark(QPainter &painter, const QRectF &place, Mark mark, bool isBe
         return;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    const QColor colour(mark == Mark::Broken ? BrokenColour : InvalidColour);
+    const QColor colour =
+        theme().colour(mark == Mark::Broken ? Colour::BrokenMark : Colour::InvalidMark);
+    const QColor edge = theme().colour(Colour::MarkEdge);
     const qreal line = place.width() / 8;
     const QRectF inside = place.adjusted(line, line, -line, -line);
     const QPainterPath shape = mark == Mark::Broken ? discIn(inside) : triangleIn(inside);
-    // A white edge keeps it apart from what it is drawn on.
-    painter.strokePath(shape,
-                       QPen(Qt::white, line * 3.6, Qt::SolidLine, Qt::SquareCap, Qt::RoundJoin));
+    // An edge keeps it apart from what it is drawn on.
+    painter.strokePath(shape, QPen(edge, line * 3.6, Qt::SolidLine, Qt::SquareCap, Qt::RoundJoin));
     if (isBelow) {
-        painter.fillPath(shape, Qt::white);
+        painter.fillPath(shape, edge);
         painter.strokePath(shape, QPen(colour, line, Qt::SolidLine, Qt::SquareCap, Qt::RoundJoin));
     } else {
         painter.strokePath(shape, QPen(colour, line, Qt::SolidLine, Qt::SquareCap, Qt::RoundJoin));
@@ -74,15 +97,7 @@ QImage faultImage(Mark mark, int size) {
 }
 
 QIcon faultIcon(Mark mark) {
-    QIcon icon;
-    for (const int size : {16, 24, 32, 48}) {
-        const QPixmap picture = QPixmap::fromImage(faultImage(mark, size));
-        icon.addPixmap(picture);
-        // It is a sign, and not something to press.
-        icon.addPixmap(picture, QIcon::Disabled);
-        icon.addPixmap(picture, QIcon::Selected);
-    }
-    return icon;
+    return QIcon(new FaultIconEngine(mark));
 }
 
 } // namespace quillon::controls

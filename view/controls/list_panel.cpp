@@ -1,6 +1,7 @@
 #include "view/controls/list_panel.h"
 
 #include "resources/hit_texts.h"
+#include "view/controls/themed_icon.h"
 
 #include <QBoxLayout>
 #include <QKeyEvent>
@@ -27,9 +28,9 @@ constexpr int TextPage = 1;
 
 ListPanel::ListPanel(QWidget *parent)
     : QWidget(parent), tabs_(new QTabBar), pages_(new QStackedWidget),
-      copy_(addButton("toolbar/copy", texts::CopyRows, texts::CopyRowsName, texts::CopyRowsTip)),
-      save_(addButton("toolbar/save", texts::SaveRows, texts::SaveRowsName, texts::SaveRowsTip)),
-      close_(addButton("panel/close", {}, texts::ClosePanelName, texts::ClosePanelTip)) {
+      copy_(addButton(u"toolbar/copy", texts::CopyRows, texts::CopyRowsName, texts::CopyRowsTip)),
+      save_(addButton(u"toolbar/save", texts::SaveRows, texts::SaveRowsName, texts::SaveRowsTip)),
+      close_(addButton(u"panel/close", {}, texts::ClosePanelName, texts::ClosePanelTip)) {
     setAccessibleName(texts::PanelName.toString());
     tabs_->setAccessibleName(texts::PanelTabsName.toString());
     tabs_->setDrawBase(false);
@@ -55,10 +56,10 @@ ListPanel::ListPanel(QWidget *parent)
     connect(close_, &QToolButton::clicked, this, &ListPanel::closeRequested);
 }
 
-QToolButton *ListPanel::addButton(const char *icon, QStringView text, QStringView name,
+QToolButton *ListPanel::addButton(QStringView icon, QStringView text, QStringView name,
                                   QStringView toolTip) {
     auto *button = new QToolButton(this);
-    button->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(icon))));
+    button->setIcon(themedIcon(icon));
     button->setIconSize(IconSize);
     button->setText(text.toString());
     button->setToolButtonStyle(text.isEmpty() ? Qt::ToolButtonIconOnly

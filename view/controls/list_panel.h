@@ -39,7 +39,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    QToolButton *addButton(const char *icon, QStringView text, QStringView name,
+    QToolButton *addButton(QStringView icon, QStringView text, QStringView name,
                            QStringView toolTip);
     /// Whether the shown list has rows decides what is to be seen.
     void showRowsOrText();

@@ -1,6 +1,7 @@
 #include "view/controls/mark_delegate.h"
 
 #include "view/controls/row_table.h"
+#include "view/controls/theme.h"
 
 #include <QApplication>
 #include <QPainter>
@@ -12,8 +13,6 @@ namespace quillon::controls {
 
 namespace {
 
-constexpr QRgb MarkPaper = qRgb(0xff, 0xe0, 0x82);
-constexpr QRgb MarkInk = qRgb(0x1f, 0x1f, 0x1f);
 constexpr int Margin = 3;
 /// What is left ahead of a mark when the text is shifted for it, in parts of the room.
 constexpr double RoomAhead = 0.25;
@@ -42,8 +41,8 @@ void MarkDelegate::paintText(QPainter &painter, const QStyleOptionViewItem &opti
     QTextLayout::FormatRange marked;
     marked.start = mark.x();
     marked.length = mark.y();
-    marked.format.setBackground(QColor(MarkPaper));
-    marked.format.setForeground(QColor(MarkInk));
+    marked.format.setBackground(theme().colour(Colour::HitPaper));
+    marked.format.setForeground(theme().colour(Colour::HitInk));
     QTextLayout layout(option.text, option.font);
     layout.setFormats({marked});
     layout.beginLayout();

@@ -67,7 +67,7 @@ public:
         rest.setLeft(rest.left() + metrics.horizontalAdvance(text) + 2 * Margin);
         painter->setFont(option.font);
         if (!isSelected)
-            painter->setPen(option.palette.color(QPalette::Disabled, QPalette::Text));
+            painter->setPen(option.palette.color(QPalette::PlaceholderText));
         painter->drawText(rest, Qt::AlignVCenter | Qt::AlignRight | Qt::TextSingleLine,
                           option.fontMetrics.elidedText(index.data(Detail).toString(),
                                                         Qt::ElideRight, rest.width()));
@@ -143,10 +143,6 @@ ProposalPopup::ProposalPopup(QWidget &owner)
       view_(new QListView(this)), description_(new QLabel(this)) {
     setAttribute(Qt::WA_ShowWithoutActivating);
     setFrameStyle(QFrame::Panel | QFrame::Plain);
-    QPalette colours = QApplication::palette();
-    colours.setColor(QPalette::WindowText, colours.color(QPalette::Mid));
-    colours.setColor(QPalette::Window, colours.color(QPalette::Base));
-    setPalette(colours);
     setFocusPolicy(Qt::NoFocus);
     view_->setModel(&model_);
     view_->setItemDelegate(new ProposalDelegate(view_));
@@ -182,6 +178,10 @@ ProposalPopup::ProposalPopup(QWidget &owner)
 void ProposalPopup::open(ui::ProposalList list, const QString &typed, const QRect &caret) {
     list_ = std::move(list);
     caret_ = caret;
+    QPalette colours = QApplication::palette();
+    colours.setColor(QPalette::WindowText, colours.color(QPalette::Mid));
+    colours.setColor(QPalette::Window, colours.color(QPalette::Base));
+    setPalette(colours);
     model_.set(list_.proposals);
     filter(typed);
 }

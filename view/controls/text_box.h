@@ -157,7 +157,8 @@ private:
     void forgetUndo();
 
     void setUpView();
-    void setUpMarks();
+    /// The shapes and colours of marks.
+    void colourMarks();
     /// The marks at a position of the control.
     std::vector<ui::TextMark> marksAt(long position) const;
     /// Why the text there is marked, a line for each reason; empty when it is not.

@@ -1,6 +1,5 @@
+#include "view/controls/scintilla_colour.h"
 #include "view/controls/text_box.h"
-
-#include <QPalette>
 
 #include <algorithm>
 
@@ -30,10 +29,6 @@ constexpr std::pair<unsigned long, long> FoldSymbols[] = {
     {TextBox::SC_MARKNUM_FOLDERMIDTAIL, TextBox::SC_MARK_TCORNER},
 };
 
-long scintillaColour(const QColor &colour) {
-    return colour.red() | colour.green() << 8 | colour.blue() << 16;
-}
-
 } // namespace
 
 void TextBox::setUpLayout() {
@@ -55,17 +50,16 @@ void TextBox::setUpLayout() {
 }
 
 void TextBox::colourLayout() {
-    const QPalette colours = palette();
-    const long lines = scintillaColour(colours.color(QPalette::Mid));
-    const long paper = scintillaColour(colours.color(QPalette::Base));
+    const long paper = scintillaColour(Colour::FoldPaper);
+    const long blanks = scintillaColour(Colour::BlankInk);
     send(SCI_SETFOLDMARGINCOLOUR, true, paper);
     send(SCI_SETFOLDMARGINHICOLOUR, true, paper);
     for (const auto &[symbol, shape] : FoldSymbols) {
         send(SCI_MARKERSETFORE, symbol, paper);
-        send(SCI_MARKERSETBACK, symbol, lines);
+        send(SCI_MARKERSETBACK, symbol, scintillaColour(Colour::FoldInk));
     }
-    send(SCI_SETWHITESPACEFORE, true, lines);
-    send(SCI_INDICSETFORE, BlankIndicator, lines);
+    send(SCI_SETWHITESPACEFORE, true, blanks);
+    send(SCI_INDICSETFORE, BlankIndicator, blanks);
 }
 
 void TextBox::layOutFor(long length) {

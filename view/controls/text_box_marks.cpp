@@ -1,4 +1,5 @@
 #include "view/controls/fault_mark.h"
+#include "view/controls/scintilla_colour.h"
 #include "view/controls/text_box.h"
 
 #include <QStringList>
@@ -20,19 +21,16 @@ constexpr unsigned long BrokenSymbol = 2;
 constexpr int SymbolMargin = 1;
 constexpr int SymbolSize = 12;
 
-constexpr long scintillaColour(QRgb colour) {
-    return qRed(colour) | qGreen(colour) << 8 | qBlue(colour) << 16;
-}
-
 } // namespace
 
-void TextBox::setUpMarks() {
-    for (const auto &[indicator, colour] :
-         {std::pair(InvalidIndicator, InvalidColour), std::pair(BrokenIndicator, BrokenColour)}) {
-        send(SCI_INDICSETSTYLE, indicator, INDIC_SQUIGGLE);
-        send(SCI_INDICSETFORE, indicator, scintillaColour(colour));
+void TextBox::colourMarks() {
+    // Different in shape as well as in colour.
+    send(SCI_INDICSETSTYLE, InvalidIndicator, INDIC_SQUIGGLE);
+    send(SCI_INDICSETSTYLE, BrokenIndicator, INDIC_DIAGONAL);
+    send(SCI_INDICSETFORE, InvalidIndicator, scintillaColour(Colour::InvalidMark));
+    send(SCI_INDICSETFORE, BrokenIndicator, scintillaColour(Colour::BrokenMark));
+    for (const unsigned long indicator : Indicators)
         send(SCI_INDICSETUNDER, indicator, true);
-    }
     // Always there, so that the text keeps its place when marks come and go.
     send(SCI_SETMARGINTYPEN, SymbolMargin, SC_MARGIN_SYMBOL);
     send(SCI_SETMARGINMASKN, SymbolMargin, 1L << InvalidSymbol | 1L << BrokenSymbol);

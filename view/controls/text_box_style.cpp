@@ -1,6 +1,5 @@
+#include "view/controls/scintilla_colour.h"
 #include "view/controls/text_box.h"
-
-#include <QColor>
 
 #include <algorithm>
 #include <array>
@@ -10,52 +9,31 @@ namespace quillon::controls {
 
 namespace {
 
-constexpr QRgb ink = qRgb(0x1f, 0x1f, 0x1f);
-constexpr QRgb paper = qRgb(0xff, 0xff, 0xff);
-constexpr QRgb lockedPaper = qRgb(0xf2, 0xf2, 0xf2);
-constexpr QRgb currentLine = qRgb(0xf3, 0xf7, 0xfd);
-constexpr QRgb selection = qRgb(0xb4, 0xd5, 0xfe);
-constexpr QRgb lineNumberInk = qRgb(0x70, 0x70, 0x70);
-constexpr QRgb lineNumberPaper = qRgb(0xf6, 0xf6, 0xf6);
-
-constexpr QRgb tag = qRgb(0x99, 0x00, 0x00);
-constexpr QRgb attribute = qRgb(0xa8, 0x54, 0x00);
-constexpr QRgb string = qRgb(0x0b, 0x4f, 0x9e);
-constexpr QRgb comment = qRgb(0x70, 0x70, 0x70);
-constexpr QRgb entity = qRgb(0x7a, 0x2e, 0x96);
-constexpr QRgb cdata = qRgb(0x00, 0x69, 0x5c);
-constexpr QRgb instruction = qRgb(0x3f, 0x55, 0x8c);
-
 /// A range of Scintilla's XML styles. Its headers have numbers for them but no names.
 struct StyleRange {
     int first;
     int last;
-    QRgb colour;
+    Colour colour;
 };
 
 constexpr std::array xmlStyles{
-    StyleRange{1, 2, tag},             // name of an element, with its opening bracket
-    StyleRange{3, 4, attribute},       // name of an attribute
-    StyleRange{5, 5, string},          // value without quotes
-    StyleRange{6, 7, string},          // value in double and in single quotes
-    StyleRange{8, 8, tag},             // anything else in a tag
-    StyleRange{9, 9, comment},         // comment
-    StyleRange{10, 10, entity},        // entity and character reference
-    StyleRange{11, 11, tag},           // end of an empty element
-    StyleRange{12, 13, instruction},   // brackets of an instruction
-    StyleRange{17, 17, cdata},         // CDATA section
-    StyleRange{18, 18, instruction},   // content of an instruction
-    StyleRange{19, 19, string},        // value without quotes
-    StyleRange{21, 28, instruction},   // document type
-    StyleRange{29, 30, comment},       // comment within it
-    StyleRange{31, 31, instruction},   // internal subset
-    StyleRange{118, 127, instruction}, // content of a "<?php" instruction
+    StyleRange{1, 2, Colour::TagInk},             // name of an element, with its opening bracket
+    StyleRange{3, 4, Colour::AttributeInk},       // name of an attribute
+    StyleRange{5, 5, Colour::StringInk},          // value without quotes
+    StyleRange{6, 7, Colour::StringInk},          // value in double and in single quotes
+    StyleRange{8, 8, Colour::TagInk},             // anything else in a tag
+    StyleRange{9, 9, Colour::CommentInk},         // comment
+    StyleRange{10, 10, Colour::EntityInk},        // entity and character reference
+    StyleRange{11, 11, Colour::TagInk},           // end of an empty element
+    StyleRange{12, 13, Colour::InstructionInk},   // brackets of an instruction
+    StyleRange{17, 17, Colour::CDataInk},         // CDATA section
+    StyleRange{18, 18, Colour::InstructionInk},   // content of an instruction
+    StyleRange{19, 19, Colour::StringInk},        // value without quotes
+    StyleRange{21, 28, Colour::InstructionInk},   // document type
+    StyleRange{29, 30, Colour::CommentInk},       // comment within it
+    StyleRange{31, 31, Colour::InstructionInk},   // internal subset
+    StyleRange{118, 127, Colour::InstructionInk}, // content of a "<?php" instruction
 };
-
-/// Scintilla's colours have their red in the lowest byte.
-constexpr long scintillaColour(QRgb colour) {
-    return qRed(colour) | qGreen(colour) << 8 | qBlue(colour) << 16;
-}
 
 int digitsOf(long number) {
     int digits = 1;
@@ -76,9 +54,8 @@ void TextBox::setUpView() {
     send(SCI_SETSCROLLWIDTH, 1);
     send(SCI_SETMARGINTYPEN, LineNumberMargin, SC_MARGIN_NUMBER);
     send(SCI_SETMARGINLEFT, 0, 4);
-    send(SCI_SETSELBACK, true, scintillaColour(selection));
-    setUpMarks();
     setUpLayout();
+    connect(&theme(), &Theme::changed, this, &TextBox::applyStyles);
 }
 
 void TextBox::setLanguage(Language language) {
@@ -100,22 +77,25 @@ void TextBox::setTextFont(const QString &family, double size) {
 }
 
 void TextBox::applyStyles() {
-    const long back = scintillaColour(locked_ ? lockedPaper : paper);
+    const long back = scintillaColour(locked_ ? Colour::LockedPaper : Colour::Paper);
     SendScintilla(SCI_STYLESETFONT, static_cast<unsigned long>(STYLE_DEFAULT),
                   fontFamily_.constData());
     send(SCI_STYLESETSIZEFRACTIONAL, STYLE_DEFAULT,
          std::lround(fontSize_ * int{SC_FONT_SIZE_MULTIPLIER}));
-    send(SCI_STYLESETFORE, STYLE_DEFAULT, scintillaColour(ink));
+    send(SCI_STYLESETFORE, STYLE_DEFAULT, scintillaColour(Colour::Ink));
     send(SCI_STYLESETBACK, STYLE_DEFAULT, back);
     send(SCI_STYLECLEARALL);
     for (const StyleRange &range : xmlStyles) {
         for (int style = range.first; style <= range.last; ++style)
             send(SCI_STYLESETFORE, style, scintillaColour(range.colour));
     }
-    send(SCI_STYLESETFORE, STYLE_LINENUMBER, scintillaColour(lineNumberInk));
-    send(SCI_STYLESETBACK, STYLE_LINENUMBER, scintillaColour(lineNumberPaper));
-    send(SCI_SETCARETLINEBACK, scintillaColour(currentLine));
+    send(SCI_STYLESETFORE, STYLE_LINENUMBER, scintillaColour(Colour::LineNumberInk));
+    send(SCI_STYLESETBACK, STYLE_LINENUMBER, scintillaColour(Colour::LineNumberPaper));
+    send(SCI_SETSELBACK, true, scintillaColour(Colour::SelectionPaper));
+    send(SCI_SETCARETFORE, scintillaColour(Colour::Caret));
+    send(SCI_SETCARETLINEBACK, scintillaColour(Colour::CurrentLine));
     send(SCI_SETCARETLINEVISIBLE, !locked_);
+    colourMarks();
     colourLayout();
     lineNumberDigits_ = 0;
     fitLineNumbers();

@@ -1,6 +1,7 @@
 #include "view/controls/text_pane.h"
 
 #include "resources/find_texts.h"
+#include "view/controls/themed_icon.h"
 
 #include <QBoxLayout>
 #include <QCheckBox>
@@ -42,10 +43,10 @@ bool isPreviousKey(const QKeyEvent &event) {
 
 TextPane::TextPane(TextBox &textBox, QWidget *parent)
     : QWidget(parent), textBox_(textBox), bar_(new QWidget(this)), field_(new QLineEdit(bar_)),
-      next_(addButton("down", texts::Next, texts::NextTip)),
-      previous_(addButton("up", texts::Previous, texts::PreviousTip)),
+      next_(addButton(u"panel/down", texts::Next, texts::NextTip)),
+      previous_(addButton(u"panel/up", texts::Previous, texts::PreviousTip)),
       matchCase_(new QCheckBox(texts::MatchCase.toString(), bar_)), message_(new QLabel(bar_)),
-      close_(addButton("close", texts::Close, texts::CloseTip)) {
+      close_(addButton(u"panel/close", texts::Close, texts::CloseTip)) {
     setFocusProxy(&textBox_);
     layOutBar();
     auto *column = new QVBoxLayout(this);
@@ -61,9 +62,9 @@ TextPane::TextPane(TextBox &textBox, QWidget *parent)
     connect(close_, &QToolButton::clicked, this, &TextPane::closeBar);
 }
 
-QToolButton *TextPane::addButton(const char *icon, QStringView name, QStringView toolTip) {
+QToolButton *TextPane::addButton(QStringView icon, QStringView name, QStringView toolTip) {
     auto *button = new QToolButton(bar_);
-    button->setIcon(QIcon(QStringLiteral(":/icons/panel/%1.svg").arg(QLatin1String(icon))));
+    button->setIcon(themedIcon(icon));
     button->setIconSize(IconSize);
     button->setAutoRaise(true);
     button->setAccessibleName(name.toString());

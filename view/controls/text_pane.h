@@ -25,7 +25,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    QToolButton *addButton(const char *icon, QStringView name, QStringView toolTip);
+    QToolButton *addButton(QStringView icon, QStringView name, QStringView toolTip);
     void layOutBar();
     void openBar();
     void closeBar();

@@ -1,0 +1,97 @@
+#include "view/controls/program_style.h"
+
+#include "view/controls/themed_icon.h"
+
+#include <QWidget>
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace quillon::controls {
+
+namespace {
+
+constexpr std::pair<QStyle::StandardPixmap, QStringView> Icons[] = {
+    {QStyle::SP_MessageBoxInformation, u"standard/information"},
+    {QStyle::SP_MessageBoxWarning, u"standard/warning"},
+    {QStyle::SP_MessageBoxCritical, u"standard/critical"},
+    {QStyle::SP_MessageBoxQuestion, u"standard/question"},
+    {QStyle::SP_ArrowBack, u"standard/back"},
+    {QStyle::SP_ArrowLeft, u"standard/back"},
+    {QStyle::SP_ArrowForward, u"standard/forward"},
+    {QStyle::SP_ArrowRight, u"standard/forward"},
+    {QStyle::SP_ArrowUp, u"panel/up"},
+    {QStyle::SP_ArrowDown, u"panel/down"},
+    {QStyle::SP_FileDialogToParent, u"standard/parent"},
+    {QStyle::SP_FileDialogBack, u"standard/back"},
+    {QStyle::SP_FileDialogNewFolder, u"standard/new-folder"},
+    {QStyle::SP_FileDialogListView, u"standard/list"},
+    {QStyle::SP_FileDialogDetailedView, u"standard/details"},
+    {QStyle::SP_FileDialogContentsView, u"toolbar/find"},
+    {QStyle::SP_FileDialogInfoView, u"standard/information"},
+    {QStyle::SP_DirIcon, u"standard/folder"},
+    {QStyle::SP_DirClosedIcon, u"standard/folder"},
+    {QStyle::SP_DirOpenIcon, u"standard/folder"},
+    {QStyle::SP_DirLinkIcon, u"standard/folder"},
+    {QStyle::SP_DirLinkOpenIcon, u"standard/folder"},
+    {QStyle::SP_DirHomeIcon, u"standard/home"},
+    {QStyle::SP_DesktopIcon, u"standard/computer"},
+    {QStyle::SP_ComputerIcon, u"standard/computer"},
+    {QStyle::SP_DriveHDIcon, u"standard/drive"},
+    {QStyle::SP_DriveCDIcon, u"standard/drive"},
+    {QStyle::SP_DriveDVDIcon, u"standard/drive"},
+    {QStyle::SP_DriveFDIcon, u"standard/drive"},
+    {QStyle::SP_DriveNetIcon, u"standard/drive"},
+    {QStyle::SP_TrashIcon, u"standard/folder"},
+    {QStyle::SP_FileIcon, u"standard/file"},
+    {QStyle::SP_FileLinkIcon, u"standard/file"},
+    {QStyle::SP_LineEditClearButton, u"panel/close"},
+    {QStyle::SP_DockWidgetCloseButton, u"panel/close"},
+    {QStyle::SP_TitleBarCloseButton, u"panel/close"},
+    {QStyle::SP_TitleBarNormalButton, u"standard/float"},
+    {QStyle::SP_ToolBarHorizontalExtensionButton, u"standard/more"},
+    {QStyle::SP_ToolBarVerticalExtensionButton, u"panel/down"},
+    {QStyle::SP_BrowserReload, u"toolbar/redo"},
+};
+
+/// Empty where the program has no icon of its own.
+QStringView nameOf(QStyle::StandardPixmap which) {
+    const auto *const found =
+        std::ranges::find(Icons, which, &std::pair<QStyle::StandardPixmap, QStringView>::first);
+    return found == std::end(Icons) ? QStringView() : found->second;
+}
+
+} // namespace
+
+ProgramStyle::ProgramStyle() : QProxyStyle(QStringLiteral("fusion")) {}
+
+QIcon ProgramStyle::standardIcon(StandardPixmap which, const QStyleOption *option,
+                                 const QWidget *widget) const {
+    const QStringView name = nameOf(which);
+    return name.isEmpty() ? QProxyStyle::standardIcon(which, option, widget) : themedIcon(name);
+}
+
+QPixmap ProgramStyle::standardPixmap(StandardPixmap which, const QStyleOption *option,
+                                     const QWidget *widget) const {
+    const QStringView name = nameOf(which);
+    if (name.isEmpty())
+        return QProxyStyle::standardPixmap(which, option, widget);
+    const int side = proxy()->pixelMetric(PM_SmallIconSize, option, widget);
+    return themedIcon(name).pixmap(QSize(side, side), widget ? widget->devicePixelRatio() : 1.0);
+}
+
+int ProgramStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                            QStyleHintReturn *result) const {
+    switch (hint) {
+    case SH_DialogButtonBox_ButtonsHaveIcons:
+        // What a button does is said by its text.
+        return 0;
+    case SH_ToolTipLabel_Opacity:
+        return 255;
+    default:
+        return QProxyStyle::styleHint(hint, option, widget, result);
+    }
+}
+
+} // namespace quillon::controls

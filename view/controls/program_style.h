@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QProxyStyle>
+
+namespace quillon::controls {
+
+/// How all widgets are drawn, whatever the desktop: in Qt's own style, with the program's icons.
+class ProgramStyle : public QProxyStyle {
+public:
+    ProgramStyle();
+
+    QIcon standardIcon(StandardPixmap which, const QStyleOption *option,
+                       const QWidget *widget) const override;
+    QPixmap standardPixmap(StandardPixmap which, const QStyleOption *option,
+                           const QWidget *widget) const override;
+    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                  QStyleHintReturn *result) const override;
+};
+
+} // namespace quillon::controls
