@@ -130,7 +130,8 @@ TEST_F(CommandKeys, HaveTheirPlacesAndAccessKeys) {
     EXPECT_EQ(keysOf(form->menuBar()->actions()), "FEVNTWH.") << "the last one is hidden";
     EXPECT_EQ(menuKeys(u"mnuFile"), "NOR|SA|PT|M|CX");
     EXPECT_EQ(menuKeys(u"mnuEdit"), "URA|TCPD|R|FN|L|HQM");
-    EXPECT_EQ(menuKeys(u"mnuView"), "CE|T|F|PNB|MO|DIKL");
+    EXPECT_EQ(menuKeys(u"mnuView"), "CE|T|F|PNB|MO|DIKL|H");
+    EXPECT_EQ(menuKeys(u"mnuViewTheme"), "ALD");
     EXPECT_EQ(menuKeys(u"mnuNode"), "UD|EATCD|LXM.|D|BRWGOS|VIJF");
     EXPECT_EQ(menuKeys(u"mnuTool"), "XPNHY|SV|SC|E|O|MBK");
     EXPECT_EQ(menuKeys(u"mnuWindow"), "H");

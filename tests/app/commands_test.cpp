@@ -23,6 +23,7 @@ namespace quillon::test {
 namespace {
 
 using controls::ActionKind;
+using controls::ThemeMode;
 
 const QByteArray Sample = "<r><a k=\"1\">t</a><b/><c/></r>";
 using ui::message_answer::No;
@@ -259,6 +260,13 @@ std::vector<Commands::Case> Commands::viewCases() {
     const auto hasCandidates = [this] {
         return candidatePanel().isAncestorOf(QApplication::focusWidget());
     };
+    const auto isShownIn = [this](ThemeMode mode) {
+        return [this, mode] {
+            return controls::theme().mode() == mode &&
+                   system::SettingsStore(path("settings.ini")).GetSetting("Theme", "Mode") ==
+                       nameOf(mode);
+        };
+    };
     return {
         {u"mnuEditFind", [this] { dialogs.answerInput("c"); },
          [this] { return selected() == u"c"; }},
@@ -329,6 +337,10 @@ std::vector<Commands::Case> Commands::viewCases() {
         {u"mnuViewPropose", [] {}, [this] { return !txtEdit().proposesUnasked(); }},
         {u"mnuViewNextPart", [] {}, [this] { return txtEdit().hasFocus(); }},
         {u"mnuViewLive", [] {}, [this] { return !editor().live.isOn(); }},
+        {u"mnuViewThemeDark", [] {}, isShownIn(ThemeMode::Dark)},
+        {u"mnuViewThemeLight", [] {}, isShownIn(ThemeMode::Light)},
+        {u"mnuViewThemeAutomatic", [] { controls::theme().setMode(ThemeMode::Dark); },
+         isShownIn(ThemeMode::Automatic)},
         {u"mnuViewPreviousPart", [] {},
          [this] { return cboPath().isAncestorOf(QApplication::focusWidget()); }},
     };
