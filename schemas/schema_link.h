@@ -1,11 +1,13 @@
 #pragma once
 
+#include "platform/xml/schema/schema_kind.h"
+
 #include <QByteArray>
 #include <QString>
 
 namespace quillon::schemas {
 
-enum class SchemaKind : quint8 { Unknown, Dtd, Xsd, Xdr, RelaxNg, Schematron };
+using xml::SchemaKind;
 
 /// What names a schema, in the order in which they are asked.
 enum class FoundBy : quint8 {

@@ -114,7 +114,8 @@ std::vector<SchemaError> bySchema(const DOMDocument40 &document, const SchemaFor
         return validateBySchematron(document, schema.path, schema.partFolders, schema.phase);
     case SchemaKind::RelaxNg:
         return validateByRelaxNg(document, schema.path, schema.partFolders);
-    case SchemaKind::Xsd:
+    case SchemaKind::Xsd: // all of them are asked together
+    case SchemaKind::Unknown:
         break;
     }
     return {};

@@ -1,15 +1,14 @@
 #pragma once
 
 #include "platform/xml/schema/schema_error.h"
+#include "platform/xml/schema/schema_kind.h"
 #include "platform/xml/schema/schema_source.h"
 
 #include <QStringList>
 
 namespace quillon::xml {
 
-enum class SchemaKind : quint8 { Dtd, Xsd, Xdr, RelaxNg, Schematron };
-
-/// A schema by which a document is to be judged.
+/// A schema by which a document is to be judged. One of an unknown kind says nothing.
 struct SchemaForVerdict {
     SchemaKind kind = SchemaKind::Xsd;
     /// Empty for a DTD that is nothing but the document's internal subset.
