@@ -58,9 +58,4 @@ private:
     bool readsBack_ = true;
 };
 
-/// Finds the stretches of a file whose bytes are not the ones that EncodedText would make of their
-/// text, so that with them it makes the whole file again. Nothing when that cannot be done.
-std::optional<std::vector<OriginalBytes>>
-findOriginals(const std::string &codec, std::string_view bytes, std::string_view utf8);
-
 } // namespace quillon::xml

@@ -1,6 +1,6 @@
 #include "platform/xml/io/encoding.h"
 
-#include "platform/xml/io/encoded_text.h"
+#include "platform/xml/io/find_originals.h"
 #include "resources/xml_texts.h"
 
 #include <algorithm>
@@ -250,6 +250,13 @@ bool Encoder::encode(std::string_view utf8, std::string &out) const {
 
 std::size_t Encoder::decode(std::string_view bytes, std::string &out) const {
     return decoder_.convert(bytes, out);
+}
+
+Encoder::DecodedBytes Encoder::decodeBehind(const std::string &lead, std::string_view bytes) const {
+    DecodedBytes result;
+    const std::size_t length = decode(lead + std::string(bytes), result.utf8);
+    result.length = length - std::min(length, lead.size());
+    return result;
 }
 
 } // namespace quillon::xml

@@ -57,6 +57,14 @@ public:
     /// Decodes from the initial state, appending to `out`. Returns the number of bytes decoded.
     std::size_t decode(std::string_view bytes, std::string &out) const;
 
+    struct DecodedBytes {
+        std::string utf8;
+        /// How many of the bytes that makes.
+        std::size_t length;
+    };
+    /// Decodes bytes from the state that the escape sequences `lead` lead to.
+    DecodedBytes decodeBehind(const std::string &lead, std::string_view bytes) const;
+
 private:
     bool findStates() const;
 

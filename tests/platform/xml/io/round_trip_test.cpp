@@ -2,6 +2,7 @@
 #include "tests/platform/xml/xml_test_support.h"
 
 #include <csignal>
+#include <random>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -132,6 +133,30 @@ TEST(RoundTrip, CharactersWithSeveralCodesKeepTheirOwn) {
     const std::string jis = "<?xml version='1.0' encoding='ISO-2022-JP'?>\n"
                             "<a>\x1B$B$\"\x1B(B\x1B$B$$\x1B(B</a>\n<!-- \x1B(B -->\n";
     EXPECT_EQ(reloaded(files, jis), jis);
+}
+
+// What is not encoded as it was read is looked for piece by piece.
+TEST(RoundTrip, CharactersWithSeveralCodesAreFoundAnywhere) {
+    const Files files;
+    std::mt19937 random(7);
+    const std::string parts[] = {"<b>",      "</b>",     ">",        "\x81\xE6",
+                                 "\x87\x9A", "\xFA\x54", "\x81\xCA", "\x83\x5C",
+                                 "\xED\x40", "plain ",   "\n",       "\xFA\x5C"};
+    for (int round = 0; round < 60; ++round) {
+        std::string bytes = "<?xml version='1.0' encoding='Shift_JIS'?><a>";
+        int open = 0;
+        for (auto count = random() % 60; count > 0; --count) {
+            const std::string &part = parts[random() % std::size(parts)];
+            if (part == "</b>" && open == 0)
+                continue;
+            open += part == "<b>" ? 1 : part == "</b>" ? -1 : 0;
+            bytes += part;
+        }
+        while (open-- > 0)
+            bytes += "</b>";
+        bytes += "</a>";
+        EXPECT_EQ(reloaded(files, bytes), bytes);
+    }
 }
 
 TEST(RoundTrip, OneEditChangesItsOwnBytesOnly) {
