@@ -31,6 +31,10 @@ service="$share/dbus-1/services/org.quillon.XmlEditor.service"
 grep -q "<launchable type=\"desktop-id\">$(basename "$desktop")</launchable>" \
     "$share/metainfo/org.quillon.XmlEditor.metainfo.xml" ||
     fail "the metainfo leads to the desktop entry"
+appstreamcli validate --no-net "$share/metainfo/org.quillon.XmlEditor.metainfo.xml" ||
+    fail "the metainfo is valid"
+grep -q '<release version="[0-9.]*" ' "$share/metainfo/org.quillon.XmlEditor.metainfo.xml" ||
+    fail "the metainfo names the release"
 types="$(sed -n 's/.*<mime-type type="\(.*\)">.*/\1/p' "$share/mime/packages/quillon.xml")"
 [ -n "$types" ] || fail "the MIME file defines a type"
 for type in $types; do
