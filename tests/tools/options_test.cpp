@@ -2,6 +2,7 @@
 #include "tests/support/scripted_dialogs.h"
 #include "tools/options_dialog.h"
 
+#include <QComboBox>
 #include <QFontComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -64,7 +65,10 @@ TEST_F(OptionsTest, WhatIsNotChangedComesBackAsItWas) {
     EXPECT_EQ(chosen.editors, (std::vector<ExternalEditor>{{"一", "/one"}, {"two", "/two"}}));
     EXPECT_EQ(chosen.fontName, "MS UI Gothic") << "though it is not installed";
     EXPECT_EQ(chosen.fontSize, 10);
+    EXPECT_EQ(chosen.theme, controls::ThemeMode::Automatic);
     EXPECT_FALSE(chosen.clearRecentFiles);
+    find<QComboBox>("theme").setCurrentText("ダーク");
+    EXPECT_EQ(dialog->options().theme, controls::ThemeMode::Dark);
 }
 
 TEST_F(OptionsTest, EditorsAreAddedChangedOrderedAndRemoved) {

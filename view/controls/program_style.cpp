@@ -2,6 +2,8 @@
 
 #include "view/controls/themed_icon.h"
 
+#include <QPainter>
+#include <QStyleOption>
 #include <QWidget>
 
 #include <algorithm>
@@ -11,6 +13,8 @@
 namespace quillon::controls {
 
 namespace {
+
+constexpr int FocusFrameAlpha = 140;
 
 constexpr std::pair<QStyle::StandardPixmap, QStringView> Icons[] = {
     {QStyle::SP_MessageBoxInformation, u"standard/information"},
@@ -62,9 +66,33 @@ QStringView nameOf(QStyle::StandardPixmap which) {
     return found == std::end(Icons) ? QStringView() : found->second;
 }
 
+/// The style itself fills the frame with a veil, which makes what is written below it fainter. Like
+/// the style's, it is to be seen only once the keyboard moves the focus.
+void drawFocusFrame(const QStyleOption &option, QPainter &painter) {
+    if (!option.state.testFlag(QStyle::State_KeyboardFocusChange))
+        return;
+    const auto ink = option.state.testFlag(QStyle::State_Selected) ? QPalette::HighlightedText
+                                                                   : QPalette::WindowText;
+    QColor colour = option.palette.color(ink);
+    colour.setAlpha(FocusFrameAlpha);
+    painter.save();
+    painter.setPen(colour);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
+    painter.restore();
+}
+
 } // namespace
 
 ProgramStyle::ProgramStyle() : QProxyStyle(QStringLiteral("fusion")) {}
+
+void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option,
+                                 QPainter *painter, const QWidget *widget) const {
+    if (element == PE_FrameFocusRect)
+        drawFocusFrame(*option, *painter);
+    else
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+}
 
 QIcon ProgramStyle::standardIcon(StandardPixmap which, const QStyleOption *option,
                                  const QWidget *widget) const {

@@ -9,6 +9,8 @@ class ProgramStyle : public QProxyStyle {
 public:
     ProgramStyle();
 
+    void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                       const QWidget *widget) const override;
     QIcon standardIcon(StandardPixmap which, const QStyleOption *option,
                        const QWidget *widget) const override;
     QPixmap standardPixmap(StandardPixmap which, const QStyleOption *option,

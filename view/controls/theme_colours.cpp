@@ -67,7 +67,7 @@ constexpr RolePair Roles[] = {
     {QPalette::Mid, 0xffb8b8b8, 0xff55595f},
     {QPalette::Dark, 0xff9f9f9f, 0xff17181a},
     {QPalette::Shadow, 0xff767676, 0xff0c0d0e},
-    {QPalette::Highlight, 0xff2577ad, 0xff2a5f9e},
+    {QPalette::Highlight, 0xff1f6fa8, 0xff2a5f9e},
     {QPalette::HighlightedText, 0xffffffff, 0xffffffff},
     {QPalette::Link, 0xff0057ae, 0xff8fc7ff},
     {QPalette::LinkVisited, 0xff800080, 0xffcfaaf5},

@@ -28,7 +28,7 @@ constexpr IconColour DarkColours[] = {
     {"#3b7dd8", "#6aa5f2"}, // blue
     {"#dfe9f7", "#24364d"}, {"#17365f", "#dbe9fb"}, {"#d2453f", "#f0716b"}, // red
     {"#3a9a5c", "#5cbf80"},                                                 // green
-    {"#d98a1f", "#eba53f"},                                                 // orange
+    {"#c2750f", "#eba53f"},                                                 // orange
     {"#f4bd5c", "#f7cd80"},                                                 // yellow
     {"#8a63c9", "#b394ec"},                                                 // violet
     {"#ffffff", "#1e1e1e"}, // edges around and signs in coloured shapes

@@ -1,6 +1,7 @@
 #include "tests/support/patience.h"
 #include "tests/support/scripted_printer.h"
 #include "tests/view/browser/browser_fixture.h"
+#include "view/controls/theme.h"
 
 #include <QRegularExpression>
 #include <QWebEngineProfile>
@@ -190,6 +191,36 @@ TEST_F(BrowserTest, TheNextPageIsShownWhenTheOneBeforeWasStopped) {
     show("<body>next");
     EXPECT_TRUE(hasSaid("プレビューのページが応答しないため、停止しました。"));
     EXPECT_EQ(script("document.body.innerText").toString().trimmed(), "next");
+}
+
+TEST_F(BrowserTest, PagesOfTheProgramFollowTheThemeAndThoseOfAuthorsDoNot) {
+    using controls::ThemeMode;
+    const QByteArray page = "<!DOCTYPE html><html><head><script>"
+                            "var atFirst = document.documentElement.className;"
+                            "</script></head><body>text</body></html>";
+    const auto background = [this] { return browser.view()->page()->backgroundColor(); };
+    const QColor light = controls::themeColour(controls::Colour::Paper, false);
+    const QColor dark = controls::themeColour(controls::Colour::Paper, true);
+    controls::theme().setMode(ThemeMode::Dark);
+    QSignalSpy shown(&browser, &browser::Browser::NavigateComplete);
+    browser.Navigate(write("preview.htm", page), {}, ui::Browser::Colours::OfTheme);
+    ASSERT_TRUE(shown.wait(Patience));
+    EXPECT_EQ(script("atFirst").toString(), "dark") << "ahead of anything that is painted";
+    EXPECT_EQ(background(), dark);
+    controls::theme().setMode(ThemeMode::Light);
+    EXPECT_TRUE(becomes("document.documentElement.className === ''"));
+    EXPECT_EQ(background(), light);
+    controls::theme().setMode(ThemeMode::Dark);
+    EXPECT_TRUE(becomes("document.documentElement.className === 'dark'"));
+
+    show(page);
+    EXPECT_EQ(script("atFirst").toString(), "");
+    EXPECT_EQ(background(), light);
+    controls::theme().setMode(ThemeMode::Light);
+    controls::theme().setMode(ThemeMode::Dark);
+    EXPECT_EQ(script("document.documentElement.className").toString(), "");
+    EXPECT_EQ(background(), light);
+    controls::theme().setMode(ThemeMode::Automatic);
 }
 
 TEST_F(BrowserTest, APageIsPrintedWhenItIsThere) {
