@@ -27,11 +27,11 @@ QVariant asVariant(const QVariant &value) {
 /// A portal that answers as it is told, or not at all.
 class Portal : public QDBusVirtualObject {
 public:
-    explicit Portal(const PrivateBus &bus) : bus_(bus.connect("portal")) {
+    explicit Portal(const PrivateBus &bus) : bus_(bus.connect("appearance portal")) {
         EXPECT_TRUE(bus_.registerVirtualObject(Path, this));
         EXPECT_TRUE(bus_.registerService(Service));
     }
-    ~Portal() override { QDBusConnection::disconnectFromBus("portal"); }
+    ~Portal() override { QDBusConnection::disconnectFromBus("appearance portal"); }
 
     QString introspect(const QString &) const override { return {}; }
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &bus) override {
@@ -56,13 +56,13 @@ private:
 
 class DesktopAppearanceTest : public testing::Test {
 protected:
-    ~DesktopAppearanceTest() override { QDBusConnection::disconnectFromBus("editor"); }
+    ~DesktopAppearanceTest() override { QDBusConnection::disconnectFromBus("appearance editor"); }
 
     /// What comes of an answer and of news, in that order.
     QList<Preference> toldOf(const QVariant &answer, const QVariant &news) {
         Portal portal(bus);
         portal.answer = answer;
-        const DesktopAppearance desktop(bus.connect("editor"));
+        const DesktopAppearance desktop(bus.connect("appearance editor"));
         QList<Preference> told;
         QObject::connect(&desktop, &DesktopAppearance::preferenceTold, &portal,
                          [&](Preference preference) { told.append(preference); });
@@ -95,7 +95,7 @@ TEST_F(DesktopAppearanceTest, NothingComesOfAPortalThatIsBroken) {
     EXPECT_EQ(toldOf(asVariant("dark"), "dark"), QList{Preference::Light});
     // There is none, or no bus.
     for (const QDBusConnection &connection :
-         {bus.connect("editor"), QDBusConnection(QStringLiteral("no session bus"))}) {
+         {bus.connect("appearance editor"), QDBusConnection(QStringLiteral("no session bus"))}) {
         const DesktopAppearance desktop(connection);
         QSignalSpy tellings(&desktop, &DesktopAppearance::preferenceTold);
         QTest::qWait(50);
