@@ -3,6 +3,7 @@
 #include "platform/ui/error_boundary.h"
 #include "platform/xml/query/xpath.h"
 #include "resources/node_texts.h"
+#include "tree/fragment.h"
 
 namespace quillon::app {
 
@@ -48,7 +49,8 @@ Editor::Editor(Environment given, ui::TextBox &txtEdit, ui::PathBox &cboPath, ui
                   return preview::PreviewFont{settings.fontName, settings.fontSize};
               }),
       validation(state, workingFolder, longWork), live(state),
-      faultMarks(live, builder.registry(), tree), paneMarks(live, state, selection, pane),
+      faultMarks(live, builder.registry(), tree), paneSyntax(pane, longWork),
+      paneMarks(live, paneSyntax, state, selection, pane),
       mending(state, options, candidateFinder, candidateInsertion, replacing, removal, builder,
               selection),
       faults(state), faultNavigation(faults, builder, selection, tree, pane),
@@ -69,6 +71,7 @@ Editor::Editor(Environment given, ui::TextBox &txtEdit, ui::PathBox &cboPath, ui
     wireValidation();
     wireSchemas();
     wireLiveValidation();
+    wirePaneSyntax();
     wireHits();
     wireReplacing();
     wireCandidates();
@@ -231,12 +234,9 @@ void Editor::wireLiveValidation() {
     const auto replaced = &LiveValidation::documentReplaced;
     connect(&history, &edit::UndoHistory::recorded, &live, changed);
     connect(&history, &edit::UndoHistory::moved, &live, changed);
-    connect(&textEditing, &tree::TextEditing::unparsedTextChanged, &live, changed);
-    connect(&selection, &tree::Selection::unparsedTextGivenUp, &live, changed);
     connect(&commands, &document::DocumentCommands::cleared, &live, replaced);
     connect(&commands, &document::DocumentCommands::documentCreated, &live, replaced);
     connect(&loader, &document::DocumentLoader::documentOpened, &live, replaced);
-    live.syntaxFault = [this] { return paneMarks.syntaxFault(); };
     connect(&schemas, &schemas::DocumentSchemas::changed, &live,
             [this] { live.setSchemas(schemas, state.folder()); });
 
@@ -246,6 +246,40 @@ void Editor::wireLiveValidation() {
     connect(&live, &LiveValidation::faultsChanged, &paneMarks, markSoon);
     connect(&live, &LiveValidation::followed, &paneMarks, markSoon);
     connect(&selection, &tree::Selection::nodeShown, &paneMarks, markSoon);
+}
+
+void Editor::wirePaneSyntax() {
+    using validation::PaneSyntax;
+    const auto textChanged = &PaneSyntax::textChanged;
+    connect(&textEditing, &tree::TextEditing::unparsedTextChanged, &paneSyntax, textChanged);
+    connect(&textEditing, &tree::TextEditing::documentModified, &paneSyntax, textChanged);
+    connect(&selection, &tree::Selection::unparsedTextGivenUp, &paneSyntax, textChanged);
+    connect(&selection, &tree::Selection::nodeShown, &paneSyntax, textChanged);
+    connect(&commands, &document::DocumentCommands::cleared, &paneSyntax, textChanged);
+    paneSyntax.scope = [this]() -> std::optional<xml::SyntaxScope> {
+        if (!selection.hasUnparsedText())
+            return std::nullopt;
+        const bool isPart = selection.GetSelectedDOMNode().nodeType() != xml::NodeType::Document;
+        return xml::SyntaxScope{isPart ? tree::entityDeclarationsOf(state.m_DOM) : QByteArray()};
+    };
+    live.syntaxFault = [this]() -> std::optional<validation::Fault> {
+        const std::optional<ui::TextMark> mark =
+            paneSyntax.mark(selection.GetSelectedDOMNode().number());
+        if (!mark)
+            return std::nullopt;
+        const xml::TextPlace &place = paneSyntax.place();
+        return validation::Fault{validation::FaultKind::Syntax,
+                                 false,
+                                 mark->subject,
+                                 mark->subject,
+                                 mark->reason,
+                                 place.line,
+                                 place.column};
+    };
+    connect(&paneSyntax, &PaneSyntax::checked, &live,
+            &validation::LiveValidation::syntaxFaultChanged);
+    connect(&paneSyntax, &PaneSyntax::checked, &paneMarks, &validation::PaneMarks::markSoon);
+    connect(&paneSyntax, &PaneSyntax::statusText, this, &Editor::statusText);
 }
 
 void Editor::listFaults() {

@@ -41,6 +41,7 @@
 #include "validation/live_validation.h"
 #include "validation/mending.h"
 #include "validation/pane_marks.h"
+#include "validation/pane_syntax.h"
 #include "validation/validation.h"
 
 #include <QObject>
@@ -118,6 +119,7 @@ public:
     validation::Validation validation;
     validation::LiveValidation live;
     validation::FaultMarks faultMarks;
+    validation::PaneSyntax paneSyntax;
     validation::PaneMarks paneMarks;
     validation::Mending mending;
     /// What is wrong in the document, to be walked through like hits.
@@ -151,6 +153,7 @@ private:
     void wireValidation();
     void wireSchemas();
     void wireLiveValidation();
+    void wirePaneSyntax();
     void listFaults();
     void wireHits();
     void wireReplacing();

@@ -47,6 +47,10 @@ inline constexpr QStringView UnclosedSection = u"CDATA セクションが ]]> �
 inline constexpr QStringView UnclosedInstruction = u"処理命令が ?> で閉じられていません。";
 inline constexpr QStringView SectionEnd = u"テキストの中に ]]> があります (]]&gt; と書きます)。";
 
+/// %1 is the line, %2 the column in the pane, %3 the sentence.
+inline constexpr QStringView FaultAt = u"%1 行 %2 桁: %3";
+inline constexpr QStringView LookingForMends = u"修正候補を調べています...";
+
 // What a mend does.
 /// %1 is the name of an element, %2 the line.
 inline constexpr QStringView InsertEndTag = u"終了タグ </%1> を挿入 (%2 行目)";

@@ -94,6 +94,7 @@ void LiveValidation::restart() {
     byNode_.clear();
     hasMore_ = false;
     isKnown_ = false;
+    setSyntaxFault();
     if (isOn_ && state_.m_DOM)
         soon_.start(0);
     Q_EMIT faultsChanged();
@@ -125,6 +126,12 @@ void LiveValidation::documentChanged() {
     pause_.stop();
     if (isOn_)
         soon_.start(Soon);
+}
+
+void LiveValidation::syntaxFaultChanged() {
+    const std::vector<Fault> before = faults_;
+    setSyntaxFault();
+    tellIfOther(before);
 }
 
 void LiveValidation::documentReplaced() {

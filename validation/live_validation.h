@@ -60,11 +60,13 @@ public:
     bool isUpToDate() const { return !soon_.isActive() && !pause_.isActive() && !isChecking(); }
 
     /// What is wrong with text that the pane has and the document has not; nothing when there is no
-    /// such text. Asked soon after an edit.
+    /// such text.
     std::function<std::optional<Fault>()> syntaxFault;
 
-    /// To be called after every change of the document, and of text that the pane alone has.
+    /// To be called after every change of the document.
     void documentChanged();
+    /// To be called when syntaxFault gives another one. Also told when this is switched off.
+    void syntaxFaultChanged();
     /// To be called when another document has come, or the document has gone.
     void documentReplaced();
 

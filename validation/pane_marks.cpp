@@ -2,8 +2,6 @@
 
 #include "platform/ui/error_boundary.h"
 #include "platform/xml/query/xpath.h"
-#include "resources/live_texts.h"
-#include "tree/fragment.h"
 #include "validation/tag_places.h"
 
 #include <algorithm>
@@ -11,7 +9,6 @@
 
 namespace quillon::validation {
 
-namespace texts = resources::live_texts;
 using ui::TextMark;
 using xml::Node;
 using xml::NodeType;
@@ -64,70 +61,29 @@ private:
 
 } // namespace
 
-PaneMarks::PaneMarks(const LiveValidation &live, const state::DocumentState &state,
-                     const tree::Selection &selection, const tree::PaneContent &pane)
-    : live_(live), state_(state), selection_(selection), pane_(pane) {
+PaneMarks::PaneMarks(const LiveValidation &live, const PaneSyntax &syntax,
+                     const state::DocumentState &state, const tree::Selection &selection,
+                     const tree::PaneContent &pane)
+    : live_(live), syntax_(syntax), state_(state), selection_(selection), pane_(pane) {
     soon_.setSingleShot(true);
     connect(&soon_, &QTimer::timeout, this, [this] { ui::guarded([this] { mark(); }); });
 }
 
-std::optional<Fault> PaneMarks::syntaxFault() {
-    if (!selection_.hasUnparsedText())
-        return {};
-    const QByteArray text = pane_.textBox().utf8();
-    xml::DOMDocument40 parsed = xml::DOMDocument40::create();
-    qsizetype ahead = 0;
-    if (!parsed.loadXML(text) && text.contains('&')) {
-        // The entities of the document are known in its parts.
-        const QByteArray declarations = tree::entityDeclarationsOf(state_.m_DOM);
-        ahead = declarations.size();
-        parsed.loadXML(declarations + text);
-    }
-    const xml::ParseError &error = parsed.parseError();
-    if (error.errorCode == 0)
-        return {};
-    syntaxPlace_ = std::clamp<qsizetype>(error.filepos - ahead, 0, text.size());
-    const QByteArray upTo = text.first(syntaxPlace_);
-    const qsizetype lineStart = upTo.lastIndexOf('\n') + 1;
-    Fault fault;
-    fault.kind = FaultKind::Syntax;
-    fault.element = fault.node = selection_.GetSelectedDOMNode().number();
-    fault.line = int(upTo.count('\n')) + 1;
-    fault.column = int(QString::fromUtf8(upTo.sliced(lineStart)).size()) + 1;
-    fault.sentence =
-        texts::SyntaxAt.toString().arg(QString::number(fault.line), QString::number(fault.column),
-                                       QString(error.reason).replace(u'\n', u' '));
-    return fault;
-}
-
 void PaneMarks::mark() {
+    // Till the text has been looked at, the mark moves with what it is on.
+    if (syntax_.isChecking())
+        return;
     const Node shown = selection_.GetSelectedDOMNode();
     std::vector<TextMark> marks;
-    if (const std::optional<TextMark> broken = syntaxMark())
+    if (const std::optional<TextMark> broken = syntax_.mark(shown.number()))
         marks.push_back(*broken);
-    else if (shown.nodeType() == NodeType::Element || shown.nodeType() == NodeType::Document)
-        marks = marksInMarkup(shown);
-    else if (shown)
-        marks = marksOfValue(shown);
+    else if (shown && !selection_.hasUnparsedText())
+        marks = shown.nodeType() == NodeType::Element || shown.nodeType() == NodeType::Document
+                    ? marksInMarkup(shown)
+                    : marksOfValue(shown);
     if (hasMarks_ || !marks.empty())
         pane_.textBox().setMarks(marks);
     hasMarks_ = !marks.empty();
-}
-
-std::optional<TextMark> PaneMarks::syntaxMark() const {
-    const std::vector<Fault> &faults = live_.faults();
-    if (!selection_.hasUnparsedText() || faults.empty() || faults.front().kind != FaultKind::Syntax)
-        return {};
-    // From the place to the end of its line, but for the line's end: that cannot be seen.
-    const QByteArray text = pane_.textBox().utf8();
-    qsizetype at = std::min(syntaxPlace_, text.size());
-    qsizetype end = text.indexOf('\n', at);
-    end = end < 0 ? text.size() : end;
-    while (at == end && at > 0) {
-        --at;
-        end = text[at] == '\n' ? at : end;
-    }
-    return TextMark{at, end - at, faults.front().node, true, faults.front().sentence};
 }
 
 std::vector<TextMark> PaneMarks::marksOfValue(const Node &shown) const {

@@ -3,6 +3,7 @@
 #include "state/document_state.h"
 #include "tree/selection.h"
 #include "validation/live_validation.h"
+#include "validation/pane_syntax.h"
 
 #include <QTimer>
 
@@ -14,11 +15,9 @@ class PaneMarks : public QObject {
     Q_OBJECT
 
 public:
-    PaneMarks(const LiveValidation &live, const state::DocumentState &state,
-              const tree::Selection &selection, const tree::PaneContent &pane);
-
-    /// What is wrong with text that the pane alone has; for LiveValidation.
-    std::optional<Fault> syntaxFault();
+    PaneMarks(const LiveValidation &live, const PaneSyntax &syntax,
+              const state::DocumentState &state, const tree::Selection &selection,
+              const tree::PaneContent &pane);
 
     /// To be called when there are other faults, when an edit has been looked at, and when the pane
     /// shows another node. Marks soon after.
@@ -29,14 +28,12 @@ public:
 private:
     std::vector<ui::TextMark> marksInMarkup(const xml::Node &shown) const;
     std::vector<ui::TextMark> marksOfValue(const xml::Node &shown) const;
-    std::optional<ui::TextMark> syntaxMark() const;
 
     const LiveValidation &live_;
+    const PaneSyntax &syntax_;
     const state::DocumentState &state_;
     const tree::Selection &selection_;
     const tree::PaneContent &pane_;
-    /// Where in the pane's text the syntax fault is, in bytes.
-    qsizetype syntaxPlace_ = 0;
     bool hasMarks_ = false;
     QTimer soon_;
 };

@@ -48,7 +48,8 @@ frmMain::frmMain(Environment environment)
       picPath(new QWidget(tbr)), cboPath(new controls::PathBox(picPath)),
       vsp(new QSplitter(Qt::Horizontal, this)), hsp(new QSplitter(Qt::Vertical)),
       txtEdit(new controls::TextBox), textPane_(new controls::TextPane(*txtEdit)),
-      ie(new browser::Browser), sbr(new QLabel), validationButton_(new QPushButton) {
+      ie(new browser::Browser), sbr(new QLabel), syntaxLabel_(new QLabel),
+      validationButton_(new QPushButton) {
     setAttribute(Qt::WA_DeleteOnClose);
     menus_ = std::make_unique<controls::ActionMenus>(actions_, *menuBar());
     editor_ = std::make_unique<Editor>(std::move(environment), *txtEdit, *cboPath, *ie, longWork_,
@@ -102,15 +103,19 @@ void frmMain::layOut() {
     candidates_->hide();
 
     statusBar()->addWidget(sbr, 1);
+    statusBar()->addWidget(syntaxLabel_, 4);
+    syntaxLabel_->hide();
     statusBar()->addPermanentWidget(&panel_->button());
     statusBar()->addPermanentWidget(&panel_->faultsButton());
     statusBar()->addPermanentWidget(validationButton_);
     schemaButton_ = new SchemaButton(editor_->schemas, editor_->state);
     statusBar()->addPermanentWidget(schemaButton_);
     validationButton_->hide();
-    // A long text must not widen the window.
-    sbr->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    sbr->setTextFormat(Qt::PlainText);
+    for (QLabel *label : {sbr, syntaxLabel_}) {
+        // A long text must not widen the window.
+        label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+        label->setTextFormat(Qt::PlainText);
+    }
     const QRect available = QGuiApplication::primaryScreen()->availableGeometry();
     resize(DesignSize.boundedTo(available.size() - FrameSize));
     move(available.topLeft() +
@@ -171,6 +176,7 @@ void frmMain::nameForAccessibility() {
     name(txtEdit, "txtEdit", texts::PaneName);
     name(ie, "ie", texts::PreviewName);
     sbr->setObjectName(QStringLiteral("sbr"));
+    syntaxLabel_->setObjectName(QStringLiteral("syntaxLabel"));
     validationButton_->setObjectName(QStringLiteral("validationButton"));
     tbr->setWindowTitle(texts::ToolBarName.toString());
 }
@@ -211,6 +217,16 @@ void frmMain::showStatus(const QString &text) {
     // What follows a text that something takes its time may keep the event loop waiting.
     if (!text.isEmpty())
         sbr->repaint();
+}
+
+void frmMain::showSyntaxFault() {
+    const QString told = editor_->paneSyntax.told();
+    syntaxLabel_->setText(told);
+    syntaxLabel_->setToolTip(told);
+    syntaxLabel_->setAccessibleName(told);
+    syntaxLabel_->setVisible(!told.isEmpty());
+    // Where it is told to those who listen.
+    txtEdit->setAccessibleDescription(told);
 }
 
 } // namespace quillon::app

@@ -67,8 +67,10 @@ public:
     void mnuNodeChooseValue_Click();
     /// Selects the node that begins on a line of the file, or last ahead of it.
     void showLine(quint32 line);
-    void mnuViewNextHit_Click() { panel_->navigation().mnuViewNextHit_Click(); }
-    void mnuViewPreviousHit_Click() { panel_->navigation().mnuViewPreviousHit_Click(); }
+    /// Leads to what is wrong with text that the pane alone has, where there is any; else to the
+    /// next (previous) hit or fault of the list.
+    void mnuViewNextHit_Click();
+    void mnuViewPreviousHit_Click();
     void mnuViewLive_Click(bool on);
     /// Shows all windows in that theme.
     void mnuViewTheme_Click(controls::ThemeMode mode);
@@ -130,6 +132,7 @@ private:
 
     void showCaption(QString caption);
     void showStatus(const QString &text);
+    void showSyntaxFault();
     /// Shows that there is no document any more.
     void clear();
     QString handle() const;
@@ -151,6 +154,8 @@ private:
     controls::TextPane *textPane_;
     browser::Browser *ie;
     QLabel *sbr;
+    /// What is wrong with the text in the pane, beside the word that something is.
+    QLabel *syntaxLabel_;
     QPushButton *validationButton_;
     SchemaButton *schemaButton_ = nullptr;
     SchemaDialog *schemaDialog_ = nullptr;

@@ -94,6 +94,8 @@ void frmMain::connectWindow() {
             &frmMain::showValidationErrors);
     connect(validationButton_, &QPushButton::clicked, validationList_, &QWidget::show);
     connect(schemaButton_, &QPushButton::clicked, this, &frmMain::mnuToolSchemas_Click);
+    connect(&editor_->paneSyntax, &validation::PaneSyntax::checked, this,
+            &frmMain::showSyntaxFault);
     connectPanel();
     connectCandidates();
     connectProposals();
@@ -149,6 +151,16 @@ void frmMain::showCandidates(QStringView entries, CandidatePanel::Way way) {
             candidates_->open(way);
     };
     menus_->setElements(entries, elements, run, 1);
+}
+
+void frmMain::mnuViewNextHit_Click() {
+    if (!editor_->paneSyntax.goTo())
+        panel_->navigation().mnuViewNextHit_Click();
+}
+
+void frmMain::mnuViewPreviousHit_Click() {
+    if (!editor_->paneSyntax.goTo())
+        panel_->navigation().mnuViewPreviousHit_Click();
 }
 
 void frmMain::mnuViewPanel_Click(bool show) {

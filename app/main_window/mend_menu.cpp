@@ -28,65 +28,114 @@ QString asCaption(QString text) {
 
 } // namespace
 
+struct MendMenu::Entries {
+    struct Title {
+        QString sentence;
+        items::Mark mark;
+    };
+    std::vector<Title> titles;
+    std::vector<Mend> mends;
+    std::vector<xml::SyntaxMend> textMends;
+};
+
 MendMenu::MendMenu(Editor &editor, controls::TreeView &tree, controls::TextBox &pane,
                    ResultPanel &panel, QWidget *window)
     : QObject(window), editor_(editor), tree_(tree), pane_(pane), panel_(panel), window_(window) {
     connect(&panel_, &ResultPanel::mendsRequested, this, &MendMenu::openForRow);
+    connect(&pane_, &controls::TextBox::marksClicked, this, &MendMenu::openForMarks);
 }
 
 void MendMenu::open() {
     if (panel_.hasFocusInFaults())
         return panel_.askForMendsOfCurrentRow();
-    if (pane_.hasFocus()) {
-        std::vector<quint32> nodes;
-        for (const ui::TextMark &mark : pane_.marksAtCaret()) {
-            if (std::ranges::find(nodes, mark.subject) == nodes.end())
-                nodes.push_back(mark.subject);
-        }
-        if (!nodes.empty())
-            return openAt(nodes, pane_.caretPoint());
-    }
     const QRect row = tree_.visualRect(tree_.currentIndex());
-    openAt({editor_.selection.GetSelectedDOMNode().number()},
-           pane_.hasFocus() ? pane_.caretPoint() : tree_.viewport()->mapToGlobal(row.bottomLeft()));
+    const bool isInPane = pane_.hasFocus();
+    const QPoint point =
+        isInPane ? pane_.caretPoint() : tree_.viewport()->mapToGlobal(row.bottomLeft());
+    const std::vector<ui::TextMark> marks =
+        isInPane ? pane_.marksAtCaret() : std::vector<ui::TextMark>();
+    // Text that is no XML has one fault at a time, wherever the caret is.
+    if (editor_.paneSyntax.scope())
+        openForSyntax(point);
+    else if (!marks.empty())
+        openForMarks(marks, point);
+    else
+        openAt({editor_.selection.GetSelectedDOMNode().number()}, point);
 }
 
 void MendMenu::openForRow(int row, const QPoint &point) {
     const std::size_t place = editor_.faults.place(row);
-    if (place < editor_.live.faults().size())
-        openAt({editor_.live.faults()[place].node}, point);
+    const std::vector<validation::Fault> &faults = editor_.live.faults();
+    if (place >= faults.size())
+        return;
+    if (faults[place].kind == validation::FaultKind::Syntax)
+        openForSyntax(point);
+    else
+        openAt({faults[place].node}, point);
+}
+
+void MendMenu::openForMarks(const std::vector<ui::TextMark> &marks, const QPoint &point) {
+    if (std::ranges::any_of(marks, &ui::TextMark::isBroken))
+        return openForSyntax(point);
+    std::vector<quint32> nodes;
+    for (const ui::TextMark &mark : marks) {
+        if (std::ranges::find(nodes, mark.subject) == nodes.end())
+            nodes.push_back(mark.subject);
+    }
+    openAt(nodes, point);
+}
+
+void MendMenu::openForSyntax(const QPoint &point) {
+    Entries entries;
+    guarded([&] { entries.textMends = editor_.paneSyntax.mends(); });
+    if (editor_.paneSyntax.fault())
+        entries.titles.push_back({editor_.paneSyntax.told(), items::Mark::Broken});
+    show(entries, point);
 }
 
 void MendMenu::openAt(const std::vector<quint32> &nodes, const QPoint &point) {
-    auto *menu = new QMenu(window_);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->setAccessibleName(texts::MendsName.toString());
-    std::vector<Mend> mends;
-    for (const quint32 number : nodes) {
-        for (const std::size_t at : editor_.live.faultsAt(number)) {
-            const validation::Fault &fault = editor_.live.faults()[at];
-            const bool isSyntax = fault.kind == validation::FaultKind::Syntax;
-            QAction *title = menu->addAction(asCaption(fault.sentence));
-            title->setIcon(
-                controls::faultIcon(isSyntax ? items::Mark::Broken : items::Mark::Invalid));
-            title->setEnabled(false);
-        }
-        if (!editor_.live.faultsAt(number).empty())
-            guarded([&] {
-                for (Mend &mend : editor_.mending.mendsAt(editor_.state.m_DOM.nodeByNumber(number)))
-                    if (std::ranges::find(mends, mend) == mends.end())
-                        mends.push_back(std::move(mend));
-            });
+    Entries entries;
+    for (const quint32 number : nodes)
+        addOfNode(number, entries);
+    show(entries, point);
+}
+
+void MendMenu::addOfNode(quint32 number, Entries &entries) {
+    const std::vector<std::size_t> faults = editor_.live.faultsAt(number);
+    for (const std::size_t at : faults) {
+        const validation::Fault &fault = editor_.live.faults()[at];
+        if (fault.kind != validation::FaultKind::Syntax)
+            entries.titles.push_back({fault.sentence, items::Mark::Invalid});
     }
-    if (menu->isEmpty()) {
-        delete menu;
+    if (faults.empty())
+        return;
+    guarded([&] {
+        for (Mend &mend : editor_.mending.mendsAt(editor_.state.m_DOM.nodeByNumber(number)))
+            if (std::ranges::find(entries.mends, mend) == entries.mends.end())
+                entries.mends.push_back(std::move(mend));
+    });
+}
+
+void MendMenu::show(const Entries &entries, const QPoint &point) {
+    if (entries.titles.empty()) {
         Q_EMIT editor_.statusText(texts::NoFaultHere.toString());
         return;
     }
+    auto *menu = new QMenu(window_);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->setAccessibleName(texts::MendsName.toString());
+    for (const Entries::Title &title : entries.titles) {
+        QAction *action = menu->addAction(asCaption(title.sentence));
+        action->setIcon(controls::faultIcon(title.mark));
+        action->setEnabled(false);
+    }
     menu->addSeparator();
-    if (mends.empty())
+    if (entries.mends.empty() && entries.textMends.empty())
         menu->addAction(texts::NoMends.toString())->setEnabled(false);
-    for (const Mend &mend : mends)
+    for (const xml::SyntaxMend &mend : entries.textMends)
+        menu->addAction(asCaption(mend.title), this,
+                        [this, mend] { guarded([&] { editor_.paneSyntax.mend(mend); }); });
+    for (const Mend &mend : entries.mends)
         menu->addAction(asCaption(mend.caption), this,
                         [this, mend] { guarded([&] { editor_.mending.mend(mend); }); });
     menu->popup(point);

@@ -8,7 +8,8 @@
 
 namespace quillon::app {
 
-/// The list of what may be done about the faults at a place, as a menu.
+/// The list of what may be done about the faults at a place, as a menu: faults of the document, or
+/// what keeps the text in the pane from being well-formed.
 class MendMenu : public QObject {
     Q_OBJECT
 
@@ -22,8 +23,14 @@ public:
     void open();
 
 private:
+    struct Entries;
+
     void openForRow(int row, const QPoint &point);
+    void openForMarks(const std::vector<ui::TextMark> &marks, const QPoint &point);
     void openAt(const std::vector<quint32> &nodes, const QPoint &point);
+    void openForSyntax(const QPoint &point);
+    void addOfNode(quint32 number, Entries &entries);
+    void show(const Entries &entries, const QPoint &point);
 
     Editor &editor_;
     controls::TreeView &tree_;

@@ -85,7 +85,8 @@ void ResultPanel::connectTab(const Tab &tab) {
                 if (current.isValid() && current.row() != tab.hits->currentRow())
                     tab.hits->setCurrentRow(current.row());
             });
-    connect(tab.table, &controls::RowTable::clickedRow, this, [&tab](int row) { goTo(tab, row); });
+    connect(tab.table, &controls::RowTable::clickedRow, this,
+            [this, &tab](int row) { goTo(tab, row); });
     connect(tab.table, &controls::RowTable::enteredRow, this,
             [this, &tab](int row) { Q_EMIT entered(goTo(tab, row)); });
 }
@@ -93,11 +94,7 @@ void ResultPanel::connectTab(const Tab &tab) {
 void ResultPanel::connectFaults() {
     faults_.model->image = [this, invalid = controls::faultIcon(items::Mark::Invalid),
                             broken = controls::faultIcon(items::Mark::Broken)](int row) {
-        const std::vector<validation::Fault> &faults = editor_.live.faults();
-        const std::size_t place = editor_.faults.place(row);
-        const bool isSyntax =
-            place < faults.size() && faults[place].kind == validation::FaultKind::Syntax;
-        return isSyntax ? broken : invalid;
+        return isOfSyntax(row) ? broken : invalid;
     };
     faultsButton_->setObjectName(QStringLiteral("faultsButton"));
     faultsButton_->setFlat(true);
@@ -195,9 +192,18 @@ void ResultPanel::showCurrentRow(const Tab &tab) {
         tab.table->setCurrentRow(tab.hits->currentRow());
 }
 
+bool ResultPanel::isOfSyntax(int row) const {
+    const std::vector<validation::Fault> &faults = editor_.live.faults();
+    const std::size_t place = editor_.faults.place(row);
+    return place < faults.size() && faults[place].kind == validation::FaultKind::Syntax;
+}
+
 bool ResultPanel::goTo(const Tab &tab, int row) {
     bool inPane = false;
-    guarded([&] { inPane = tab.navigation->goTo(row); });
+    guarded([&] {
+        inPane = &tab == &faults_ && isOfSyntax(row) ? editor_.paneSyntax.goTo()
+                                                     : tab.navigation->goTo(row);
+    });
     return inPane;
 }
 

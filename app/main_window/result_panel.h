@@ -75,7 +75,9 @@ private:
     void showFaultsTitle();
     void showHitsShown();
     static void showCurrentRow(const Tab &tab);
-    static bool goTo(const Tab &tab, int row);
+    bool goTo(const Tab &tab, int row);
+    /// Whether a row of the faults is about text that the pane alone has.
+    bool isOfSyntax(int row) const;
     static std::vector<int> chosenRows(const Tab &tab);
     void askForMends(const QPoint &position);
 

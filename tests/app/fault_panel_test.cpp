@@ -31,7 +31,9 @@ protected:
         waitForChecks();
     }
     void waitForChecks() {
-        ASSERT_TRUE(QTest::qWaitFor([this] { return editor().live.isUpToDate(); }, Patience));
+        ASSERT_TRUE(QTest::qWaitFor(
+            [this] { return editor().live.isUpToDate() && !editor().paneSyntax.isChecking(); },
+            Patience));
     }
     app::ResultPanel &panel() { return *form->findChild<app::ResultPanel *>("resultPanel"); }
     controls::RowTable &table() { return *panel().findChild<controls::RowTable *>("faultTable"); }

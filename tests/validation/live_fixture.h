@@ -39,7 +39,8 @@ protected:
         editor().candidateFinder.setGrammar(live().grammar());
     }
     void waitForChecks() {
-        ASSERT_TRUE(QTest::qWaitFor([&] { return live().isUpToDate(); }, Patience));
+        ASSERT_TRUE(QTest::qWaitFor(
+            [&] { return live().isUpToDate() && !editor().paneSyntax.isChecking(); }, Patience));
     }
     /// "path: kind" of each fault, in order.
     std::string found() {

@@ -75,6 +75,8 @@ TextBox::TextBox(QWidget *parent) : QsciScintillaBase(parent) {
     send(SCI_SETUNDOCOLLECTION, false);
     send(SCI_SETMODEVENTMASK, notifications);
     connect(this, &TextBox::SCN_MODIFIED, this, &TextBox::textChanged);
+    connect(this, &TextBox::SCN_MARGINCLICK, this,
+            [this](int position, int, int margin) { clickSymbols(position, margin); });
     setUpView();
     setTextFont(font().family(), fontInfo().pointSizeF());
 }

@@ -92,6 +92,8 @@ public:
     void setMarks(const std::vector<ui::TextMark> &marks) override;
     /// The marks at the caret or right ahead of it.
     std::vector<ui::TextMark> marksAtCaret() const;
+    /// Those that start or go on in a line, 0-based.
+    std::vector<ui::TextMark> marksInLine(long line) const;
     /// Below the caret, on the screen.
     QPoint caretPoint() const;
     /// The font of the text and the line numbers; `size` in points. Glyphs that the font lacks
@@ -122,6 +124,9 @@ Q_SIGNALS:
     /// The text is no longer what it was: once for each of the user's actions and for each call
     /// that changes it.
     void Change();
+    /// The symbol of a line with marks has been clicked; `below` is a place below that, on the
+    /// screen.
+    void marksClicked(const std::vector<ui::TextMark> &marks, const QPoint &below);
 
 protected:
     bool event(QEvent *event) override;
@@ -163,6 +168,9 @@ private:
     std::vector<ui::TextMark> marksAt(long position) const;
     /// Why the text there is marked, a line for each reason; empty when it is not.
     QString reasonsAt(long position) const;
+    /// The same of the line whose symbols the pointer rests on; empty where it is elsewhere.
+    QString reasonsAtSymbols(const QPoint &pointer) const;
+    void clickSymbols(int position, int margin);
     void applyStyles();
     void fitLineNumbers();
 

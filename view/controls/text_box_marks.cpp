@@ -4,6 +4,7 @@
 
 #include <QStringList>
 
+#include <algorithm>
 #include <array>
 
 namespace quillon::controls {
@@ -21,6 +22,15 @@ constexpr unsigned long BrokenSymbol = 2;
 constexpr int SymbolMargin = 1;
 constexpr int SymbolSize = 12;
 
+QString reasonsOf(const std::vector<ui::TextMark> &marks) {
+    QStringList reasons;
+    for (const ui::TextMark &mark : marks) {
+        if (!reasons.contains(mark.reason))
+            reasons += mark.reason;
+    }
+    return reasons.join(u'\n');
+}
+
 } // namespace
 
 void TextBox::colourMarks() {
@@ -35,6 +45,7 @@ void TextBox::colourMarks() {
     send(SCI_SETMARGINTYPEN, SymbolMargin, SC_MARGIN_SYMBOL);
     send(SCI_SETMARGINMASKN, SymbolMargin, 1L << InvalidSymbol | 1L << BrokenSymbol);
     send(SCI_SETMARGINWIDTHN, SymbolMargin, SymbolSize + 2);
+    send(SCI_SETMARGINSENSITIVEN, SymbolMargin, true);
     for (const auto &[symbol, mark] : {std::pair(InvalidSymbol, items::Mark::Invalid),
                                        std::pair(BrokenSymbol, items::Mark::Broken)}) {
         send(SCI_RGBAIMAGESETWIDTH, SymbolSize);
@@ -92,13 +103,42 @@ QPoint TextBox::caretPoint() const {
     return caretOnScreen(send(SCI_GETCURRENTPOS)).bottomLeft();
 }
 
-QString TextBox::reasonsAt(long position) const {
-    QStringList reasons;
-    for (const ui::TextMark &mark : marksAt(position)) {
-        if (!reasons.contains(mark.reason))
-            reasons += mark.reason;
+std::vector<ui::TextMark> TextBox::marksInLine(long line) const {
+    std::vector<ui::TextMark> found;
+    const long end = send(SCI_GETLINEENDPOSITION, line);
+    for (const unsigned long indicator : Indicators) {
+        // From where a stretch begins or ends to where the next one does.
+        for (long at = send(SCI_POSITIONFROMLINE, line), next = at; at <= end; at = next) {
+            if (send(SCI_INDICATORVALUEAT, indicator, at) != 0) {
+                for (const ui::TextMark &mark : marksAt(at)) {
+                    if (std::ranges::find(found, mark) == found.end())
+                        found.push_back(mark);
+                }
+            }
+            next = send(SCI_INDICATOREND, indicator, at);
+            if (next <= at)
+                break;
+        }
     }
-    return reasons.join(u'\n');
+    return found;
+}
+
+void TextBox::clickSymbols(int position, int margin) {
+    const std::vector<ui::TextMark> marks = marksInLine(send(SCI_LINEFROMPOSITION, position));
+    if (margin == SymbolMargin && !marks.empty())
+        Q_EMIT marksClicked(marks, caretOnScreen(position).bottomLeft());
+}
+
+QString TextBox::reasonsAt(long position) const {
+    return reasonsOf(marksAt(position));
+}
+
+QString TextBox::reasonsAtSymbols(const QPoint &pointer) const {
+    const long start = send(SCI_GETMARGINWIDTHN, LineNumberMargin);
+    if (pointer.x() < start || pointer.x() >= start + send(SCI_GETMARGINWIDTHN, SymbolMargin))
+        return {};
+    const long position = send(SCI_POSITIONFROMPOINT, pointer.x(), pointer.y());
+    return reasonsOf(marksInLine(send(SCI_LINEFROMPOSITION, position)));
 }
 
 } // namespace quillon::controls

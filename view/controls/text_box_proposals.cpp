@@ -155,7 +155,7 @@ void TextBox::showDescription(const QHelpEvent &event) {
     if (describe && at >= 0)
         guarded([&] { text = describe(bytes(), at); });
     // What is wrong comes ahead of what it is.
-    const QString reasons = at >= 0 ? reasonsAt(at) : QString();
+    const QString reasons = at >= 0 ? reasonsAt(at) : reasonsAtSymbols(event.pos());
     if (!reasons.isEmpty())
         text = text.isEmpty() ? reasons : reasons + QStringLiteral("\n\n") + text;
     showPlainToolTip(event.globalPos(), text, *viewport());
