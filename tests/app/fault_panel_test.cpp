@@ -6,6 +6,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
+#include <QLabel>
 #include <QMenu>
 #include <QPushButton>
 #include <QTest>
@@ -109,6 +110,42 @@ TEST_F(FaultPanel, ThePaneTellsWhatIsAtTheCaret) {
     QApplication::activePopupWidget()->close();
     txtEdit().setText(QString("<r><b/></r>"));
     EXPECT_TRUE(txtEdit().marksAtCaret().empty()) << "text that is set anew has no marks";
+}
+
+TEST_F(FaultPanel, TextThatIsNoXmlIsToldAndMended) {
+    open("<r>\n<a/>\n</r>");
+    auto *label = form->findChild<QLabel *>("syntaxLabel");
+    EXPECT_FALSE(label->isVisible());
+    select("r");
+    txtEdit().setText(QString("<r>\n<a>\n</r>"));
+    waitForChecks();
+    const QString told = "2 行 1 桁: <a> (2 行目) に対応する終了タグがありません。";
+    EXPECT_EQ(status(), "構文エラー");
+    EXPECT_TRUE(label->isVisible());
+    EXPECT_EQ(label->text(), told);
+    EXPECT_EQ(txtEdit().accessibleDescription(), told);
+
+    tvw().setFocus();
+    form->mnuViewNextHit_Click();
+    EXPECT_TRUE(txtEdit().hasFocus());
+    EXPECT_EQ(txtEdit().selectedText(), "<a");
+    editor().paneMarks.mark();
+    ASSERT_EQ(txtEdit().marksInLine(1).size(), 1U);
+    EXPECT_TRUE(txtEdit().marksInLine(0).empty());
+    EXPECT_TRUE(txtEdit().marksInLine(2).empty());
+
+    const QStringList expected{"終了タグ </a> を挿入 (2 行目)", "<a> を空要素 <a/> に変更",
+                               "開始タグ <a> (2 行目) を削除"};
+    EXPECT_EQ(mends(), expected);
+    QApplication::activePopupWidget()->close();
+    // The same for the symbol in the margin.
+    Q_EMIT txtEdit().SCN_MARGINCLICK(5, 0, 1);
+    ASSERT_TRUE(QApplication::activePopupWidget());
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return form->isActiveWindow(); }, Patience));
+    EXPECT_EQ(xml(), "<r>\n<a></a>\n</r>");
+    EXPECT_FALSE(label->isVisible());
+    EXPECT_EQ(txtEdit().accessibleDescription(), "");
 }
 
 TEST_F(FaultPanel, TheTreeSaysWhatIsMarked) {

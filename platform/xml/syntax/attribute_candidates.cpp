@@ -54,8 +54,10 @@ std::vector<qsizetype> likelyEnds(QByteArrayView text, qsizetype start) {
         if (std::ranges::find(ends, end) == ends.end())
             ends.push_back(end);
     };
-    if (const qsizetype next = aheadOfNextAttribute(text, start, limit); next < limit)
+    if (const qsizetype next = aheadOfNextAttribute(text, start, limit); next < limit) {
         add(next);
+        return ends;
+    }
     if (lineEnd < limit)
         add(lineEnd);
     if (charAt(text, limit) == '>' && limit > start && text[limit - 1] == '/')
@@ -79,6 +81,7 @@ void addForUnquoted(QByteArrayView text, const Cause &cause, std::vector<SyntaxM
         mends.push_back({texts::QuoteValue.toString().arg(withValue(
                              cause, quote + text.sliced(start, close + 1 - start).toByteArray())),
                          {{start, 0, quote}}});
+        return;
     }
     std::vector<qsizetype> ends = likelyEnds(text, start);
     const qsizetype wordEnd = start + cause.length;

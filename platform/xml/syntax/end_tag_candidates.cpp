@@ -142,7 +142,9 @@ void addForUnclosed(QByteArrayView text, const Cause &cause, std::vector<SyntaxM
         const std::vector<Replacement> placed = placedEndTags(text, elements);
         mends.push_back({insertionTitle(text, elements, placed), placed});
     }
-    if (mends.empty() || mends.front().replacements != atOnce)
+    // Indentation that tells of another element has been gone by.
+    const bool hasSuspect = cause.open.back().suspect >= 0 && !mends.empty();
+    if (!hasSuspect && (mends.empty() || mends.front().replacements != atOnce))
         mends.push_back({insertionTitle(text, elements, atOnce), atOnce});
     if (elements.size() == 1) {
         const QString name = shownInTitle(cause.name);

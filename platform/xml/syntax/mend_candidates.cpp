@@ -256,8 +256,10 @@ void Candidates::addForComment() {
         return;
     }
     const qsizetype end = lineEnd(start);
-    if (const qsizetype arrow = text_.first(end).indexOf("->", start + 4); arrow >= 0)
+    if (const qsizetype arrow = text_.first(end).indexOf("->", start + 4); arrow >= 0) {
         add(texts::CloseComment, {{arrow, 0, "-"}});
+        return;
+    }
     if (const qsizetype less = text_.first(end).indexOf('<', start + 4); less >= 0)
         add(texts::CloseComment, {{aheadOfBlanks(text_, less, start + 4), 0, " -->"}});
     add(texts::CloseComment, {{aheadOfBlanks(text_, end, start + 4), 0, " -->"}});

@@ -37,13 +37,15 @@ std::vector<SyntaxMend> syntaxMends(QByteArrayView utf8, const SyntaxFault &faul
     const Cause cause = causeOf(utf8, stop, progress);
     if (cause.kind != fault.kind || cause.start != fault.start)
         return {};
+    // Farther than this the parser has to come.
+    const qsizetype wrong = std::max(stop.at, cause.start + cause.length - 1);
     std::vector<SyntaxMend> perfect;
     std::vector<SyntaxMend> helpful;
     for (SyntaxMend &mend : mendCandidates(utf8, cause, stop.at)) {
         const QByteArray mended = withReplacements(utf8, mend.replacements);
         const ParseError left = judged(mended, scope, progress);
         const bool isPerfect = left.errorCode == 0;
-        if (!isPerfect && placeBefore(mend.replacements, left.filepos) <= stop.at)
+        if (!isPerfect && placeBefore(mend.replacements, left.filepos) <= wrong)
             continue;
         (isPerfect ? perfect : helpful).push_back(std::move(mend));
         if (perfect.size() == MostMends)
