@@ -1,5 +1,7 @@
 #include "resources/messages.h"
 
+#include "resources/text.h"
+
 #include <algorithm>
 #include <array>
 #include <stdexcept>
@@ -11,7 +13,7 @@ namespace {
 
 struct Entry {
     int number;
-    QStringView text;
+    Text text;
 };
 
 constexpr int firstNumber = 1000;

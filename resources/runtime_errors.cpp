@@ -1,5 +1,7 @@
 #include "resources/runtime_errors.h"
 
+#include "resources/text.h"
+
 #include <algorithm>
 #include <array>
 
@@ -9,7 +11,7 @@ namespace {
 
 struct Entry {
     qint32 number;
-    QStringView text;
+    Text text;
 };
 
 constexpr std::array table{
@@ -35,7 +37,7 @@ constexpr std::array table{
 QString runtimeErrorText(qint32 number) {
     const auto found = std::ranges::find(table, number, &Entry::number);
     if (found == table.end())
-        return QStringLiteral("アプリケーション定義またはオブジェクト定義のエラーです。");
+        return Text(u"アプリケーション定義またはオブジェクト定義のエラーです。").toString();
     return found->text.toString();
 }
 

@@ -4,7 +4,7 @@
 
 namespace quillon::resources {
 
-/// The Japanese sentence that describes a run-time error. A number without a sentence of its own
+/// The sentence that describes a run-time error. A number without a sentence of its own
 /// gets the one for errors that the application defines.
 QString runtimeErrorText(qint32 number);
 

@@ -1,10 +1,9 @@
 #pragma once
 
+#include "resources/text.h"
 #include "resources/translation.h"
 #include "resources/validation_texts.h"
 #include "resources/xml_texts.h"
-
-#include <QStringView>
 
 /// What is wrong with a schema or a DTD, and with XML that libxml2 reads for validation.
 namespace quillon::resources::schema_fault_texts {
@@ -65,42 +64,40 @@ inline constexpr Translation Translations[] = {
 };
 
 // %1 is the element of the schema, %2 what is wrong, %3 the attribute.
-inline constexpr QStringView AtElement = u"%1: %2";
-inline constexpr QStringView AtAttribute = u"%1 の属性 '%3': %2";
-inline constexpr QStringView Other = u"定義が正しくありません (エラー番号 %1)。";
+inline constexpr Text AtElement = u"%1: %2";
+inline constexpr Text AtAttribute = u"%1 の属性 '%3': %2";
+inline constexpr Text Other = u"定義が正しくありません (エラー番号 %1)。";
 
 // DTDs. %1 is the element, %2 the attribute or the name.
-inline constexpr QStringView DuplicateInMixed =
+inline constexpr Text DuplicateInMixed =
     u"DTD で、要素 '%1' の混在内容の宣言に '%2' が重複しています。";
-inline constexpr QStringView RepeatedInMixed =
+inline constexpr Text RepeatedInMixed =
     u"DTD で、要素 '%1' の混在内容の宣言に同じ名前が重複しています。";
-inline constexpr QStringView AmbiguousContent =
+inline constexpr Text AmbiguousContent =
     u"DTD で、要素 '%1' の内容の宣言があいまいです。子要素がどの名前に一致するかを決められません。";
-inline constexpr QStringView DuplicateElement = u"DTD で、要素 '%1' の宣言が重複しています。";
-inline constexpr QStringView IdWithDefault =
+inline constexpr Text DuplicateElement = u"DTD で、要素 '%1' の宣言が重複しています。";
+inline constexpr Text IdWithDefault =
     u"DTD で、要素 '%1' の ID 型の属性 '%2' に既定値または固定値が指定されています。";
-inline constexpr QStringView SeveralIds =
-    u"DTD で、要素 '%1' に ID 型の属性が 2 つ以上宣言されています。";
+inline constexpr Text SeveralIds = u"DTD で、要素 '%1' に ID 型の属性が 2 つ以上宣言されています。";
 /// %3 is the default.
-inline constexpr QStringView DefaultNotInSet =
+inline constexpr Text DefaultNotInSet =
     u"DTD で、要素 '%1' の属性 '%2' の既定値 '%3' が、列挙されている値のいずれでもありません。";
-inline constexpr QStringView BadDefault =
+inline constexpr Text BadDefault =
     u"DTD で、要素 '%1' の属性 '%2' の既定値が属性の型に合っていません。";
 /// %1 is the value.
-inline constexpr QStringView DuplicateToken =
-    u"DTD で、属性に列挙されている値 '%1' が重複しています。";
-inline constexpr QStringView NotationOfEmpty =
+inline constexpr Text DuplicateToken = u"DTD で、属性に列挙されている値 '%1' が重複しています。";
+inline constexpr Text NotationOfEmpty =
     u"DTD で、空要素 '%1' に NOTATION 型の属性 '%2' が宣言されています。";
-inline constexpr QStringView SeveralNotations =
+inline constexpr Text SeveralNotations =
     u"DTD で、要素 '%1' に NOTATION 型の属性が 2 つ以上宣言されています。";
-inline constexpr QStringView DuplicateNotation = u"DTD で、記法 '%1' の宣言が重複しています。";
-inline constexpr QStringView UndeclaredNotation = u"DTD で、記法 '%1' が宣言されていません。";
+inline constexpr Text DuplicateNotation = u"DTD で、記法 '%1' の宣言が重複しています。";
+inline constexpr Text UndeclaredNotation = u"DTD で、記法 '%1' が宣言されていません。";
 
 // XML that libxml2 cannot read, beyond what xml_text says of it.
-inline constexpr QStringView BadReference = u"文字参照または実体参照の構文が正しくありません。";
-inline constexpr QStringView BadDeclarationSyntax = u"宣言の構文が正しくありません。";
-inline constexpr QStringView BadAttribute = u"属性の構文が正しくありません。";
-inline constexpr QStringView UnclosedLiteral = u"引用符が閉じていません。";
-inline constexpr QStringView UnknownEncoding = u"エンコードが正しくありません。";
+inline constexpr Text BadReference = u"文字参照または実体参照の構文が正しくありません。";
+inline constexpr Text BadDeclarationSyntax = u"宣言の構文が正しくありません。";
+inline constexpr Text BadAttribute = u"属性の構文が正しくありません。";
+inline constexpr Text UnclosedLiteral = u"引用符が閉じていません。";
+inline constexpr Text UnknownEncoding = u"エンコードが正しくありません。";
 
 } // namespace quillon::resources::schema_fault_texts

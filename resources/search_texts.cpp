@@ -10,7 +10,7 @@ namespace {
 struct Fault {
     /// What the library's words begin with.
     QLatin1String words;
-    QStringView sentence;
+    Text sentence;
 };
 
 constexpr std::array Faults = {
@@ -71,10 +71,9 @@ QString expressionFault(const QString &message, qsizetype offset) {
     const auto *const fault = std::find_if(Faults.begin(), Faults.end(), [&](const Fault &one) {
         return message.startsWith(one.words);
     });
-    const QStringView sentence = fault == Faults.end()
-                                     ? QStringView(u"正規表現の書き方が正しくありません。")
-                                     : fault->sentence;
-    return QStringLiteral("正規表現の %1 文字目の付近: ").arg(offset + 1) + sentence.toString();
+    const Text sentence =
+        fault == Faults.end() ? Text(u"正規表現の書き方が正しくありません。") : fault->sentence;
+    return Text(u"正規表現の %1 文字目の付近: ").toString().arg(offset + 1) + sentence.toString();
 }
 
 } // namespace quillon::resources::search_texts

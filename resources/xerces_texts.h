@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QStringView>
+#include "resources/text.h"
 
 #include <xercesc/framework/XMLErrorCodes.hpp>
 #include <xercesc/framework/XMLValidityCodes.hpp>
@@ -19,51 +19,48 @@ using xercesc::XMLValid;
 struct Sentence {
     int first;
     int last;
-    QStringView text;
+    Text text;
     /// The attribute of the declaration that is wrong; empty when it is none, or unknown.
     QStringView attribute = {};
 };
 
-inline constexpr QStringView BadPlaceOrContent = u"この要素の位置または内容が正しくありません。";
-inline constexpr QStringView NameOrRef = u"属性 'name' または 'ref' が必要です。";
-inline constexpr QStringView Exclusive = u"同時に指定できない属性または子要素があります。";
-inline constexpr QStringView Circular = u"定義が循環しています。";
-inline constexpr QStringView Duplicate = u"'%1' という名前の宣言が重複しています。";
-inline constexpr QStringView BadDerivation = u"派生した型が基底型と矛盾しています。";
-inline constexpr QStringView BadAttributeDerivation =
+inline constexpr Text BadPlaceOrContent = u"この要素の位置または内容が正しくありません。";
+inline constexpr Text NameOrRef = u"属性 'name' または 'ref' が必要です。";
+inline constexpr Text Exclusive = u"同時に指定できない属性または子要素があります。";
+inline constexpr Text Circular = u"定義が循環しています。";
+inline constexpr Text Duplicate = u"'%1' という名前の宣言が重複しています。";
+inline constexpr Text BadDerivation = u"派生した型が基底型と矛盾しています。";
+inline constexpr Text BadAttributeDerivation =
     u"派生した型の属性 '%1' が基底型の宣言と矛盾しています。";
-inline constexpr QStringView BadWildcardDerivation =
+inline constexpr Text BadWildcardDerivation =
     u"派生した型の xs:anyAttribute が基底型と矛盾しています。";
-inline constexpr QStringView NoExtension = u"基底型が 'extension' による派生を禁止しています。";
-inline constexpr QStringView NoRestriction = u"基底型が 'restriction' による派生を禁止しています。";
-inline constexpr QStringView OtherNamespace = u"取り込むファイルの対象の名前空間が一致しません。";
-inline constexpr QStringView BadAll = u"xs:all の使い方が正しくありません。";
-inline constexpr QStringView BadRedefinition = u"xs:redefine の内容が元の定義と一致しません。";
-inline constexpr QStringView BadFacet = u"ファセットの値 '%1' が正しくありません。";
-inline constexpr QStringView BadPattern = u"パターンが正規表現として正しくありません。";
-inline constexpr QStringView BadPath = u"XPath 式 '%4' はここでは使用できません。";
-inline constexpr QStringView SeveralAnnotations = u"xs:annotation は 1 つだけ置くことができます。";
-inline constexpr QStringView IdWithValue =
-    u"ID 型の宣言に既定値または固定値を指定することはできません。";
-inline constexpr QStringView SeveralIdAttributes =
-    u"ID 型の属性を 2 つ以上宣言することはできません。";
+inline constexpr Text NoExtension = u"基底型が 'extension' による派生を禁止しています。";
+inline constexpr Text NoRestriction = u"基底型が 'restriction' による派生を禁止しています。";
+inline constexpr Text OtherNamespace = u"取り込むファイルの対象の名前空間が一致しません。";
+inline constexpr Text BadAll = u"xs:all の使い方が正しくありません。";
+inline constexpr Text BadRedefinition = u"xs:redefine の内容が元の定義と一致しません。";
+inline constexpr Text BadFacet = u"ファセットの値 '%1' が正しくありません。";
+inline constexpr Text BadPattern = u"パターンが正規表現として正しくありません。";
+inline constexpr Text BadPath = u"XPath 式 '%4' はここでは使用できません。";
+inline constexpr Text SeveralAnnotations = u"xs:annotation は 1 つだけ置くことができます。";
+inline constexpr Text IdWithValue = u"ID 型の宣言に既定値または固定値を指定することはできません。";
+inline constexpr Text SeveralIdAttributes = u"ID 型の属性を 2 つ以上宣言することはできません。";
 
-inline constexpr QStringView BadReference = u"文字参照または実体参照の構文が正しくありません。";
-inline constexpr QStringView BadDeclarationSyntax = u"宣言の構文が正しくありません。";
-inline constexpr QStringView BadXmlDeclaration = u"XML 宣言の構文が正しくありません。";
-inline constexpr QStringView BadAttributeSyntax = u"属性の構文が正しくありません。";
-inline constexpr QStringView BadNamespaceDeclaration = u"名前空間の宣言が正しくありません。";
-inline constexpr QStringView BadName = u"名前が正しくありません。";
-inline constexpr QStringView BadMarkup = u"マークアップの構文が正しくありません。";
-inline constexpr QStringView BadSection = u"条件付きセクションの構文が正しくありません。";
-inline constexpr QStringView UnclosedMarkup = u"コメント、処理命令またはタグが閉じていません。";
-inline constexpr QStringView MismatchedTag = u"終了タグが開始タグと一致しません。";
-inline constexpr QStringView BadCharacter = u"使用できない文字があります。";
-inline constexpr QStringView BadEncoding = u"エンコードが正しくありません。";
-inline constexpr QStringView BadCData = u"CDATA セクションの構文が正しくありません。";
-inline constexpr QStringView BrokenEntity =
-    u"実体の置換テキストの中で、マークアップが完結していません。";
-inline constexpr QStringView NoDocument = u"ルート要素がありません。";
+inline constexpr Text BadReference = u"文字参照または実体参照の構文が正しくありません。";
+inline constexpr Text BadDeclarationSyntax = u"宣言の構文が正しくありません。";
+inline constexpr Text BadXmlDeclaration = u"XML 宣言の構文が正しくありません。";
+inline constexpr Text BadAttributeSyntax = u"属性の構文が正しくありません。";
+inline constexpr Text BadNamespaceDeclaration = u"名前空間の宣言が正しくありません。";
+inline constexpr Text BadName = u"名前が正しくありません。";
+inline constexpr Text BadMarkup = u"マークアップの構文が正しくありません。";
+inline constexpr Text BadSection = u"条件付きセクションの構文が正しくありません。";
+inline constexpr Text UnclosedMarkup = u"コメント、処理命令またはタグが閉じていません。";
+inline constexpr Text MismatchedTag = u"終了タグが開始タグと一致しません。";
+inline constexpr Text BadCharacter = u"使用できない文字があります。";
+inline constexpr Text BadEncoding = u"エンコードが正しくありません。";
+inline constexpr Text BadCData = u"CDATA セクションの構文が正しくありません。";
+inline constexpr Text BrokenEntity = u"実体の置換テキストの中で、マークアップが完結していません。";
+inline constexpr Text NoDocument = u"ルート要素がありません。";
 
 /// Of xercesc::XMLErrs.
 inline constexpr Sentence OfErrors[] = {

@@ -8,24 +8,24 @@ QString systemReason(int error) {
     switch (error) {
     case EACCES:
     case EPERM:
-        return QStringLiteral("書き込む権限がありません。");
+        return Text(u"書き込む権限がありません。").toString();
     case EROFS:
-        return QStringLiteral("読み取り専用のファイル システムです。");
+        return Text(u"読み取り専用のファイル システムです。").toString();
     case ENOSPC:
     case EDQUOT:
     case EFBIG:
-        return QStringLiteral("ディスクの空き領域が足りません。");
+        return Text(u"ディスクの空き領域が足りません。").toString();
     case ENOENT:
     case ENOTDIR:
-        return QStringLiteral("フォルダーが見つかりません。");
+        return Text(u"フォルダーが見つかりません。").toString();
     case EISDIR:
-        return QStringLiteral("同じ名前のフォルダーがあります。");
+        return Text(u"同じ名前のフォルダーがあります。").toString();
     case ELOOP:
-        return QStringLiteral("シンボリック リンクが循環しています。");
+        return Text(u"シンボリック リンクが循環しています。").toString();
     case ENAMETOOLONG:
-        return QStringLiteral("ファイル名が長すぎます。");
+        return Text(u"ファイル名が長すぎます。").toString();
     default:
-        return QStringLiteral("入出力エラーが発生しました (%1)。").arg(error);
+        return Text(u"入出力エラーが発生しました (%1)。").toString().arg(error);
     }
 }
 

@@ -1,27 +1,28 @@
 #pragma once
 
+#include "resources/text.h"
 #include "resources/translation.h"
 
 /// What is said of transformations that fail. %1, %2 stand for what the sentence names.
 namespace quillon::resources::xslt_texts {
 
-inline constexpr QStringView BadStylesheet = u"スタイルシートに誤りがあります。\n%1";
-inline constexpr QStringView Failed = u"スタイルシートを適用できませんでした。\n%1";
+inline constexpr Text BadStylesheet = u"スタイルシートに誤りがあります。\n%1";
+inline constexpr Text Failed = u"スタイルシートを適用できませんでした。\n%1";
 /// Follows the message of the processor.
-inline constexpr QStringView AtLine = u"%1 (%2 行目)";
-inline constexpr QStringView AtLineOfFile = u"%1 (%2、%3 行目)";
-inline constexpr QStringView Terminated = u"スタイルシートが処理を中止しました。\n%1";
-inline constexpr QStringView NoMessage = u"プロセッサーは原因を示していません。";
-inline constexpr QStringView FileOutOfReach =
+inline constexpr Text AtLine = u"%1 (%2 行目)";
+inline constexpr Text AtLineOfFile = u"%1 (%2、%3 行目)";
+inline constexpr Text Terminated = u"スタイルシートが処理を中止しました。\n%1";
+inline constexpr Text NoMessage = u"プロセッサーは原因を示していません。";
+inline constexpr Text FileOutOfReach =
     u"'%1' を読み込むことはできません。使用できるのは、スタイルシートのフォルダーと作業フォルダーに"
     u"あるファイルだけです。";
 
 /// Follows a message about an XPath expression.
-inline constexpr QStringView InExpression = u"%1式: %2";
-inline constexpr QStringView UnknownInstruction = u"XSLT 1.0 に xsl:%1 という要素はありません。";
-inline constexpr QStringView TopLevelWithoutNamespace = u"最上位の要素 %1 には名前空間が必要です。";
+inline constexpr Text InExpression = u"%1式: %2";
+inline constexpr Text UnknownInstruction = u"XSLT 1.0 に xsl:%1 という要素はありません。";
+inline constexpr Text TopLevelWithoutNamespace = u"最上位の要素 %1 には名前空間が必要です。";
 /// For a message of the processor that has no translation below.
-inline constexpr QStringView UnknownMessage =
+inline constexpr Text UnknownMessage =
     u"スタイルシートの処理中に、内容を特定できないエラーが発生しました。";
 
 /// What the processor says of run-time errors that XSLT 1.0 lets it recover from, and it does.
@@ -261,28 +262,27 @@ inline constexpr Translation Translations[] = {
      u"出力方法 '%1' はサポートされていません。"},
 };
 
-inline constexpr QStringView TooDeep =
+inline constexpr Text TooDeep =
     u"テンプレートの呼び出しが深すぎるか、終わりのない再帰になっているため、処理を中止しました。";
-inline constexpr QStringView OutputLimit =
-    u"結果が大きすぎるため、スタイルシートの処理を中止しました。";
-inline constexpr QStringView ScriptNotSupported =
+inline constexpr Text OutputLimit = u"結果が大きすぎるため、スタイルシートの処理を中止しました。";
+inline constexpr Text ScriptNotSupported =
     u"msxsl:script によるスクリプトはサポートされていません。";
-inline constexpr QStringView NotParsed =
+inline constexpr Text NotParsed =
     u"XML 文書として読み込めません。実体の展開や要素の入れ子が大きすぎる可能性があります。";
 
 // Stylesheets of the old dialect. %1 is the construct, %2 the pattern it stands in.
-inline constexpr QStringView WdPatternRefused =
+inline constexpr Text WdPatternRefused =
     u"旧形式のスタイルシートのパターン '%2' の '%1' は XSLT 1.0 に変換できません。";
-inline constexpr QStringView WdPatternUnfinished =
+inline constexpr Text WdPatternUnfinished =
     u"旧形式のスタイルシートのパターン '%1' は途中で終わっています。";
-inline constexpr QStringView WdPatternEmpty = u"旧形式のスタイルシートに空のパターンがあります。";
-inline constexpr QStringView WdElementRefused =
+inline constexpr Text WdPatternEmpty = u"旧形式のスタイルシートに空のパターンがあります。";
+inline constexpr Text WdElementRefused =
     u"旧形式のスタイルシートの要素 <%1> は XSLT 1.0 に変換できません。";
-inline constexpr QStringView WdScriptRefused =
+inline constexpr Text WdScriptRefused =
     u"旧形式のスタイルシートのスクリプト (%1) はサポートされていません。";
 /// The attribute of an element that holds a script.
-inline constexpr QStringView WdExprOf = u"%1 の属性 expr";
-inline constexpr QStringView WdAttributeMissing =
+inline constexpr Text WdExprOf = u"%1 の属性 expr";
+inline constexpr Text WdAttributeMissing =
     u"旧形式のスタイルシートの要素 <%1> に属性 %2 がありません。";
 
 } // namespace quillon::resources::xslt_texts

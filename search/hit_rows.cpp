@@ -36,7 +36,7 @@ QString kindOf(const Node &node) {
     case NodeType::Attribute:
         return texts::Attribute.toString();
     case NodeType::Text:
-        return texts::Text.toString();
+        return texts::TextNode.toString();
     case NodeType::CDATASection:
         return texts::CDataSection.toString();
     case NodeType::EntityReference:

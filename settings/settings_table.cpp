@@ -23,6 +23,7 @@ constexpr SettingRow Rows[] = {
     {u"Pane", u"ProposeUnasked", &Values::proposesUnasked, u"-1"},
     {u"Validation", u"Live", &Values::liveValidation, u"-1"},
     {u"Theme", u"Mode", &Values::themeMode, u"Automatic"},
+    {u"Application", u"Language", &Values::language, u"ja"},
 };
 
 QString keyOf(const SettingList &list, qsizetype position) {

@@ -44,6 +44,9 @@ struct Values {
     bool liveValidation = true;
     /// In whose colours the program is shown: "Automatic", "Light" or "Dark".
     QString themeMode;
+    /// The code of the language of the interface, or resources::SystemLanguage. It comes into force
+    /// when the program starts.
+    QString language;
     /// At most as many as EditorNames holds, in order.
     std::vector<ExternalEditor> editors;
 };

@@ -35,7 +35,7 @@ QString kindText(NodeType kind) {
     case NodeType::Attribute:
         return texts::Attribute.toString();
     case NodeType::Text:
-        return texts::Text.toString();
+        return texts::TextNode.toString();
     case NodeType::Comment:
         return texts::Comment.toString();
     case NodeType::CDATASection:

@@ -36,8 +36,8 @@ constexpr int ElementImage = 1;
 constexpr int AttributeImage = 2;
 
 struct WayTexts {
-    QStringView name;
-    QStringView toolTip;
+    resources::Text name;
+    resources::Text toolTip;
 };
 constexpr std::array<WayTexts, CandidatePanel::Ways> TextsOfWays{{
     {texts::ChildTab, texts::ChildTabTip},

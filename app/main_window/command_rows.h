@@ -23,7 +23,7 @@ namespace text = resources::command_texts;
 
 constexpr QStringView nodeMenu = u"mnuNode";
 
-constexpr CommandRow menu(QStringView name, QStringView caption, QStringView parent = {}) {
+constexpr CommandRow menu(QStringView name, resources::Text caption, QStringView parent = {}) {
     return {
         .entry = {
             .name = name, .menu = parent, .caption = caption, .kind = controls::ActionKind::Menu}};
@@ -34,7 +34,7 @@ constexpr CommandRow line(QStringView name, QStringView menu) {
 }
 
 /// Element 0 of a menu that the window makes from a list.
-constexpr CommandRow array(QStringView name, QStringView menu, QStringView caption) {
+constexpr CommandRow array(QStringView name, QStringView menu, resources::Text caption) {
     return {
         .entry = {
             .name = name, .menu = menu, .caption = caption, .kind = controls::ActionKind::Array}};

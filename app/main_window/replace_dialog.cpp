@@ -131,7 +131,7 @@ QWidget *ReplaceDialog::kindGroup() {
 QWidget *ReplaceDialog::partsGroup() {
     auto *box = new QGroupBox(texts::PartsGroup.toString());
     auto *grid = new QGridLayout(box);
-    const std::pair<QStringView, unsigned> parts[] = {
+    const std::pair<resources::Text, unsigned> parts[] = {
         {texts::ElementNames, part_kind::ElementName},
         {texts::AttributeNames, part_kind::AttributeName},
         {texts::AttributeValues, part_kind::AttributeValue},

@@ -2,6 +2,7 @@
 
 #include "platform/ui/error_boundary.h"
 #include "resources/hit_texts.h"
+#include "resources/language.h"
 #include "resources/live_texts.h"
 #include "view/controls/fault_mark.h"
 
@@ -21,7 +22,7 @@ using ui::guarded;
 namespace {
 
 QString inJapanese(qsizetype number) {
-    return QLocale(QLocale::Japanese).toString(number);
+    return resources::localeOf(resources::language()).toString(number);
 }
 
 } // namespace

@@ -13,8 +13,9 @@
 #include "platform/system/session_bus.h"
 #include "platform/system/termination_signals.h"
 #include "platform/ui/error_boundary.h"
-#include "resources/texts.h"
+#include "resources/language.h"
 #include "settings/settings.h"
+#include "settings/settings_table.h"
 #include "view/browser/browser_profile.h"
 #include "view/controls/application.h"
 #include "view/controls/desktop_dialogs.h"
@@ -113,6 +114,15 @@ int serveClients() {
     return QApplication::exec();
 }
 
+/// Ahead of everything that shows texts.
+void useChosenLanguage() {
+    const settings::SettingRow &row = settings::settingRow(&settings::Values::language);
+    const QString chosen = system::SettingsStore().GetSetting(
+        row.section.toString(), row.key.toString(), row.initial.toString());
+    resources::setLanguage(resources::languageOf(chosen, QLocale::system()));
+    controls::installDialogTexts();
+}
+
 } // namespace
 
 void prepareProcess() {
@@ -137,7 +147,7 @@ int Main(int argc, char **argv) {
     application.setApplicationVersion(QStringLiteral(QUILLON_VERSION));
     application.setDesktopFileName(QStringLiteral("quillon"));
     application.setWindowIcon(QIcon(QStringLiteral(":/icons/quillon.svg")));
-    controls::installDialogTexts();
+    useChosenLanguage();
     controls::DesktopDialogs dialogs;
     ui::setDialogs(&dialogs);
     const system::DesktopAppearance desktop(system::sessionBus());

@@ -41,7 +41,7 @@ bool isRedirect(int status) {
 struct Request {
     QUrl url;
     /// What is said when it fails: of the address, and why.
-    QStringView failure;
+    resources::Text failure;
     /// To what addresses it may go.
     bool (*isAddress)(const QUrl &url);
     /// Without it the request is a GET.

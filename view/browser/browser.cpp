@@ -44,7 +44,7 @@ constexpr int AddressLength = 900;
 
 const QString Blank = QStringLiteral("about:blank");
 
-constexpr std::pair<QWebEnginePage::WebAction, QStringView> ContextMenu[] = {
+constexpr std::pair<QWebEnginePage::WebAction, resources::Text> ContextMenu[] = {
     {QWebEnginePage::Copy, texts::BrowserCopy},
     {QWebEnginePage::SelectAll, texts::BrowserSelectAll},
     {QWebEnginePage::CopyLinkToClipboard, texts::BrowserCopyLink},

@@ -20,8 +20,7 @@ namespace {
 
 /// What a button is called: its tool-tip without the key.
 QString buttonName(const ToolButton &button) {
-    const qsizetype key = button.toolTip.indexOf(u'(');
-    return (key < 0 ? button.toolTip : button.toolTip.first(key)).toString();
+    return button.toolTip.toString().section(u'(', 0, 0).trimmed();
 }
 
 bool isMenu(const ActionRow &row) {
@@ -29,7 +28,7 @@ bool isMenu(const ActionRow &row) {
 }
 
 void setKey(QAction &action, const ActionRow &row) {
-    const bool inCaption = row.caption.contains(u'\t');
+    const bool inCaption = row.caption.japanese().contains(u'\t');
     if (row.key.isEmpty() || inCaption)
         return;
     action.setShortcut(QKeySequence(row.key.toString(), QKeySequence::PortableText));

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "resources/text.h"
+
 #include <QObject>
 #include <QStringView>
 
@@ -42,7 +44,7 @@ struct ActionRow {
     /// nowhere.
     QStringView menu = {};
     /// With '&' before the access key. After a tab comes a key that is part of the caption.
-    QStringView caption = {};
+    resources::Text caption = {};
     /// The key in portable text, e.g. "Ctrl+S"; empty for none.
     QStringView key = {};
     KeyContext keyContext = KeyContext::Window;
@@ -59,7 +61,7 @@ struct ToolButton {
     /// In lower case; empty for no button. The picture of button and menu entry is
     /// ":/icons/toolbar/<key>.svg".
     QStringView key = {};
-    QStringView toolTip = {};
+    resources::Text toolTip = {};
     /// Buttons stand by group, with a separator before each group but the first, and within one by
     /// position.
     int group = 0;

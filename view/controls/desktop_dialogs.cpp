@@ -1,5 +1,6 @@
 #include "view/controls/desktop_dialogs.h"
 
+#include "resources/language.h"
 #include "resources/texts.h"
 
 #include <QApplication>
@@ -75,11 +76,9 @@ std::optional<ui::FontChoice> DesktopDialogs::chooseFont(const ui::FontChoice &p
 }
 
 bool installDialogTexts() {
-    // Dates and numbers in them, too.
-    QLocale::setDefault(QLocale(QLocale::Japanese, QLocale::Japan));
+    QLocale::setDefault(resources::localeOf(resources::language()));
     auto *translator = new QTranslator(qApp);
-    return translator->load(QLocale(QLocale::Japanese), QStringLiteral("qtbase"),
-                            QStringLiteral("_"),
+    return translator->load(QStringLiteral("qtbase_%1").arg(resources::language().code),
                             QLibraryInfo::path(QLibraryInfo::TranslationsPath)) &&
            QCoreApplication::installTranslator(translator);
 }

@@ -16,9 +16,9 @@ public:
     std::optional<QString> chooseValue(ui::ValueEditor editor, const QString &present) override;
 };
 
-/// Gives Qt's own dialogs and context menus their Japanese texts. Call once, between making the
-/// application object and the first window. False when those texts are not installed; Qt then
-/// speaks English.
+/// Gives Qt's own dialogs and context menus their texts, and numbers and dates their form, in the
+/// language in force. Call once, between making the application object and the first window. False
+/// when those texts are not installed; Qt then speaks English.
 bool installDialogTexts();
 
 } // namespace quillon::controls

@@ -23,7 +23,7 @@ using resources::texts::ButtonYes;
 
 struct Button {
     QMessageBox::StandardButton button;
-    QStringView caption;
+    resources::Text caption;
     int answer;
 };
 

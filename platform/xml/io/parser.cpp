@@ -27,26 +27,25 @@ struct Reason {
     XML_Error code;
     /// Of the error, counted from Base.
     std::uint8_t number;
-    const QString &text;
+    resources::Text text;
 };
 
-const Reason Reasons[] = {
-    {XML_ERROR_NO_ELEMENTS, 0x58, texts::NoElement.toString()},
-    {XML_ERROR_INVALID_TOKEN, 0x08, texts::InvalidToken.toString()},
-    {XML_ERROR_PARTIAL_CHAR, 0x14, texts::UnexpectedEnd.toString()},
-    {XML_ERROR_UNCLOSED_TOKEN, 0x59, texts::UnclosedToken.toString()},
-    {XML_ERROR_TAG_MISMATCH, 0x6D, texts::MismatchedTag.toString()},
+constexpr Reason Reasons[] = {
+    {XML_ERROR_NO_ELEMENTS, 0x58, texts::NoElement},
+    {XML_ERROR_INVALID_TOKEN, 0x08, texts::InvalidToken},
+    {XML_ERROR_PARTIAL_CHAR, 0x14, texts::UnexpectedEnd},
+    {XML_ERROR_UNCLOSED_TOKEN, 0x59, texts::UnclosedToken},
+    {XML_ERROR_TAG_MISMATCH, 0x6D, texts::MismatchedTag},
     {XML_ERROR_DUPLICATE_ATTRIBUTE, parse_error_code::DuplicateAttribute - Base,
-     texts::DuplicateAttribute.toString()},
-    {XML_ERROR_JUNK_AFTER_DOC_ELEMENT, 0x55, texts::JunkAfterRoot.toString()},
-    {XML_ERROR_UNDEFINED_ENTITY, parse_error_code::UndefinedEntity - Base,
-     texts::UndefinedEntity.toString()},
-    {XML_ERROR_RECURSIVE_ENTITY_REF, 0x03, texts::EntityLoop.toString()},
-    {XML_ERROR_AMPLIFICATION_LIMIT_BREACH, 0x03, texts::EntityLimit.toString()},
-    {XML_ERROR_MISPLACED_XML_PI, 0x07, texts::MisplacedDeclaration.toString()},
-    {XML_ERROR_XML_DECL, 0x07, texts::BadDeclaration.toString()},
-    {XML_ERROR_UNCLOSED_CDATA_SECTION, 0x64, texts::UnclosedCData.toString()},
-    {XML_ERROR_SYNTAX, 0x56, texts::OtherSyntaxError.toString()},
+     texts::DuplicateAttribute},
+    {XML_ERROR_JUNK_AFTER_DOC_ELEMENT, 0x55, texts::JunkAfterRoot},
+    {XML_ERROR_UNDEFINED_ENTITY, parse_error_code::UndefinedEntity - Base, texts::UndefinedEntity},
+    {XML_ERROR_RECURSIVE_ENTITY_REF, 0x03, texts::EntityLoop},
+    {XML_ERROR_AMPLIFICATION_LIMIT_BREACH, 0x03, texts::EntityLimit},
+    {XML_ERROR_MISPLACED_XML_PI, 0x07, texts::MisplacedDeclaration},
+    {XML_ERROR_XML_DECL, 0x07, texts::BadDeclaration},
+    {XML_ERROR_UNCLOSED_CDATA_SECTION, 0x64, texts::UnclosedCData},
+    {XML_ERROR_SYNTAX, 0x56, texts::OtherSyntaxError},
 };
 
 /// Whether a text starts with a sign of its encoding, by which the parser would go although told
@@ -344,7 +343,7 @@ ParseError Parser::failure() const {
         error.reason = stopReason_;
         error.errorCode = Base;
     } else if (reason != std::end(Reasons)) {
-        error.reason = reason->text;
+        error.reason = reason->text.toString();
         error.errorCode = Base + reason->number;
     } else {
         error.reason = texts::OtherSyntaxError.toString();

@@ -57,7 +57,7 @@ QString xsdFault(const xmlError &error) {
 /// What is said of faults of syntax in a schema or DTD.
 struct SyntaxFault {
     int code;
-    QStringView text;
+    resources::Text text;
 };
 
 constexpr SyntaxFault SyntaxFaults[] = {

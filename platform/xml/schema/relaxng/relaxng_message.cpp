@@ -19,7 +19,7 @@ namespace {
 
 struct Fault {
     int code;
-    QStringView text;
+    resources::Text text;
 };
 
 constexpr Fault Faults[] = {
