@@ -12,7 +12,6 @@ inline constexpr Text BreaksWhatFollows = u"ここに置くと、後に続く要
 inline constexpr Text Endless = u"自分自身を必要とするため、完成できません。";
 inline constexpr Text ByWildcard = u"任意の要素として置けます。";
 inline constexpr Text IsThere = u"既にあります。";
-inline constexpr Text IsCurrentName = u"現在の名前です。";
 
 // Of a list as a whole.
 inline constexpr Text OneRootOnly = u"ルート要素は 1 つだけです。";

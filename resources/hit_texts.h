@@ -51,7 +51,6 @@ inline constexpr Text SaveRows = u"保存...";
 inline constexpr Text SaveRowsName = u"一覧をファイルに保存";
 inline constexpr Text SaveRowsTip =
     u"選択した行 (2 行以上を選択していないときは、すべての行) をタブ区切りのファイルに保存します。";
-inline constexpr Text ClosePanel = u"閉じる";
 inline constexpr Text ClosePanelName = u"一覧パネルを閉じる";
 inline constexpr Text ClosePanelTip = u"閉じる (Esc)";
 

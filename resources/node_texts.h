@@ -33,7 +33,6 @@ inline constexpr Text CannotLower =
     u"「%1」は一段下げることができないため、何も変更していません。\n"
     u"直前に、移動先になる要素が必要です。";
 inline constexpr Text CannotDuplicate = u"「%1」は複製できないため、何も変更していません。";
-inline constexpr Text CannotDelete = u"「%1」は削除できないため、何も変更していません。";
 inline constexpr Text InstructionsAreNotInserted =
     u"処理命令と文書型宣言は挿入できないため、何も挿入していません。";
 inline constexpr Text OnlyElementsAndComments =

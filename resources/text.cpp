@@ -5,7 +5,7 @@
 #include <QTranslator>
 
 #include <map>
-#include <unordered_map>
+#include <utility>
 
 namespace quillon::resources {
 
@@ -23,20 +23,19 @@ public:
 
     /// Null where there is none.
     const QString *find(QStringView japanese, const char *note) {
-        auto found = texts_.find(japanese.utf16());
+        // Unlike the text, its address is quickly looked for.
+        const std::pair key(japanese.utf16(), note);
+        auto found = texts_.find(key);
         if (found == texts_.end()) {
-            // Unlike the text, its address is quickly looked for.
-            found = texts_
-                        .emplace(japanese.utf16(),
-                                 translator_.translate("", japanese.toUtf8().constData(), note))
-                        .first;
+            const QByteArray source = japanese.toUtf8();
+            found = texts_.emplace(key, translator_.translate("", source.constData(), note)).first;
         }
         return found->second.isNull() ? nullptr : &found->second;
     }
 
 private:
     QTranslator translator_;
-    std::unordered_map<const char16_t *, QString> texts_;
+    std::map<std::pair<const char16_t *, const char *>, QString> texts_;
 };
 
 Catalogue &catalogueOf(const Language &language) {

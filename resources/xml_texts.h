@@ -56,7 +56,6 @@ inline constexpr Text EntityLimit = u"実体の展開が大きすぎるため、
 inline constexpr Text MisplacedDeclaration = u"XML 宣言の位置が正しくありません。";
 inline constexpr Text UnclosedCData = u"CDATA セクションが閉じていません。";
 inline constexpr Text UnclosedToken = u"閉じていない構文があります。";
-inline constexpr Text DocumentTypeSyntax = u"文書型宣言の構文が正しくありません。";
 inline constexpr Text UnknownEncoding = u"指定されたエンコード '%1' はサポートされていません。";
 inline constexpr Text EncodingSwitch =
     u"現在のエンコードから指定されたエンコードへの切り替えはサポートされていません。";

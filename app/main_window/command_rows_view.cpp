@@ -24,7 +24,7 @@ void chooseFont(frmMain &form) {
 
 /// One of the choices of the theme's menu.
 template <ThemeMode Mode>
-constexpr CommandRow theme(QStringView name, QStringView caption) {
+constexpr CommandRow theme(QStringView name, resources::Text caption) {
     return {.entry = {.name = name, .menu = themeMenu, .caption = caption, .checkable = true},
             .run = [](frmMain &form) { form.mnuViewTheme_Click(Mode); }};
 }

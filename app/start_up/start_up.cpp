@@ -15,7 +15,6 @@
 #include "platform/ui/error_boundary.h"
 #include "resources/language.h"
 #include "settings/settings.h"
-#include "settings/settings_table.h"
 #include "view/browser/browser_profile.h"
 #include "view/controls/application.h"
 #include "view/controls/desktop_dialogs.h"

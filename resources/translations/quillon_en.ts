@@ -10,7 +10,6 @@
 <message><source>自分自身を必要とするため、完成できません。</source><translation>It requires itself and so can never be complete.</translation></message>
 <message><source>任意の要素として置けます。</source><translation>Allowed as an arbitrary element.</translation></message>
 <message><source>既にあります。</source><translation>Already present.</translation></message>
-<message><source>現在の名前です。</source><translation>This is the current name.</translation></message>
 <message><source>ルート要素は 1 つだけです。</source><translation>There can be only one root element.</translation></message>
 <message><source>ここに要素は置けません。</source><translation>No elements are allowed here.</translation></message>
 <message><source>このノードに子は置けません。</source><translation>This node cannot have children.</translation></message>
@@ -60,7 +59,7 @@
 <message><source> または </source><translation> or </translation></message>
 <message><source>値: %1</source><translation>values: %1</translation></message>
 <message><source>、</source><translation>, </translation></message>
-<message><source> ほか</source><translation>, ...</translation></message>
+<message><source> ほか</source><translation> and others</translation></message>
 <message><source>パターン %1</source><translation>pattern %1</translation></message>
 <message><source>長さ %1</source><translation>length %1</translation></message>
 <message><source>長さ %1 以上</source><translation>length at least %1</translation></message>
@@ -136,7 +135,7 @@
 <message><source>要素の挿入(&amp;L)&#9;Ctrl+Alt+E</source><translation>Insert E&amp;lement&#9;Ctrl+Alt+E</translation></message>
 <message><source>テキストの挿入(&amp;X)&#9;Ctrl+Alt+T</source><translation>Insert Te&amp;xt&#9;Ctrl+Alt+T</translation></message>
 <message><source>コメントの挿入(&amp;M)&#9;Ctrl+Alt+K</source><translation>Insert Co&amp;mment&#9;Ctrl+Alt+K</translation></message>
-<message><source>CDATAの挿入</source><translation>Insert CDATA Sect&amp;ion</translation></message>
+<message><source>CDATAの挿入</source><translation>Insert CDATA Section</translation></message>
 <message><source>削除(&amp;D)</source><translation>&amp;Delete</translation></message>
 <message><source>複製(&amp;B)</source><translation>Du&amp;plicate</translation></message>
 <message><source>一段上げる(&amp;R)</source><translation>&amp;Raise One Level</translation></message>
@@ -188,7 +187,6 @@
 <message><source>やり直す(Ctrl+Y)</source><translation>Redo (Ctrl+Y)</translation></message>
 <message><source>検証(F7)</source><translation>Validate (F7)</translation></message>
 <message><source>パスの項目へ移動(Enter)</source><translation>Go to the item of the path (Enter)</translation></message>
-<message><source>移動</source><translation>Go</translation></message>
 <!-- completion_texts.h -->
 <message><source>ここには置けません。%1</source><translation>Not allowed here. %1</translation></message>
 <message><source>候補を表示&#9;Ctrl+Space</source><translation>Show Suggestions&#9;Ctrl+Space</translation></message>
@@ -332,7 +330,6 @@
 <message><source>「%1」は一段上げることができないため、何も変更していません。</source><translation>"%1" cannot be raised by one level. Nothing has been changed.</translation></message>
 <message><source>「%1」は一段下げることができないため、何も変更していません。&#10;直前に、移動先になる要素が必要です。</source><translation>"%1" cannot be lowered by one level. Nothing has been changed.&#10;There must be an element right before it to take it.</translation></message>
 <message><source>「%1」は複製できないため、何も変更していません。</source><translation>"%1" cannot be duplicated. Nothing has been changed.</translation></message>
-<message><source>「%1」は削除できないため、何も変更していません。</source><translation>"%1" cannot be deleted. Nothing has been changed.</translation></message>
 <message><source>処理命令と文書型宣言は挿入できないため、何も挿入していません。</source><translation>Processing instructions and document type declarations cannot be inserted. Nothing has been inserted.</translation></message>
 <message><source>ドキュメントの直下に挿入できるのは要素とコメントだけのため、何も挿入していません。</source><translation>Only elements and comments can be inserted directly under the document. Nothing has been inserted.</translation></message>
 <message><source>ルート要素は 1 つだけのため、2 つ以上の要素は挿入できません。何も挿入していません。</source><translation>There can be only one root element, so several elements cannot be inserted here. Nothing has been inserted.</translation></message>
@@ -791,7 +788,6 @@
 <message><source>%1 に書き込めません。&#10;%2</source><translation>%1 cannot be written.&#10;%2</translation></message>
 <message><source>プレビューを作成しています...</source><translation>Making the preview...</translation></message>
 <message><source>&lt;!DOCTYPE html&gt;&lt;html lang="ja"&gt;&lt;head&gt;&lt;meta charset="utf-8"&gt;&lt;title&gt;プレビュー&lt;/title&gt;&lt;style&gt;body{font-family:sans-serif;color:#444;margin:2em}@media screen{:root.dark{color-scheme:dark;background:#1e1e1e}.dark body{color:#e6e6e6}}&lt;/style&gt;&lt;/head&gt;&lt;body&gt;&lt;p&gt;このドキュメントは大きいため (目安として %1 ノード)、プレビューを自動では更新しません。&lt;/p&gt;&lt;p&gt;&lt;b&gt;F5&lt;/b&gt; キーを押すと表示します。&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source><translation>&lt;!DOCTYPE html&gt;&lt;html lang="en"&gt;&lt;head&gt;&lt;meta charset="utf-8"&gt;&lt;title&gt;Preview&lt;/title&gt;&lt;style&gt;body{font-family:sans-serif;color:#444;margin:2em}@media screen{:root.dark{color-scheme:dark;background:#1e1e1e}.dark body{color:#e6e6e6}}&lt;/style&gt;&lt;/head&gt;&lt;body&gt;&lt;p&gt;This document is large (about %1 nodes), so the preview is not updated automatically.&lt;/p&gt;&lt;p&gt;Press &lt;b&gt;F5&lt;/b&gt; to show it.&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation></message>
-<message><source>&lt;!DOCTYPE html&gt;&lt;html lang="ja"&gt;&lt;head&gt;&lt;meta charset="utf-8"&gt;&lt;title&gt;プレビュー&lt;/title&gt;&lt;style&gt;body{font-family:sans-serif;color:#444;margin:2em}&lt;/style&gt;&lt;/head&gt;&lt;body&gt;&lt;p&gt;このドキュメントは大きいため (目安として %1 ノード)、プレビューを自動では更新しません。&lt;/p&gt;&lt;p&gt;&lt;b&gt;F5&lt;/b&gt; キーを押すと表示します。&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source><translation>&lt;!DOCTYPE html&gt;&lt;html lang="en"&gt;&lt;head&gt;&lt;meta charset="utf-8"&gt;&lt;title&gt;Preview&lt;/title&gt;&lt;style&gt;body{font-family:sans-serif;color:#444;margin:2em}&lt;/style&gt;&lt;/head&gt;&lt;body&gt;&lt;p&gt;This document is large (about %1 nodes), so the preview is not updated automatically.&lt;/p&gt;&lt;p&gt;Press &lt;b&gt;F5&lt;/b&gt; to show it.&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation></message>
 <message><source>次のアドレスをブラウザーで開きますか?&#10;&#10;%1</source><translation>Open this address in the browser?&#10;&#10;%1</translation></message>
 <message><source>リンクのアドレスが長すぎて全体を表示できないため、開きませんでした。</source><translation>The link was not opened because its address is too long to be shown in full.</translation></message>
 <message><source>プレビューのページからのメッセージ: %1</source><translation>Message from the page in the preview: %1</translation></message>
@@ -1079,7 +1075,6 @@
 <message><source>XML 宣言の位置が正しくありません。</source><translation>The position of the XML declaration is not valid.</translation></message>
 <message><source>CDATA セクションが閉じていません。</source><translation>A CDATA section is not closed.</translation></message>
 <message><source>閉じていない構文があります。</source><translation>There is markup that is not closed.</translation></message>
-<message><source>文書型宣言の構文が正しくありません。</source><translation>The syntax of the document type declaration is not valid.</translation></message>
 <message><source>指定されたエンコード '%1' はサポートされていません。</source><translation>The specified encoding '%1' is not supported.</translation></message>
 <message><source>現在のエンコードから指定されたエンコードへの切り替えはサポートされていません。</source><translation>Switching from the current encoding to the specified one is not supported.</translation></message>
 <message><source>エンコード '%1' として正しくない文字コードがあります。</source><translation>There are bytes that are not valid in the encoding '%1'.</translation></message>

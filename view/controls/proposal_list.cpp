@@ -1,5 +1,6 @@
 #include "view/controls/proposal_list.h"
 
+#include "resources/candidate_texts.h"
 #include "resources/completion_texts.h"
 
 #include <QAccessible>
@@ -121,7 +122,7 @@ QVariant ProposalModel::data(const QModelIndex &index, int role) const {
             parts.append(texts::Needed.toString());
         if (!proposal.detail.isEmpty())
             parts.append(proposal.detail);
-        return parts.join(QStringLiteral("、"));
+        return parts.join(resources::candidate_texts::Between);
     }
     case Qt::AccessibleDescriptionRole:
         return proposal.reason.isEmpty() ? proposal.documentation : proposal.reason;
