@@ -46,8 +46,8 @@ inline constexpr Text UnclosedInstruction = u"処理命令が ?> で閉じられ
 inline constexpr Text SectionEnd = u"テキストの中に ]]> があります (]]&gt; と書きます)。";
 
 /// %1 is the line, %2 the column in the pane, %3 the sentence.
-inline constexpr QStringView FaultAt = u"%1 行 %2 桁: %3";
-inline constexpr QStringView LookingForMends = u"修正候補を調べています...";
+inline constexpr Text FaultAt = u"%1 行 %2 桁: %3";
+inline constexpr Text LookingForMends = u"修正候補を調べています...";
 
 // What a mend does.
 /// %1 is the name of an element, %2 the line.

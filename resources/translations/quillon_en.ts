@@ -689,6 +689,8 @@
 <message><source>CDATA セクションが ]]&gt; で閉じられていません。</source><translation>The CDATA section is not closed by ]]&gt;.</translation></message>
 <message><source>処理命令が ?&gt; で閉じられていません。</source><translation>The processing instruction is not closed by ?&gt;.</translation></message>
 <message><source>テキストの中に ]]&gt; があります (]]&amp;gt; と書きます)。</source><translation>There is ]]&gt; in the text (it is written as ]]&amp;gt;).</translation></message>
+<message><source>%1 行 %2 桁: %3</source><translation>Line %1, column %2: %3</translation></message>
+<message><source>修正候補を調べています...</source><translation>Looking for fixes...</translation></message>
 <message><source>終了タグ &lt;/%1&gt; を挿入 (%2 行目)</source><translation>Insert the end tag &lt;/%1&gt; (line %2)</translation></message>
 <message><source>不足している終了タグ %1 個を挿入</source><translation>Insert the missing end tags (%1)</translation></message>
 <message><source>&lt;%1&gt; を空要素 &lt;%1/&gt; に変更</source><translation>Change &lt;%1&gt; to the empty element &lt;%1/&gt;</translation></message>
