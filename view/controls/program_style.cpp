@@ -1,5 +1,6 @@
 #include "view/controls/program_style.h"
 
+#include "view/controls/theme.h"
 #include "view/controls/themed_icon.h"
 
 #include <QPainter>
@@ -15,6 +16,8 @@ namespace quillon::controls {
 namespace {
 
 constexpr int FocusFrameAlpha = 140;
+/// Ahead of and behind the lines of menus.
+constexpr int LineMargin = 5;
 
 constexpr std::pair<QStyle::StandardPixmap, QStringView> Icons[] = {
     {QStyle::SP_MessageBoxInformation, u"standard/information"},
@@ -82,16 +85,69 @@ void drawFocusFrame(const QStyleOption &option, QPainter &painter) {
     painter.restore();
 }
 
+/// The style makes edges a shade darker than the window, which a dark window swallows. So that they
+/// come out as the theme has them it is given another window.
+template <typename Option, typename Base, typename Draw>
+void withEdges(const Base &option, const Draw &draw) {
+    const auto *known = qstyleoption_cast<const Option *>(&option);
+    if (!known || !theme().isDark())
+        return draw(option);
+    constexpr int ShadeOfEdges = 140;
+    Option edged(*known);
+    edged.palette.setColor(QPalette::Window, theme().colour(Colour::Edge).lighter(ShadeOfEdges));
+    draw(edged);
+}
+
 } // namespace
 
 ProgramStyle::ProgramStyle() : QProxyStyle(QStringLiteral("fusion")) {}
 
 void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option,
                                  QPainter *painter, const QWidget *widget) const {
-    if (element == PE_FrameFocusRect)
-        drawFocusFrame(*option, *painter);
+    const auto draw = [&](const QStyleOption &drawn) {
+        QProxyStyle::drawPrimitive(element, &drawn, painter, widget);
+    };
+    switch (element) {
+    case PE_FrameFocusRect:
+        return drawFocusFrame(*option, *painter);
+    case PE_PanelMenu:
+        draw(*option);
+        painter->setPen(theme().colour(Colour::Edge));
+        return painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+    case PE_IndicatorCheckBox:
+    case PE_IndicatorRadioButton:
+        return withEdges<QStyleOptionButton>(*option, draw);
+    case PE_FrameLineEdit:
+    case PE_FrameGroupBox:
+        return withEdges<QStyleOptionFrame>(*option, draw);
+    default:
+        draw(*option);
+    }
+}
+
+void ProgramStyle::drawControl(ControlElement element, const QStyleOption *option,
+                               QPainter *painter, const QWidget *widget) const {
+    const auto *entry = qstyleoption_cast<const QStyleOptionMenuItem *>(option);
+    const bool isLine = element == CE_MenuItem && entry && entry->text.isEmpty() &&
+                        entry->menuItemType == QStyleOptionMenuItem::Separator;
+    if (!isLine)
+        return QProxyStyle::drawControl(element, option, painter, widget);
+    painter->fillRect(option->rect.adjusted(LineMargin, (option->rect.height() - 1) / 2,
+                                            -LineMargin, -option->rect.height() / 2),
+                      theme().colour(Colour::Edge));
+}
+
+void ProgramStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,
+                                      QPainter *painter, const QWidget *widget) const {
+    const auto draw = [&](const QStyleOptionComplex &drawn) {
+        QProxyStyle::drawComplexControl(control, &drawn, painter, widget);
+    };
+    if (control == CC_ComboBox)
+        withEdges<QStyleOptionComboBox>(*option, draw);
+    else if (control == CC_SpinBox)
+        withEdges<QStyleOptionSpinBox>(*option, draw);
     else
-        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        draw(*option);
 }
 
 QIcon ProgramStyle::standardIcon(StandardPixmap which, const QStyleOption *option,
@@ -114,6 +170,9 @@ int ProgramStyle::styleHint(StyleHint hint, const QStyleOption *option, const QW
     switch (hint) {
     case SH_DialogButtonBox_ButtonsHaveIcons:
         // What a button does is said by its text.
+        return 0;
+    case SH_EtchDisabledText:
+        // A shadow would make what is faint hard to read.
         return 0;
     case SH_ToolTipLabel_Opacity:
         return 255;

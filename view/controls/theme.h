@@ -44,6 +44,9 @@ enum class Colour {
     /// What is told beside a field, in palettes as FaultRole.
     FaultInk,
 
+    /// Around fields, boxes to be ticked and menus.
+    Edge,
+
     // The splash.
     SplashPaper,
     SplashInk,

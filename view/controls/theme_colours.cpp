@@ -41,6 +41,7 @@ constexpr ColourPair Colours[] = {
     {Colour::HitInk, 0xff1f1f1f, 0xff1f1f1f},
     {Colour::HitPaper, 0xffffe082, 0xffe6b94a},
     {Colour::FaultInk, 0xffc02020, 0xffff9a94},
+    {Colour::Edge, 0xffababab, 0xff757b84},
     {Colour::SplashPaper, 0xfffafaf7, 0xff22252b},
     {Colour::SplashInk, 0xff263248, 0xffe8edf5},
     {Colour::SplashFaintInk, 0xff606c80, 0xffa8b3c4},
