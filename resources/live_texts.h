@@ -9,6 +9,8 @@ namespace quillon::resources::live_texts {
 /// %1 is the child, %2 the parent.
 inline constexpr Text NotHere = u"要素 '%1' を要素 '%2' のここに置くことはできません。";
 inline constexpr Text MissingAhead = u"要素 '%2' の中で、要素 '%1' の前に要素が不足しています。";
+/// One after the other on a line.
+inline constexpr Text TwoSentences = u"%1%2";
 /// %1 is a list, %2 how many more there are.
 inline constexpr Text AndMore = u"%1 ほか %2 件";
 /// %1 is the line, %2 the column in the pane, %3 the reason.

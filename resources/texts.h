@@ -146,6 +146,9 @@ inline constexpr Text RedirectWithoutDocument =
     u"ドキュメントを送信しました。送信先が、別の場所への接続を求めています。\n\n%1\n\n"
     u"この場所へ接続しますか？ (ドキュメントは送信しません)";
 
+/// The name of the file that the Help menu shows, one a language.
+inline constexpr Text ReadmeFile = u"readme.txt";
+
 // Showing a file with the desktop's viewer. %1 is the file.
 inline constexpr Text NoViewer = u"%1\nを表示するプログラムが見つかりません。";
 
@@ -209,6 +212,10 @@ inline constexpr Text ThemeName = u"テーマ";
 inline constexpr Text ThemeAutomatic = u"自動 (デスクトップに合わせる)";
 inline constexpr Text ThemeLight = u"ライト";
 inline constexpr Text ThemeDark = u"ダーク";
+inline constexpr Text LanguageLabel = u"言語 / Language(&L):";
+inline constexpr Text LanguageName = u"表示言語";
+inline constexpr Text LanguageOfDesktop = u"デスクトップに合わせる";
+inline constexpr Text LanguageHint = u"言語は、次に起動したときから変わります。";
 inline constexpr Text RecentFilesGroup = u"最近使ったファイル";
 inline constexpr Text RecentFilesCount = u"%1 件を記憶しています。";
 inline constexpr Text RecentFilesToBeCleared = u"OK を押すと一覧を消去します。";

@@ -129,9 +129,13 @@ void Settings::saveEditors() const {
     }
 }
 
-void Settings::saveTheme() const {
-    const SettingRow &row = settingRow(&Values::themeMode);
-    store_.SaveSetting(row.section.toString(), row.key.toString(), themeMode);
+void Settings::saveAtOnce(QString Values::*value) const {
+    const SettingRow &row = settingRow(value);
+    store_.SaveSetting(row.section.toString(), row.key.toString(), this->*value);
+}
+
+void Settings::reread(QString Values::*value) {
+    this->*value = text(settingRow(value));
 }
 
 void Settings::writeEditors() const {

@@ -28,8 +28,10 @@ public:
     /// removed by the user in so many words.
     void saveEditors() const;
 
-    /// Writes the theme alone: windows that open later go by it.
-    void saveTheme() const;
+    /// Writes one value alone, for what windows that open later go by, e.g. &Values::themeMode.
+    void saveAtOnce(QString Values::*value) const;
+    /// Takes over what another window may have written so meanwhile.
+    void reread(QString Values::*value);
 
     /// Receives the descriptions of broken settings.
     std::function<void(const QString &)> report;

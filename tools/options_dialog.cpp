@@ -2,6 +2,7 @@
 
 #include "platform/ui/dialogs.h"
 #include "platform/ui/error_boundary.h"
+#include "resources/language.h"
 #include "resources/texts.h"
 
 #include <QComboBox>
@@ -92,8 +93,9 @@ OptionsDialog::OptionsDialog(const Options &present, qsizetype recentFiles, QWid
 
     QWidget *before = list_;
     for (QWidget *control : std::initializer_list<QWidget *>{
-             add_, remove_, up_, down_, name_, program_, browse_, font_, size_, theme_, clear_,
-             buttons->button(QDialogButtonBox::Ok), buttons->button(QDialogButtonBox::Cancel)}) {
+             add_, remove_, up_, down_, name_, program_, browse_, font_, size_, theme_, language_,
+             clear_, buttons->button(QDialogButtonBox::Ok),
+             buttons->button(QDialogButtonBox::Cancel)}) {
         setTabOrder(before, control);
         before = control;
     }
@@ -210,6 +212,18 @@ QWidget *OptionsDialog::appearanceGroup(const Options &present) {
     theme_->setCurrentIndex(int(present.theme));
     auto *form = new QFormLayout(group);
     form->addRow(texts::ThemeLabel.toString(), theme_);
+
+    language_ = new QComboBox;
+    nameControl(language_, "language", texts::LanguageName);
+    for (const resources::Language &language : resources::languages())
+        language_->addItem(language.name.toString(), language.code.toString());
+    language_->addItem(texts::LanguageOfDesktop.toString(), resources::SystemLanguage.toString());
+    // What the store has besides is read as Japanese, which is the first one.
+    language_->setCurrentIndex(std::max(0, language_->findData(present.language)));
+    language_->setAccessibleDescription(texts::LanguageHint.toString());
+    auto *hint = new QLabel(texts::LanguageHint.toString());
+    form->addRow(texts::LanguageLabel.toString(), language_);
+    form->addRow(QString(), hint);
     return group;
 }
 
@@ -232,8 +246,12 @@ QWidget *OptionsDialog::recentFilesGroup(qsizetype recentFiles) {
 }
 
 Options OptionsDialog::options() const {
-    Options chosen{editors_, font_->currentText().trimmed(), size_->value(),
-                   controls::ThemeMode(theme_->currentIndex()), clearRecentFiles_};
+    Options chosen{editors_,
+                   font_->currentText().trimmed(),
+                   size_->value(),
+                   controls::ThemeMode(theme_->currentIndex()),
+                   language_->currentData().toString(),
+                   clearRecentFiles_};
     for (ExternalEditor &editor : chosen.editors)
         editor = {editor.name.trimmed(), editor.path.trimmed()};
     return chosen;

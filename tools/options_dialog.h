@@ -26,6 +26,8 @@ struct Options {
     QString fontName;
     int fontSize = 0;
     controls::ThemeMode theme = controls::ThemeMode::Automatic;
+    /// The code of a language, or resources::SystemLanguage.
+    QString language;
     /// Out: the list of recent files is to be emptied.
     bool clearRecentFiles = false;
 };
@@ -83,6 +85,7 @@ private:
     QLabel *fontFault_;
     QSpinBox *size_;
     QComboBox *theme_;
+    QComboBox *language_;
     QLabel *sample_;
     QPushButton *clear_;
 };

@@ -66,7 +66,7 @@ void ToolCommands::mnuToolSend_Click() {
 }
 
 void ToolCommands::mnuHelpReadme_Click() {
-    const QString file = runtime::programFolder() + QStringLiteral("/readme.txt");
+    const QString file = runtime::programFolder() + QLatin1Char('/') + texts::ReadmeFile.toString();
     shell_.openOnDesktop(file, [file] {
         ui::showMessage(texts::NoViewer.toString().arg(file), style::Exclamation);
     });

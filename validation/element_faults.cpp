@@ -42,7 +42,8 @@ QString withExpected(const QString &sentence, const Grammar &grammar,
                      const std::vector<Index> &expected) {
     if (expected.empty())
         return sentence;
-    return sentence + texts::Expecting.toString().arg(expectedNames(grammar, expected));
+    return live_texts::TwoSentences.toString().arg(
+        sentence, texts::Expecting.toString().arg(expectedNames(grammar, expected)));
 }
 
 Fault faultAt(FaultKind kind, const Node &element, const Node &node, const QString &sentence) {

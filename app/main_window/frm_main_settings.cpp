@@ -87,6 +87,7 @@ void frmMain::leave() {
     editor_->settings.candidatesShown = !candidates_->isHidden();
     editor_->settings.candidatesWidth = twips(candidates_->usualWidth());
     editor_->settings.themeMode = nameOf(controls::theme().mode()).toString();
+    editor_->settings.reread(&settings::Values::language);
     editor_->settings.save(placement(), !isMinimized() && !isMaximized());
     editor_->workingFolder.leave();
     ignoringErrors([this] { companion_.execute(QStringLiteral("REMOVE ") + handle()); });
@@ -146,7 +147,7 @@ void frmMain::mnuViewTheme_Click(controls::ThemeMode mode) {
     // The choice that was made already has lost its check by being made again.
     showThemeMode();
     editor_->settings.themeMode = nameOf(mode).toString();
-    editor_->settings.saveTheme();
+    editor_->settings.saveAtOnce(&settings::Values::themeMode);
 }
 
 void frmMain::showThemeMode() {
@@ -164,6 +165,7 @@ void frmMain::mnuToolOption_Click() {
     present.fontName = settings.fontName;
     present.fontSize = settings.fontSize;
     present.theme = controls::theme().mode();
+    present.language = settings.language;
     tools::OptionsDialog dialog(present, editor_->recentFiles.read().size(), this);
     if (dialog.exec() != QDialog::Accepted)
         return;
@@ -171,6 +173,8 @@ void frmMain::mnuToolOption_Click() {
     settings.editors = chosen.editors;
     settings.saveEditors();
     mnuViewTheme_Click(chosen.theme);
+    settings.language = chosen.language;
+    settings.saveAtOnce(&settings::Values::language);
     takeFont(chosen.fontName, runtime::toInteger(qint64(chosen.fontSize)));
     showExternalEditors();
     // The places behind a shorter list have to be emptied, too, or old entries come back.

@@ -281,6 +281,7 @@
 <message><source>一覧の保存</source><translation>Save List</translation></message>
 <message><source>タブ区切りテキスト(*.tsv)|*.tsv|テキストファイル(*.txt)|*.txt|すべてのファイル(*.*)|*.*</source><translation>Tab-separated text (*.tsv)|*.tsv|Text files (*.txt)|*.txt|All files (*.*)|*.*</translation></message>
 <!-- live_texts.h -->
+<message><source>%1%2</source><translation>%1 %2</translation></message>
 <message><source>要素 '%1' を要素 '%2' のここに置くことはできません。</source><translation>Element '%1' is not allowed at this place in element '%2'.</translation></message>
 <message><source>要素 '%2' の中で、要素 '%1' の前に要素が不足しています。</source><translation>In element '%2', an element is missing before element '%1'.</translation></message>
 <message><source>%1 ほか %2 件</source><translation>%1 and %2 more</translation></message>
@@ -809,6 +810,7 @@
 <message><source>転送が繰り返されています。</source><translation>There are too many redirections.</translation></message>
 <message><source>送信先が、別の場所への転送を求めています。&#10;&#10;%1&#10;&#10;この場所へドキュメントを送信しますか？</source><translation>The server asks to send to another place.&#10;&#10;%1&#10;&#10;Send the document to this place?</translation></message>
 <message><source>ドキュメントを送信しました。送信先が、別の場所への接続を求めています。&#10;&#10;%1&#10;&#10;この場所へ接続しますか？ (ドキュメントは送信しません)</source><translation>The document has been sent. The server asks to connect to another place.&#10;&#10;%1&#10;&#10;Connect to this place? (The document will not be sent.)</translation></message>
+<message><source>readme.txt</source><translation>readme_en.txt</translation></message>
 <message><source>%1&#10;を表示するプログラムが見つかりません。</source><translation>No program was found to show&#10;%1</translation></message>
 <message><source>Copyright (C) 2026 Quillon XML Editor の開発者</source><translation>Copyright (C) 2026 The developers of Quillon XML Editor</translation></message>
 <message><source>ドキュメントの中で実体 %1 が参照されているため、&#10;文書型宣言を削除できません。</source><translation>The document type declaration cannot be deleted&#10;because the document refers to the entity %1.</translation></message>
@@ -855,6 +857,10 @@
 <message><source>自動 (デスクトップに合わせる)</source><translation>automatic (as the desktop)</translation></message>
 <message><source>ライト</source><translation>light</translation></message>
 <message><source>ダーク</source><translation>dark</translation></message>
+<message><source>言語 / Language(&amp;L):</source><translation>&amp;Language:</translation></message>
+<message><source>表示言語</source><translation>Language of the interface</translation></message>
+<message><source>デスクトップに合わせる</source><translation>as the desktop</translation></message>
+<message><source>言語は、次に起動したときから変わります。</source><translation>The language changes when the program is started next.</translation></message>
 <message><source>最近使ったファイル</source><translation>Recent files</translation></message>
 <message><source>%1 件を記憶しています。</source><translation>Files in the list: %1</translation></message>
 <message><source>OK を押すと一覧を消去します。</source><translation>The list will be cleared when you press OK.</translation></message>
@@ -904,7 +910,7 @@
 <message><source>使用できる値: %1</source><translation>Allowed values: %1</translation></message>
 <message><source>固定値 '%1' でなければなりません。</source><translation>It must be the fixed value '%1'.</translation></message>
 <message><source>%1 データ型の値が必要です。</source><translation>A value of datatype %1 is required.</translation></message>
-<message><source>または、</source><translation>Or: </translation></message>
+<message><source>または、</source><translation> Or: </translation></message>
 <message><source>要素 '%1' の値 %2 は、一意性の制約 '%3' に反して重複しています。</source><translation>The value %2 of element '%1' occurs more than once, against the uniqueness constraint '%3'.</translation></message>
 <message><source>要素 '%1' の値 %2 は、キー参照 '%3' が指すキーのいずれとも一致しません。</source><translation>The value %2 of element '%1' matches none of the keys to which the key reference '%3' refers.</translation></message>
 <message><source>要素 '%1' に、キー '%2' に必要な値がありません。</source><translation>Element '%1' lacks a value that the key '%2' requires.</translation></message>

@@ -50,7 +50,9 @@ program="$(readlink -f "$installed/bin/quillon")"
 [ "${program#"$installed"/}" = lib/quillon/quillon ] || fail "the link stays below the prefix"
 [ -x "$program" ] || fail "the program is there"
 [ -x "${program%/*}/QuillonDDE" ] || fail "the companion is beside the program"
-grep -q "Quillon XML Editor" "${program%/*}/readme.txt" || fail "the readme is beside the program"
+for readme in readme.txt readme_en.txt; do
+    grep -q "Quillon XML Editor" "${program%/*}/$readme" || fail "$readme is beside the program"
+done
 
 unreadable="$(find "$installed" -type f ! -perm -o=r)"
 [ -z "$unreadable" ] || fail "everybody may read $unreadable"
