@@ -47,4 +47,13 @@ StopPlace stopPlaceOf(QByteArrayView utf8, const ParseError &error, const Syntax
     return {std::clamp<qsizetype>(error.filepos, 0, utf8.size()), reason, scope.declarations};
 }
 
+StopPlace stopPlaceOf(const SyntaxFault &fault, const SyntaxScope &scope) {
+    using Reason = StopPlace::Reason;
+    const Reason reason =
+        fault.kind == SyntaxFaultKind::DuplicateAttribute ? Reason::DuplicateAttribute
+        : fault.kind == SyntaxFaultKind::UndeclaredEntity ? Reason::UndeclaredEntity
+                                                          : Reason::Any;
+    return {fault.noticedAt, reason, scope.declarations};
+}
+
 } // namespace quillon::xml

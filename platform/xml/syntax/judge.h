@@ -10,7 +10,9 @@ namespace quillon::xml {
 ParseError judged(QByteArrayView utf8, const SyntaxScope &scope,
                   const runtime::Progress &progress = {});
 
-/// Where the parser has stopped in a text that it does not accept.
+/// Where the parser has stopped in a text that it does not accept, by what it has said, or by what
+/// has been found out from that.
 StopPlace stopPlaceOf(QByteArrayView utf8, const ParseError &error, const SyntaxScope &scope);
+StopPlace stopPlaceOf(const SyntaxFault &fault, const SyntaxScope &scope);
 
 } // namespace quillon::xml

@@ -3,6 +3,8 @@
 #include "platform/xml/syntax/judge.h"
 #include "resources/syntax_texts.h"
 
+#include <QList>
+
 #include <algorithm>
 
 namespace quillon::xml {

@@ -11,6 +11,9 @@ namespace {
 
 /// Nobody reads a longer list.
 constexpr std::size_t MostMends = 6;
+/// In a longer text each of them takes seconds to be judged.
+constexpr qsizetype LongText = 10'000'000;
+constexpr std::size_t MostMendsOfLongText = 2;
 
 /// Where a byte of a text with replacements stood before; of what has been put in, where that was.
 qsizetype placeBefore(const std::vector<Replacement> &replacements, qsizetype at) {
@@ -30,30 +33,29 @@ qsizetype placeBefore(const std::vector<Replacement> &replacements, qsizetype at
 
 std::vector<SyntaxMend> syntaxMends(QByteArrayView utf8, const SyntaxFault &fault,
                                     const SyntaxScope &scope, const runtime::Progress &progress) {
-    const ParseError error = judged(utf8, scope, progress);
-    if (error.errorCode == 0)
-        return {};
-    const StopPlace stop = stopPlaceOf(utf8, error, scope);
-    const Cause cause = causeOf(utf8, stop, progress);
+    const Cause cause = causeOf(utf8, stopPlaceOf(fault, scope), progress);
     if (cause.kind != fault.kind || cause.start != fault.start)
         return {};
     // Farther than this the parser has to come.
-    const qsizetype wrong = std::max(stop.at, cause.start + cause.length - 1);
+    const qsizetype wrong = std::max(fault.noticedAt, cause.start + cause.length - 1);
+    const std::size_t most = utf8.size() <= LongText ? MostMends : MostMendsOfLongText;
+    std::vector<SyntaxMend> candidates = mendCandidates(utf8, cause, fault.noticedAt);
     std::vector<SyntaxMend> perfect;
     std::vector<SyntaxMend> helpful;
-    for (SyntaxMend &mend : mendCandidates(utf8, cause, stop.at)) {
-        const QByteArray mended = withReplacements(utf8, mend.replacements);
-        const ParseError left = judged(mended, scope, progress);
-        const bool isPerfect = left.errorCode == 0;
-        if (!isPerfect && placeBefore(mend.replacements, left.filepos) <= wrong)
-            continue;
-        (isPerfect ? perfect : helpful).push_back(std::move(mend));
-        if (perfect.size() == MostMends)
-            break;
+    for (std::size_t at = 0; at < candidates.size() && perfect.size() < most; ++at) {
+        SyntaxMend &mend = candidates[at];
+        const ParseError left =
+            judged(withReplacements(utf8, mend.replacements), scope, [&](double done) {
+                return !progress || progress((double(at) + done) / double(candidates.size()));
+            });
+        if (left.errorCode == 0)
+            perfect.push_back(std::move(mend));
+        else if (placeBefore(mend.replacements, left.filepos) > wrong)
+            helpful.push_back(std::move(mend));
     }
     if (!perfect.empty())
         return perfect;
-    helpful.resize(std::min(helpful.size(), MostMends));
+    helpful.resize(std::min(helpful.size(), most));
     return helpful;
 }
 

@@ -25,8 +25,9 @@ struct SyntaxMend {
 
 /// What may be done about a fault that firstSyntaxFault() has found in the same text and scope, the
 /// most likely first. With each of them the text is well-formed, or, where none brings that about,
-/// the parser gets farther than before. Takes as long as loading the text some ten times, at worst.
-/// Raises Cancelled when `progress` has it stopped.
+/// the parser comes farther than to the end of the fault. Takes as long as loading the text some
+/// ten times, at worst; of a text of more than 10 MB fewer are looked for. Raises Cancelled when
+/// `progress` has it stopped.
 std::vector<SyntaxMend> syntaxMends(QByteArrayView utf8, const SyntaxFault &fault,
                                     const SyntaxScope &scope = {},
                                     const runtime::Progress &progress = {});
