@@ -53,8 +53,8 @@ private:
     void addForSection();
     void addForInstruction();
     void addEscape() { add(texts::EscapeLessThan, {{cause_.piece.start, 1, "&lt;"}}); }
-    /// Moves the end of the root element behind all there is.
-    void addMoveIntoRoot(QStringView title);
+    /// Moves the end tag of the root element to a place behind it.
+    void addMoveIntoRoot(QStringView title, qsizetype to);
 
     qsizetype lineEnd(qsizetype at) const {
         while (at < text_.size() && text_[at] != '\n' && text_[at] != '\r')
@@ -174,13 +174,13 @@ void Candidates::addForUnclosedTag() {
         addEscape();
 }
 
-void Candidates::addMoveIntoRoot(QStringView title) {
+void Candidates::addMoveIntoRoot(QStringView title, qsizetype to) {
     const qsizetype endTag = text_.first(cause_.rootEnd).lastIndexOf('<');
     if (!text_.sliced(endTag).startsWith("</"))
         return;
     const QByteArray tag = text_.sliced(endTag, cause_.rootEnd - endTag).toByteArray();
     add(title.toString().arg(shownInTitle(tagName(text_, endTag))),
-        {{endTag, tag.size(), {}}, {contentEnd(), 0, tag}});
+        {{endTag, tag.size(), {}}, {to, 0, tag}});
 }
 
 void Candidates::addForSecondRoot() {
@@ -188,7 +188,7 @@ void Candidates::addForSecondRoot() {
     const QByteArray newline = !indent.isOnlyBlanks ? "" : text_.contains("\r\n") ? "\r\n" : "\n";
     add(texts::WrapInRoot,
         {{cause_.root, 0, "<root>" + newline}, {contentEnd(), 0, newline + "</root>"}});
-    addMoveIntoRoot(texts::MoveIntoRoot);
+    addMoveIntoRoot(texts::MoveIntoRoot, contentEnd());
     // The end tag of the root element may stand there once too often.
     const qsizetype endTag = text_.first(cause_.rootEnd).lastIndexOf('<');
     if (!text_.sliced(endTag).startsWith("</"))
@@ -202,7 +202,7 @@ void Candidates::addForSecondRoot() {
 void Candidates::addForTextOutside() {
     const qsizetype end = cause_.start + cause_.length;
     if (cause_.rootEnd >= 0)
-        addMoveIntoRoot(texts::MoveTextIntoRoot);
+        addMoveIntoRoot(texts::MoveTextIntoRoot, end);
     add(texts::MakeComment, {{cause_.start, 0, "<!-- "}, {end, 0, " -->"}});
     add(texts::RemoveText.toString().arg(shownInTitle(text_.sliced(cause_.start, cause_.length))),
         {{cause_.start, cause_.length, {}}});

@@ -114,7 +114,10 @@ std::optional<SyntaxFault> firstSyntaxFault(QByteArrayView utf8, const SyntaxSco
         return std::nullopt;
     const StopPlace stop = stopPlaceOf(utf8, error, scope);
     const Cause cause = causeOf(utf8, stop, progress);
-    return SyntaxFault{cause.kind, cause.start, cause.length, stop.at,
+    // Of what is in a value the parser may tell at the start of the tag.
+    const bool isReference = cause.kind == SyntaxFaultKind::UndeclaredEntity;
+    return SyntaxFault{cause.kind, cause.start, cause.length,
+                       isReference ? std::max(stop.at, cause.start) : stop.at,
                        sentenceOf(utf8, cause, error.reason)};
 }
 

@@ -15,20 +15,6 @@ constexpr std::size_t MostMends = 6;
 constexpr qsizetype LongText = 10'000'000;
 constexpr std::size_t MostMendsOfLongText = 2;
 
-/// Where a byte of a text with replacements stood before; of what has been put in, where that was.
-qsizetype placeBefore(const std::vector<Replacement> &replacements, qsizetype at) {
-    qsizetype shift = 0;
-    for (const Replacement &replacement : replacements) {
-        const qsizetype start = replacement.start + shift;
-        if (at < start)
-            break;
-        if (at < start + replacement.text.size())
-            return replacement.start;
-        shift += replacement.text.size() - replacement.length;
-    }
-    return at - shift;
-}
-
 } // namespace
 
 std::vector<SyntaxMend> syntaxMends(QByteArrayView utf8, const SyntaxFault &fault,
@@ -44,13 +30,13 @@ std::vector<SyntaxMend> syntaxMends(QByteArrayView utf8, const SyntaxFault &faul
     std::vector<SyntaxMend> helpful;
     for (std::size_t at = 0; at < candidates.size() && perfect.size() < most; ++at) {
         SyntaxMend &mend = candidates[at];
-        const ParseError left =
-            judged(withReplacements(utf8, mend.replacements), scope, [&](double done) {
+        const std::optional<SyntaxFault> left =
+            firstSyntaxFault(withReplacements(utf8, mend.replacements), scope, [&](double done) {
                 return !progress || progress((double(at) + done) / double(candidates.size()));
             });
-        if (left.errorCode == 0)
+        if (!left)
             perfect.push_back(std::move(mend));
-        else if (placeBefore(mend.replacements, left.filepos) > wrong)
+        else if (placeBefore(mend.replacements, left->noticedAt) > wrong)
             helpful.push_back(std::move(mend));
     }
     if (!perfect.empty())
@@ -69,6 +55,19 @@ QByteArray withReplacements(QByteArrayView text, const std::vector<Replacement> 
     }
     result += text.sliced(done);
     return result;
+}
+
+qsizetype placeBefore(const std::vector<Replacement> &replacements, qsizetype at) {
+    qsizetype shift = 0;
+    for (const Replacement &replacement : replacements) {
+        const qsizetype start = replacement.start + shift;
+        if (at < start)
+            break;
+        if (at < start + replacement.text.size())
+            return replacement.start;
+        shift += replacement.text.size() - replacement.length;
+    }
+    return at - shift;
 }
 
 } // namespace quillon::xml

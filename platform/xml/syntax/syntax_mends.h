@@ -34,5 +34,8 @@ std::vector<SyntaxMend> syntaxMends(QByteArrayView utf8, const SyntaxFault &faul
 
 /// A text with replacements carried out.
 QByteArray withReplacements(QByteArrayView text, const std::vector<Replacement> &replacements);
+/// Where a byte of the text with replacements stood before; of what has been put in, the place
+/// where that was done.
+qsizetype placeBefore(const std::vector<Replacement> &replacements, qsizetype at);
 
 } // namespace quillon::xml

@@ -84,6 +84,7 @@ TEST(SyntaxMends, MakeTheTextWellFormed) {
         {"<a x='&nbsp;'/>",
          {"&nbsp; を &#160; に変更 -> <a x='&#160;'/>",
           "& を &amp; に変更 -> <a x='&amp;nbsp;'/>"}},
+        {"<a x='&b; &c;' y='&d;'/>", {"& を &amp; に変更 -> <a x='&amp;b; &c;' y='&d;'/>"}},
         {"<a>1 < 2</a>", {"< を &lt; に変更 -> <a>1 &lt; 2</a>"}},
         {"<a>if x<y then</a>", {"< を &lt; に変更 -> <a>if x&lt;y then</a>"}},
         {"<a>< b>t</b></a>", {"< の後の空白を削除 -> <a><b>t</b></a>"}},
@@ -96,6 +97,10 @@ TEST(SyntaxMends, MakeTheTextWellFormed) {
           "後の要素をルート要素 <a> の中に入れる -> <a>t\n<b/></a>\n"}},
         {"<a>\n</a>\n<b/>\n</a>", {"終了タグ </a> (2 行目) を削除 -> <a>\n<b/>\n</a>"}},
         {"<a/>t", {"文字をコメントにする -> <a/><!-- t -->", "「t」を削除 -> <a/>"}},
+        {"<a>t</a>\nu\n<!-- c -->",
+         {"文字をルート要素 <a> の中に入れる -> <a>t\nu</a>\n<!-- c -->",
+          "文字をコメントにする -> <a>t</a>\n<!-- u -->\n<!-- c -->",
+          "「u」を削除 -> <a>t</a>\n\n<!-- c -->"}},
         {"\n <?xml version='1.0'?>\n<a/>",
          {"XML 宣言の前の空白を削除 -> <?xml version='1.0'?>\n<a/>"}},
         {"<!-- c -->\n<?xml version='1.0'?>\n<a/>",
@@ -144,23 +149,9 @@ TEST(SyntaxMends, OfDeepTextsAreFoundAllTheSame) {
     EXPECT_EQ(withReplacements(text, mends.front().replacements),
               "<r>" + QByteArray("<d>").repeated(Depth) + QByteArray("</d>").repeated(Depth) +
                   "</r>");
-    const QByteArray wide = "<r>" + QByteArray("<d x='1'>text</d>").repeated(Depth / 10) + "<e></r>";
+    const QByteArray wide =
+        "<r>" + QByteArray("<d x='1'>text</d>").repeated(Depth / 10) + "<e></r>";
     EXPECT_FALSE(mendsOf(wide).empty());
-}
-
-/// Where a byte of a mended text stood in the one before; what has been put in counts for the
-/// place.
-qsizetype placeBefore(const SyntaxMend &mend, qsizetype at) {
-    qsizetype inserted = 0;
-    for (const Replacement &part : mend.replacements) {
-        const qsizetype start = part.start + inserted;
-        if (at < start)
-            break;
-        if (at < start + part.text.size())
-            return part.start;
-        inserted += part.text.size() - part.length;
-    }
-    return at - inserted;
 }
 
 /// One character of well-formed texts removed, put in or changed, at random.
@@ -197,7 +188,7 @@ TEST(SyntaxMends, KeepTheirPromiseWhateverIsDamaged) {
             const std::optional<SyntaxFault> left = firstSyntaxFault(better);
             mended += !left;
             if (left) {
-                ASSERT_GT(placeBefore(mend, left->noticedAt), fault->noticedAt)
+                ASSERT_GT(placeBefore(mend.replacements, left->noticedAt), fault->noticedAt)
                     << text.toStdString() << "\n"
                     << mend.title.toStdString();
             }
