@@ -27,7 +27,7 @@ struct Options {
     int fontSize = 0;
     controls::ThemeMode theme = controls::ThemeMode::Automatic;
     /// The code of a language, or resources::SystemLanguage.
-    QString language;
+    QString language = {};
     /// Out: the list of recent files is to be emptied.
     bool clearRecentFiles = false;
 };

@@ -533,7 +533,7 @@
 <message><source>未取得</source><translation>not downloaded</translation></message>
 <message><source>使用不可</source><translation>unusable</translation></message>
 <message><source>使用していません。上にあるスキーマが優先されます。</source><translation>Not used: the schemas above take precedence.</translation></message>
-<message><source>スキーマなし</source><translation>no schema</translation></message>
+<message><source>スキーマなし</source><translation>No schema</translation></message>
 <message><source>検索中...</source><translation>searching...</translation></message>
 <message><source>%1 を使用できません。%2</source><translation>%1 cannot be used. %2</translation></message>
 <message><source>ファイル '%1' が見つかりません。</source><translation>The file '%1' does not exist.</translation></message>
@@ -654,19 +654,20 @@
 <message><source>置換後の文字列</source><translation>Replace with</translation></message>
 <message><source>検索の方法</source><translation>Search mode</translation></message>
 <message><source>文字列(&amp;T)</source><translation>Plain &amp;text</translation></message>
-<message><source>ワイルドカード(&amp;K)</source><translation>Wildcards (&amp;K)</translation></message>
+<message><source>ワイルドカード(&amp;K)</source><translation>W&amp;ildcards</translation></message>
 <message><source>正規表現(&amp;G)</source><translation>Re&amp;gular expression</translation></message>
 <message><source>入力した文字列をそのまま検索します。</source><translation>Searches for the text as it is typed.</translation></message>
 <message><source>*: 任意の文字列　?: 1 文字　#: 数字　[あいう]: いずれか　[!あいう]: それ以外</source><translation>*: any text   ?: one character   #: digit   [abc]: one of these   [!abc]: any other</translation></message>
 <message><source>置換後の文字列では　$1, $2: グループ　$&amp;: 全体　\n: 改行　\t: タブ</source><translation>In the replacement: $1, $2: group   $&amp;: whole match   \n: line break   \t: tab</translation></message>
 <message><source>大文字と小文字を区別する(&amp;C)</source><translation>Match &amp;case</translation></message>
 <message><source>単語単位で検索する(&amp;W)</source><translation>&amp;Whole words only</translation></message>
-<message><source>全角と半角、ひらがなとカタカナを区別する(&amp;Z)</source><translation>Match character width and kana (&amp;Z)</translation></message>
+<message><source>全角と半角、ひらがなとカタカナを区別する(&amp;Z)</source><translation>Match character width and &amp;kana</translation></message>
 <message><source>検索する場所</source><translation>Search in</translation></message>
 <message><source>要素名(&amp;1)</source><translation>Element names (&amp;1)</translation></message>
 <message><source>属性名(&amp;2)</source><translation>Attribute names (&amp;2)</translation></message>
 <message><source>属性値(&amp;3)</source><translation>Attribute values (&amp;3)</translation></message>
 <message><source>テキスト(&amp;4)</source><translation>Text (&amp;4)</translation></message>
+<message><source>CDATA(&amp;5)</source><translation>CDATA (&amp;5)</translation></message>
 <message><source>コメント(&amp;6)</source><translation>Comments (&amp;6)</translation></message>
 <message><source>処理命令(&amp;7)</source><translation>Processing instructions (&amp;7)</translation></message>
 <message><source>検索する場所を選択してください。</source><translation>Select where to search.</translation></message>
@@ -679,7 +680,7 @@
 <message><source>置換(&amp;R)</source><translation>&amp;Replace</translation></message>
 <message><source>すべて置換(&amp;L)...</source><translation>Rep&amp;lace All...</translation></message>
 <message><source>実行(&amp;E)</source><translation>&amp;Execute</translation></message>
-<message><source>取り消し(&amp;U)</source><translation>Discard (&amp;U)</translation></message>
+<message><source>取り消し(&amp;U)</source><translation>Give &amp;Up</translation></message>
 <message><source>結果</source><translation>Result</translation></message>
 <!-- syntax_texts.h -->
 <message><source>XML で使用できない文字 (%1) があります。</source><translation>There is a character (%1) that is not allowed in XML.</translation></message>
@@ -854,12 +855,12 @@
 <message><source>表示</source><translation>Appearance</translation></message>
 <message><source>テーマ(&amp;T):</source><translation>&amp;Theme:</translation></message>
 <message><source>テーマ</source><translation>Theme</translation></message>
-<message><source>自動 (デスクトップに合わせる)</source><translation>automatic (as the desktop)</translation></message>
-<message><source>ライト</source><translation>light</translation></message>
-<message><source>ダーク</source><translation>dark</translation></message>
+<message><source>自動 (デスクトップに合わせる)</source><translation>Automatic (as the desktop)</translation></message>
+<message><source>ライト</source><translation>Light</translation></message>
+<message><source>ダーク</source><translation>Dark</translation></message>
 <message><source>言語 / Language(&amp;L):</source><translation>&amp;Language:</translation></message>
 <message><source>表示言語</source><translation>Language of the interface</translation></message>
-<message><source>デスクトップに合わせる</source><translation>as the desktop</translation></message>
+<message><source>デスクトップに合わせる</source><translation>As the desktop</translation></message>
 <message><source>言語は、次に起動したときから変わります。</source><translation>The language changes when the program is started next.</translation></message>
 <message><source>最近使ったファイル</source><translation>Recent files</translation></message>
 <message><source>%1 件を記憶しています。</source><translation>Files in the list: %1</translation></message>
