@@ -7,12 +7,21 @@ namespace quillon::document {
 using settings::RecentFileList;
 
 QStringList RecentFiles::read() const {
+    return read(true);
+}
+
+QStringList RecentFiles::gone() const {
+    return read(false);
+}
+
+QStringList RecentFiles::read(bool existing) const {
     QStringList files;
     for (int i = 0; i < RecentFileList.most; ++i) {
         const QString path = RecentFileList.read(store_, i);
         if (path.isEmpty())
             break;
-        if (runtime::isRegularFile(path) && !files.contains(path, Qt::CaseInsensitive))
+        if (runtime::isRegularFile(path) == existing &&
+            !files.contains(path, Qt::CaseInsensitive))
             files.append(path);
     }
     return files;

@@ -17,12 +17,16 @@ public:
     /// At most ten paths. Files that no longer exist drop out; a path stands once, whatever the
     /// case of its letters.
     QStringList read() const;
+    /// The files that were opened and are not there any more, in the same order.
+    QStringList gone() const;
     /// Writes every entry. An eleventh is written, too, and never read back.
     void write(const QStringList &files) const;
     /// Puts a path in front.
     void add(const QString &path) const;
 
 private:
+    QStringList read(bool existing) const;
+
     const system::SettingsStore &store_;
 };
 

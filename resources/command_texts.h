@@ -112,6 +112,8 @@ inline constexpr Text WindowTileH = u"横に並べる(&H)";
 
 inline constexpr Text HelpMenu = u"ヘルプ(&H)";
 inline constexpr Text HelpReadme = u"Readme.txt表示(&R)...";
+inline constexpr Text HelpManual = u"マニュアル(&M)";
+inline constexpr Text HelpFindCommand = u"コマンドの検索(&S)...";
 inline constexpr Text HelpAbout = u"バージョン情報(&A)...";
 
 // Tool-tips of the buttons.

@@ -216,6 +216,7 @@ inline constexpr Text LanguageLabel = u"言語 / Language(&L):";
 inline constexpr Text LanguageName = u"表示言語";
 inline constexpr Text LanguageOfDesktop = u"デスクトップに合わせる";
 inline constexpr Text LanguageHint = u"言語は、次に起動したときから変わります。";
+inline constexpr Text FirstPageOption = u"ドキュメントがないときに、はじめのページを表示(&G)";
 inline constexpr Text RecentFilesGroup = u"最近使ったファイル";
 inline constexpr Text RecentFilesCount = u"%1 件を記憶しています。";
 inline constexpr Text RecentFilesToBeCleared = u"OK を押すと一覧を消去します。";

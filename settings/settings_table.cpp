@@ -24,6 +24,7 @@ constexpr SettingRow Rows[] = {
     {u"Validation", u"Live", &Values::liveValidation, u"-1"},
     {u"Theme", u"Mode", &Values::themeMode, u"Automatic"},
     {u"Application", u"Language", &Values::language, u"ja"},
+    {u"FirstPage", u"Shown", &Values::firstPage, u"-1"},
 };
 
 QString keyOf(const SettingList &list, qsizetype position) {

@@ -47,6 +47,8 @@ struct Values {
     /// The code of the language of the interface, or resources::SystemLanguage. It comes into force
     /// when the program starts.
     QString language;
+    /// The first page is shown while there is no document.
+    bool firstPage = true;
     /// At most as many as EditorNames holds, in order.
     std::vector<ExternalEditor> editors;
 };
@@ -99,6 +101,8 @@ struct SettingLines {
 };
 
 inline constexpr SettingLines PathQueries{u"Application", u"PathQueries", 30};
+/// The names of the commands that were run last from the box that finds them, the latest at the end.
+inline constexpr SettingLines UsedCommands{u"Application", u"UsedCommands", 12};
 /// Which documents schemas are for, and which have been chosen for single documents.
 inline constexpr SettingLines SchemaRules{u"Schemas", u"Rules", 500};
 inline constexpr SettingLines SchemaChoices{u"Schemas", u"Choices", 200};

@@ -5,6 +5,7 @@
 #include "resources/language.h"
 #include "resources/texts.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
@@ -94,7 +95,7 @@ OptionsDialog::OptionsDialog(const Options &present, qsizetype recentFiles, QWid
     QWidget *before = list_;
     for (QWidget *control : std::initializer_list<QWidget *>{
              add_, remove_, up_, down_, name_, program_, browse_, font_, size_, theme_, language_,
-             clear_, buttons->button(QDialogButtonBox::Ok),
+             firstPage_, clear_, buttons->button(QDialogButtonBox::Ok),
              buttons->button(QDialogButtonBox::Cancel)}) {
         setTabOrder(before, control);
         before = control;
@@ -224,6 +225,10 @@ QWidget *OptionsDialog::appearanceGroup(const Options &present) {
     auto *hint = new QLabel(texts::LanguageHint.toString());
     form->addRow(texts::LanguageLabel.toString(), language_);
     form->addRow(QString(), hint);
+    firstPage_ = new QCheckBox(texts::FirstPageOption.toString());
+    firstPage_->setObjectName(QStringLiteral("firstPage"));
+    firstPage_->setChecked(present.firstPage);
+    form->addRow(firstPage_);
     return group;
 }
 
@@ -251,6 +256,7 @@ Options OptionsDialog::options() const {
                    size_->value(),
                    controls::ThemeMode(theme_->currentIndex()),
                    language_->currentData().toString(),
+                   firstPage_->isChecked(),
                    clearRecentFiles_};
     for (ExternalEditor &editor : chosen.editors)
         editor = {editor.name.trimmed(), editor.path.trimmed()};

@@ -8,6 +8,7 @@
 
 #include <vector>
 
+class QCheckBox;
 class QComboBox;
 class QFontComboBox;
 class QLabel;
@@ -28,6 +29,8 @@ struct Options {
     controls::ThemeMode theme = controls::ThemeMode::Automatic;
     /// The code of a language, or resources::SystemLanguage.
     QString language = {};
+    /// The first page is shown while there is no document.
+    bool firstPage = true;
     /// Out: the list of recent files is to be emptied.
     bool clearRecentFiles = false;
 };
@@ -86,6 +89,7 @@ private:
     QSpinBox *size_;
     QComboBox *theme_;
     QComboBox *language_;
+    QCheckBox *firstPage_;
     QLabel *sample_;
     QPushButton *clear_;
 };

@@ -102,6 +102,11 @@ constexpr CommandRow Rows[] = {
      .run = [](frmMain &form) { form.editor().tools.mnuHelpReadme_Click(); }},
     {.entry = {u"mnuHelpAbout", helpMenu, text::HelpAbout},
      .run = [](frmMain &form) { form.editor().tools.mnuHelpAbout_Click(); }},
+    line(u"mnuHelpLine1", helpMenu),
+    {.entry = {u"mnuHelpManual", helpMenu, text::HelpManual, u"F1"},
+     .run = [](frmMain &form) { form.help().showManual(); }},
+    {.entry = {u"mnuHelpFindCommand", helpMenu, text::HelpFindCommand, u"Ctrl+Shift+P"},
+     .run = [](frmMain &form) { form.help().searchCommands(); }},
 };
 
 } // namespace

@@ -15,6 +15,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QSplitter>
+#include <QStackedWidget>
 #include <QStatusBar>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -47,8 +48,9 @@ frmMain::frmMain(Environment environment)
     : actions_(menuEntries()), tbr(new QToolBar(this)), tbrMove(new QToolBar(tbr)),
       picPath(new QWidget(tbr)), cboPath(new controls::PathBox(picPath)),
       vsp(new QSplitter(Qt::Horizontal, this)), hsp(new QSplitter(Qt::Vertical)),
-      txtEdit(new controls::TextBox), textPane_(new controls::TextPane(*txtEdit)),
-      ie(new browser::Browser), sbr(new QLabel), syntaxLabel_(new QLabel),
+      rightSide_(new QStackedWidget), txtEdit(new controls::TextBox),
+      textPane_(new controls::TextPane(*txtEdit)), ie(new browser::Browser), sbr(new QLabel),
+      syntaxLabel_(new QLabel),
       validationButton_(new QPushButton) {
     setAttribute(Qt::WA_DeleteOnClose);
     menus_ = std::make_unique<controls::ActionMenus>(actions_, *menuBar());
@@ -58,6 +60,7 @@ frmMain::frmMain(Environment environment)
     tvw->setImageList(treeImages(controls::IconColours::OfTheme));
     panel_ = new ResultPanel(*editor_, tvw->imageList(), longWork_, this);
     candidates_ = new CandidatePanel(*editor_, tvw->imageList(), this);
+    help_ = std::make_unique<HelpDesk>(*editor_, actions_, *this);
     mendMenu_ = new MendMenu(*editor_, *tvw, *txtEdit, *panel_, this);
     treePrinting_ = std::make_unique<tools::TreePrinting>(editor_->state, editor_->tree, longWork_);
     treePrinting_->look = [this] {
@@ -72,8 +75,10 @@ frmMain::frmMain(Environment environment)
     nameForAccessibility();
     connectButtons();
     connectWindow();
+    connectFirstPage();
     Form_Initialize();
     Form_Load();
+    showFirstPageIfEmpty();
 }
 
 frmMain::~frmMain() {
@@ -88,7 +93,8 @@ void frmMain::layOut() {
     hsp->addWidget(textPane_);
     hsp->addWidget(ie);
     vsp->addWidget(tvw);
-    vsp->addWidget(hsp);
+    rightSide_->addWidget(hsp);
+    vsp->addWidget(rightSide_);
     // The splitters keep their places whatever becomes of the room behind them. The status bar, for
     // one, gets taller after the window is shown.
     for (QSplitter *splitter : {vsp, hsp}) {

@@ -2,6 +2,8 @@
 
 #include "app/editor.h"
 #include "app/main_window/candidate_panel.h"
+#include "app/main_window/first_page.h"
+#include "app/main_window/help_desk.h"
 #include "app/main_window/mend_menu.h"
 #include "app/main_window/replace_dialog.h"
 #include "app/main_window/result_panel.h"
@@ -29,6 +31,7 @@
 
 class QLabel;
 class QPushButton;
+class QStackedWidget;
 class QSplitter;
 class QToolBar;
 
@@ -82,6 +85,9 @@ public:
 
     Editor &editor() { return *editor_; }
     CandidatePanel &candidates() { return *candidates_; }
+    /// Shows the first page while there is nothing else to show, if the user wants it.
+    void showFirstPageIfEmpty();
+    HelpDesk &help() { return *help_; }
     controls::ActionSet &actions() { return actions_; }
 
 protected:
@@ -128,6 +134,13 @@ private:
     void showValidationErrors();
     /// The parts that focusPart() goes through, with what gives each the keyboard.
     std::vector<std::pair<QWidget *, std::function<void()>>> parts();
+    void connectFirstPage();
+    void wantFirstPage(bool wanted);
+    void showRightSide(QWidget *side);
+    bool isEmpty() const;
+    /// Where the splitter of pane and preview stands, or is to stand once it is seen; in pixels.
+    int splitTop() const;
+    void splitRightSide();
     void showFaultyNode(const xml::Node &node);
 
     void showCaption(QString caption);
@@ -149,6 +162,9 @@ private:
     controls::PathBox *cboPath;
     QSplitter *vsp;
     QSplitter *hsp;
+    /// At the right of the tree: either the pane and the preview, or the first page.
+    QStackedWidget *rightSide_;
+    FirstPage *firstPage_ = nullptr;
     controls::TreeView *tvw = nullptr;
     controls::TextBox *txtEdit;
     controls::TextPane *textPane_;
@@ -164,6 +180,7 @@ private:
     controls::ProgressBox longWork_{*this};
     std::unique_ptr<controls::ActionMenus> menus_;
     std::unique_ptr<Editor> editor_;
+    std::unique_ptr<HelpDesk> help_;
     std::unique_ptr<tools::TreePrinting> treePrinting_;
     std::unique_ptr<TreeKeys> treeKeys_;
     /// What was sorted by last.

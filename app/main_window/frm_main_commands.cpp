@@ -184,6 +184,7 @@ std::vector<std::pair<QWidget *, std::function<void()>>> frmMain::parts() {
     return {itself(tvw),
             itself(textPane_),
             itself(ie),
+            {firstPage_, [this] { firstPage_->takeFocus(); }},
             {candidates_, [this] { candidates_->takeFocus(); }},
             {panel_, [this] { panel_->takeFocus(); }},
             itself(cboPath)};

@@ -10,6 +10,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <QSplitter>
+#include <QStackedWidget>
 
 #include <limits>
 
@@ -32,6 +33,10 @@ bool isOnAScreen(const QRect &window) {
         return seen.width() >= Grip.width() && seen.height() >= Grip.height() &&
                window.top() >= screen->availableGeometry().top();
     });
+}
+
+void split(QSplitter &splitter, int first, int whole) {
+    splitter.setSizes({first, std::max(1, whole - first - splitter.handleWidth())});
 }
 
 QString doubledAmpersands(QString text) {
@@ -101,7 +106,7 @@ settings::Placement frmMain::placement() const {
     placed.width = twips(width());
     placed.height = twips(height());
     placed.splitLeft = twips(wasShown_ ? vsp->sizes().value(0) : firstSplitLeft_);
-    placed.splitTop = twips(wasShown_ ? hsp->sizes().value(0) : firstSplitTop_);
+    placed.splitTop = twips(splitTop());
     return placed;
 }
 
@@ -124,10 +129,19 @@ void frmMain::showEvent(QShowEvent *event) {
     if (std::exchange(wasShown_, true))
         return;
     // Only now the splitters have a size to divide.
-    const auto split = [](QSplitter &splitter, int first, int whole) {
-        splitter.setSizes({first, std::max(1, whole - first - splitter.handleWidth())});
-    };
     split(*vsp, firstSplitLeft_, centralWidget()->width());
+    if (rightSide_->currentWidget() == hsp)
+        splitRightSide();
+    else
+        firstPage_->takeFocus();
+}
+
+int frmMain::splitTop() const {
+    const bool isSplit = wasShown_ && rightSide_->currentWidget() == hsp;
+    return isSplit ? hsp->sizes().value(0) : firstSplitTop_;
+}
+
+void frmMain::splitRightSide() {
     split(*hsp, firstSplitTop_, centralWidget()->height());
 }
 
@@ -166,6 +180,7 @@ void frmMain::mnuToolOption_Click() {
     present.fontSize = settings.fontSize;
     present.theme = controls::theme().mode();
     present.language = settings.language;
+    present.firstPage = settings.firstPage;
     tools::OptionsDialog dialog(present, editor_->recentFiles.read().size(), this);
     if (dialog.exec() != QDialog::Accepted)
         return;
@@ -175,6 +190,7 @@ void frmMain::mnuToolOption_Click() {
     mnuViewTheme_Click(chosen.theme);
     settings.language = chosen.language;
     settings.saveAtOnce(&settings::Values::language);
+    wantFirstPage(chosen.firstPage);
     takeFont(chosen.fontName, runtime::toInteger(qint64(chosen.fontSize)));
     showExternalEditors();
     // The places behind a shorter list have to be emptied, too, or old entries come back.

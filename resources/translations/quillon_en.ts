@@ -1233,5 +1233,65 @@
 <message><source>旧形式のスタイルシートのスクリプト (%1) はサポートされていません。</source><translation>Scripts (%1) in old-style stylesheets are not supported.</translation></message>
 <message><source>%1 の属性 expr</source><translation>attribute expr of %1</translation></message>
 <message><source>旧形式のスタイルシートの要素 &lt;%1&gt; に属性 %2 がありません。</source><translation>The element &lt;%1&gt; of the old-style stylesheet lacks the attribute %2.</translation></message>
+<!-- help_texts.h, manual_texts.h -->
+<message><source>はじめのページ</source><translation>First Page</translation></message>
+<message><source>XML ドキュメントを開くか、新しく作成してください。</source><translation>Open an XML document or create a new one.</translation></message>
+<message><source>始める</source><translation>Start</translation></message>
+<message><source>サンプル</source><translation>Samples</translation></message>
+<message><source>開いたファイルがここに表示されます。</source><translation>Files that you open appear here.</translation></message>
+<message><source>%1 (見つかりません)</source><translation>%1 (not found)</translation></message>
+<message><source>ここに XML ファイルをドロップ</source><translation>Drop an XML file here</translation></message>
+<message><source>ドキュメントがないときにこのページを表示する(&amp;W)</source><translation>Sho&amp;w this page when no document is open</translation></message>
+<message><source>%1、%2</source><translation>%1, %2</translation></message>
+<message><source>受注データ (スタイルシート付き)</source><translation>Orders (with a stylesheet)</translation></message>
+<message><source>シフト JIS の辞書</source><translation>A dictionary in Shift JIS</translation></message>
+<message><source>UTF-16 の手紙</source><translation>A letter in UTF-16</translation></message>
+<message><source>実体参照のある通知</source><translation>A notice with entity references</translation></message>
+<message><source>マニュアル - Quillon XML Editor</source><translation>Manual - Quillon XML Editor</translation></message>
+<message><source>目次</source><translation>Contents</translation></message>
+<message><source>マニュアルの本文</source><translation>Page of the manual</translation></message>
+<message><source>マニュアルを検索</source><translation>Search the manual</translation></message>
+<message><source>マニュアルの検索結果</source><translation>Results in the manual</translation></message>
+<message><source>%1 件</source><translation>%1 results</translation></message>
+<message><source>戻る</source><translation>Back</translation></message>
+<message><source>戻る (Alt+←)</source><translation>Back (Alt+←)</translation></message>
+<message><source>進む</source><translation>Forward</translation></message>
+<message><source>進む (Alt+→)</source><translation>Forward (Alt+→)</translation></message>
+<message><source>拡大</source><translation>Zoom in</translation></message>
+<message><source>文字を大きくする (Ctrl++)</source><translation>Larger text (Ctrl++)</translation></message>
+<message><source>縮小</source><translation>Zoom out</translation></message>
+<message><source>文字を小さくする (Ctrl+-)</source><translation>Smaller text (Ctrl+-)</translation></message>
+<message><source>　　</source><translation>    </translation></message>
+<message><source>コマンドの検索</source><translation>Find a Command</translation></message>
+<message><source>コマンド、メニュー、キーの一部を入力</source><translation>Part of a command, menu or key</translation></message>
+<message><source>コマンドの一覧</source><translation>All Commands</translation></message>
+<message><source>%1 個のコマンド</source><translation>%1 commands</translation></message>
+<message><source>「%1」は今は実行できません。</source><translation>"%1" cannot be run now.</translation></message>
+<message><source>今は実行できません</source><translation>cannot be run now</translation></message>
+<message><source>はじめに</source><translation>Getting Started</translation></message>
+<message><source>開く・保存する</source><translation>Opening and Saving</translation></message>
+<message><source>ツリーの編集</source><translation>Editing the Tree</translation></message>
+<message><source>スキーマと検証</source><translation>Schemas and Validation</translation></message>
+<message><source>候補と補完</source><translation>Suggestions</translation></message>
+<message><source>プレビューと印刷</source><translation>Preview and Printing</translation></message>
+<message><source>壊れたファイルの修正</source><translation>Mending Broken Files</translation></message>
+<message><source>文字コード</source><translation>Encodings</translation></message>
+<message><source>保存しなかった変更の復元</source><translation>Recovering Unsaved Changes</translation></message>
+<message><source>設定</source><translation>Settings</translation></message>
+<message><source>他のプログラムからの操作</source><translation>Use by Other Programs</translation></message>
+<message><source>キーの一覧</source><translation>All Keys</translation></message>
+<message><source>コマンド</source><translation>Command</translation></message>
+<message><source>キー</source><translation>Key</translation></message>
+<message><source>メニュー</source><translation>Menu</translation></message>
+<message><source>ウィンドウのどこでも使えるキー</source><translation>Keys of the whole window</translation></message>
+<message><source>ツリーで使うキー</source><translation>Keys of the tree</translation></message>
+<message><source>メニューにないコマンド</source><translation>Commands in no menu</translation></message>
+<message><source>ツリーの右クリック</source><translation>Context menu of the tree</translation></message>
+<message><source>上へ移動</source><translation>Move Up</translation></message>
+<message><source>下へ移動</source><translation>Move Down</translation></message>
+<message><source>パスへ移動</source><translation>Go to Path</translation></message>
+<message><source>マニュアル(&amp;M)</source><translation>&amp;Manual</translation></message>
+<message><source>コマンドの検索(&amp;S)...</source><translation>Find a Comman&amp;d...</translation></message>
+<message><source>ドキュメントがないときに、はじめのページを表示(&amp;G)</source><translation>Show the first pa&amp;ge when no document is open</translation></message>
 </context>
 </TS>

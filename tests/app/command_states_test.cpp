@@ -129,6 +129,8 @@ constexpr States MenuStates[] = {
     {"mnuWindowTileH", Always},
     {"mnuHelpReadme", Always},
     {"mnuHelpAbout", Always},
+    {"mnuHelpManual", Always},
+    {"mnuHelpFindCommand", Always},
 };
 
 /// With text on the clipboard. Unlike its menu entry, "paste" takes the document item, too.
@@ -206,8 +208,8 @@ protected:
     /// The name of every entry that is enabled when its menu has opened.
     std::set<QString> enabledEntries() {
         std::set<QString> enabled;
-        for (const char *name :
-             {"mnuFile", "mnuEdit", "mnuView", "mnuNode", "mnuTool", "mnuWindow", "mnuHelp"}) {
+        for (const char *name : {"mnuFile", "mnuEdit", "mnuView", "mnuViewTheme", "mnuNode",
+                                 "mnuTool", "mnuWindow", "mnuHelp"}) {
             QMenu &menu = *action(QString(name)).menu();
             Q_EMIT menu.aboutToShow();
             for (const QAction *entry : menu.actions()) {

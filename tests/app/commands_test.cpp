@@ -415,6 +415,17 @@ std::vector<Commands::Case> Commands::toolCases() {
          [this] {
              return !dialogs.messages.empty() && dialogs.messages.back().text.contains("Version");
          }},
+        {u"mnuHelpManual", [] {},
+         [] {
+             return std::ranges::any_of(QApplication::topLevelWidgets(), [](const QWidget *one) {
+                 return one->objectName() == u"manual" && one->isVisible();
+             });
+         }},
+        {u"mnuHelpFindCommand", [] {},
+         [this] {
+             const auto *const box = form->findChild<QWidget *>("commandBox");
+             return box && box->isVisible();
+         }},
     };
 }
 

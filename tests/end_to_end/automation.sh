@@ -68,4 +68,11 @@ until_true "the user's window is closed" nothing_shown
 is "the client's window" "$(get "$third" Visible)" "(<false>,)"
 on_window "$third" CloseWindow
 wait "$editor" || fail "the program ends well"
+
+# The client that the manual shows.
+/usr/bin/python3 "$(dirname "$0")/../../resources/manual/open_files.py" "$folder/good.xml"
+until_true "the client's window" titled "good.xml - $title"
+until_true "its window is found" finds
+xdotool windowfocus "$found" key --window "$found" alt+f x || true
+until_true "the program that the bus has started for it ends" not_owned "$bus_name"
 echo "automation works"

@@ -54,5 +54,7 @@ for readme in readme.txt readme_en.txt; do
     grep -q "Quillon XML Editor" "${program%/*}/$readme" || fail "$readme is beside the program"
 done
 
+[ -f "${program%/*}/samples/orders.xml" ] || fail "the documents to try are beside the program"
+
 unreadable="$(find "$installed" -type f ! -perm -o=r)"
 [ -z "$unreadable" ] || fail "everybody may read $unreadable"

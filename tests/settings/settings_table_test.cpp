@@ -21,7 +21,7 @@ const QStringList Contract = {
     "Panel Height number 2700 3000",       "Candidates Shown number 0 -1",
     "Candidates Width number 4500 5000",   "Pane ProposeUnasked number -1 0",
     "Validation Live number -1 0",         "Theme Mode text Automatic Dark",
-    "Application Language text ja en",
+    "Application Language text ja en",     "FirstPage Shown number -1 0",
 };
 
 class SettingTable : public testing::Test {

@@ -180,7 +180,7 @@ TEST_F(OptionsTest, EveryControlIsReachedByKeyAndHasAName) {
         count(label->text());
     for (const QPushButton *button : dialog->findChildren<QPushButton *>())
         count(button->text());
-    EXPECT_EQ(keys.size(), 11);
+    EXPECT_EQ(keys.size(), 13);
 
     QStringList order;
     QWidget *const first = dialog->focusWidget();
@@ -192,8 +192,9 @@ TEST_F(OptionsTest, EveryControlIsReachedByKeyAndHasAName) {
         QTest::keyClick(at, Qt::Key_Tab);
     } while (dialog->focusWidget() != first && order.size() < 30);
     // "down" is disabled here; OK and Cancel have no names of ours.
-    EXPECT_EQ(order, QStringList({"editors", "add", "remove", "up", "name", "program", "browse",
-                                  "font", "size", "clear", "", ""}));
+    EXPECT_EQ(order,
+              QStringList({"editors", "add", "remove", "up", "name", "program", "browse", "font",
+                           "size", "theme", "language", "firstPage", "clear", "", ""}));
 }
 
 } // namespace

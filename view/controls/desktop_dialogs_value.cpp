@@ -33,6 +33,7 @@ public:
     MomentDialog(bool hasDate, bool hasTime, const QString &present)
         : QDialog(QApplication::activeWindow()), calendar_(new QCalendarWidget(this)),
           time_(new QTimeEdit(this)) {
+        setObjectName(QStringLiteral("momentDialog"));
         setWindowTitle((hasDate ? texts::CalendarTitle : texts::ClockTitle).toString());
         calendar_->setAccessibleName(texts::CalendarTitle.toString());
         calendar_->setGridVisible(true);
