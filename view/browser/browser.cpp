@@ -180,7 +180,8 @@ void Browser::showColours() {
     const bool isOfTheme = colours_ == Colours::OfTheme;
     page_->setTheme(isOfTheme ? std::optional(isDark) : std::nullopt);
     // An author's page that paints no background counts on white paper.
-    page_->setBackgroundColor(controls::themeColour(Colour::Paper, isDark && isOfTheme));
+    page_->setBackgroundColor(
+        controls::themeColour(Colour::Paper, isDark && isOfTheme && !printing_));
 }
 
 void Browser::loadingChanged(const QWebEngineLoadingInfo &info) {
@@ -270,6 +271,8 @@ void Browser::printNow() {
     if (!printer_ || printing_ || !view_)
         return;
     printing_ = std::move(printer_);
+    // What is printed lies on paper, whatever lies below the page on the screen.
+    showColours();
     if (printing_->outputFormat() == QPrinter::PdfFormat)
         // With text, where printing would paint a picture of the page.
         page_->printToPdf(
@@ -295,6 +298,7 @@ void Browser::savePdf(const QByteArray &pdf) const {
 
 void Browser::endPrinting() {
     printing_.reset();
+    showColours();
     if (stage_ == Stage::Shown)
         printNow();
 }

@@ -3,6 +3,8 @@
 #include "tests/view/browser/browser_fixture.h"
 #include "view/controls/theme.h"
 
+#include <QFileInfo>
+#include <QProcess>
 #include <QRegularExpression>
 #include <QWebEngineProfile>
 
@@ -240,6 +242,30 @@ TEST_F(BrowserTest, APageIsPrintedWhenItIsThere) {
         return text.contains("%%EOF") ? int(text.count(page)) : 0;
     };
     EXPECT_TRUE(QTest::qWaitFor([&] { return pages() == 3; }, Patience)) << pages();
+}
+
+TEST_F(BrowserTest, PaperIsWhiteInADarkTheme) {
+    controls::theme().setMode(controls::ThemeMode::Dark);
+    QSignalSpy shown(&browser, &browser::Browser::NavigateComplete);
+    browser.Navigate(write("preview.htm", "<!DOCTYPE html><p>text</p>"), {},
+                     ui::Browser::Colours::OfTheme);
+    ASSERT_TRUE(shown.wait(Patience));
+    const QString file = folder.filePath("out.pdf");
+    ScriptedPrinter printer;
+    printer.answer(file);
+    browser.print("doc.xml");
+    const QColor dark = controls::themeColour(controls::Colour::Paper, true);
+    const auto isDone = [&] {
+        return QFileInfo(file).size() > 0 && browser.view()->page()->backgroundColor() == dark;
+    };
+    ASSERT_TRUE(QTest::qWaitFor(isDone, Patience)) << "and the screen is dark again";
+    ASSERT_EQ(
+        QProcess::execute("pdftoppm", {"-r", "20", "-singlefile", file, folder.filePath("page")}),
+        0);
+    const QImage page(folder.filePath("page.ppm"));
+    ASSERT_FALSE(page.isNull());
+    EXPECT_EQ(page.pixelColor(page.width() / 2, page.height() / 2), QColor(Qt::white));
+    controls::theme().setMode(controls::ThemeMode::Automatic);
 }
 
 } // namespace
