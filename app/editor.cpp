@@ -55,13 +55,14 @@ Editor::Editor(Environment given, ui::TextBox &txtEdit, ui::PathBox &cboPath, ui
               selection),
       faults(state), faultNavigation(faults, builder, selection, tree, pane),
       faultExport(faults, clipboard, longWork), tools(state, builder, *environment.shell, longWork),
-      view(state, options, builder, selection, tree),
+      view(state, options, builder, selection, tree), broken(state, pane, longWork),
       loader(state, builder, selection, history, tree, workingFolder, recentFiles,
              environment.clock, longWork),
-      commands(state, loader, builder, history, tree, pane, environment.applicationFolder),
+      commands(state, loader, broken, builder, history, tree, pane, environment.applicationFolder),
       recovery(state, commands, workingFolder, environment.clock) {
     wireStatusBar();
     wireDocumentCommands();
+    wireBrokenFile();
     wireRecovery(recovery);
     wireTree();
     wireDrops();
@@ -124,6 +125,16 @@ void Editor::wireDocumentCommands() {
     };
 }
 
+void Editor::wireBrokenFile() {
+    using document::BrokenFile;
+    const auto leave = &BrokenFile::leave;
+    connect(&textEditing, &tree::TextEditing::brokenTextChanged, &broken, &BrokenFile::textChanged);
+    connect(&broken, &BrokenFile::edited, &commands, &document::DocumentCommands::takeBrokenEdit);
+    connect(&broken, &BrokenFile::mended, &commands, &document::DocumentCommands::takeMended);
+    connect(&loader, &document::DocumentLoader::documentOpened, &broken, leave);
+    connect(&broken, &BrokenFile::statusText, this, &Editor::statusText);
+}
+
 void Editor::wireRecovery(recovery::CrashRecovery &follower) {
     using document::DocumentCommands;
     const auto changed = &recovery::CrashRecovery::documentChanged;
@@ -171,7 +182,12 @@ void Editor::wireDrops() {
             &document::DocumentCommands::openUnasked);
     connect(&dragAndDrop, &DragAndDrop::loadXmlRequested, &loader,
             &document::DocumentLoader::LoadXML);
-    dragAndDrop.mayLeavePane = [this] { return selection.mayLeavePane(); };
+    dragAndDrop.mayLeavePane = [this] {
+        // What is dropped in place of a text that is being mended closes that.
+        if (state.isBroken)
+            commands.mnuFileClose_Click();
+        return !state.isBroken && selection.mayLeavePane();
+    };
     dragAndDrop.hasUnparsedText = [this] { return selection.hasUnparsedText(); };
 }
 

@@ -130,6 +130,7 @@ public:
     tools::ToolCommands tools;
     tools::ViewCommands view;
 
+    document::BrokenFile broken;
     document::DocumentLoader loader;
     document::DocumentCommands commands;
     recovery::CrashRecovery recovery;
@@ -145,6 +146,7 @@ private:
     // The wires, by where they lead to.
     void wireStatusBar();
     void wireDocumentCommands();
+    void wireBrokenFile();
     void wireTree();
     void wireDrops();
     void wirePane();

@@ -1,9 +1,12 @@
 #include "document/document_commands.h"
 
 #include "platform/runtime/error.h"
+#include "platform/runtime/file_access.h"
 #include "platform/runtime/file_names.h"
 #include "platform/ui/dialogs.h"
 #include "platform/ui/message_box.h"
+#include "platform/xml/io/atomic_file.h"
+#include "resources/broken_texts.h"
 #include "resources/messages.h"
 #include "resources/texts.h"
 
@@ -11,6 +14,8 @@
 #include <QFileInfo>
 #include <QScopeGuard>
 #include <QScopedValueRollback>
+
+#include <utility>
 
 namespace quillon::document {
 
@@ -34,11 +39,11 @@ QString caption(const QString &name, QStringView marks) {
 } // namespace
 
 DocumentCommands::DocumentCommands(state::DocumentState &state, DocumentLoader &loader,
-                                   tree::TreeBuilder &builder, edit::UndoHistory &history,
-                                   items::Tree &tree, tree::PaneContent &pane,
-                                   QString applicationFolder)
-    : state_(state), loader_(loader), builder_(builder), history_(history), tree_(tree),
-      pane_(pane), applicationFolder_(std::move(applicationFolder)) {}
+                                   BrokenFile &broken, tree::TreeBuilder &builder,
+                                   edit::UndoHistory &history, items::Tree &tree,
+                                   tree::PaneContent &pane, QString applicationFolder)
+    : state_(state), loader_(loader), broken_(broken), builder_(builder), history_(history),
+      tree_(tree), pane_(pane), applicationFolder_(std::move(applicationFolder)) {}
 
 void DocumentCommands::takeOpened() {
     suggestedPath_.clear();
@@ -110,8 +115,8 @@ void DocumentCommands::mnuFileOpen_Click() {
     ClearStatus();
     state_.m_ReadOnly = (chosen.flags & ui::file_dialog_flag::ReadOnly) != 0;
     // An empty window is not read-only.
-    const auto none = qScopeGuard([this] { state_.m_ReadOnly &= state_.showsDocument(); });
-    if (loader_.OpenFile(chosen.path))
+    const auto none = qScopeGuard([this] { state_.m_ReadOnly &= state_.showsAnything(); });
+    if (loader_.OpenFile(chosen.path) || showBroken(chosen.path))
         UpdateStatus(chosen.path);
 }
 
@@ -123,8 +128,42 @@ void DocumentCommands::mnuFileReload_Click() {
             answer::Yes)
         return;
     const QScopedValueRollback answered(changesGivenUp_, state_.m_Modified);
-    loader_.OpenFile(state_.m_FileName);
+    const QString path = state_.m_FileName;
+    if (!loader_.OpenFile(path))
+        showBroken(path);
+    UpdateStatus(path);
+}
+
+bool DocumentCommands::showBroken(const QString &path) {
+    std::optional<xml::FileText> text = loader_.readBroken(path);
+    if (!text)
+        return false;
+    const FileOnDisk file = loader_.fileOnDisk();
+    const bool readOnly = state_.m_ReadOnly || !runtime::mayWrite(path);
+    ClearStatus();
+    loader_.setFileOnDisk(file);
+    state_.m_ReadOnly = readOnly;
+    state_.isBroken = state_.m_Opened = true;
+    broken_.show(std::move(*text));
+    Q_EMIT brokenShown();
+    return true;
+}
+
+void DocumentCommands::takeBrokenEdit() {
+    changesGivenUp_ = false;
+    if (!std::exchange(state_.m_Modified, true))
+        Q_EMIT captionChanged(captionOf(state_.m_FileName));
+    Q_EMIT documentModified();
+}
+
+void DocumentCommands::takeMended() {
+    // It has been recovered, perhaps, and is to be saved where it was.
+    const QString suggestedPath = suggestedPath_;
+    if (!loader_.openMended(broken_.bytes()))
+        return;
+    suggestedPath_ = suggestedPath;
     UpdateStatus(state_.m_FileName);
+    Q_EMIT statusText(resources::broken_texts::Mended.toString());
 }
 
 void DocumentCommands::mnuFileClose_Click() {
@@ -138,14 +177,13 @@ void DocumentCommands::mnuFileSave_Click() {
 }
 
 bool DocumentCommands::save() {
-    if (state_.m_DOM.isNull())
+    if (state_.m_DOM.isNull() && !state_.isBroken)
         return true;
-    requireSomethingToSave();
-    if (!mayLeavePane())
+    if (!maySave())
         return false;
     const bool hasFile = state_.m_Opened && QFileInfo(state_.m_FileName).isAbsolute();
     if (state_.m_ReadOnly || !hasFile)
-        mnuFileSaveAs_Click();
+        saveUnderNewName();
     else if (mayOverwrite())
         SaveFile(state_.m_FileName);
     else
@@ -153,12 +191,27 @@ bool DocumentCommands::save() {
     return true;
 }
 
+bool DocumentCommands::maySave() {
+    // What has been typed last may be what was missing.
+    if (state_.isBroken && !broken_.isJudged())
+        takeMended();
+    if (!state_.isBroken) {
+        requireSomethingToSave();
+        return mayLeavePane();
+    }
+    const std::optional<TextFault> &fault = broken_.fault();
+    return ui::showMessage(resources::broken_texts::ConfirmSave.toString()
+                               .arg(fault ? fault->at.sentence : QString())
+                               .trimmed(),
+                           AskLoss) == answer::Yes;
+}
+
 void DocumentCommands::mnuFileSaveAs_Click() {
-    if (state_.m_DOM.isNull())
-        return;
-    requireSomethingToSave();
-    if (!mayLeavePane())
-        return;
+    if ((state_.m_DOM || state_.isBroken) && maySave())
+        saveUnderNewName();
+}
+
+void DocumentCommands::saveUnderNewName() {
     const ui::FileDialogResult chosen = ui::dialogs().showSave(
         {dialogTitle_, texts::SaveFilter.toString(), ui::file_dialog_flag::OverwritePrompt,
          runtime::shownPath(initialPath())});
@@ -171,7 +224,7 @@ void DocumentCommands::mnuFileMRUFiles_Click(const QString &path) {
     if (!ConfirmSave())
         return;
     ClearStatus();
-    if (loader_.OpenFile(path))
+    if (loader_.OpenFile(path) || showBroken(path))
         UpdateStatus(path);
 }
 
@@ -180,7 +233,13 @@ bool DocumentCommands::openRecovered(const QString &path, const QString &name,
     const QScopedValueRollback answered(changesGivenUp_);
     if (!ConfirmSave())
         return false;
-    loader_.openRecovered(path);
+    try {
+        loader_.openRecovered(path);
+    } catch (const runtime::Error &) {
+        if (!showBroken(path))
+            throw;
+        loader_.setFileOnDisk({});
+    }
     state_.m_ReadOnly = state_.m_Opened = false;
     state_.m_Modified = true;
     suggestedPath_ = QFileInfo(original).isAbsolute() ? original : QString();
@@ -192,7 +251,8 @@ void DocumentCommands::openUnasked(const QString &path) {
     // What is being typed into a caption is one of the changes.
     tree_.endLabelEdit();
     const QString shown = initialPath();
-    if (!loader_.OpenFile(path) && state_.showsDocument()) {
+    const bool isOpened = loader_.OpenFile(path) || (!state_.showsDocument() && showBroken(path));
+    if (!isOpened && state_.showsAnything()) {
         suggestedPath_ = shown;
         state_.m_Opened = false;
     }
@@ -228,10 +288,15 @@ void DocumentCommands::checkFileOnDisk() {
 void DocumentCommands::SaveFile(const QString &path) {
     // Saving replaces the file, so a read-only one needs no deleting first: a save that fails
     // leaves it as it was.
-    state_.m_DOM.save(path, {.readOnly = xml::ReadOnlyFile::Replace,
-                             .beforeOverwriting = [&](std::string_view bytes) {
-                                 beforeOverwriting(path, bytes);
-                             }});
+    const xml::SaveOptions options{
+        .readOnly = xml::ReadOnlyFile::Replace,
+        .beforeOverwriting = [&](std::string_view bytes) { beforeOverwriting(path, bytes); }};
+    if (state_.isBroken) {
+        xml::writeFileAtomically(path, broken_.bytes(), options);
+        pane_.textBox().setLocked(false);
+    } else {
+        state_.m_DOM.save(path, options);
+    }
     loader_.setFileOnDisk(FileOnDisk::of(path));
     suggestedPath_.clear();
     savedState_ = history_.current();
@@ -242,12 +307,21 @@ void DocumentCommands::SaveFile(const QString &path) {
 }
 
 void DocumentCommands::UpdateStatus(const QString &path) {
-    QString name = runtime::shownPath(runtime::fileName(path));
     state_.m_FileName = path;
+    Q_EMIT captionChanged(captionOf(path));
+    if (!state_.isBroken)
+        Q_EMIT previewRequested(state_.m_DOM.node());
+}
+
+QString DocumentCommands::captionOf(const QString &path) const {
+    QString marks;
     if (state_.m_Modified)
-        name += QStringLiteral(" *");
-    Q_EMIT captionChanged(caption(name, state_.m_ReadOnly ? texts::ReadOnlyMark : QStringView()));
-    Q_EMIT previewRequested(state_.m_DOM.node());
+        marks += QStringLiteral(" *");
+    if (state_.isBroken)
+        marks += resources::broken_texts::Mark;
+    if (state_.m_ReadOnly)
+        marks += texts::ReadOnlyMark;
+    return caption(runtime::shownPath(runtime::fileName(path)), marks);
 }
 
 void DocumentCommands::DocumentModified() {
@@ -296,6 +370,8 @@ void DocumentCommands::mnuEditUndoAll_Click() {
 
 void DocumentCommands::ClearStatus() {
     leaveDocument();
+    broken_.leave();
+    state_.isBroken = false;
     suggestedPath_.clear();
     savedState_.reset();
     state_.m_DOM = state_.failedLoad = {};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/broken_file.h"
 #include "document/document_loader.h"
 
 #include <QObject>
@@ -14,7 +15,7 @@ class DocumentCommands : public QObject {
     Q_OBJECT
 
 public:
-    DocumentCommands(state::DocumentState &state, DocumentLoader &loader,
+    DocumentCommands(state::DocumentState &state, DocumentLoader &loader, BrokenFile &broken,
                      tree::TreeBuilder &builder, edit::UndoHistory &history, items::Tree &tree,
                      tree::PaneContent &pane, QString applicationFolder);
 
@@ -27,17 +28,18 @@ public:
     /// Opens a file of the list of recent ones.
     void mnuFileMRUFiles_Click(const QString &path);
     /// Opens a file that was kept for a document whose program died, as a modified document that
-    /// has no file of its own, under a name; saving it suggests the path of the original. False
-    /// when the user cancelled saving the document before. Raises when the file cannot be opened;
-    /// everything is then as it was.
+    /// has no file of its own, under a name; saving it suggests the path of the original. Text that
+    /// was being mended is mended on. False when the user cancelled saving the document before.
+    /// Raises when the file cannot be opened; everything is then as it was.
     bool openRecovered(const QString &path, const QString &name, const QString &original);
     /// Goes back to the file as it was opened. Cannot be undone.
     void mnuEditUndoAll_Click();
     bool canUndoAll() const;
 
     /// Opens a file in whatever is shown, for those who do not ask about unsaved changes, and has
-    /// the caption name it whether or not it could be opened. A document that is still shown then
-    /// has no file of its own any more: saving asks for a name, and suggests the one it had.
+    /// the caption name it whether or not it could be opened. In a window without a document, a
+    /// text that is not well-formed is shown to be mended. A document that is still shown then has
+    /// no file of its own any more: saving asks for a name, and suggests the one it had.
     /// Raises what DocumentLoader::OpenFile raises.
     void openUnasked(const QString &path);
 
@@ -61,14 +63,21 @@ public:
     /// To be called when a document has been opened: nothing of it is saved yet, and its place is
     /// its file.
     void takeOpened();
-    /// Writes the document, over a read-only file, too. Raises with the reason when that fails;
-    /// document, flags and caption are then as before, and so is the file.
+    /// Writes the document, or the text that is being mended, over a read-only file, too. Raises
+    /// with the reason when that fails; document, flags and caption are then as before, and so is
+    /// the file.
     void SaveFile(const QString &path);
     /// Records the path of the document and shows it in the caption.
     void UpdateStatus(const QString &path);
     /// To be called after every change: marks the document modified and records the state for
     /// undoing.
     void DocumentModified();
+    /// To be called when a text that is being mended has been edited: marks it modified.
+    void takeBrokenEdit();
+    /// To be called when such a text has become well-formed: it is the document from then on.
+    void takeMended();
+    /// The bytes of a text that is being mended, for a copy of unsaved changes.
+    std::string brokenTextToKeep() const { return broken_.bytesToKeep(); }
     /// Resets everything to the state without a document, which leaves the present one.
     void ClearStatus();
     /// Where the document is suggested to be saved: its own path, or that of the original of one
@@ -87,6 +96,8 @@ Q_SIGNALS:
     /// The commands on documents apply (a new document), or there is none to apply them to.
     void documentCreated();
     void cleared();
+    /// The text of a file that is not well-formed is shown, to be mended.
+    void brokenShown();
     /// The document is about to go with changes that nobody has given up.
     void unsavedLeaving();
     /// The document has been changed, not for the first time perhaps.
@@ -97,6 +108,15 @@ private:
     /// The Save command. False when the user would not have a file replaced that others have
     /// changed.
     bool save();
+    /// Asks what is to be asked ahead of saving what is shown: false when it is not to be saved.
+    /// Raises Fail when there is nothing.
+    bool maySave();
+    void saveUnderNewName();
+    /// Shows the text of a file that could not be loaded, to be mended, in place of what is shown;
+    /// false, with everything as it was, for what is no text. Raises when it cannot be read.
+    bool showBroken(const QString &path);
+    /// What the caption says of what is shown, under a path.
+    QString captionOf(const QString &path) const;
     bool isChangedOnDisk() const;
     bool mayOverwrite() const;
     /// Raises Fail when the document is what a failed load has left.
@@ -104,6 +124,7 @@ private:
 
     state::DocumentState &state_;
     DocumentLoader &loader_;
+    BrokenFile &broken_;
     tree::TreeBuilder &builder_;
     edit::UndoHistory &history_;
     items::Tree &tree_;

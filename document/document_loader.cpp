@@ -7,6 +7,7 @@
 #include "platform/runtime/strings.h"
 #include "platform/ui/error_boundary.h"
 #include "platform/ui/message_box.h"
+#include "platform/xml/io/file_bytes.h"
 #include "resources/messages.h"
 #include "resources/texts.h"
 #include "resources/xml_texts.h"
@@ -88,7 +89,7 @@ bool DocumentLoader::OpenFile(const QString &fileName) {
                   [&](const runtime::Progress &progress) { document.load(fileName, progress); });
     // What is shown stays the document, and can be saved, until another one can be shown. Where
     // nothing is, a load that fails leaves an empty document.
-    if (!state_.showsDocument())
+    if (!state_.showsAnything())
         state_.m_DOM = state_.failedLoad = document;
     const bool readOnly = state_.m_ReadOnly || isReadOnlyFile(fileName);
     // A file that does not parse is copied, too.
@@ -101,6 +102,7 @@ bool DocumentLoader::OpenFile(const QString &fileName) {
     Q_EMIT replacing();
     state_.m_DOM = document;
     state_.failedLoad = {};
+    state_.isBroken = false;
     state_.m_ReadOnly = readOnly;
     state_.m_BackupPath = backup;
     builder_.BuildTree(state_.m_DOM, true);
@@ -112,12 +114,16 @@ bool DocumentLoader::OpenFile(const QString &fileName) {
     Q_EMIT documentOpened();
     history_.ResetUndoHistory();
     recentFiles_.add(fileName);
-    // The document as such is open, whatever is wrong with its stylesheet.
-    if (faulty)
-        ui::showMessage(resources::texts::UnreadableStylesheetLink.toString().arg(
-                            QString::fromUtf8(faulty.xml()).left(ShownCharacters)),
-                        ui::message_style::Exclamation);
+    tellOfFaulty(faulty);
     return true;
+}
+
+void DocumentLoader::tellOfFaulty(const xml::Node &stylesheetLink) {
+    // The document as such is open, whatever is wrong with its stylesheet.
+    if (stylesheetLink)
+        ui::showMessage(resources::texts::UnreadableStylesheetLink.toString().arg(
+                            QString::fromUtf8(stylesheetLink.xml()).left(ShownCharacters)),
+                        ui::message_style::Exclamation);
 }
 
 QString DocumentLoader::backUp(const QString &fileName, bool replacesDocument) {
@@ -180,6 +186,7 @@ void DocumentLoader::openRecovered(const QString &path) {
             resources::texts::CannotRecover.toString().arg(path, document.parseError().reason));
     Q_EMIT replacing();
     state_.m_DOM = document;
+    state_.isBroken = false;
     state_.m_BackupPath.clear();
     fileOnDisk_ = {};
     builder_.BuildTree(state_.m_DOM, true);
@@ -188,9 +195,43 @@ void DocumentLoader::openRecovered(const QString &path) {
     history_.ResetUndoHistory();
 }
 
+std::optional<xml::FileText> DocumentLoader::readBroken(const QString &path) {
+    const FileOnDisk file = FileOnDisk::of(path);
+    std::optional<xml::FileText> text;
+    longWork_.run(
+        resources::texts::Loading.toString(), ui::LongWork::Stop::NotOffered,
+        [&](const runtime::Progress &) { text = xml::FileText::of(xml::readFile(path)); });
+    if (text)
+        fileOnDisk_ = file;
+    return text;
+}
+
+bool DocumentLoader::openMended(std::string bytes) {
+    xml::DOMDocument40 document = xml::DOMDocument40::create();
+    longWork_.run(
+        resources::texts::Loading.toString(), ui::LongWork::Stop::NotOffered,
+        [&](const runtime::Progress &progress) { document.loadBytes(std::move(bytes), progress); });
+    if (!document.documentElement())
+        return false;
+    state_.m_DOM = document;
+    state_.isBroken = false;
+    builder_.BuildTree(state_.m_DOM, true);
+    expandTopLevel();
+    selection_.takePaneAs(tree_.nodes().Item(1));
+    const bool hasFile = QFileInfo(state_.m_FileName).isAbsolute();
+    const xml::Node faulty = hasFile ? copyStylesheets(state_.m_FileName) : xml::Node();
+    Q_EMIT documentOpened();
+    history_.ResetUndoHistory();
+    if (hasFile)
+        recentFiles_.add(state_.m_FileName);
+    tellOfFaulty(faulty);
+    return true;
+}
+
 void DocumentLoader::showFromTop() {
     ui::ignoringErrors([this] {
         expandTopLevel();
+        tree_.setFocus();
         selection_.ShowNode(tree_.nodes().Item(1), true);
     });
 }
@@ -200,7 +241,6 @@ void DocumentLoader::expandTopLevel() {
     document.setExpanded(true);
     for (TreeItem child = document.Child(); child; child = child.Next())
         child.setExpanded(true);
-    tree_.setFocus();
 }
 
 void DocumentLoader::LoadXML(const QString &xmlText) {

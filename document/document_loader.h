@@ -6,11 +6,15 @@
 #include "platform/runtime/paths.h"
 #include "platform/system/working_folder.h"
 #include "platform/ui/long_work.h"
+#include "platform/xml/io/file_text.h"
 #include "state/document_state.h"
 #include "tree/selection.h"
 #include "tree/tree_builder.h"
 
 #include <QObject>
+
+#include <optional>
+#include <string>
 
 namespace quillon::document {
 
@@ -35,6 +39,13 @@ public:
     /// of the user's: not copied, not remembered. Raises Fail with the reason when it cannot be
     /// read or parsed; the document is then the one before.
     void openRecovered(const QString &path);
+
+    /// Reads the text of a file that cannot be loaded, to be mended; it is then fileOnDisk().
+    /// Nothing for what is no text. Raises Fail when the file cannot be read.
+    std::optional<xml::FileText> readBroken(const QString &path);
+    /// Shows as the document what the text in the pane has become, given as the bytes of the file;
+    /// the pane keeps its text. False when they cannot be loaded; nothing has changed then.
+    bool openMended(std::string bytes);
 
     /// Loads a text. One that does not parse is shown, without a message, as an empty document:
     /// what is dropped on a window is often no XML.
@@ -64,6 +75,8 @@ private:
     void copyStylesheet(const QString &documentFolder, const QString &data);
     void showFromTop();
     void expandTopLevel();
+    /// Shows what could not be understood of a stylesheet instruction; nothing for Nothing.
+    void tellOfFaulty(const xml::Node &stylesheetLink);
 
     state::DocumentState &state_;
     tree::TreeBuilder &builder_;

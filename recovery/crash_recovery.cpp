@@ -101,7 +101,7 @@ bool CrashRecovery::isUnsaved() const {
 }
 
 bool CrashRecovery::hasSomethingToKeep() const {
-    return isUnsaved() && (state_.m_DOM.documentElement() || pane.exists());
+    return isUnsaved() && (state_.m_DOM.documentElement() || state_.isBroken || pane.exists());
 }
 
 void CrashRecovery::documentChanged() {
@@ -185,9 +185,13 @@ void CrashRecovery::writeFiles() const {
         writeFile(paneFile, pane.content());
     else
         QFile::remove(paneFile);
+    QByteArray content;
+    if (state_.isBroken)
+        content = QByteArray::fromStdString(commands_.brokenTextToKeep());
+    else if (state_.m_DOM.documentElement())
+        content = contentOf(state_.m_DOM);
     // All that a document without a root element holds stands in the pane as well.
-    writeFiles(path.isEmpty() ? state_.m_FileName : path,
-               state_.m_DOM.documentElement() ? contentOf(state_.m_DOM) : QByteArray());
+    writeFiles(path.isEmpty() ? state_.m_FileName : path, content);
 }
 
 void CrashRecovery::writeFiles(const QString &name, const QByteArray &content) const {

@@ -16,6 +16,9 @@ struct DocumentState {
     /// The document that a load which failed has left in an empty window. Nothing of it is shown,
     /// and it must not be written over anybody's file.
     xml::DOMDocument40 failedLoad;
+    /// What is shown is the text of a file that is no document, in the edit pane alone, where it is
+    /// mended. There is no document then; the members below are about the text.
+    bool isBroken = false;
     /// The document has changes that are not saved.
     bool m_Modified = false;
     /// The document was loaded from a file or has been saved to one. A new document was not, and
@@ -33,6 +36,9 @@ struct DocumentState {
 
     /// Whether there is a document that the window shows.
     bool showsDocument() const { return m_DOM && !(m_DOM == failedLoad); }
+
+    /// Whether there is anything that the window shows.
+    bool showsAnything() const { return showsDocument() || isBroken; }
 
     /// The folder of the document's file; empty when it has none.
     QString folder() const {

@@ -257,7 +257,7 @@ Qt::DropAction DragAndDrop::takeDropped(const DragPoint &point, const QMimeData 
     if (state_.m_ReadOnly || isOwnPlace(target))
         return Qt::IgnoreAction;
     if (!state_.showsDocument())
-        return openDropped(data);
+        return mayLeavePane() ? openDropped(data) : Qt::IgnoreAction;
     if (!mayLeavePane() || !insertDropped(target, data))
         return Qt::IgnoreAction;
     // Moved, a file would be removed from where it is.

@@ -82,15 +82,34 @@ void Selection::refillPane(const TreeItem &item) {
         fillPane(item, node);
 }
 
+void Selection::takePaneAs(const TreeItem &item) {
+    const Node node = GetDOMNode(item);
+    bool isThere = false;
+    node.readXml([&](QByteArrayView utf8) { isThere = pane_.textBox().utf8() == utf8; });
+    tree_.setSelectedItem(item);
+    if (isThere) {
+        pane_.shownSequence = item.sequence();
+        pane_.isUnparsed = false;
+        showPlaceOfMarkup(item);
+    } else {
+        fillPane(item, node);
+    }
+    Q_EMIT nodeShown();
+}
+
+void Selection::showPlaceOfMarkup(const TreeItem &item) {
+    cboPath_.setText(item.FullPath().mid(DocumentPrefixLength) + QLatin1Char('/'));
+    pane_.textBox().setLocked(state_.m_ReadOnly || options_.viewLock);
+}
+
 void Selection::fillPane(const TreeItem &item, const Node &node) {
     pane_.shownSequence = item.sequence();
     ui::TextBox &txtEdit = pane_.textBox();
     switch (node.nodeType()) {
     case NodeType::Element:
     case NodeType::Document:
-        cboPath_.setText(item.FullPath().mid(DocumentPrefixLength) + QLatin1Char('/'));
         node.readXml([this](QByteArrayView utf8) { pane_.fillMarkup(utf8); });
-        txtEdit.setLocked(state_.m_ReadOnly || options_.viewLock);
+        showPlaceOfMarkup(item);
         break;
     case NodeType::Attribute:
     case NodeType::Text:

@@ -28,6 +28,10 @@ public:
     /// Shows an item's path and content anew, without touching buttons, selection or status bar.
     void refillPane(const items::TreeItem &item);
 
+    /// Selects an item of which the pane has the content already, which the user has typed there:
+    /// caret, marks and focus stay. Where the pane shows something else, it is filled.
+    void takePaneAs(const items::TreeItem &item);
+
     /// Empties the path box: there is no document any more.
     void showNothing();
     /// Whether the pane holds text for the item it shows that does not parse, so that the document
@@ -55,6 +59,8 @@ Q_SIGNALS:
 private:
     /// The item that the pane shows; Nothing when it is gone.
     items::TreeItem shownItem() const;
+    /// What the window shows of an item beside its markup: the path, and whether it is locked.
+    void showPlaceOfMarkup(const items::TreeItem &item);
     void fillPane(const items::TreeItem &item, const xml::Node &node);
 
     const state::DocumentState &state_;

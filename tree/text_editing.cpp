@@ -60,6 +60,8 @@ TextEditing::TextEditing(state::DocumentState &state, const state::ViewOptions &
       selection_(selection), tree_(tree), pane_(pane) {}
 
 void TextEditing::txtEdit_Change() {
+    if (state_.isBroken && !pane_.m_bFilling)
+        Q_EMIT brokenTextChanged();
     const TreeItem item = tree_.SelectedItem();
     if (pane_.m_bFilling || !item)
         return;

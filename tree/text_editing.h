@@ -27,6 +27,8 @@ public:
     void restoreUnparsedText(const QByteArray &kept);
 
 Q_SIGNALS:
+    /// The pane holds another text of a file that is being mended.
+    void brokenTextChanged();
     /// The pane holds such a text, or another one than before.
     void unparsedTextChanged();
     void statusText(const QString &text);

@@ -43,6 +43,8 @@ constexpr CommandRow array(QStringView name, QStringView menu, resources::Text c
 // When a command applies.
 
 bool hasDocument(const Editor &editor);
+/// A document, or a text that is being mended.
+bool hasContent(const Editor &editor);
 bool isWritable(const Editor &editor);
 bool hasSelection(const Editor &editor);
 

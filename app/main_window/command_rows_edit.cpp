@@ -9,12 +9,24 @@ using edit::EditMenuStates;
 
 constexpr QStringView editMenu = u"mnuEdit";
 
+// A text that is being mended has no history but that of the pane.
+
 bool canUndo(const Editor &editor) {
-    return editor.history.CanUndo();
+    return editor.state.isBroken ? editor.pane.textBox().canUndo() : editor.history.CanUndo();
 }
 
 bool canRedo(const Editor &editor) {
-    return editor.history.CanRedo();
+    return editor.state.isBroken ? editor.pane.textBox().canRedo() : editor.history.CanRedo();
+}
+
+void undo(frmMain &form) {
+    Editor &editor = form.editor();
+    editor.state.isBroken ? editor.pane.textBox().undo() : editor.history.UndoCommand();
+}
+
+void redo(frmMain &form) {
+    Editor &editor = form.editor();
+    editor.state.isBroken ? editor.pane.textBox().redo() : editor.history.RedoCommand();
 }
 
 bool canUndoAll(const Editor &editor) {
@@ -42,7 +54,7 @@ constexpr CommandRow Rows[] = {
      .enabled = canUndo,
      .buttonNews = news::Recorded | news::History,
      .paneText = PaneText::IsTheStep,
-     .run = [](frmMain &form) { form.editor().history.UndoCommand(); }},
+     .run = undo},
     // A change leaves its button as it is although nothing can be redone then: buttons do not
     // flicker while one types, and pressing it finds out.
     {.entry = {u"mnuEditRedo", editMenu, text::EditRedo, u"Ctrl+Y"},
@@ -50,7 +62,7 @@ constexpr CommandRow Rows[] = {
      .enabled = canRedo,
      .buttonNews = news::History,
      .paneText = PaneText::IsAskedAbout,
-     .run = [](frmMain &form) { form.editor().history.RedoCommand(); }},
+     .run = redo},
     {.entry = {u"mnuEditUndoAll", editMenu, text::EditUndoAll},
      .enabled = canUndoAll,
      .run = [](frmMain &form) { form.editor().commands.mnuEditUndoAll_Click(); }},

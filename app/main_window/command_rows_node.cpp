@@ -15,7 +15,7 @@ constexpr QStringView popupMenu = u"mnuNodeContext";
 constexpr QStringView treeMenu = u"treeMenu";
 
 bool hasFaults(const Editor &editor) {
-    return !editor.faults.isEmpty();
+    return !editor.faults.isEmpty() || editor.broken.fault();
 }
 
 bool canAddAttributeToParent(const Editor &editor) {

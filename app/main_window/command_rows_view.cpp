@@ -14,7 +14,13 @@ bool canExpand(const Editor &editor) {
 }
 
 bool hasHits(const Editor &editor) {
-    return !editor.hits.isEmpty() || !editor.faults.isEmpty();
+    return !editor.hits.isEmpty() || !editor.faults.isEmpty() || editor.broken.fault();
+}
+
+/// Of a text that is being mended one fault is known.
+template <void (frmMain::*Show)()>
+void showHit(frmMain &form) {
+    form.editor().state.isBroken ? form.editor().broken.goToFault() : (form.*Show)();
 }
 
 void chooseFont(frmMain &form) {
@@ -56,10 +62,10 @@ constexpr CommandRow Rows[] = {
      .run = [](frmMain &form) { form.mnuViewPanel_Click(isChecked(form, u"mnuViewPanel")); }},
     {.entry = {u"mnuViewNextHit", viewMenu, text::ViewNextHit, u"F4"},
      .enabled = hasHits,
-     .run = [](frmMain &form) { form.mnuViewNextHit_Click(); }},
+     .run = showHit<&frmMain::mnuViewNextHit_Click>},
     {.entry = {u"mnuViewPreviousHit", viewMenu, text::ViewPreviousHit, u"Shift+F4"},
      .enabled = hasHits,
-     .run = [](frmMain &form) { form.mnuViewPreviousHit_Click(); }},
+     .run = showHit<&frmMain::mnuViewPreviousHit_Click>},
     line(u"mnuViewLine4", viewMenu),
     {.entry = {u"mnuViewNextPart", viewMenu, text::ViewNextPart, u"F6"},
      .run = [](frmMain &form) { form.focusPart(+1); }},

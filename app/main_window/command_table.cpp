@@ -12,6 +12,10 @@ bool hasDocument(const Editor &editor) {
     return bool(editor.state.m_DOM);
 }
 
+bool hasContent(const Editor &editor) {
+    return hasDocument(editor) || editor.state.isBroken;
+}
+
 bool isWritable(const Editor &editor) {
     return !editor.state.m_ReadOnly;
 }

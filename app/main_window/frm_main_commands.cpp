@@ -59,6 +59,9 @@ void frmMain::connectButtons() {
     setAfter(&editor_->loader, &document::DocumentLoader::documentOpened, button_news::Document);
     setAfter(&editor_->commands, &document::DocumentCommands::documentCreated,
              button_news::Document);
+    setAfter(&editor_->commands, &document::DocumentCommands::brokenShown, button_news::All);
+    setAfter(&editor_->broken, &document::BrokenFile::edited,
+             button_news::Recorded | button_news::History);
     setAfter(&editor_->selection, &tree::Selection::nodeShown, button_news::Selection);
     setAfter(&editor_->history, &UndoHistory::selectionRestored, button_news::Selection);
     setAfter(&editor_->history, &UndoHistory::recorded, button_news::Recorded);

@@ -46,6 +46,10 @@ MendMenu::MendMenu(Editor &editor, controls::TreeView &tree, controls::TextBox &
 }
 
 void MendMenu::open() {
+    if (editor_.state.isBroken) {
+        editor_.broken.goToFault();
+        return openForSyntax(pane_.caretPoint());
+    }
     if (panel_.hasFocusInFaults())
         return panel_.askForMendsOfCurrentRow();
     const QRect row = tree_.visualRect(tree_.currentIndex());
@@ -87,6 +91,12 @@ void MendMenu::openForMarks(const std::vector<ui::TextMark> &marks, const QPoint
 
 void MendMenu::openForSyntax(const QPoint &point) {
     Entries entries;
+    if (editor_.state.isBroken) {
+        guarded([&] { entries.textMends = editor_.broken.mends(); });
+        if (editor_.broken.fault())
+            entries.titles.push_back({editor_.broken.fault()->at.sentence, items::Mark::Broken});
+        return show(entries, point);
+    }
     guarded([&] { entries.textMends = editor_.paneSyntax.mends(); });
     if (editor_.paneSyntax.fault())
         entries.titles.push_back({editor_.paneSyntax.told(), items::Mark::Broken});
@@ -133,8 +143,14 @@ void MendMenu::show(const Entries &entries, const QPoint &point) {
     if (entries.mends.empty() && entries.textMends.empty())
         menu->addAction(texts::NoMends.toString())->setEnabled(false);
     for (const xml::SyntaxMend &mend : entries.textMends)
-        menu->addAction(asCaption(mend.title), this,
-                        [this, mend] { guarded([&] { editor_.paneSyntax.mend(mend); }); });
+        menu->addAction(asCaption(mend.title), this, [this, mend] {
+            guarded([&] {
+                if (editor_.state.isBroken)
+                    editor_.broken.mend(mend);
+                else
+                    editor_.paneSyntax.mend(mend);
+            });
+        });
     for (const Mend &mend : entries.mends)
         menu->addAction(asCaption(mend.caption), this,
                         [this, mend] { guarded([&] { editor_.mending.mend(mend); }); });

@@ -1,9 +1,11 @@
 #include "app/main_window/command_table.h"
 #include "tests/support/editor_window.h"
+#include "tests/support/patience.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMenu>
+#include <QTest>
 
 namespace quillon::test {
 
@@ -337,8 +339,42 @@ TEST_F(CommandStates, OfButtonsAreSetByTheirNewsAlone) {
     EXPECT_FALSE(button(u"paste"));
 }
 
-TEST_F(CommandStates, OfAnEmptyWindowThatCouldNotOpenAFile) {
+TEST_F(CommandStates, OfATextThatIsMended) {
     dialogs.answerFile({write("broken.xml", "<r>"), 0});
+    dialogs.answerMessage(ui::message_answer::Ok);
+    action(u"mnuFileOpen").trigger();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return bool(editor().broken.fault()); }, Patience));
+    std::set<QString> more{"mnuFileReload", "mnuFileSave",      "mnuFileSaveAs",
+                           "mnuFileClose",  "mnuViewNextHit",   "mnuViewPreviousHit",
+                           "mnuNodeMend",   "mnuToolOpenEditor"};
+    const auto check = [&] {
+        const std::set<QString> entries = enabledEntries();
+        for (const States &row : MenuStates)
+            EXPECT_EQ(entries.count(row.name) == 1,
+                      row.applies[NoDocument] == '#' || more.count(row.name) == 1)
+                << row.name;
+        for (const States &row : ButtonStates)
+            EXPECT_EQ(button(QString(row.name)),
+                      row.applies[NoDocument] == '#' || QString(row.name) == "save" ||
+                          (QString(row.name) == "undo" && more.count("mnuEditUndo") == 1))
+                << row.name;
+    };
+    check();
+    QTest::keyClick(&txtEdit(), 'x');
+    more.insert("mnuEditUndo");
+    more.erase("mnuViewNextHit");
+    more.erase("mnuViewPreviousHit");
+    more.erase("mnuNodeMend");
+    check();
+    EXPECT_EQ(title(), "broken.xml * (修正中) - Quillon XML Editor");
+    action(u"mnuEditUndo").trigger();
+    EXPECT_EQ(txtEdit().utf8(), "<r>");
+    action(u"mnuEditRedo").trigger();
+    EXPECT_NE(txtEdit().utf8(), "<r>");
+}
+
+TEST_F(CommandStates, OfAnEmptyWindowThatCouldNotOpenAFile) {
+    dialogs.answerFile({write("no-text.xml", QByteArray(64, '\1')), 0});
     dialogs.answerMessage(ui::message_answer::Ok);
     action(u"mnuFileOpen").trigger();
     EXPECT_FALSE(button(u"save"));

@@ -10,6 +10,9 @@ using ui::message_answer::Cancel;
 using ui::message_answer::No;
 using ui::message_answer::Yes;
 
+/// What can neither be loaded nor shown as text.
+const QByteArray NoText(64, '\1');
+
 class CommandsTest : public HeadlessEditor {
 protected:
     document::DocumentCommands &commands() { return editor().commands; }
@@ -84,7 +87,7 @@ TEST_F(CommandsTest, OpenAsksWhatToDoWithChanges) {
     EXPECT_EQ(title(), "next.xml - Quillon XML Editor");
     EXPECT_FALSE(state().m_ReadOnly);
 
-    dialogs.answerFile({write("bad.xml", "<r>"), 0});
+    dialogs.answerFile({write("bad.xml", NoText), 0});
     dialogs.answerMessage(ui::message_answer::Ok);
     commands().mnuFileOpen_Click();
     EXPECT_EQ(title(), "Quillon XML Editor") << "the old document has been emptied";
@@ -135,7 +138,7 @@ TEST_F(CommandsTest, AFailedReloadLeavesEverythingAsItWas) {
         EXPECT_FALSE(state().m_ReadOnly);
         EXPECT_EQ(status(), "");
     };
-    QFile::setPermissions(write("doc.xml", "<broken>"), QFile::ReadOwner);
+    QFile::setPermissions(write("doc.xml", NoText), QFile::ReadOwner);
     dialogs.answerMessage(Yes);
     dialogs.answerMessage(ui::message_answer::Ok);
     commands().mnuFileReload_Click();
@@ -175,7 +178,7 @@ TEST_F(CommandsTest, UndoingAllFromABrokenCopyLeavesEverythingAsItWas) {
 }
 
 TEST_F(CommandsTest, WhatAFailedLoadLeavesInAnEmptyWindowIsNotSaved) {
-    write("doc.xml", "<broken>");
+    write("doc.xml", NoText);
     dialogs.answerMessage(ui::message_answer::Ok);
     commands().openUnasked(path("doc.xml"));
     EXPECT_EQ(title(), "doc.xml - Quillon XML Editor");
@@ -183,7 +186,7 @@ TEST_F(CommandsTest, WhatAFailedLoadLeavesInAnEmptyWindowIsNotSaved) {
     EXPECT_THROW(commands().mnuFileSaveAs_Click(), runtime::Error);
     commands().DocumentModified();
     EXPECT_FALSE(state().m_Modified);
-    EXPECT_EQ(read("doc.xml"), "<broken>");
+    EXPECT_EQ(read("doc.xml"), NoText);
 }
 
 TEST_F(CommandsTest, WhatIsShownUnderTheNameOfABrokenFileIsNotSavedOverIt) {

@@ -41,7 +41,7 @@ is "the answer meanwhile" "$(get "$second" Visible)" "(<false>,)"
 until_true "the box takes the keyboard" xdotool search --onlyvisible --name "^$title\$" windowfocus
 xdotool key Escape
 show "$second" true
-until_true "the caption has the path" titled "bad.xml - $title"
+until_true "the caption has the path" titled "bad.xml (修正中) - $title"
 
 show "$second" false
 on_window "$second" CloseWindow

@@ -282,6 +282,32 @@ TEST_F(CrashRecoveryTest, AFileThatCannotBeOpenedTakesNoChangesAway) {
     EXPECT_EQ(xml(), "<r>new</r>");
 }
 
+TEST_F(CrashRecoveryTest, TextThatIsMendedComesBackToBeMended) {
+    const QByteArray ahead = "<?xml version='1.0' encoding='Shift_JIS'?>\r\n";
+    dialogs.answerMessage(ui::message_answer::Ok);
+    editor().commands.openUnasked(write("doc.xml", ahead + "<r>\x82\xA0\xFF"));
+    QSignalSpy written(recovery.get(), &CrashRecovery::written);
+    type(QString::fromUtf8(txtEdit().utf8()) + "い");
+    ASSERT_TRUE(written.wait(Patience));
+    crash();
+    restart();
+    dialogs.answerMessage(ui::message_answer::Yes);
+    recovery->offer();
+    EXPECT_TRUE(state().isBroken);
+    EXPECT_EQ(title(), "doc.xml (復元) * (修正中) - Quillon XML Editor");
+    dialogs.answerMessage(ui::message_answer::Yes);
+    dialogs.answerFile({path("saved.xml"), 0});
+    editor().commands.mnuFileSave_Click();
+    EXPECT_EQ(dialogs.saveRequests.back().path, path("doc.xml"));
+    EXPECT_EQ(read("saved.xml"), ahead + "<r>\x82\xA0\xFF\x82\xA2");
+    EXPECT_EQ(files(left).filter(".xml"), QStringList()) << "what is saved needs no copy";
+    // What another program opens takes nothing away.
+    type("<s>");
+    editor().commands.openUnasked(write("other.xml", "<other/>"));
+    EXPECT_EQ(xml(), "<other/>");
+    EXPECT_EQ(files(left).filter(".xml").size(), 1);
+}
+
 TEST_F(CrashRecoveryTest, TheLastStateThatCanBeOpenedIsKept) {
     open("<r>old</r>");
     change("old", "new");

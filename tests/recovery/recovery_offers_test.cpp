@@ -72,7 +72,7 @@ TEST_F(CrashRecoveryTest, WhatIsInUseOrNotOfferedOutlivesTheEndOfAnotherProgram)
 
 TEST_F(CrashRecoveryTest, WhatCannotBeOpenedStaysAndWhatIsOfNoUseGoes) {
     QDir().mkpath(path("left/recovery"));
-    write("left/recovery/20011231235959-1.xml", "<broken>");
+    write("left/recovery/20011231235959-1.xml", QByteArray(64, '\1'));
     write("left/recovery/20011231235959-1.name", "broken.xml");
     write("left/recovery/20011231235959-2.name", "never written");
     write("left/recovery/.20011231235959-2.xml.Ab12Cd", "<half");

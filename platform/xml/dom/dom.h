@@ -12,6 +12,7 @@
 
 #include <functional>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace quillon::xml {
@@ -215,6 +216,8 @@ public:
     /// content asks for. When the progress function has the load stopped, the reason is that of a
     /// Cancelled error.
     bool load(const QString &path, const runtime::Progress &progress = {});
+    /// The same from the bytes of a file.
+    bool loadBytes(std::string bytes, const runtime::Progress &progress = {});
     /// The same from text: UTF-8, with an encoding declaration taken as a wish for save().
     bool loadXML(const QByteArray &utf8);
     bool loadXML(const QString &text) { return loadXML(text.toUtf8()); }

@@ -1,19 +1,15 @@
 #include "platform/runtime/error.h"
-#include "platform/runtime/file_access.h"
-#include "platform/runtime/file_names.h"
 #include "platform/xml/dom/dom.h"
 #include "platform/xml/dom/handle_access.h"
 #include "platform/xml/io/atomic_file.h"
 #include "platform/xml/io/encoding.h"
+#include "platform/xml/io/file_bytes.h"
 #include "platform/xml/io/parser.h"
 #include "platform/xml/io/serializer.h"
 #include "platform/xml/storage/values.h"
 #include "resources/xml_texts.h"
 
-#include <QFile>
-
 #include <algorithm>
-#include <fcntl.h>
 
 namespace quillon::xml {
 
@@ -52,38 +48,6 @@ bool loadFrom(Arena &arena, Decoded decoded, bool fromFile,
     return false;
 }
 
-/// Null when the file has been read, else why not.
-QString readFile(const QString &path, std::string &bytes) {
-    const QString shown = runtime::shownPath(path);
-    // Looked at before it is opened: that alone may wait for ever, or have an effect.
-    if (runtime::fileKind(path) == runtime::FileKind::Special)
-        return texts::CannotOpenSpecial.toString().arg(shown);
-    if (runtime::fileSize(path) > MaxFileSize)
-        return texts::TooLarge.toString();
-    QFile file;
-    const int descriptor =
-        ::open(runtime::encodedPath(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-    if (descriptor < 0 || !file.open(descriptor, QIODevice::ReadOnly, QFile::AutoCloseHandle))
-        return texts::CannotOpen.toString().arg(shown);
-    // The size is only a guess: another program may be writing. Where it is right, the byte more
-    // shows that without making room for anything else.
-    bytes.resize(static_cast<std::size_t>(std::max<qint64>(file.size(), 0)) + 1);
-    std::size_t used = 0;
-    for (;;) {
-        if (used == bytes.size())
-            bytes.resize(used + 65536);
-        const qint64 count =
-            file.read(bytes.data() + used, static_cast<qint64>(bytes.size() - used));
-        if (count < 0)
-            return texts::CannotOpen.toString().arg(shown);
-        if (count == 0)
-            break;
-        used += static_cast<std::size_t>(count);
-    }
-    bytes.resize(used);
-    return {};
-}
-
 } // namespace
 
 DOMDocument40 DOMDocument40::create() {
@@ -93,16 +57,22 @@ DOMDocument40 DOMDocument40::create() {
 bool DOMDocument40::load(const QString &path, const runtime::Progress &progress) {
     Arena &arena = HandleAccess::arena(*this);
     std::string bytes;
-    if (const QString error = readFile(path, bytes); !error.isNull()) {
+    try {
+        bytes = readFile(path);
+    } catch (const runtime::Error &error) {
         arena.clear();
         arena.parseError.errorCode = CannotLocate;
-        arena.parseError.reason = error;
+        arena.parseError.reason = error.description();
         arena.parseError.url = path;
         return false;
     }
-    const bool ok = loadFrom(arena, decodeFile(std::move(bytes)), true, progress);
+    const bool ok = loadBytes(std::move(bytes), progress);
     arena.parseError.url = ok ? QString() : path;
     return ok;
+}
+
+bool DOMDocument40::loadBytes(std::string bytes, const runtime::Progress &progress) {
+    return loadFrom(HandleAccess::arena(*this), decodeFile(std::move(bytes)), true, progress);
 }
 
 bool DOMDocument40::loadXML(const QByteArray &utf8) {

@@ -134,7 +134,7 @@ bool FileText::readLeniently(const std::string &bytes) {
         byteCharacters_ = text->bytes;
         format_.declared = xml::declaredEncoding(source_->utf8);
         format_.lineEnd = lineEndOf(source_->utf8);
-        if (format_.codec == Utf8 || write(shown(), format_.codec) == bytes)
+        if (format_.codec == Utf8 || write(shown(), format_.codec, format_.byteOrderMark) == bytes)
             return true;
     }
     return false;
@@ -149,9 +149,13 @@ QString FileText::encodingName() const {
     return QString::fromStdString(isDeclared ? format_.declared : format_.codec);
 }
 
+bool FileText::goesByDeclaration() const {
+    return !format_.byteOrderMark && !isUtf16(format_.codec);
+}
+
 std::string FileText::codecFor(std::string_view edited) const {
     const std::string declared = xml::declaredEncoding(edited);
-    if (format_.byteOrderMark || isUtf16(format_.codec) || declared == format_.declared)
+    if (!goesByDeclaration() || declared == format_.declared)
         return format_.codec;
     const std::string codec = declared.empty() ? std::string(Utf8) : xml::codecFor(declared);
     if (codec.empty() || isUtf16(codec) || byteCharacters_.find(edited) != edited.npos)
@@ -159,7 +163,7 @@ std::string FileText::codecFor(std::string_view edited) const {
     if (codec != Utf8 || unencodableIn(edited, format_.codec))
         return codec;
     // Hardly anything else than UTF-8 reads as UTF-8.
-    const std::string bytes = write(edited, format_.codec);
+    const std::string bytes = write(edited, format_.codec, false);
     const bool isUtf8 = !decodeLeniently(codec, bytes)->bytes.first() &&
                         std::ranges::any_of(bytes, [](char c) { return c < 0; });
     return isUtf8 ? format_.codec : codec;
@@ -197,12 +201,16 @@ std::optional<FileText::Stretch> FileText::unencodableIn(std::string_view edited
 }
 
 std::string FileText::bytesOf(std::string_view edited) const {
-    return write(edited, codecFor(edited));
+    return write(edited, codecFor(edited), format_.byteOrderMark);
 }
 
-std::string FileText::write(std::string_view edited, const std::string &codec) const {
+std::string FileText::bytesAsUtf8(std::string_view edited) const {
+    return write(edited, std::string(Utf8), true);
+}
+
+std::string FileText::write(std::string_view edited, const std::string &codec, bool hasMark) const {
     FileOutput out(codec, format_.lineEnd, QString::fromStdString(codec),
-                   std::string(format_.byteOrderMark ? byteOrderMark(codec) : std::string_view()));
+                   std::string(hasMark ? byteOrderMark(codec) : std::string_view()));
     const auto undecodable = [&](const std::string &bytes) { out.undecodable(bytes); };
     const auto encode = [&](std::string_view text) {
         split(

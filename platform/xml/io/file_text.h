@@ -37,6 +37,11 @@ public:
     /// does not have.
     std::string bytesOf(std::string_view edited) const;
 
+    /// The same as UTF-8 with a byte order mark, which tells that whatever the declaration says.
+    std::string bytesAsUtf8(std::string_view edited) const;
+    /// Whether the declaration in the text decides what the bytes mean.
+    bool goesByDeclaration() const;
+
     struct Stretch {
         std::size_t start = 0;
         std::size_t length = 0;
@@ -50,7 +55,7 @@ private:
     bool readLeniently(const std::string &bytes);
     /// The codec that an edited text is to be written in.
     std::string codecFor(std::string_view edited) const;
-    std::string write(std::string_view edited, const std::string &codec) const;
+    std::string write(std::string_view edited, const std::string &codec, bool hasMark) const;
     std::optional<Stretch> unencodableIn(std::string_view edited, const std::string &codec) const;
 
     Ref<SourceText> source_;
