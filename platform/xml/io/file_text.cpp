@@ -18,18 +18,19 @@ constexpr std::size_t JudgedLength = 65536;
 /// A short text may have so many characters that no text should have.
 constexpr std::size_t FewOdd = 16;
 
-bool isText(std::string_view utf8, const ByteCharacters &bytes) {
+/// Bytes that do not decode say nothing: they may be text in another encoding.
+bool isText(std::string_view utf8) {
     std::size_t characters = 0;
     std::size_t odd = 0;
     for (const char c : utf8) {
         const auto byte = static_cast<unsigned char>(c);
+        // White space, and what leads from one character set to another.
+        const bool isUsual = byte >= 0x20 || (c >= '\t' && c <= '\x0F') || c == '\x1B';
         characters += (byte & 0xC0) != 0x80 ? 1 : 0;
-        odd += byte < 0x20 && c != '\t' && c != '\n' && c != '\r' ? 1 : 0;
+        odd += isUsual ? 0 : 1;
     }
-    for (std::size_t at = 0; (at = bytes.find(utf8, at)) != utf8.npos; at += ByteCharacters::Length)
-        ++odd;
-    // Other files have half of their characters so, texts with faults a few.
-    return odd <= FewOdd || odd * 10 <= characters * 3;
+    // Of other files some tenth of the characters is so, of texts with faults a few.
+    return odd <= FewOdd || odd * 20 <= characters;
 }
 
 /// Goes through a source text along with the same text with LF line ends.
@@ -112,7 +113,7 @@ std::optional<FileText> FileText::of(std::string bytes) {
     text.source_->utf8 = std::move(decoded.utf8);
     text.source_->originals = std::move(decoded.originals);
     const std::string_view beginning = std::string_view(text.source_->utf8).substr(0, JudgedLength);
-    if (isDecoded ? !isText(beginning, {}) : !text.readLeniently(bytes))
+    if (isDecoded ? !isText(beginning) : !text.readLeniently(bytes))
         return std::nullopt;
     text.source_->hasCarriageReturn = text.source_->utf8.find('\r') != std::string::npos;
     return text;
@@ -122,7 +123,7 @@ bool FileText::readLeniently(const std::string &bytes) {
     const std::size_t markLength = format_.byteOrderMark ? byteOrderMark(format_.codec).size() : 0;
     const std::string_view content = std::string_view(bytes).substr(markLength);
     const auto beginning = decodeLeniently(format_.codec, content.substr(0, JudgedLength));
-    if (!beginning || !isText(beginning->utf8, beginning->bytes))
+    if (!beginning || !isText(beginning->utf8))
         return false;
     for (const bool keepsAll : {false, true}) {
         std::optional<LenientText> text = decodeLeniently(format_.codec, content, keepsAll);

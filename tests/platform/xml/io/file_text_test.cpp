@@ -149,6 +149,10 @@ TEST(FileText, SaysWhatItsEncodingDoesNotHave) {
 }
 
 TEST(FileText, OtherFilesAreNoText) {
+    std::string japanese = "<r>";
+    for (int i = 0; i < 1000; ++i)
+        japanese += "\x93\xFA\x96\x7B\x8C\xEA";
+    EXPECT_TRUE(FileText::of(japanese)) << "in an encoding that it does not tell";
     std::string random;
     for (unsigned i = 0, value = 1; i < 4096; ++i, value = value * 1103515245 + 12345)
         random += static_cast<char>(value >> 16);
