@@ -2,15 +2,14 @@
 
 #include "platform/runtime/error.h"
 #include "platform/ui/error_boundary.h"
-#include "resources/broken_texts.h"
 #include "resources/live_texts.h"
+#include "resources/syntax_texts.h"
 
 #include <chrono>
 #include <utility>
 
 namespace quillon::document {
 
-namespace texts = resources::broken_texts;
 using Outcome = TextCheck::Outcome;
 
 namespace {
@@ -122,9 +121,9 @@ void BrokenFile::setFault(std::optional<TextFault> fault) {
     std::vector<ui::TextMark> marks;
     QString text;
     if (fault_) {
-        text = resources::live_texts::SyntaxAt.toString().arg(QString::number(fault_->place.line),
-                                                              QString::number(fault_->place.column),
-                                                              fault_->at.sentence);
+        text = resources::syntax_texts::FaultAt.toString().arg(
+            QString::number(fault_->place.line), QString::number(fault_->place.column),
+            fault_->at.sentence);
         marks.push_back({fault_->at.start, fault_->at.length, 0, true, fault_->at.sentence});
     }
     pane_.textBox().setMarks(marks);
@@ -143,7 +142,7 @@ std::vector<xml::SyntaxMend> BrokenFile::mends() const {
     if (!fault_)
         return {};
     std::vector<xml::SyntaxMend> found;
-    longWork_.run(texts::FindingMends.toString(), ui::LongWork::Stop::Offered,
+    longWork_.run(resources::syntax_texts::LookingForMends.toString(), ui::LongWork::Stop::Offered,
                   [&](const runtime::Progress &progress) {
                       found = textMends(*file_, pane_.textBox().utf8(), *fault_, progress);
                   });

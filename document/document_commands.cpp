@@ -318,9 +318,9 @@ QString DocumentCommands::captionOf(const QString &path) const {
     if (state_.m_Modified)
         marks += QStringLiteral(" *");
     if (state_.isBroken)
-        marks += resources::broken_texts::Mark;
+        marks += resources::broken_texts::Mark.toString();
     if (state_.m_ReadOnly)
-        marks += texts::ReadOnlyMark;
+        marks += texts::ReadOnlyMark.toString();
     return caption(runtime::shownPath(runtime::fileName(path)), marks);
 }
 

@@ -3,6 +3,17 @@
 <TS version="2.1" language="en" sourcelanguage="ja">
 <context>
 <name></name>
+<!-- broken_texts.h -->
+<message><source> (修正中)</source><translation> (being mended)</translation></message>
+<message><source>このファイルは整形式の XML ではありません。このままの内容で保存しますか？&#10;&#10;%1</source><translation>This file is not well-formed XML. Save it as it is?&#10;&#10;%1</translation></message>
+<message><source>整形式の XML になりました。</source><translation>The text is well-formed XML now.</translation></message>
+<message><source>エンコード '%1' では読めないバイト (%2) があります。</source><translation>There are bytes (%2) that the encoding '%1' cannot read.</translation></message>
+<message><source>文字 '%1' は、エンコード '%2' で表すことができません。</source><translation>The encoding '%2' cannot hold the character '%1'.</translation></message>
+<message><source>エンコードの宣言を '%1' に変更</source><translation>Change the encoding declaration to '%1'</translation></message>
+<message><source>エンコードを '%1' に変更</source><translation>Change the encoding to '%1'</translation></message>
+<message><source>読めないバイト (%1) を削除</source><translation>Delete the unreadable bytes (%1)</translation></message>
+<message><source>文字 '%1' を文字参照 %2 に変更</source><translation>Change the character '%1' to the reference %2</translation></message>
+<message><source>文字 '%1' を削除</source><translation>Delete the character '%1'</translation></message>
 <!-- candidate_texts.h -->
 <message><source>このあとに別の要素が必要です。</source><translation>Another element is needed after this one.</translation></message>
 <message><source>この位置には置けません。</source><translation>Not allowed here.</translation></message>
