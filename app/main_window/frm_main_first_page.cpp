@@ -54,7 +54,7 @@ void frmMain::wantFirstPage(bool wanted) {
 }
 
 bool frmMain::isEmpty() const {
-    return !editor_->state.showsDocument() && editor_->state.m_FileName.isEmpty();
+    return !editor_->state.showsAnything() && editor_->state.m_FileName.isEmpty();
 }
 
 void frmMain::showFirstPageIfEmpty() {
