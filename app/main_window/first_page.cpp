@@ -80,6 +80,7 @@ public:
         setAlignment(Qt::AlignCenter);
         setForegroundRole(QPalette::PlaceholderText);
         setMinimumHeight(DropHeight);
+        setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     }
 
 protected:
@@ -178,6 +179,8 @@ FirstPage::FirstPage(const help::Commands &commands, const QString &samples,
     setAcceptDrops(true);
     setFocusPolicy(Qt::NoFocus);
     again_->setObjectName(QStringLiteral("firstPageAgain"));
+    // Nothing makes the page wider than the window leaves it.
+    again_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     connect(again_, &QCheckBox::clicked, this, &FirstPage::shownAgainChanged);
 
     auto *content = new QWidget;
