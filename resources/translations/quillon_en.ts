@@ -155,7 +155,7 @@
 <message><source>囲みを外す(&amp;O)</source><translation>Remove Enclosin&amp;g Element</translation></message>
 <message><source>並べ替え(&amp;S)...</source><translation>S&amp;ort Children...</translation></message>
 <message><source>値の候補(&amp;V)...</source><translation>C&amp;hoose Value...</translation></message>
-<message><source>ノードの説明(&amp;I)...</source><translation>E&amp;xplain Node...</translation></message>
+<message><source>ノードの説明(&amp;I)...</source><translation>Expla&amp;in Node...</translation></message>
 <message><source>定義へ移動(&amp;J)</source><translation>&amp;Jump to Definition</translation></message>
 <message><source>子として追加(&amp;1)</source><translation>Add as Child (&amp;1)</translation></message>
 <message><source>前に挿入(&amp;2)</source><translation>Insert Before (&amp;2)</translation></message>

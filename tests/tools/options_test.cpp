@@ -69,6 +69,11 @@ TEST_F(OptionsTest, WhatIsNotChangedComesBackAsItWas) {
     EXPECT_FALSE(chosen.clearRecentFiles);
     find<QComboBox>("theme").setCurrentText("ダーク");
     EXPECT_EQ(dialog->options().theme, controls::ThemeMode::Dark);
+    EXPECT_EQ(chosen.language, "ja") << "what no language is called by is Japanese";
+    find<QComboBox>("language").setCurrentText("English");
+    EXPECT_EQ(dialog->options().language, "en");
+    find<QComboBox>("language").setCurrentText("デスクトップに合わせる");
+    EXPECT_EQ(dialog->options().language, "system");
 }
 
 TEST_F(OptionsTest, EditorsAreAddedChangedOrderedAndRemoved) {

@@ -1,6 +1,7 @@
 #include "platform/runtime/error.h"
 #include "platform/runtime/paths.h"
 #include "platform/system/http_request.h"
+#include "resources/language.h"
 #include "tests/support/editor_window.h"
 #include "tests/support/patience.h"
 #include "tests/support/work_at_once.h"
@@ -72,6 +73,11 @@ TEST_F(ToolsTest, OtherProgramsAreStartedWithTheFile) {
     editor().tools.mnuHelpReadme_Click();
     EXPECT_EQ(shell->started, QStringList({"/usr/bin/an editor|" + path("my file.xml"),
                                            "desktop|" + runtime::programFolder() + "/readme.txt"}));
+    resources::setLanguage(resources::languageOf(u"en", QLocale::c()));
+    editor().tools.mnuHelpReadme_Click();
+    resources::setLanguage(resources::languages().front());
+    EXPECT_EQ(shell->started.takeLast(), "desktop|" + runtime::programFolder() + "/readme_en.txt");
+    editor().tools.mnuHelpReadme_Click();
     dialogs.answerMessage(ui::message_answer::Ok);
     shell->viewerFailed();
     EXPECT_EQ(dialogs.messages.back().text,
