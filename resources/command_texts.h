@@ -18,6 +18,8 @@ inline constexpr Text FileMRU = u"最近使ったファイル(&M)";
 inline constexpr Text FileMRUNone = u"(なし)";
 inline constexpr Text FileClose = u"閉じる(&C)";
 inline constexpr Text FileQuit = u"終了(&X)\tAlt+F4";
+inline constexpr Text FilePrintPreview = u"印刷プレビュー(&V)...";
+inline constexpr Text FilePrintTreePreview = u"ツリーの印刷プレビュー(&W)...";
 
 inline constexpr Text EditMenu = u"編集(&E)";
 inline constexpr Text EditUndo = u"元に戻す(&U)";

@@ -126,9 +126,6 @@ inline constexpr Text BrowserSelectAll = u"すべて選択(&A)";
 inline constexpr Text BrowserCopyLink = u"リンクのアドレスをコピー(&L)";
 inline constexpr Text BrowserCopyImage = u"画像をコピー(&I)";
 
-// Tree printing.
-inline constexpr Text Printing = u"ツリーを印刷しています...";
-
 // The list of validation errors. %1 is their number.
 inline constexpr Text ValidationListTitle = u"検証エラーの一覧";
 inline constexpr Text ValidationListButton = u"エラー一覧: %1 件(&L)";

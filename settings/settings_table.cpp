@@ -25,6 +25,12 @@ constexpr SettingRow Rows[] = {
     {u"Theme", u"Mode", &Values::themeMode, u"Automatic"},
     {u"Application", u"Language", &Values::language, u"ja"},
     {u"FirstPage", u"Shown", &Values::firstPage, u"-1"},
+    {u"Print", u"Paper", &Values::paper, u"A4"},
+    {u"Print", u"Landscape", &Values::isLandscape, u"0"},
+    {u"Print", u"MarginLeft", &Values::marginLeft, u"1500", 0},
+    {u"Print", u"MarginTop", &Values::marginTop, u"1500", 0},
+    {u"Print", u"MarginRight", &Values::marginRight, u"1500", 0},
+    {u"Print", u"MarginBottom", &Values::marginBottom, u"1500", 0},
 };
 
 QString keyOf(const SettingList &list, qsizetype position) {

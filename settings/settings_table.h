@@ -49,6 +49,13 @@ struct Values {
     QString language;
     /// The first page is shown while there is no document.
     bool firstPage = true;
+    /// What is printed on, by its name; its margins in hundredths of a millimetre.
+    QString paper;
+    bool isLandscape = false;
+    qint16 marginLeft = 0;
+    qint16 marginTop = 0;
+    qint16 marginRight = 0;
+    qint16 marginBottom = 0;
     /// At most as many as EditorNames holds, in order.
     std::vector<ExternalEditor> editors;
 };

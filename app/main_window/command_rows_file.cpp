@@ -54,6 +54,13 @@ constexpr CommandRow Rows[] = {
      .run = [](frmMain &form) { form.editor().commands.mnuFileClose_Click(); }},
     {.entry = {u"mnuFileQuit", fileMenu, text::FileQuit, u"Alt+F4", KeyContext::WindowManager},
      .run = [](frmMain &form) { form.close(); }},
+    line(u"mnuFileLinePrint", fileMenu),
+    {.entry = {u"mnuFilePrintPreview", fileMenu, text::FilePrintPreview},
+     .enabled = hasDocument,
+     .run = [](frmMain &form) { form.mnuFilePrintPreview_Click(); }},
+    {.entry = {u"mnuFilePrintTreePreview", fileMenu, text::FilePrintTreePreview},
+     .enabled = hasDocument,
+     .run = [](frmMain &form) { form.mnuFilePrintTreePreview_Click(); }},
 };
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "app/main_window/command_table.h"
 #include "platform/ui/error_boundary.h"
 #include "resources/texts.h"
+#include "view/controls/screen_fit.h"
 #include "view/controls/themed_icon.h"
 
 #include <QAction>
@@ -29,8 +30,6 @@ namespace texts = resources::texts;
 namespace {
 
 constexpr QSize DesignSize(1000, 680);
-/// Roughly what a window manager puts around a window.
-constexpr QSize FrameSize(16, 40);
 /// The path box stands this far below the top of its place on the toolbar.
 constexpr int PathTopTwips = 30;
 
@@ -64,8 +63,9 @@ frmMain::frmMain(Environment environment)
     mendMenu_ = new MendMenu(*editor_, *tvw, *txtEdit, *panel_, this);
     treePrinting_ = std::make_unique<tools::TreePrinting>(editor_->state, editor_->tree, longWork_);
     treePrinting_->look = [this] {
-        return tools::PrintLook{tvw->font(), treeImages(controls::IconColours::OnPaper)};
+        return tools::PrintLook{tvw->font(), treeImages(controls::IconColours::OnPaper), {}, {}};
     };
+    connectPrinting();
     // Nodes are moved within the tree; in the pane they would be typing.
     txtEdit->refuseDropsOf({tree::NodeFormat, tree::NodesFormat});
     connectCommands();
@@ -123,7 +123,7 @@ void frmMain::layOut() {
         label->setTextFormat(Qt::PlainText);
     }
     const QRect available = QGuiApplication::primaryScreen()->availableGeometry();
-    resize(DesignSize.boundedTo(available.size() - FrameSize));
+    resize(DesignSize.boundedTo(available.size() - controls::FrameSize));
     move(available.topLeft() +
          QPoint(available.width() - width(), available.height() - height()) / 2);
     firstSplitLeft_ = DesignSize.width() * 2 / 5;

@@ -57,6 +57,8 @@ public:
     void endSession();
 
     void mnuFilePrintTree_Click() { treePrinting_->mnuFilePrintTree_Click(); }
+    void mnuFilePrintPreview_Click();
+    void mnuFilePrintTreePreview_Click() { treePrinting_->mnuFilePrintTreePreview_Click(this); }
     void mnuEditReplace_Click();
     void mnuToolOption_Click();
     void mnuNodeSort_Click();
@@ -118,6 +120,7 @@ private:
     /// Fills a menu with what may be inserted at the selected node.
     void showCandidates(QStringView entries, CandidatePanel::Way way);
     void connectProposals();
+    void connectPrinting();
     /// Runs a command unless the user keeps text in the pane that it would take away.
     void runCommand(const CommandRow &row);
     /// Sets the buttons that go by some news, of `button_news`.

@@ -198,6 +198,8 @@
 <message><source>やり直す(Ctrl+Y)</source><translation>Redo (Ctrl+Y)</translation></message>
 <message><source>検証(F7)</source><translation>Validate (F7)</translation></message>
 <message><source>パスの項目へ移動(Enter)</source><translation>Go to the item of the path (Enter)</translation></message>
+<message><source>印刷プレビュー(&amp;V)...</source><translation>Print Pre&amp;view...</translation></message>
+<message><source>ツリーの印刷プレビュー(&amp;W)...</source><translation>Tree Print Previe&amp;w...</translation></message>
 <!-- completion_texts.h -->
 <message><source>ここには置けません。%1</source><translation>Not allowed here. %1</translation></message>
 <message><source>候補を表示&#9;Ctrl+Space</source><translation>Show Suggestions&#9;Ctrl+Space</translation></message>
@@ -369,6 +371,32 @@
 <message><source>「%1」には並べ替える子要素が 2 つ以上ないため、何も変更していません。</source><translation>"%1" has fewer than two child elements to sort. Nothing has been changed.</translation></message>
 <message><source>「%1」の子にはテキストがあり、並べ替えると文章の順序が変わります。&#10;何も変更していません。</source><translation>"%1" contains text, whose order would change by sorting.&#10;Nothing has been changed.</translation></message>
 <message><source>すでにこの順序に並んでいます。</source><translation>It is already in this order.</translation></message>
+<!-- print_texts.h -->
+<message><source>ツリーを印刷しています...</source><translation>Printing the tree...</translation></message>
+<message><source>ページを構成しています...</source><translation>Laying out the pages...</translation></message>
+<message><source>印刷を開始できません。プリンター、または出力先のファイルを確認してください。</source><translation>Printing cannot begin. Check the printer, or the file to print to.</translation></message>
+<message><source>ページの構成を中止しました。</source><translation>Laying out the pages was stopped.</translation></message>
+<message><source>印刷プレビュー - %1</source><translation>Print Preview - %1</translation></message>
+<message><source>ツリーの印刷プレビュー - %1</source><translation>Tree Print Preview - %1</translation></message>
+<message><source>ページの表示</source><translation>Page view</translation></message>
+<message><source>%1 / %2 ページ</source><translation>Page %1 of %2</translation></message>
+<message><source>前のページ (PageUp)</source><translation>Previous page (PageUp)</translation></message>
+<message><source>次のページ (PageDown)</source><translation>Next page (PageDown)</translation></message>
+<message><source>ページ(&amp;G):</source><translation>Pa&amp;ge:</translation></message>
+<message><source>ページ番号</source><translation>Page number</translation></message>
+<message><source>倍率(&amp;Z):</source><translation>&amp;Zoom:</translation></message>
+<message><source>倍率</source><translation>Zoom</translation></message>
+<message><source>拡大 (Ctrl++)</source><translation>Zoom in (Ctrl++)</translation></message>
+<message><source>縮小 (Ctrl+-)</source><translation>Zoom out (Ctrl+-)</translation></message>
+<message><source>ページ全体</source><translation>Whole page</translation></message>
+<message><source>ページの幅</source><translation>Page width</translation></message>
+<message><source>ページ設定(&amp;U)...</source><translation>Page Set&amp;up...</translation></message>
+<message><source>ページ設定</source><translation>Page Setup</translation></message>
+<message><source>印刷(&amp;P)...</source><translation>&amp;Print...</translation></message>
+<message><source>ページを準備しています...</source><translation>Preparing the pages...</translation></message>
+<message><source>プレビューのページを表示できないため、印刷プレビューを作成できません。</source><translation>The page of the preview cannot be shown, so there is nothing to print.</translation></message>
+<message><source>%1 を起動できないため、印刷プレビューを表示できません。パッケージ %2 をインストールしてください。</source><translation>%1 cannot be started, so there is no print preview. Please install the package %2.</translation></message>
+<message><source>このページは描画に時間がかかりすぎるため、表示を中止しました。</source><translation>Drawing this page took too long and was stopped.</translation></message>
 <!-- query_texts.h -->
 <message><source>既定の名前空間で %1 件</source><translation>Found in the default namespace: %1</translation></message>
 <message><source>結果: %1</source><translation>Result: %1</translation></message>
@@ -812,7 +840,6 @@
 <message><source>すべて選択(&amp;A)</source><translation>Select &amp;All</translation></message>
 <message><source>リンクのアドレスをコピー(&amp;L)</source><translation>Copy &amp;Link Address</translation></message>
 <message><source>画像をコピー(&amp;I)</source><translation>Copy &amp;Image</translation></message>
-<message><source>ツリーを印刷しています...</source><translation>Printing the tree...</translation></message>
 <message><source>検証エラーの一覧</source><translation>Validation Errors</translation></message>
 <message><source>エラー一覧: %1 件(&amp;L)</source><translation>Error &amp;List: %1</translation></message>
 <message><source>エラー一覧: %1 件以上(&amp;L)</source><translation>Error &amp;List: %1 or more</translation></message>

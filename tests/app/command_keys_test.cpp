@@ -130,7 +130,7 @@ TEST_F(CommandKeys, HaveTheirPlacesAndAccessKeys) {
         return keysOf(form->actions().action(name)->menu()->actions());
     };
     EXPECT_EQ(keysOf(form->menuBar()->actions()), "FEVNTWH.") << "the last one is hidden";
-    EXPECT_EQ(menuKeys(u"mnuFile"), "NOR|SA|PT|M|CX");
+    EXPECT_EQ(menuKeys(u"mnuFile"), "NOR|SA|PT|M|CX|VW");
     EXPECT_EQ(menuKeys(u"mnuEdit"), "URA|TCPD|R|FN|L|HQM");
     EXPECT_EQ(menuKeys(u"mnuView"), "CE|T|F|PNB|MO|DIKL|H");
     EXPECT_EQ(menuKeys(u"mnuViewTheme"), "ALD");

@@ -62,6 +62,8 @@ constexpr States MenuStates[] = {
     {"mnuFilePrintTree", WithDocument},
     {"mnuFileClose", WithDocument},
     {"mnuFileQuit", Always},
+    {"mnuFilePrintPreview", WithDocument},
+    {"mnuFilePrintTreePreview", WithDocument},
     {"mnuEditUndo", NotAtFirst},
     {"mnuEditRedo", NotAtFirst},
     {"mnuEditUndoAll", NotAtFirst},

@@ -3,6 +3,7 @@
 #include "tests/support/editor_window.h"
 #include "tests/support/patience.h"
 #include "tests/support/private_bus.h"
+#include "view/controls/print_preview.h"
 #include "view/controls/proposal_list.h"
 
 #include <QApplication>
@@ -234,6 +235,23 @@ std::vector<Commands::Case> Commands::documentCases() {
 
 std::vector<Commands::Case> Commands::fileCases() {
     const auto answerFile = [this](const QString &name) { dialogs.answerFile({path(name), 0}); };
+    // Looks at the first page and prints.
+    const auto printsFromPreview = [this](const QString &name) {
+        return [this, name] {
+            auto *timer = new QTimer(form.get());
+            QObject::connect(timer, &QTimer::timeout, form.get(), [this, timer, name] {
+                auto *box =
+                    qobject_cast<controls::PrintPreview *>(QApplication::activeModalWidget());
+                if (!box || box->count() == 0)
+                    return;
+                EXPECT_EQ(box->count(), 1);
+                timer->stop();
+                printer.answer(path(name));
+                box->accept();
+            });
+            timer->start(10);
+        };
+    };
     return {
         {u"mnuFileNew", [] {}, [this] { return state().m_FileName == u"New XML File"; }},
         {u"mnuFileOpen",
@@ -251,6 +269,10 @@ std::vector<Commands::Case> Commands::fileCases() {
          [this] { return QFile::exists(path("preview.pdf")); }},
         {u"mnuFilePrintTree", [this] { printer.answer(path("tree.pdf")); },
          [this] { return QFile::exists(path("tree.pdf")); }},
+        {u"mnuFilePrintPreview", printsFromPreview("page.pdf"),
+         [this] { return QFile::exists(path("page.pdf")); }},
+        {u"mnuFilePrintTreePreview", printsFromPreview("items.pdf"),
+         [this] { return QFile::exists(path("items.pdf")); }},
         {u"mnuFileClose", [] {}, [this] { return !state().m_DOM; }},
         {u"mnuFileQuit", [] {}, [this] { return !form->isVisible(); }},
     };

@@ -4,7 +4,6 @@
 #include "resources/language.h"
 #include "tests/support/editor_window.h"
 #include "tests/support/patience.h"
-#include "tests/support/work_at_once.h"
 
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -252,43 +251,6 @@ TEST_F(ToolsTest, TheFontGoesToTreeAndPane) {
     EXPECT_EQ(tvw().font().family(), "Noto Sans CJK JP");
     EXPECT_EQ(cboPath().font().family(), "Noto Sans CJK JP");
     EXPECT_EQ(cboPath().font().pointSizeF(), pathSize);
-}
-
-TEST_F(ToolsTest, TheTreeIsPrintedWithItsBranches) {
-    using tools::TreePrinting;
-    EXPECT_EQ(TreePrinting::connector({false}, 0), "");
-    EXPECT_EQ(TreePrinting::connector({false, true}, 1), " |-");
-    EXPECT_EQ(TreePrinting::connector({false, false}, 1), " +-");
-    EXPECT_EQ(TreePrinting::connector({false, false, true}, 2), "    |-");
-    EXPECT_EQ(TreePrinting::connector({false, true, false, false}, 3), " |     +-");
-    QByteArray many = "<root a='1' b='2'>";
-    for (int i = 0; i < 200; ++i)
-        many += "<leaf/>";
-    open(many + "</root>");
-    printer.answer("");
-    form->actions().action(u"mnuFilePrintTree")->trigger();
-    printer.answer(path("tree.pdf"));
-    form->actions().action(u"mnuFilePrintTree")->trigger();
-    const QString command =
-        "pdftotext -layout '" + path("tree.pdf") + "' '" + path("tree.txt") + "'";
-    ASSERT_EQ(::system(command.toUtf8().constData()), 0);
-    const QString text = QString::fromUtf8(read("tree.txt"));
-    EXPECT_EQ(text.count("leaf"), 200);
-    EXPECT_EQ(text.count("|-"), 2 + 199);
-    EXPECT_EQ(text.count("+-"), 2);
-    EXPECT_GE(text.count('\f'), 2) << "more than one page";
-}
-
-TEST_F(ToolsTest, AStoppedPrintLeavesNoFile) {
-    open("<r/>");
-    WorkAtOnce work;
-    tools::TreePrinting printing(state(), tree(), work);
-    for (const bool isStopped : {true, false}) {
-        work.isStopWanted = isStopped;
-        printer.answer(path("tree.pdf"));
-        printing.mnuFilePrintTree_Click();
-        EXPECT_EQ(QFile::exists(path("tree.pdf")), !isStopped);
-    }
 }
 
 TEST_F(ToolsTest, AboutNamesTheVersion) {

@@ -51,6 +51,17 @@ constexpr std::pair<QWebEnginePage::WebAction, resources::Text> ContextMenu[] = 
     {QWebEnginePage::CopyImageToClipboard, texts::BrowserCopyImage},
 };
 
+void savePdf(const QByteArray &pdf, const QString &path) {
+    // A page that has died meanwhile has been told of.
+    if (pdf.isEmpty())
+        return;
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(pdf) != pdf.size() || !file.flush())
+        throw runtime::Error(
+            runtime::error_number::DeviceIo,
+            texts::CannotWritePreview.toString().arg(file.fileName(), file.errorString()));
+}
+
 } // namespace
 
 Browser::Browser(QWidget *parent) : QWidget(parent) {
@@ -180,8 +191,7 @@ void Browser::showColours() {
     const bool isOfTheme = colours_ == Colours::OfTheme;
     page_->setTheme(isOfTheme ? std::optional(isDark) : std::nullopt);
     // An author's page that paints no background counts on white paper.
-    page_->setBackgroundColor(
-        controls::themeColour(Colour::Paper, isDark && isOfTheme && !printing_));
+    page_->setBackgroundColor(controls::themeColour(Colour::Paper, isDark && isOfTheme && !job_));
 }
 
 void Browser::loadingChanged(const QWebEngineLoadingInfo &info) {
@@ -211,7 +221,7 @@ void Browser::pageLoaded(bool ok) {
 }
 
 void Browser::askForLife() {
-    if (unanswered_ >= (printing_ ? PrintingPatience : Patience)) {
+    if (unanswered_ >= (job_ ? PrintingPatience : Patience)) {
         const auto process = pid_t(page_->renderProcessPid());
         stopped_ = process > 0;
         // Its end is told by a signal.
@@ -225,8 +235,7 @@ void Browser::askForLife() {
 
 void Browser::pageDied() {
     Q_EMIT statusText((stopped_ ? texts::PageStopped : texts::PageDied).toString());
-    printer_.reset();
-    printing_.reset();
+    giveUpPrinting();
     dead_ = false;
     // The page that the user waits for is not the one that died.
     if (stage_ != Stage::Asking && !waiting_)
@@ -259,45 +268,62 @@ void Browser::showMessageOfPage(const QString &text) {
 
 void Browser::print(const QString &documentName) {
     auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    printer->setPageLayout(paper());
     printer->setDocName(documentName);
     if (!controls::choosePrinter(*printer))
         return;
-    printer_ = std::move(printer);
+    PrintJob job;
+    job.paper = printer->pageLayout();
+    if (printer->outputFormat() == QPrinter::PdfFormat)
+        // With text, where printing would paint a picture of the page.
+        job.takePdf = [file = printer->outputFileName()](const QByteArray &pdf) {
+            savePdf(pdf, file);
+        };
+    job.printer = std::move(printer);
+    printWhenShown(std::move(job));
+}
+
+void Browser::makePdf(const QPageLayout &layout, std::function<void(const QByteArray &)> take) {
+    if (!view_)
+        return take({});
+    printWhenShown({nullptr, layout, std::move(take)});
+}
+
+void Browser::printWhenShown(PrintJob job) {
+    nextJob_ = std::make_unique<PrintJob>(std::move(job));
     if (stage_ == Stage::Shown)
         printNow();
 }
 
 void Browser::printNow() {
-    if (!printer_ || printing_ || !view_)
+    if (!nextJob_ || job_ || !view_)
         return;
-    printing_ = std::move(printer_);
+    job_ = std::move(nextJob_);
     // What is printed lies on paper, whatever lies below the page on the screen.
     showColours();
-    if (printing_->outputFormat() == QPrinter::PdfFormat)
-        // With text, where printing would paint a picture of the page.
-        page_->printToPdf(
-            [this](const QByteArray &pdf) {
-                ui::guarded([&] { savePdf(pdf); });
-                endPrinting();
-            },
-            printing_->pageLayout());
+    if (job_->takePdf)
+        page_->printToPdf([this](const QByteArray &pdf) { takePdf(pdf); }, job_->paper);
     else
-        view_->print(printing_.get());
+        view_->print(job_->printer.get());
 }
 
-void Browser::savePdf(const QByteArray &pdf) const {
-    // A page that has died meanwhile has been told of.
-    if (!printing_ || pdf.isEmpty())
-        return;
-    QFile file(printing_->outputFileName());
-    if (!file.open(QIODevice::WriteOnly) || file.write(pdf) != pdf.size() || !file.flush())
-        throw runtime::Error(
-            runtime::error_number::DeviceIo,
-            texts::CannotWritePreview.toString().arg(file.fileName(), file.errorString()));
+void Browser::takePdf(const QByteArray &pdf) {
+    // The job of a page that has died has been given up.
+    if (job_ && job_->takePdf)
+        ui::guarded([&] { std::exchange(job_->takePdf, {})(pdf); });
+    endPrinting();
+}
+
+void Browser::giveUpPrinting() {
+    for (std::unique_ptr<PrintJob> *job : {&nextJob_, &job_}) {
+        const std::unique_ptr<PrintJob> ended = std::move(*job);
+        if (ended && ended->takePdf)
+            ui::guarded([&] { ended->takePdf({}); });
+    }
 }
 
 void Browser::endPrinting() {
-    printing_.reset();
+    job_.reset();
     showColours();
     if (stage_ == Stage::Shown)
         printNow();

@@ -2,10 +2,12 @@
 
 #include "platform/ui/browser.h"
 
+#include <QPageLayout>
 #include <QTimer>
 #include <QUrl>
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 
 class QPrinter;
@@ -36,6 +38,13 @@ public:
     void Navigate(const QString &path, const QString &subject = {},
                   Colours colours = Colours::OfItsAuthor) override;
     void print(const QString &documentName) override;
+    /// Makes a PDF of the page shown there, or of the one that is on its way, and gives it to a
+    /// function; an empty one when there is no page, or none any more. What has been asked for
+    /// before and has not begun is given up without a word.
+    void makePdf(const QPageLayout &layout, std::function<void(const QByteArray &pdf)> take);
+
+    /// Asked for what a printer is to print on, unless the user chooses something else.
+    std::function<QPageLayout()> paper = [] { return QPageLayout(); };
 
     /// The browser itself; null until the first page is shown.
     QWebEngineView *view() const { return view_; }
@@ -51,13 +60,22 @@ private:
     /// How far a new page is: the one before it is asked for its place, then it is loaded.
     enum class Stage { Asking, Loading, Shown };
 
+    /// A page that is to be printed, or, where there is a function for it, to become a PDF.
+    struct PrintJob {
+        std::unique_ptr<QPrinter> printer;
+        QPageLayout paper;
+        std::function<void(const QByteArray &pdf)> takePdf;
+    };
+
     void makeView();
     void load(const QString &place);
     void askAndLoad();
     void loadingChanged(const QWebEngineLoadingInfo &info);
     void pageLoaded(bool ok);
+    void printWhenShown(PrintJob job);
     void printNow();
-    void savePdf(const QByteArray &pdf) const;
+    void takePdf(const QByteArray &pdf);
+    void giveUpPrinting();
     void endPrinting();
     /// Has the page, and what is seen where there is none yet, in the colours of the theme or not.
     void showColours();
@@ -83,9 +101,9 @@ private:
     QString subjectShown_;
     QStringList fileNames_;
     /// Waits for the page, and for the printing before it.
-    std::unique_ptr<QPrinter> printer_;
-    /// In use by the browser.
-    std::unique_ptr<QPrinter> printing_;
+    std::unique_ptr<PrintJob> nextJob_;
+    /// Which the browser is about.
+    std::unique_ptr<PrintJob> job_;
     int messagesOfPage_ = 0;
 
     QTimer pulse_;

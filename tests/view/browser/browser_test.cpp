@@ -1,6 +1,7 @@
 #include "tests/support/patience.h"
 #include "tests/support/scripted_printer.h"
 #include "tests/view/browser/browser_fixture.h"
+#include "view/browser/pdf_pages.h"
 #include "view/controls/theme.h"
 
 #include <QFileInfo>
@@ -266,6 +267,38 @@ TEST_F(BrowserTest, PaperIsWhiteInADarkTheme) {
     ASSERT_FALSE(page.isNull());
     EXPECT_EQ(page.pixelColor(page.width() / 2, page.height() / 2), QColor(Qt::white));
     controls::theme().setMode(controls::ThemeMode::Automatic);
+}
+
+TEST_F(BrowserTest, APageIsPaintedAsItWillBePrinted) {
+    const QPageLayout paper(QPageSize(QPageSize::A5), QPageLayout::Portrait,
+                            QMarginsF(20, 20, 20, 20));
+    browser::PdfPages pages(browser);
+    QSignalSpy laidOut(&pages, &controls::PreviewPages::laidOut);
+    QSignalSpy painted(&pages, &controls::PreviewPages::painted);
+    QSignalSpy failed(&pages, &controls::PreviewPages::failed);
+    pages.layOut(paper);
+    EXPECT_EQ(failed.size(), 1) << "there is no page yet";
+    show("<body><p style='break-after: page'>1</p><p style='color: red'>two");
+    pages.layOut(paper);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return laidOut.size() == 1; }, Patience));
+    EXPECT_EQ(laidOut[0][0].toInt(), 2);
+    // The first one is given up.
+    pages.paint(0, 72);
+    pages.paint(1, 72);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return painted.size() == 1; }, Patience));
+    EXPECT_EQ(painted[0][0].toInt(), 1);
+    const auto sheet = painted[0][1].value<QImage>();
+    EXPECT_NEAR(sheet.width(), 420, 1);
+    EXPECT_NEAR(sheet.height(), 595, 1);
+    const auto isRed = [&](int x, int y) {
+        const QColor color = sheet.pixelColor(x, y);
+        return color.red() > 200 && color.green() < 100;
+    };
+    int red = 0;
+    for (int at = 0; at < sheet.width() * sheet.height(); ++at)
+        red += isRed(at % sheet.width(), at / sheet.width());
+    EXPECT_GT(red, 5);
+    EXPECT_EQ(sheet.pixelColor(5, 5), QColor(Qt::white)) << "the margin";
 }
 
 } // namespace
