@@ -29,6 +29,7 @@ using ui::guarded;
 namespace {
 
 constexpr int Margin = 6;
+constexpr int LeastHeight = 40;
 constexpr QSize IconSize(16, 16);
 /// After a change the lists wait until nothing more is typed.
 constexpr int TypingPause = 150;
@@ -153,6 +154,9 @@ void CandidatePanel::layOut() {
     split->setStretchFactor(0, 3);
     split->setStretchFactor(1, 1);
     split->setChildrenCollapsible(false);
+    // On a small screen the panel stands beside all the others.
+    for (QWidget *part : std::initializer_list<QWidget *>{pages_, list_, empty_, details_})
+        part->setMinimumHeight(LeastHeight);
     setWidget(split);
 }
 

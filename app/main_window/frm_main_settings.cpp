@@ -5,6 +5,7 @@
 #include "platform/ui/message_box.h"
 #include "tools/options_dialog.h"
 #include "tools/sort_dialog.h"
+#include "view/controls/screen_fit.h"
 
 #include <QAction>
 #include <QGuiApplication>
@@ -21,22 +22,30 @@ using ui::ignoringErrors;
 
 namespace {
 
-/// So much of a window's upper edge must be on a screen for it to be found and moved.
-constexpr QSize Grip(80, 20);
 /// Smaller than this, a window shows nothing of use.
 constexpr QSize LeastSize(320, 240);
+/// And so does a part of it smaller than this.
+constexpr int LeastPart = 80;
 
-bool isOnAScreen(const QRect &window) {
-    const QList<QScreen *> screens = QGuiApplication::screens();
-    return std::any_of(screens.begin(), screens.end(), [&](const QScreen *screen) {
-        const QRect seen = screen->availableGeometry().intersected(window);
-        return seen.width() >= Grip.width() && seen.height() >= Grip.height() &&
-               window.top() >= screen->availableGeometry().top();
-    });
+/// The part of the screens that shows most of a window, or the main one where none does.
+QRect partShowing(const QRect &window) {
+    QScreen *best = QGuiApplication::primaryScreen();
+    const auto shown = [&](const QScreen *screen) {
+        const QSize seen = screen->availableGeometry().intersected(window).size();
+        return qint64(std::max(0, seen.width())) * std::max(0, seen.height());
+    };
+    for (QScreen *screen : QGuiApplication::screens()) {
+        if (shown(screen) > shown(best))
+            best = screen;
+    }
+    return best ? best->availableGeometry() : window;
 }
 
 void split(QSplitter &splitter, int first, int whole) {
-    splitter.setSizes({first, std::max(1, whole - first - splitter.handleWidth())});
+    const int both = whole - splitter.handleWidth();
+    // Where they stood in a larger window they may leave nothing of what is behind them.
+    const int second = std::max(both - first, std::min(LeastPart, both / 2));
+    splitter.setSizes({both - second, second});
 }
 
 QString doubledAmpersands(QString text) {
@@ -52,13 +61,13 @@ void frmMain::Form_Initialize() {
     };
     settings::Placement placed = placement();
     settings.load(placed);
-    place(placed);
-    if (settings.maximized)
-        setWindowState(windowState() | Qt::WindowMaximized);
     panel_->setUsualHeight(settings.panelHeight / TwipsPerPixel);
     panel_->setVisible(settings.panelShown);
     candidates_->setUsualWidth(settings.candidatesWidth / TwipsPerPixel);
     candidates_->setVisible(settings.candidatesShown);
+    place(placed);
+    if (settings.maximized)
+        setWindowState(windowState() | Qt::WindowMaximized);
     txtEdit->setProposesUnasked(settings.proposesUnasked);
     actions_.action(u"mnuViewPropose")->setChecked(settings.proposesUnasked);
     actions_.action(u"mnuViewLive")->setChecked(settings.liveValidation);
@@ -114,12 +123,13 @@ void frmMain::place(const settings::Placement &placed) {
     const auto pixels = [](int twips) { return twips / TwipsPerPixel; };
     const QRect window(pixels(placed.left), pixels(placed.top), pixels(placed.width),
                        pixels(placed.height));
-    const bool isSeen = isOnAScreen(window);
-    const QScreen *screen =
-        isSeen ? QGuiApplication::screenAt(window.center()) : QGuiApplication::primaryScreen();
-    const QRect available = screen ? screen->availableGeometry() : window;
-    resize(window.size().boundedTo(available.size()).expandedTo(LeastSize));
-    move(isSeen ? window.topLeft() : available.topLeft());
+    QRect room = partShowing(window);
+    room.setSize(room.size() - controls::FrameSize);
+    const QSize least = LeastSize.expandedTo(minimumSizeHint());
+    const QRect fitted =
+        controls::fittedInto(room, {window.topLeft(), window.size().expandedTo(least)});
+    resize(fitted.size());
+    move(fitted.topLeft());
     firstSplitLeft_ = pixels(placed.splitLeft);
     firstSplitTop_ = pixels(placed.splitTop);
 }

@@ -1,9 +1,26 @@
 #include "view/controls/application.h"
 
 #include "platform/ui/error_boundary.h"
+#include "view/controls/screen_fit.h"
 #include "view/controls/theme.h"
 
+#include <QEvent>
+#include <QPointer>
+#include <QWidget>
+
 namespace quillon::controls {
+
+namespace {
+
+/// The window that may be too large for its screen after an event; null where none may be.
+QWidget *windowToFit(QObject *receiver, const QEvent &event) {
+    const bool concernsSize = event.type() == QEvent::Polish || event.type() == QEvent::Show ||
+                              event.type() == QEvent::LayoutRequest;
+    auto *window = concernsSize ? qobject_cast<QWidget *>(receiver) : nullptr;
+    return window && window->isWindow() ? window : nullptr;
+}
+
+} // namespace
 
 Application::Application(int &argc, char **argv) : QApplication(argc, argv) {
     theme();
@@ -22,7 +39,12 @@ bool Application::notify(QObject *receiver, QEvent *event) {
                 },
                 Qt::QueuedConnection);
         }
-        return QApplication::notify(receiver, event);
+        const QPointer<QWidget> window = windowToFit(receiver, *event);
+        const bool isTaken = QApplication::notify(receiver, event);
+        if (window)
+            fitToScreen(*window, event->type() == QEvent::LayoutRequest ? Occasion::LaidOut
+                                                                        : Occasion::Shown);
+        return isTaken;
     } catch (...) {
         ui::reportCurrentException();
         return false;

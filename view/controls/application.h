@@ -4,9 +4,9 @@
 
 namespace quillon::controls {
 
-/// An application in the program's own look, which survives an exception that leaves an event
-/// handler. The last resort: Qt's own frames between the two are not unwound properly, so handlers
-/// use guarded().
+/// An application in the program's own look, which keeps every dialog within its screen, and which
+/// survives an exception that leaves an event handler. That is the last resort: Qt's own frames
+/// between the two are not unwound properly, so handlers use guarded().
 class Application : public QApplication {
 public:
     Application(int &argc, char **argv);
