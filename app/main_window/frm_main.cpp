@@ -10,6 +10,7 @@
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QOpenGLContext>
 #include <QOpenGLWidget>
@@ -176,6 +177,9 @@ void frmMain::nameForAccessibility() {
     name(tbrMove, "tbrMove", texts::MoveToolBarName);
     name(picPath, "picPath", texts::PathName);
     name(cboPath, "cboPath", texts::PathName);
+    // Assistive technology reads the text of a box that can be edited in place of its name.
+    cboPath->setAccessibleDescription(texts::PathName.toString());
+    cboPath->lineEdit()->setAccessibleName(texts::PathName.toString());
     name(vsp, "vsp", texts::ColumnsName);
     name(hsp, "hsp", texts::RowsName);
     name(tvw, "tvw", texts::TreeName);
