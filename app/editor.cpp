@@ -1,8 +1,11 @@
 #include "app/editor.h"
 
+#include "document/open_elsewhere.h"
+#include "platform/runtime/file_names.h"
 #include "platform/ui/error_boundary.h"
 #include "platform/xml/query/xpath.h"
 #include "resources/node_texts.h"
+#include "resources/texts.h"
 #include "tree/fragment.h"
 
 namespace quillon::app {
@@ -20,8 +23,9 @@ Editor::Editor(Environment given, ui::TextBox &txtEdit, ui::PathBox &cboPath, ui
                ui::LongWork &longWork, ui::Clipboard &clipboard)
     : environment(std::move(given)),
       workingFolder(runtime::workingFolder(environment.applicationFolder)),
-      recentFiles(environment.settings), settings(environment.settings), pane(txtEdit),
-      builder(state, options, tree), removal(builder, tree), nodeInsertion(state, builder, tree),
+      recentFiles(environment.settings), settings(environment.settings),
+      windows(environment.openWindows), pane(txtEdit), builder(state, options, tree),
+      removal(builder, tree), nodeInsertion(state, builder, tree),
       dragAndDrop(state, builder, nodeInsertion, removal, tree),
       selection(state, options, builder.registry(), tree, pane, cboPath, clipboard),
       labels(state, options, builder, tree, pane),
@@ -29,6 +33,7 @@ Editor::Editor(Environment given, ui::TextBox &txtEdit, ui::PathBox &cboPath, ui
       history(state, builder, selection, tree), creation(state, builder, selection, tree),
       structure(state, builder, removal, selection, tree),
       sorting(state, builder, removal, selection, tree, longWork),
+      prettyPrinting(state, builder, tree, longWork), encodings(state, builder, tree, longWork),
       nodeCommands(state, builder, removal, nodeInsertion, selection, structure, tree, clipboard),
       schemas(state, environment.settings, environment.fetchedSchemas),
       schemaCommands(state, schemas, builder, *environment.shell, longWork,
@@ -54,7 +59,8 @@ Editor::Editor(Environment given, ui::TextBox &txtEdit, ui::PathBox &cboPath, ui
       mending(state, options, candidateFinder, candidateInsertion, replacing, removal, builder,
               selection),
       faults(state), faultNavigation(faults, builder, selection, tree, pane),
-      faultExport(faults, clipboard, longWork), tools(state, builder, *environment.shell, longWork),
+      faultExport(faults, clipboard, longWork),
+      tools(state, builder, environment.settings, *environment.shell, longWork),
       view(state, options, builder, selection, tree), broken(state, pane, longWork),
       loader(state, builder, selection, history, tree, workingFolder, recentFiles,
              environment.clock, longWork),
@@ -63,6 +69,7 @@ Editor::Editor(Environment given, ui::TextBox &txtEdit, ui::PathBox &cboPath, ui
     wireStatusBar();
     wireDocumentCommands();
     wireBrokenFile();
+    wireWindows();
     wireRecovery(recovery);
     wireTree();
     wireDrops();
@@ -83,6 +90,8 @@ void Editor::wireStatusBar() {
     connect(&selection, &tree::Selection::statusText, this, &Editor::statusText);
     connect(&textEditing, &tree::TextEditing::statusText, this, &Editor::statusText);
     connect(&sorting, &edit::ChildSorting::statusText, this, &Editor::statusText);
+    connect(&prettyPrinting, &edit::PrettyPrinting::statusText, this, &Editor::statusText);
+    connect(&encodings, &edit::EncodingCommands::statusText, this, &Editor::statusText);
     connect(&captionSearch, &search::CaptionSearch::statusText, this, &Editor::statusText);
     connect(&pathQuery, &search::PathQuery::statusText, this, &Editor::statusText);
     connect(&pathCopy, &search::PathCopy::statusText, this, &Editor::statusText);
@@ -111,6 +120,8 @@ void Editor::wireDocumentCommands() {
     connect(&nodeCommands, &edit::NodeCommands::documentModified, &commands, modified);
     connect(&structure, &edit::StructureCommands::documentModified, &commands, modified);
     connect(&sorting, &edit::ChildSorting::documentModified, &commands, modified);
+    connect(&prettyPrinting, &edit::PrettyPrinting::documentModified, &commands, modified);
+    connect(&encodings, &edit::EncodingCommands::documentModified, &commands, modified);
     connect(&tools, &tools::ToolCommands::documentModified, &commands, modified);
 
     connect(&loader, &DocumentLoader::replacing, &commands, &DocumentCommands::leaveDocument);
@@ -133,6 +144,27 @@ void Editor::wireBrokenFile() {
     connect(&broken, &BrokenFile::mended, &commands, &document::DocumentCommands::takeMended);
     connect(&loader, &document::DocumentLoader::documentOpened, &broken, leave);
     connect(&broken, &BrokenFile::statusText, this, &Editor::statusText);
+}
+
+void Editor::wireWindows() {
+    connect(&commands, &document::DocumentCommands::captionChanged, this, &Editor::tellWindows);
+    commands.isSettledElsewhere = [this](const QString &path) {
+        return document::isSettledElsewhere(windows, path);
+    };
+}
+
+void Editor::tellWindows() {
+    const QString name = runtime::shownPath(runtime::fileName(state.m_FileName));
+    const bool isModified = state.m_Modified;
+    QString caption = name;
+    if (caption.isEmpty())
+        caption = (state.showsDocument() ? resources::texts::NewDocument
+                                         : resources::texts::ApplicationTitle)
+                      .toString();
+    if (isModified)
+        caption += QStringLiteral(" *");
+    const bool hasFile = state.m_Opened && QFileInfo(state.m_FileName).isAbsolute();
+    windows.tell({caption, hasFile ? state.m_FileName : QString(), isModified});
 }
 
 void Editor::wireRecovery(recovery::CrashRecovery &follower) {
@@ -179,7 +211,7 @@ void Editor::wireDrops() {
     tree.dragHandlers = dragAndDrop.handlers();
     connect(&tree, &items::Tree::mouseDown, &dragAndDrop, &DragAndDrop::takeMouseDown);
     connect(&dragAndDrop, &DragAndDrop::openFileRequested, &commands,
-            &document::DocumentCommands::openUnasked);
+            &document::DocumentCommands::openDropped);
     connect(&dragAndDrop, &DragAndDrop::loadXmlRequested, &loader,
             &document::DocumentLoader::LoadXML);
     dragAndDrop.mayLeavePane = [this] {
@@ -197,6 +229,8 @@ void Editor::wirePane() {
     connect(&dragAndDrop, &tree::DragAndDrop::documentModified, this, &Editor::showAnew);
     connect(&removal, &tree::NodeRemoval::documentModified, this, &Editor::showAnewAfterRemoval);
     connect(&dragAndDrop, &tree::DragAndDrop::nodesLeft, this, &Editor::showSelectedInstead);
+    connect(&prettyPrinting, &edit::PrettyPrinting::documentModified, this, &Editor::showAnew);
+    connect(&encodings, &edit::EncodingCommands::documentModified, this, &Editor::showAnew);
     connect(&tools, &tools::ToolCommands::documentModified, this, &Editor::showAnew);
 }
 

@@ -7,10 +7,13 @@
 #include "document/document_commands.h"
 #include "document/document_loader.h"
 #include "edit/child_sorting.h"
+#include "edit/encoding_commands.h"
 #include "edit/node_commands.h"
 #include "edit/node_creation.h"
+#include "edit/pretty_printing.h"
 #include "edit/undo_history.h"
 #include "platform/items/tree.h"
+#include "platform/system/open_windows.h"
 #include "platform/system/settings_store.h"
 #include "platform/system/shell.h"
 #include "platform/system/working_folder.h"
@@ -58,6 +61,8 @@ struct Environment {
     std::shared_ptr<system::Shell> shell = std::make_shared<system::Shell>();
     /// Where schemas are kept that have been fetched.
     QString fetchedSchemas = schemas::FetchedSchemas::defaultFolder();
+    /// Where the windows of the program know each other.
+    QString openWindows = system::OpenWindows::defaultFolder();
 
     /// Those of the program as it is installed.
     static Environment ofProgram();
@@ -76,6 +81,7 @@ public:
     const system::WorkingFolder workingFolder;
     const document::RecentFiles recentFiles;
     settings::Settings settings;
+    system::OpenWindows windows;
 
     state::DocumentState state;
     state::ViewOptions options;
@@ -94,6 +100,8 @@ public:
     edit::NodeCreation creation;
     edit::StructureCommands structure;
     edit::ChildSorting sorting;
+    edit::PrettyPrinting prettyPrinting;
+    edit::EncodingCommands encodings;
     edit::NodeCommands nodeCommands;
 
     schemas::DocumentSchemas schemas;
@@ -147,6 +155,7 @@ private:
     void wireStatusBar();
     void wireDocumentCommands();
     void wireBrokenFile();
+    void wireWindows();
     void wireTree();
     void wireDrops();
     void wirePane();
@@ -161,6 +170,7 @@ private:
     void wireReplacing();
     void wireCandidates();
 
+    void tellWindows();
     void tellSelectedCount(const QString &text);
     bool mayEditLabel();
     bool takeLabel(const items::TreeItem &item, QString &newText);

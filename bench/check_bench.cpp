@@ -69,7 +69,7 @@ public:
         return {choice, request.flags};
     }
     ui::FileDialogResult showSave(const ui::FileDialogRequest &) override { return {}; }
-    QString inputText(const QString &) override { return {}; }
+    QString inputText(const QString &, const ui::InputHelp &) override { return {}; }
     std::optional<ui::FontChoice> chooseFont(const ui::FontChoice &) override { return {}; }
     std::optional<int> chooseOne(const QString &, const QStringList &) override { return {}; }
     std::optional<QString> chooseValue(ui::ValueEditor, const QString &) override { return {}; }

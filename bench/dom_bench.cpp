@@ -2,6 +2,7 @@
 
 #include "bench/report.h"
 #include "platform/xml/dom/dom.h"
+#include "platform/xml/dom/pretty_print.h"
 
 #include <cstring>
 #include <expat.h>
@@ -29,6 +30,22 @@ bool parseWithLibxml(const std::string &bytes) {
                                       nullptr, XML_PARSE_HUGE);
     xmlFreeDoc(doc);
     return doc != nullptr;
+}
+
+/// Every line of the document is to be indented otherwise.
+void measureLayout(Table &table, const xml::DOMDocument40 &document) {
+    xml::LayoutStyle style;
+    style.step = "\t";
+    xml::LayoutPlan plan;
+    const double planned = bestOf(3, [&] {
+        plan = xml::planLayout(document.node(), style);
+        return !plan.isEmpty();
+    });
+    xml::DOMDocument40 copy;
+    const double made = bestOf(
+        3, [&] { xml::applyLayout(copy.node(), plan); }, [&] { copy = document.clone(); });
+    table.row("plan another layout of all of it", planned, "ms", 0);
+    table.row("carry that out", made, "ms", 0);
 }
 
 } // namespace
@@ -82,6 +99,7 @@ void measureDom(Table &table, const std::string &path, bool limited) {
     table.row("serialise the untouched document", untouched, "ms", 0);
     table.row("  / copying", untouched / memory, "x", limited ? 10 : 0);
     table.row("serialise with one change near the top / copying", changed / memory, "x", 0);
+    measureLayout(table, document);
 }
 
 } // namespace quillon::bench

@@ -110,7 +110,7 @@ void DocumentCommands::mnuFileOpen_Click() {
     const ui::FileDialogResult chosen = ui::dialogs().showOpen(
         {dialogTitle_, texts::OpenFilter.toString(), ui::file_dialog_flag::FileMustExist,
          runtime::shownPath(initialPath())});
-    if (chosen.path.isEmpty())
+    if (chosen.path.isEmpty() || isSettledElsewhere(chosen.path))
         return;
     ClearStatus();
     state_.m_ReadOnly = (chosen.flags & ui::file_dialog_flag::ReadOnly) != 0;
@@ -220,6 +220,8 @@ void DocumentCommands::saveUnderNewName() {
 }
 
 void DocumentCommands::mnuFileMRUFiles_Click(const QString &path) {
+    if (isSettledElsewhere(path))
+        return;
     const QScopedValueRollback answered(changesGivenUp_);
     if (!ConfirmSave())
         return;
@@ -245,6 +247,11 @@ bool DocumentCommands::openRecovered(const QString &path, const QString &name,
     suggestedPath_ = QFileInfo(original).isAbsolute() ? original : QString();
     UpdateStatus(name);
     return true;
+}
+
+void DocumentCommands::openDropped(const QString &path) {
+    if (!isSettledElsewhere(path))
+        openUnasked(path);
 }
 
 void DocumentCommands::openUnasked(const QString &path) {

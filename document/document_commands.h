@@ -42,10 +42,17 @@ public:
     /// no file of its own any more: saving asks for a name, and suggests the one it had.
     /// Raises what DocumentLoader::OpenFile raises.
     void openUnasked(const QString &path);
+    /// The same for a file that the user has dropped on the window.
+    void openDropped(const QString &path);
 
     /// Asked ahead of every command that would give up what is in the edit pane alone, or save
     /// without it; false stops the command.
     std::function<bool()> mayLeavePane = [] { return true; };
+    /// Asked ahead of opening a file that the user has chosen; true when another window has it and
+    /// nothing is to be opened here.
+    std::function<bool(const QString &path)> isSettledElsewhere = [](const QString &) {
+        return false;
+    };
 
     /// Asks whether changes are to be saved. False when the user cancelled, or would not have a
     /// file replaced that others have changed; True also when the save that was asked for was

@@ -35,6 +35,8 @@ inline constexpr Text EditFindNext = u"次を検索(&N)";
 inline constexpr Text EditReplace = u"検索と置換(&H)...";
 inline constexpr Text EditCopyXPath = u"XPath をコピー(&Q)";
 inline constexpr Text EditSelectMatches = u"一致した項目を選択(&M)";
+inline constexpr Text EditFormat = u"整形(&G)...";
+inline constexpr Text EditEncoding = u"エンコードの変更(&E)...";
 inline constexpr Text ViewLock = u"要素・属性名のロック(&L)";
 
 inline constexpr Text ViewMenu = u"表示(&V)";
@@ -111,6 +113,10 @@ inline constexpr Text ToolCreateSchema = u"スキーマを作成(&K)...";
 
 inline constexpr Text WindowMenu = u"ウィンドウ(&W)";
 inline constexpr Text WindowTileH = u"横に並べる(&H)";
+
+/// The windows that are open take its place.
+inline constexpr Text WindowList = u"&1";
+inline constexpr Text WindowMore = u"その他のウィンドウ(&M)...";
 
 inline constexpr Text HelpMenu = u"ヘルプ(&H)";
 inline constexpr Text HelpReadme = u"Readme.txt表示(&R)...";

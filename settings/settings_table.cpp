@@ -31,6 +31,13 @@ constexpr SettingRow Rows[] = {
     {u"Print", u"MarginTop", &Values::marginTop, u"1500", 0},
     {u"Print", u"MarginRight", &Values::marginRight, u"1500", 0},
     {u"Print", u"MarginBottom", &Values::marginBottom, u"1500", 0},
+    {u"Format", u"Tabs", &Values::formatTabs, u"0"},
+    {u"Format", u"Indent", &Values::formatIndent, u"2", 1},
+    {u"Format", u"Attributes", &Values::formatAttributes, u"1", 0},
+    {u"Format", u"Width", &Values::formatWidth, u"100", 20},
+    {u"Format", u"AlignAttributes", &Values::formatAligns, u"-1"},
+    {u"Format", u"EmptyElements", &Values::formatEmpty, u"0", 0},
+    {u"Format", u"KeepBlankLines", &Values::formatBlankLines, u"-1"},
 };
 
 QString keyOf(const SettingList &list, qsizetype position) {

@@ -56,6 +56,15 @@ struct Values {
     qint16 marginTop = 0;
     qint16 marginRight = 0;
     qint16 marginBottom = 0;
+    /// How a document is laid out: by tabs or so many blanks, what becomes of attributes and of
+    /// empty elements, as xml::LayoutStyle numbers it, and the width of a line in columns.
+    bool formatTabs = false;
+    qint16 formatIndent = 2;
+    qint16 formatAttributes = 1;
+    qint16 formatWidth = 100;
+    bool formatAligns = true;
+    qint16 formatEmpty = 0;
+    bool formatBlankLines = true;
     /// At most as many as EditorNames holds, in order.
     std::vector<ExternalEditor> editors;
 };
@@ -108,12 +117,16 @@ struct SettingLines {
 };
 
 inline constexpr SettingLines PathQueries{u"Application", u"PathQueries", 30};
-/// The names of the commands that were run last from the box that finds them, the latest at the end.
+/// The names of the commands that were run last from the box that finds them, the latest at the
+/// end.
 inline constexpr SettingLines UsedCommands{u"Application", u"UsedCommands", 12};
 /// Which documents schemas are for, and which have been chosen for single documents.
 inline constexpr SettingLines SchemaRules{u"Schemas", u"Rules", 500};
 inline constexpr SettingLines SchemaChoices{u"Schemas", u"Choices", 200};
 inline constexpr SettingLines SchemaCatalogs{u"Schemas", u"Catalogs", 20};
+
+/// Where documents have been sent, without passwords.
+inline constexpr SettingLines SentAddresses{u"Tools", u"SentAddresses", 10};
 
 inline constexpr SettingList EditorNames{u"Programs", u"Name", 0, 11};
 inline constexpr SettingList EditorPaths{u"Programs", u"Path", 0, 11};

@@ -1,18 +1,25 @@
 #include "tools/tool_commands.h"
 
 #include "platform/runtime/error.h"
+#include "platform/runtime/file_names.h"
 #include "platform/runtime/paths.h"
 #include "platform/system/http_request.h"
 #include "platform/ui/dialogs.h"
 #include "platform/ui/message_box.h"
 #include "resources/messages.h"
+#include "resources/send_texts.h"
 #include "resources/texts.h"
+#include "settings/settings_table.h"
 #include "tools/value_clearing.h"
+
+#include <QLocale>
+#include <QUrl>
 
 namespace quillon::tools {
 
 namespace style = ui::message_style;
 namespace texts = resources::texts;
+namespace send_texts = resources::send_texts;
 
 namespace {
 
@@ -25,11 +32,21 @@ bool mayRedirect(const QUrl &target, bool withDocument) {
            ui::message_answer::Yes;
 }
 
+/// Makes an address the latest one. Whoever is to be let in by a password types that each time.
+void remember(const system::SettingsStore &store, const QUrl &url) {
+    const QString address = url.toString(QUrl::RemoveUserInfo | QUrl::FullyEncoded);
+    settings::SentAddresses.change(store, [&](QStringList &addresses) {
+        addresses.removeAll(address);
+        addresses.append(address);
+    });
+}
+
 } // namespace
 
 ToolCommands::ToolCommands(const state::DocumentState &state, tree::TreeBuilder &builder,
-                           system::Shell &shell, ui::LongWork &longWork)
-    : state_(state), builder_(builder), shell_(shell), longWork_(longWork) {}
+                           const system::SettingsStore &settings, system::Shell &shell,
+                           ui::LongWork &longWork)
+    : state_(state), builder_(builder), settings_(settings), shell_(shell), longWork_(longWork) {}
 
 void ToolCommands::mnuToolRemoveText_Click() {
     if (state_.m_ReadOnly || state_.m_DOM.isNull())
@@ -53,16 +70,39 @@ void ToolCommands::mnuToolOpen_Click(const QString &program) {
     }
 }
 
+QString ToolCommands::explainSending(const QString &address, qsizetype bytes) const {
+    const QUrl url = system::webAddress(address);
+    const QString name = state_.m_FileName.isEmpty()
+                             ? texts::NewDocument.toString()
+                             : runtime::shownPath(runtime::fileName(state_.m_FileName));
+    const QString what = send_texts::What.toString().arg(name, QLocale().toString(qint64(bytes)),
+                                                         state_.m_DOM.encoding());
+    if (url.isEmpty())
+        return what + u'\n' + send_texts::Where.toString();
+    const bool isSecure = url.scheme() == QLatin1String("https");
+    // As it is sent: letters of other scripts that look alike are told apart.
+    const QString host = QString::fromLatin1(url.toEncoded(
+        QUrl::RemoveUserInfo | QUrl::RemovePath | QUrl::RemoveQuery | QUrl::RemoveFragment));
+    return what + u'\n' +
+           (isSecure ? send_texts::ToSecure : send_texts::ToOpen).toString().arg(host);
+}
+
 void ToolCommands::mnuToolSend_Click() {
-    const QString address = ui::dialogs().inputText(QStringLiteral("URL?"));
+    const QByteArray bytes = state_.m_DOM.serialize();
+    const QStringList sent = settings::SentAddresses.read(settings_);
+    const QString address = ui::dialogs().inputText(
+        QStringLiteral("URL?"),
+        {[&](const QString &typed) { return explainSending(typed, bytes.size()); },
+         QStringList(sent.crbegin(), sent.crend())});
     if (address.isEmpty())
         return;
-    system::httpPost(address, state_.m_DOM.serialize(),
-                     QStringLiteral("text/xml; charset=") + state_.m_DOM.encoding(), mayRedirect,
-                     [this](const std::function<void(const runtime::Progress &)> &request) {
-                         longWork_.run(texts::Sending.toString(), ui::LongWork::Stop::Offered,
-                                       request);
-                     });
+    if (const QUrl url = system::webAddress(address); !url.isEmpty())
+        remember(settings_, url);
+    system::httpPost(
+        address, bytes, QStringLiteral("text/xml; charset=") + state_.m_DOM.encoding(), mayRedirect,
+        [this](const std::function<void(const runtime::Progress &)> &request) {
+            longWork_.run(texts::Sending.toString(), ui::LongWork::Stop::Offered, request);
+        });
 }
 
 void ToolCommands::mnuHelpReadme_Click() {

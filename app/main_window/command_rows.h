@@ -46,6 +46,7 @@ bool hasDocument(const Editor &editor);
 /// A document, or a text that is being mended.
 bool hasContent(const Editor &editor);
 bool isWritable(const Editor &editor);
+bool isWritableDocument(const Editor &editor);
 bool hasSelection(const Editor &editor);
 
 template <bool edit::EditMenuStates::*State>

@@ -128,6 +128,14 @@ constexpr CommandRow Rows[] = {
      .enabled = hasMarks,
      .paneText = PaneText::IsAskedAbout,
      .run = [](frmMain &form) { form.editor().nodeCommands.selectMarked(); }},
+    {.entry = {u"mnuEditFormat", editMenu, text::EditFormat, u"Ctrl+Shift+F"},
+     .enabled = isWritableDocument,
+     .paneText = PaneText::IsAskedAbout,
+     .run = [](frmMain &form) { form.mnuEditFormat_Click(); }},
+    {.entry = {u"mnuEditEncoding", editMenu, text::EditEncoding},
+     .enabled = isWritableDocument,
+     .paneText = PaneText::IsAskedAbout,
+     .run = [](frmMain &form) { form.mnuEditEncoding_Click(); }},
 };
 
 } // namespace

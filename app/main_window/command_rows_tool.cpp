@@ -19,10 +19,6 @@ bool hasSelection(const Editor &editor) {
     return bool(editor.selection.GetSelectedDOMNode());
 }
 
-bool isWritableDocument(const Editor &editor) {
-    return hasDocument(editor) && isWritable(editor);
-}
-
 constexpr CommandRow Rows[] = {
     menu(toolMenu, text::ToolMenu),
     {.entry = {u"mnuToolSelXSL", toolMenu, text::ToolSelXSL},
@@ -96,6 +92,10 @@ constexpr CommandRow Rows[] = {
     menu(windowMenu, text::WindowMenu),
     {.entry = {u"mnuWindowTileH", windowMenu, text::WindowTileH},
      .run = [](frmMain &form) { form.mnuWindowTileH_Click(); }},
+    line(u"mnuWindowLine1", windowMenu),
+    array(u"mnuWindowList", windowMenu, text::WindowList),
+    {.entry = {u"mnuWindowMore", windowMenu, text::WindowMore},
+     .run = [](frmMain &form) { form.mnuWindowMore_Click(); }},
 
     menu(helpMenu, text::HelpMenu),
     {.entry = {u"mnuHelpReadme", helpMenu, text::HelpReadme},

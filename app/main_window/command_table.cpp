@@ -20,6 +20,10 @@ bool isWritable(const Editor &editor) {
     return !editor.state.m_ReadOnly;
 }
 
+bool isWritableDocument(const Editor &editor) {
+    return hasDocument(editor) && isWritable(editor);
+}
+
 bool hasSelection(const Editor &editor) {
     return bool(editor.tree.SelectedItem());
 }

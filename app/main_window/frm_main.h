@@ -60,11 +60,15 @@ public:
     void mnuFilePrintPreview_Click();
     void mnuFilePrintTreePreview_Click() { treePrinting_->mnuFilePrintTreePreview_Click(this); }
     void mnuEditReplace_Click();
+    void mnuEditFormat_Click();
+    void mnuEditEncoding_Click();
     void mnuToolOption_Click();
     void mnuNodeSort_Click();
     void mnuToolSchemas_Click();
     void mnuToolBindSchema_Click();
     void mnuWindowTileH_Click();
+    /// Asks which of all windows is to come to the front.
+    void mnuWindowMore_Click();
     void mnuViewPanel_Click(bool show);
     void mnuViewCandidates_Click(bool show);
     void mnuViewPropose_Click(bool propose);
@@ -133,6 +137,7 @@ private:
     /// Has the menu say which theme is in force.
     void showThemeMode();
     void showRecentFiles();
+    void showWindows();
     void showTreeMenu(const QPoint &position);
     void showValidationErrors();
     /// The parts that focusPart() goes through, with what gives each the keyboard.

@@ -1,9 +1,13 @@
 #include "app/main_window/bind_dialog.h"
 #include "app/main_window/command_table.h"
 #include "app/main_window/frm_main.h"
+#include "app/main_window/open_window_list.h"
+#include "app/main_window/window_front.h"
+#include "platform/ui/dialogs.h"
 #include "platform/ui/error_boundary.h"
 #include "resources/candidate_texts.h"
 #include "resources/texts.h"
+#include "resources/window_texts.h"
 
 #include <QAction>
 #include <QApplication>
@@ -89,6 +93,9 @@ void frmMain::connectWindow() {
         return editor_->pathCompletion.proposals(typed);
     };
     menus_->onMenuOpening(u"mnuFile", [this] { showRecentFiles(); });
+    menus_->onMenuOpening(u"mnuWindow", [this] { showWindows(); });
+    connect(&editor_->windows, &system::OpenWindows::calledToFront, this,
+            [this] { bringToFront(*this); });
     tvw->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(tvw, &QWidget::customContextMenuRequested, this, &frmMain::showTreeMenu);
     validationList_ =
@@ -269,6 +276,31 @@ void frmMain::showValidationErrors() {
 
 void frmMain::mnuWindowTileH_Click() {
     ui::ignoringErrors([this] { companion_.execute(QStringLiteral("TILE_VERTICAL")); });
+}
+
+void frmMain::showWindows() {
+    const OpenWindowList list(editor_->windows);
+    std::vector<controls::ActionMenus::Element> elements;
+    for (int at = 0; at < std::min(list.count(), OpenWindowList::MostInMenu); ++at)
+        elements.push_back({QStringLiteral("&%1 %2").arg(at + 1).arg(
+                                QString(list.name(at)).replace(u'&', QStringLiteral("&&"))),
+                            {}});
+    menus_->setElements(
+        u"mnuWindowList", elements,
+        [this, list](int at, const QString &) {
+            if (!list.callToFront(at))
+                bringToFront(*this);
+        },
+        0);
+    actions_.action(u"mnuWindowMore")->setVisible(list.count() > OpenWindowList::MostInMenu);
+}
+
+void frmMain::mnuWindowMore_Click() {
+    const OpenWindowList list(editor_->windows);
+    const auto chosen =
+        ui::dialogs().chooseOne(resources::window_texts::Choose.toString(), list.names());
+    if (chosen && !list.callToFront(*chosen))
+        bringToFront(*this);
 }
 
 } // namespace quillon::app

@@ -3,6 +3,8 @@
 #include "platform/runtime/numbers.h"
 #include "platform/ui/error_boundary.h"
 #include "platform/ui/message_box.h"
+#include "tools/encoding_dialog.h"
+#include "tools/format_dialog.h"
 #include "tools/options_dialog.h"
 #include "tools/sort_dialog.h"
 #include "view/controls/screen_fit.h"
@@ -136,6 +138,7 @@ void frmMain::place(const settings::Placement &placed) {
 
 void frmMain::showEvent(QShowEvent *event) {
     QMainWindow::showEvent(event);
+    editor_->windows.join();
     if (std::exchange(wasShown_, true))
         return;
     // Only now the splitters have a size to divide.
@@ -216,6 +219,24 @@ void frmMain::mnuNodeSort_Click() {
         return;
     sortOrder_ = dialog.order();
     editor_->sorting.sort(sortOrder_);
+}
+
+void frmMain::mnuEditFormat_Click() {
+    settings::Settings &settings = editor_->settings;
+    tools::FormatDialog dialog(editor_->prettyPrinting, settings,
+                               QFont(settings.fontName, settings.fontSize), this);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    dialog.keep(settings);
+    editor_->prettyPrinting.format(tools::layoutStyle(settings), dialog.scope());
+}
+
+void frmMain::mnuEditEncoding_Click() {
+    tools::EncodingDialog dialog(editor_->encodings, this);
+    if (dialog.exec() == QDialog::Accepted)
+        editor_->encodings.change(dialog.encoding(), dialog.lineEnds());
+    else if (const xml::Node place = dialog.place())
+        editor_->selection.ShowNode(editor_->builder.itemOf(place), true);
 }
 
 void frmMain::takeFont(const QString &name, qint16 size) {

@@ -3,6 +3,7 @@
 #include "app/automation/automation_server.h"
 #include "app/main_window/window.h"
 #include "app/start_up/splash.h"
+#include "document/open_elsewhere.h"
 #include "platform/runtime/file_access.h"
 #include "platform/runtime/file_names.h"
 #include "platform/runtime/paths.h"
@@ -87,12 +88,18 @@ std::unique_ptr<Window> makeWindow() {
 }
 
 int runStandAlone(const QString &path) {
+    const bool isThere = runtime::fileKind(path) != runtime::FileKind::Missing;
+    bool isSettled = false;
+    ui::guarded(
+        [&] { isSettled = isThere && document::isSettledElsewhere(system::OpenWindows(), path); });
+    if (isSettled)
+        return EXIT_SUCCESS;
     frmSplash splash;
     splash.show();
     QCoreApplication::processEvents();
 
     Window window;
-    if (runtime::fileKind(path) != runtime::FileKind::Missing)
+    if (isThere)
         ui::guarded([&] { window.OpenFile(path); });
     window.setVisible(true);
     splash.close();

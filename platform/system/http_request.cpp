@@ -129,11 +129,16 @@ HttpResponse exchange(Request request, const QString &address, const AllowRedire
 
 } // namespace
 
+QUrl webAddress(const QString &text) {
+    const QUrl url(text.trimmed(), QUrl::StrictMode);
+    return isWebAddress(url) ? url : QUrl();
+}
+
 HttpResponse httpPost(const QString &address, const QByteArray &body, const QString &contentType,
                       const AllowRedirect &allow, const RunRequest &run) {
-    return exchange({QUrl(address.trimmed(), QUrl::StrictMode), resources::texts::CannotSend,
-                     isWebAddress, &body, contentType},
-                    address, allow, run);
+    return exchange(
+        {webAddress(address), resources::texts::CannotSend, isWebAddress, &body, contentType},
+        address, allow, run);
 }
 
 HttpResponse httpsGet(const QString &address, const AllowRedirect &allow, const RunRequest &run) {

@@ -10,6 +10,9 @@
 
 namespace quillon::system {
 
+/// The address of the web that a text is, without blanks around it; empty for any other text.
+QUrl webAddress(const QString &text);
+
 /// An answer of more bytes than this is not read to its end.
 inline constexpr qint64 LongestAnswer = 16 << 20;
 

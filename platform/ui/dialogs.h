@@ -5,6 +5,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <optional>
 
 namespace quillon::ui {
@@ -49,6 +50,15 @@ struct FontChoice {
     double points = 0;
 };
 
+/// What helps with typing a line of text.
+struct InputHelp {
+    /// Says what would come of the text typed so far; asked anew with every change. Empty for no
+    /// such line.
+    std::function<QString(const QString &typed)> explain = {};
+    /// What can be chosen instead of being typed, the likeliest first.
+    QStringList offered = {};
+};
+
 /// What the program asks of its user outside its windows. All calls are modal.
 class Dialogs {
 public:
@@ -60,7 +70,8 @@ public:
     /// See ui::showMessage() in message_box.h.
     virtual int showMessage(const QString &text, int style, const QString &title) = 0;
     /// Asks for one line of text. Empty when the user cancelled.
-    virtual QString inputText(const QString &prompt) = 0;
+    virtual QString inputText(const QString &prompt, const InputHelp &help) = 0;
+    QString inputText(const QString &prompt) { return inputText(prompt, InputHelp()); }
     /// Asks for one of several texts; its 0-based place, or nothing when the user cancelled.
     virtual std::optional<int> chooseOne(const QString &prompt, const QStringList &choices) = 0;
     virtual FileDialogResult showOpen(const FileDialogRequest &request) = 0;

@@ -115,6 +115,9 @@
 <message><source>検索と置換(&amp;H)...</source><translation>Find and R&amp;eplace...</translation></message>
 <message><source>XPath をコピー(&amp;Q)</source><translation>Copy &amp;XPath</translation></message>
 <message><source>一致した項目を選択(&amp;M)</source><translation>&amp;Select Matches</translation></message>
+<message><source>整形(&amp;G)...</source><translation>F&amp;ormat...</translation></message>
+<message><source>エンコードの変更(&amp;E)...</source><translation>Chan&amp;ge Encoding...</translation></message>
+<message><source>その他のウィンドウ(&amp;M)...</source><translation>&amp;More Windows...</translation></message>
 <message><source>要素・属性名のロック(&amp;L)</source><translation>&amp;Lock Element and Attribute Names</translation></message>
 <message><source>表示(&amp;V)</source><translation>&amp;View</translation></message>
 <message><source>ツリー項目の折りたたみ(&amp;C)</source><translation>&amp;Collapse Tree Item</translation></message>
@@ -1331,5 +1334,131 @@
 <message><source>マニュアル(&amp;M)</source><translation>&amp;Manual</translation></message>
 <message><source>コマンドの検索(&amp;S)...</source><translation>Find a Comman&amp;d...</translation></message>
 <message><source>ドキュメントがないときに、はじめのページを表示(&amp;G)</source><translation>Show the first pa&amp;ge when no document is open</translation></message>
+<!-- layout_texts.h -->
+<message><source>整形</source><translation>Format</translation></message>
+<message><source>対象</source><translation>Scope</translation></message>
+<message><source>文書全体(&amp;D)</source><translation>The whole &amp;document</translation></message>
+<message><source>選択した要素(&amp;S)</source><translation>&amp;Selected elements</translation></message>
+<message><source>字下げ</source><translation>Indentation</translation></message>
+<message><source>空白(&amp;B):</source><translation>&amp;Blanks:</translation></message>
+<message><source>タブ(&amp;T)</source><translation>&amp;Tab</translation></message>
+<message><source>字下げの空白の数</source><translation>Number of blanks to indent by</translation></message>
+<message><source>空行を 1 行だけ残す(&amp;L)</source><translation>Keep one blank &amp;line</translation></message>
+<message><source>属性(&amp;A):</source><translation>&amp;Attributes:</translation></message>
+<message><source>変更しない</source><translation>Leave unchanged</translation></message>
+<message><source>行の幅で折り返す</source><translation>Wrap at the line width</translation></message>
+<message><source>1 つずつ別の行に置く</source><translation>Each on a line of its own</translation></message>
+<message><source>行の幅(&amp;W):</source><translation>Line &amp;width:</translation></message>
+<message><source> 桁</source><translation> columns</translation></message>
+<message><source>最初の属性に揃える(&amp;G)</source><translation>Ali&amp;gn with the first attribute</translation></message>
+<message><source>空要素(&amp;M):</source><translation>E&amp;mpty elements:</translation></message>
+<message><source>整形後(&amp;R)</source><translation>Afte&amp;r</translation></message>
+<message><source>整形前(&amp;O)</source><translation>Bef&amp;ore</translation></message>
+<message><source>整形のプレビュー。変わる行は * で始まります。</source><translation>Preview of the formatting. Lines that change begin with *.</translation></message>
+<message><source>%2 行のうち %1 行が変わり、%3 行になります。</source><translation>%1 of %2 lines change; there will be %3.</translation></message>
+<message><source>変わる行はありません。</source><translation>No line changes.</translation></message>
+<message><source>大きいため、先頭の %1 行だけを表示しています。</source><translation>The document is large; only its first %1 lines are shown.</translation></message>
+<message><source>文字データを含む要素の内容、xml:space="preserve" の内容、コメントの中は変更しません。</source><translation>What is in elements with character data, under xml:space="preserve" and in comments stays as it is.</translation></message>
+<message><source>整形(&amp;F)</source><translation>&amp;Format</translation></message>
+<message><source>整形しています...</source><translation>Formatting...</translation></message>
+<message><source>整形しました(%1 か所)。</source><translation>Formatted (%1 places).</translation></message>
+<message><source>すでに整形されているため、何も変更していません。</source><translation>Everything is formatted already; nothing has been changed.</translation></message>
+<!-- encoding_texts.h -->
+<message><source>エンコードの変更</source><translation>Change Encoding</translation></message>
+<message><source>現在のエンコード: %1</source><translation>Present encoding: %1</translation></message>
+<message><source>%1(対応していません)</source><translation>%1 (not supported)</translation></message>
+<message><source>%1(BOM 付き)</source><translation>%1 (with byte order mark)</translation></message>
+<message><source>%1(リトルエンディアン)</source><translation>%1 (little endian)</translation></message>
+<message><source>%1(ビッグエンディアン)</source><translation>%1 (big endian)</translation></message>
+<message><source>新しいエンコード(&amp;E):</source><translation>New &amp;encoding:</translation></message>
+<message><source>改行(&amp;L):</source><translation>&amp;Line ends:</translation></message>
+<message><source>LF に統一する</source><translation>All LF</translation></message>
+<message><source>CR+LF に統一する</source><translation>All CR+LF</translation></message>
+<message><source>新しいエンコードで表せない文字(&amp;U):</source><translation>Characters that the new encoding cannot &amp;use:</translation></message>
+<message><source>新しいエンコードで表せない文字。Enter でその場所へ移動</source><translation>Characters that the new encoding cannot use. Enter goes to the place</translation></message>
+<message><source>行</source><translation>Line</translation></message>
+<message><source>文字</source><translation>Character</translation></message>
+<message><source>場所</source><translation>Place</translation></message>
+<message><source>文字参照 %1 になります</source><translation>becomes the reference %1</translation></message>
+<message><source>表せません</source><translation>cannot be written</translation></message>
+<message><source>%1(要素 %2)</source><translation>%1 (element %2)</translation></message>
+<message><source>すべての文字を表せます。</source><translation>The encoding has all characters.</translation></message>
+<message><source>%1 文字は文字参照になります。読み込むと同じ文字に戻ります。</source><translation>%1 characters become references, which are the same characters when they are read.</translation></message>
+<message><source>%1 文字は名前、コメント、CDATA セクション、処理命令、文書型宣言の中にあり、文字参照にできません。その文字を変えるまで、このエンコードには変更できません。</source><translation>%1 characters stand in names, comments, CDATA sections, instructions or the document type, where no references are possible. This encoding cannot be used until they are changed.</translation></message>
+<message><source>%1 以上の</source><translation>%1 or more</translation></message>
+<message><source>変更(&amp;C)</source><translation>&amp;Change</translation></message>
+<message><source>場所を表示(&amp;G)</source><translation>&amp;Go to Place</translation></message>
+<message><source>文字を調べています...</source><translation>Checking characters...</translation></message>
+<message><source>エンコードを変更しています...</source><translation>Changing the encoding...</translation></message>
+<message><source>次の保存から %1 で書き込みます。</source><translation>From the next save on, the file is written in %1.</translation></message>
+<!-- send_texts.h -->
+<message><source>送信する内容: 「%1」の全体(%2 バイト、%3)。</source><translation>What is sent: all of %1 (%2 bytes, %3).</translation></message>
+<message><source>送信先の http:// または https:// で始まる URL を入力してください。</source><translation>Enter a URL that begins with http:// or https://.</translation></message>
+<message><source>送信先: %1 (POST、暗号化されます)。</source><translation>Where to: %1 (POST, encrypted).</translation></message>
+<message><source>送信先: %1 (POST、暗号化されません)。</source><translation>Where to: %1 (POST, not encrypted).</translation></message>
+<!-- window_texts.h -->
+<message><source>%1(このウィンドウ)</source><translation>%1 (this window)</translation></message>
+<message><source>前面に表示するウィンドウを選択してください。</source><translation>Which window is to come to the front?</translation></message>
+<message><source>「%1」は別のウィンドウで開かれていて、保存していない変更があります。</source><translation>%1 is open in another window and has unsaved changes there.</translation></message>
+<message><source>開いているウィンドウへ切り替える</source><translation>Switch to that window</translation></message>
+<message><source>もう一度開く</source><translation>Open it again</translation></message>
+<!-- file_type_texts.h -->
+<message><source>XMLファイル</source><translation>XML files</translation></message>
+<message><source>XSLファイル</source><translation>XSL files</translation></message>
+<message><source>%1 バイト</source><translation>%1 bytes</translation></message>
+<!-- qt_texts.h -->
+<message><source>場所:</source><translation>Look in:</translation></message>
+<message><source>フォルダー:</source><translation>Directory:</translation></message>
+<message><source>ファイル名(&amp;N):</source><translation>File &amp;name:</translation></message>
+<message><source>ファイルの種類:</source><translation>Files of type:</translation></message>
+<message><source>開く(&amp;O)</source><translation>&amp;Open</translation></message>
+<message><source>選択(&amp;C)</source><translation>&amp;Choose</translation></message>
+<message><source>保存</source><translation>Save</translation></message>
+<message><source>フォルダーの選択</source><translation>Find Directory</translation></message>
+<message><source>前の場所に戻ります</source><translation>Go back</translation></message>
+<message><source>次の場所に進みます</source><translation>Go forward</translation></message>
+<message><source>上のフォルダー</source><translation>Parent Directory</translation></message>
+<message><source>上のフォルダーへ移動します</source><translation>Go to the parent directory</translation></message>
+<message><source>新しいフォルダー</source><translation>Create New Folder</translation></message>
+<message><source>新しいフォルダーを作成します</source><translation>Create a New Folder</translation></message>
+<message><source>新しいフォルダー(&amp;N)</source><translation>&amp;New Folder</translation></message>
+<message><source>一覧</source><translation>List View</translation></message>
+<message><source>一覧で表示します</source><translation>Change to list view mode</translation></message>
+<message><source>詳細</source><translation>Detail View</translation></message>
+<message><source>詳細を表示します</source><translation>Change to detail view mode</translation></message>
+<message><source>よく使う場所</source><translation>Sidebar</translation></message>
+<message><source>よく使う場所の一覧</source><translation>List of places and bookmarks</translation></message>
+<message><source>ファイル</source><translation>Files</translation></message>
+<message><source>削除</source><translation>Delete</translation></message>
+<message><source>取り除く</source><translation>Remove</translation></message>
+<message><source>表示: </source><translation>Show </translation></message>
+<message><source>隠しファイルを表示(&amp;H)</source><translation>Show &amp;hidden files</translation></message>
+<message><source>最近使った場所</source><translation>Recent Places</translation></message>
+<message><source>すべてのファイル (*)</source><translation>All Files (*)</translation></message>
+<message><source>コンピューター</source><translation>My Computer</translation></message>
+<message><source>ドライブ</source><translation>Drive</translation></message>
+<message><source>フォルダー</source><translation>Folder</translation></message>
+<message><source>%1 ファイル</source><translation>%1 File</translation></message>
+<message><source>名前</source><translation>Name</translation></message>
+<message><source>サイズ</source><translation>Size</translation></message>
+<message><source>更新日時</source><translation>Date Modified</translation></message>
+<message><source>「%1」は書き込みできません。&#10;削除してもよろしいですか？</source><translation>'%1' is write protected.&#10;Do you want to delete it anyway?</translation></message>
+<message><source>「%1」を削除してもよろしいですか？</source><translation>Are you sure you want to delete '%1'?</translation></message>
+<message><source>フォルダーを削除できません。</source><translation>Could not delete directory.</translation></message>
+<message><source>%1&#10;フォルダーが見つかりません。名前を確認してください。</source><translation>%1&#10;Directory not found.&#10;Please verify the correct directory name was given.</translation></message>
+<message><source>%1&#10;ファイルが見つかりません。名前を確認してください。</source><translation>%1&#10;File not found.&#10;Please verify the correct file name was given.</translation></message>
+<message><source>%1 はすでに存在します。&#10;上書きしますか？</source><translation>%1 already exists.&#10;Do you want to replace it?</translation></message>
+<message><source>使用できない名前</source><translation>Invalid filename</translation></message>
+<message><source>&lt;b&gt;「%1」という名前は使用できません。&lt;/b&gt;&lt;p&gt;別の名前を入力してください。</source><translation>&lt;b&gt;The name "%1" cannot be used.&lt;/b&gt;&lt;p&gt;Try using another name, with fewer characters or no punctuation marks.</translation></message>
+<message><source>キャンセル(&amp;C)</source><translation>&amp;Cancel</translation></message>
+<message><source>適用</source><translation>Apply</translation></message>
+<message><source>元に戻す</source><translation>Reset</translation></message>
+<message><source>ヘルプ</source><translation>Help</translation></message>
+<message><source>切り取り(&amp;T)</source><translation>Cu&amp;t</translation></message>
+<message><source>貼り付け(&amp;P)</source><translation>&amp;Paste</translation></message>
+<message><source>すべて選択</source><translation>Select All</translation></message>
+<message><source>リンクの場所をコピー(&amp;L)</source><translation>Copy &amp;Link Location</translation></message>
+<message><source>増やす(&amp;S)</source><translation>&amp;Step up</translation></message>
+<message><source>減らす(&amp;D)</source><translation>Step &amp;down</translation></message>
 </context>
 </TS>

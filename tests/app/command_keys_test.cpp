@@ -79,6 +79,7 @@ TEST_F(CommandKeys, HaveTheKeysThatUsersKnow) {
         {"mnuEditFindNext", "F3"},
         {"mnuEditReplace", "Ctrl+H"},
         {"mnuEditCopyXPath", "Ctrl+Shift+C"},
+        {"mnuEditFormat", "Ctrl+Shift+F"},
         {"SearchBackward", "Shift+F3"},
         {"mnuViewNextHit", "F4"},
         {"mnuViewPreviousHit", "Shift+F4"},
@@ -131,12 +132,12 @@ TEST_F(CommandKeys, HaveTheirPlacesAndAccessKeys) {
     };
     EXPECT_EQ(keysOf(form->menuBar()->actions()), "FEVNTWH.") << "the last one is hidden";
     EXPECT_EQ(menuKeys(u"mnuFile"), "NOR|SA|PT|M|CX|VW");
-    EXPECT_EQ(menuKeys(u"mnuEdit"), "URA|TCPD|R|FN|L|HQM");
+    EXPECT_EQ(menuKeys(u"mnuEdit"), "URA|TCPD|R|FN|L|HQMGE");
     EXPECT_EQ(menuKeys(u"mnuView"), "CE|T|F|PNB|MO|DIKL|H");
     EXPECT_EQ(menuKeys(u"mnuViewTheme"), "ALD");
     EXPECT_EQ(menuKeys(u"mnuNode"), "UD|EATCD|LXM.|D|BRWGOS|VIJF");
     EXPECT_EQ(menuKeys(u"mnuTool"), "XPNHY|SV|SC|E|O|MBK");
-    EXPECT_EQ(menuKeys(u"mnuWindow"), "H");
+    EXPECT_EQ(menuKeys(u"mnuWindow"), "H|1M");
     EXPECT_EQ(menuKeys(u"mnuHelp"), "RA|MS");
     EXPECT_EQ(menuKeys(u"treeMenu"), menuKeys(u"mnuNode") + "|P|Q|12345");
     QStringList buttons;

@@ -9,13 +9,19 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
+#include <QComboBox>
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
 #include <QDialog>
+#include <QDialogButtonBox>
 #include <QMenu>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QTest>
 #include <QThread>
 #include <QTimer>
+#include <QTreeWidget>
 
 #include <set>
 
@@ -115,6 +121,9 @@ protected:
     std::vector<Case> fileCases();
     std::vector<Case> viewCases();
     std::vector<Case> toolCases();
+    /// Goes to what stands in the way of another encoding, mends that, and has the next dialog
+    /// accepted.
+    void changeEncoding();
 
     std::shared_ptr<RecordingShell> shell = std::make_shared<RecordingShell>();
 };
@@ -194,6 +203,33 @@ std::vector<Commands::Case> Commands::documentCases() {
              });
          },
          makes("<r><c/><b/><a k=\"1\">t</a></r>")},
+        {u"mnuEditFormat",
+         [this] {
+             select("a");
+             QTimer::singleShot(0, form.get(), [] {
+                 auto *box = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+                 ASSERT_NE(box, nullptr);
+                 auto *text = box->findChild<QPlainTextEdit *>("preview");
+                 EXPECT_EQ(text->toPlainText(), "*   <r>\n*     <a k=\"1\">t</a>\n*     <b/>\n"
+                                                "*     <c/>\n*   </r>");
+                 box->findChild<QRadioButton *>("before")->setChecked(true);
+                 EXPECT_EQ(text->toPlainText(), "*   <r><a k=\"1\">t</a><b/><c/></r>");
+                 box->findChild<QRadioButton *>("tab")->setChecked(true);
+                 box->findChild<QComboBox *>("empty")->setCurrentIndex(2);
+                 EXPECT_FALSE(box->findChild<QWidget *>("indent")->isEnabled());
+                 box->accept();
+             });
+         },
+         [this] {
+             return editor().settings.formatTabs && selected() == u"a" &&
+                    editor().state.m_DOM.xml() == "<r>\n\t<a k=\"1\">t</a>\n\t<b></b>\n"
+                                                  "\t<c></c>\n</r>";
+         }},
+        {u"mnuEditEncoding", [this] { changeEncoding(); },
+         [this] {
+             return editor().state.m_DOM.encoding() == "Shift_JIS" && item("xml") &&
+                    editor().history.CanUndo();
+         }},
         {u"mnuNodeChooseValue",
          [this] {
              open("<r k=\"2024-04-01\"/>");
@@ -431,6 +467,15 @@ std::vector<Commands::Case> Commands::toolCases() {
              dialogs.answerMessage(No);
          },
          [this] { return QFile::exists(path("made.xsd")); }},
+        {u"mnuWindowMore",
+         [this] {
+             form->show();
+             dialogs.answerChoice(0);
+         },
+         [this] {
+             return !dialogs.choices.empty() &&
+                    dialogs.choices.back() == QStringList("doc.xml(このウィンドウ)");
+         }},
         {u"mnuHelpReadme", [] {},
          [this] { return shell->started.join(' ').endsWith("readme.txt"); }},
         {u"mnuHelpAbout", [this] { dialogs.answerMessage(Ok); },
@@ -449,6 +494,44 @@ std::vector<Commands::Case> Commands::toolCases() {
              return box && box->isVisible();
          }},
     };
+}
+
+void Commands::changeEncoding() {
+    open("<r a='\xC3\xA9'>\xF0\x9F\x98\x80<!--\xC3\xA9--></r>");
+    const auto inDialog = [this](auto act) {
+        QTimer::singleShot(0, form.get(), [act] {
+            auto *box = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            auto *encoding = box->findChild<QComboBox *>("encoding");
+            EXPECT_EQ(encoding->currentText(), "UTF-8");
+            encoding->setCurrentIndex(encoding->findText("Shift_JIS"));
+            act(*box, *box->findChild<QTreeWidget *>("unheld"));
+        });
+    };
+    inDialog([](QDialog &box, QTreeWidget &list) {
+        ASSERT_EQ(list.topLevelItemCount(), 3);
+        const auto row = [&](int at) {
+            QStringList texts;
+            for (int column = 0; column < list.columnCount(); ++column)
+                texts.append(list.topLevelItem(at)->text(column));
+            return texts.join('|');
+        };
+        EXPECT_EQ(row(0), "1|é (U+00E9)|コメント(要素 r)|表せません");
+        EXPECT_EQ(row(1), "1|é (U+00E9)|属性 a(要素 r)|文字参照 &#233; になります");
+        EXPECT_EQ(row(2), "1|😀 (U+1F600)|テキスト(要素 r)|文字参照 &#128512; になります");
+        auto *buttons = box.findChild<QDialogButtonBox *>();
+        EXPECT_FALSE(buttons->button(QDialogButtonBox::Ok)->isEnabled());
+        // To the first of them, which has to be changed before.
+        list.setCurrentItem(list.topLevelItem(0));
+        QTest::keyClick(&list, Qt::Key_Return);
+    });
+    run(u"mnuEditEncoding");
+    EXPECT_EQ(txtEdit().Text(), "é");
+    txtEdit().setText("e");
+    inDialog([](QDialog &box, QTreeWidget &list) {
+        EXPECT_EQ(list.topLevelItemCount(), 2);
+        box.accept();
+    });
 }
 
 TEST_F(Commands, DoWhatTheySay) {

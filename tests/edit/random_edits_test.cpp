@@ -184,7 +184,9 @@ public:
         return (style & ui::message_style::YesNo) != 0 ? ui::message_answer::Yes
                                                        : ui::message_answer::Ok;
     }
-    QString inputText(const QString &) override { return QStringLiteral("e"); }
+    QString inputText(const QString &, const ui::InputHelp &) override {
+        return QStringLiteral("e");
+    }
 };
 
 TEST_F(RandomEditsTest, TreeRegistryAndDocumentAgree) {

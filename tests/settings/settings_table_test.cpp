@@ -37,6 +37,13 @@ const QStringList Contract = {
     "Print MarginTop number 1500 10",
     "Print MarginRight number 1500 1440",
     "Print MarginBottom number 1500 700",
+    "Format Tabs number 0 -1",
+    "Format Indent number 2 8",
+    "Format Attributes number 1 2",
+    "Format Width number 100 80",
+    "Format AlignAttributes number -1 0",
+    "Format EmptyElements number 0 1",
+    "Format KeepBlankLines number -1 0",
 };
 
 class SettingTable : public testing::Test {

@@ -46,8 +46,12 @@ int ScriptedDialogs::showMessage(const QString &text, int style, const QString &
     return take(messageAnswers_, text, escapeAnswer(style));
 }
 
-QString ScriptedDialogs::inputText(const QString &prompt) {
+QString ScriptedDialogs::inputText(const QString &prompt, const ui::InputHelp &help) {
     prompts.push_back(prompt);
+    inputOffers.push_back(help.offered);
+    explained = help.explain
+                    ? help.explain(inputAnswers_.empty() ? QString() : inputAnswers_.front())
+                    : QString();
     return take(inputAnswers_, prompt, QString());
 }
 

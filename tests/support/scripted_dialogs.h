@@ -38,6 +38,9 @@ public:
     std::vector<Message> messages;
     std::vector<QString> prompts;
     std::vector<QStringList> choices;
+    std::vector<QStringList> inputOffers;
+    /// What was said of the latest input.
+    QString explained;
     std::vector<ui::FileDialogRequest> openRequests;
     std::vector<ui::FileDialogRequest> saveRequests;
     std::vector<ui::FontChoice> fontRequests;
@@ -48,7 +51,8 @@ public:
     std::vector<ValueRequest> valueRequests;
 
     int showMessage(const QString &text, int style, const QString &title) override;
-    QString inputText(const QString &prompt) override;
+    using ui::Dialogs::inputText;
+    QString inputText(const QString &prompt, const ui::InputHelp &help) override;
     std::optional<int> chooseOne(const QString &prompt, const QStringList &from) override;
     ui::FileDialogResult showOpen(const ui::FileDialogRequest &request) override;
     ui::FileDialogResult showSave(const ui::FileDialogRequest &request) override;

@@ -2,6 +2,7 @@
 #include "platform/runtime/file_names.h"
 #include "platform/runtime/paths.h"
 #include "platform/ui/message_box.h"
+#include "resources/file_type_texts.h"
 #include "resources/texts.h"
 #include "view/controls/desktop_dialogs.h"
 
@@ -10,12 +11,15 @@
 #include <QComboBox>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QFileSystemModel>
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
+#include <QLocale>
 #include <QStringList>
+#include <QStyledItemDelegate>
 #include <QTreeView>
 
 #include <filesystem>
@@ -31,9 +35,15 @@ struct Filter {
     QString description;
     QStringList patterns;
 
-    /// As Qt's dialog takes it; Qt hides what stands in the last parentheses.
+    /// As Qt's dialog takes and shows it: what the description says of the patterns itself is left
+    /// out.
     QString nameFilter() const {
-        return QStringLiteral("%1 (%2)").arg(description, patterns.join(u' '));
+        QString name = description.left(description.indexOf(QLatin1String("(*"))).trimmed();
+        for (const auto &[specified, shown] : file_type_texts::Shown) {
+            if (name == specified)
+                name = shown.toString();
+        }
+        return QStringLiteral("%1 (%2)").arg(name, patterns.join(u' '));
     }
 
     /// The extension without its dot; empty when the pattern fixes none.
@@ -105,6 +115,27 @@ QString resolved(const QString &path) {
     return runtime::fileKind(found) == runtime::FileKind::Missing ? path : found;
 }
 
+/// Sizes and times in the list as they are written in the program's language, and not in that of
+/// the session.
+class DetailDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    static constexpr int SizeColumn = 1;
+    static constexpr int TimeColumn = 3;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        const QFileInfo file(index.data(QFileSystemModel::FilePathRole).toString());
+        if (index.column() == TimeColumn)
+            option->text = QLocale().toString(file.lastModified(), QLocale::ShortFormat);
+        else if (!option->text.isEmpty())
+            option->text = file.size() < 1024 ? file_type_texts::Bytes.toString().arg(file.size())
+                                              : QLocale().formattedDataSize(file.size(), 1);
+    }
+};
+
 /// Qt's own dialog and not the desktop's, which has no place for the read-only box and no say in
 /// what may be chosen.
 class FileDialog : public QFileDialog {
@@ -112,7 +143,7 @@ public:
     FileDialog(const ui::FileDialogRequest &request, AcceptMode mode)
         : QFileDialog(QApplication::activeWindow()), flags_(request.flags),
           filters_(parseFilter(request.filter)) {
-        setOptions(DontUseNativeDialog | DontConfirmOverwrite | HideNameFilterDetails);
+        setOptions(DontUseNativeDialog | DontConfirmOverwrite);
         setAcceptMode(mode);
         setFileMode(AnyFile);
         const QStringView usual =
@@ -183,8 +214,7 @@ private:
             return;
         QStringList patterns;
         for (const Filter &filter : filters_) {
-            if (filter.nameFilter() == selectedNameFilter() ||
-                filter.description.trimmed() == selectedNameFilter())
+            if (filter.nameFilter() == selectedNameFilter())
                 patterns = filter.patterns;
         }
         QStringList names;
@@ -203,6 +233,9 @@ private:
         if (auto *details = findChild<QTreeView *>(QStringLiteral("treeView"))) {
             details->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
             details->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+            auto *delegate = new DetailDelegate(details);
+            details->setItemDelegateForColumn(DetailDelegate::SizeColumn, delegate);
+            details->setItemDelegateForColumn(DetailDelegate::TimeColumn, delegate);
         }
     }
 
@@ -229,10 +262,9 @@ private:
         if (acceptMode() != AcceptSave)
             return;
         setDefaultSuffix(filters_.constFirst().suffix());
-        // The signal names the filter as the user sees it.
         connect(this, &QFileDialog::filterSelected, this, [this](const QString &shown) {
             for (const Filter &filter : filters_) {
-                if (filter.description.trimmed() == shown)
+                if (filter.nameFilter() == shown)
                     setDefaultSuffix(filter.suffix());
             }
         });

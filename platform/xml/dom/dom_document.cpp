@@ -4,6 +4,7 @@
 #include "platform/xml/io/atomic_file.h"
 #include "platform/xml/io/encoding.h"
 #include "platform/xml/io/file_bytes.h"
+#include "platform/xml/io/file_target.h"
 #include "platform/xml/io/parser.h"
 #include "platform/xml/io/serializer.h"
 #include "platform/xml/storage/values.h"

@@ -1,6 +1,7 @@
 #include "platform/xml/io/file_text.h"
 
 #include "platform/runtime/common_stretches.h"
+#include "platform/runtime/utf8.h"
 #include "platform/xml/io/lenient_decoding.h"
 #include "platform/xml/storage/values.h"
 
@@ -192,7 +193,7 @@ std::optional<FileText::Stretch> FileText::unencodableIn(std::string_view edited
                 if (found || target.canHold(part))
                     return;
                 const std::size_t place = firstUnheld(target, part);
-                found = {stretch.start + at + place, characterAt(part, place).size()};
+                found = {stretch.start + at + place, runtime::characterAt(part, place).size()};
             },
             [](const std::string &) {});
         if (found)

@@ -2,40 +2,19 @@
 
 #include "platform/runtime/error.h"
 #include "platform/runtime/strings.h"
+#include "platform/runtime/utf8.h"
 #include "platform/xml/storage/values.h"
 #include "resources/xml_texts.h"
 
-#include <array>
+#include <algorithm>
 #include <utility>
 
 namespace quillon::xml {
 
-namespace {
-
-/// The length of the UTF-8 sequence that starts with `lead`.
-std::size_t sequenceLength(char lead) {
-    const auto c = static_cast<unsigned char>(lead);
-    return c < 0x80 ? 1 : c < 0xE0 ? 2 : c < 0xF0 ? 3 : 4;
-}
-
-char32_t codePoint(std::string_view character) {
-    static constexpr std::array<unsigned char, 5> LeadBits = {0, 0x7F, 0x1F, 0x0F, 0x07};
-    char32_t c = static_cast<unsigned char>(character[0]) & LeadBits[character.size()];
-    for (const char next : character.substr(1))
-        c = c << 6 | (static_cast<unsigned char>(next) & 0x3F);
-    return c;
-}
-
-} // namespace
-
-std::string_view characterAt(std::string_view text, std::size_t at) {
-    return text.substr(at, sequenceLength(text[at]));
-}
-
 std::size_t firstUnheld(const EncodedText &target, std::string_view text, std::size_t start) {
     std::size_t previous = start;
     for (std::size_t at = start; at < text.size();) {
-        const std::size_t next = at + characterAt(text, at).size();
+        const std::size_t next = at + runtime::characterAt(text, at).size();
         if (!target.canHold(text.substr(previous, next - previous)))
             return at;
         previous = at;
@@ -75,8 +54,12 @@ QByteArray MemoryOutput::take() {
     return std::move(bytes_);
 }
 
+std::string_view FileOutput::lineEnd() const {
+    return lineEnd_ == LineEnd::CRLF ? "\r\n" : lineEnd_ == LineEnd::CR ? "\r" : "\n";
+}
+
 std::string FileOutput::withLineEnds(std::string_view text) const {
-    const std::string_view end = lineEnd_ == LineEnd::CRLF ? "\r\n" : "\r";
+    const std::string_view end = lineEnd();
     std::string out;
     out.reserve(text.size() + text.size() / 16);
     for (std::size_t i = 0; i < text.size();) {
@@ -90,7 +73,25 @@ std::string FileOutput::withLineEnds(std::string_view text) const {
     return out;
 }
 
+bool FileOutput::verbatimByLines(const SourceText &source, std::uint32_t start, std::uint32_t end) {
+    if (source.codec != bytes_.codec() || source.originals.empty())
+        return bytes_.append(withLineEnds(normalizeLineEnds(source.slice(start, end))));
+    const std::string_view text = source.utf8;
+    for (std::size_t at = start; at < end;) {
+        const std::size_t lineBreak = std::min<std::size_t>(text.find_first_of("\r\n", at), end);
+        if (!bytes_.appendRead(text, source.originals, at, lineBreak))
+            return false;
+        if (lineBreak == end)
+            break;
+        bytes_.append(lineEnd());
+        at = lineBreak + (text.substr(lineBreak, 2) == "\r\n" ? 2 : 1);
+    }
+    return true;
+}
+
 bool FileOutput::verbatim(const SourceText &source, std::uint32_t start, std::uint32_t end) {
+    if (source.keepsLineEnds && unifiesLineEnds_)
+        return verbatimByLines(source, start, end);
     if (!source.keepsLineEnds && lineEnd_ != LineEnd::LF)
         return bytes_.append(withLineEnds(source.slice(start, end)));
     if (source.keepsLineEnds && source.codec == bytes_.codec())
@@ -102,13 +103,14 @@ void FileOutput::failFor(std::string_view rest) const {
     if (rest.empty())
         throw runtime::Error(runtime::error_number::Fail,
                              resources::xml_texts::NotReadableAgain.toString().arg(encodingName_));
-    const std::string_view character = characterAt(rest, 0);
-    throw runtime::Error(
-        runtime::error_number::Fail,
-        resources::xml_texts::Unencodable.toString().arg(
-            runtime::fromUtf8(character),
-            QString::number(codePoint(character), 16).toUpper().rightJustified(4, QLatin1Char('0')),
-            encodingName_));
+    const std::string_view character = runtime::characterAt(rest, 0);
+    throw runtime::Error(runtime::error_number::Fail,
+                         resources::xml_texts::Unencodable.toString().arg(
+                             runtime::fromUtf8(character),
+                             QString::number(runtime::codePoint(character), 16)
+                                 .toUpper()
+                                 .rightJustified(4, QLatin1Char('0')),
+                             encodingName_));
 }
 
 void FileOutput::markup(std::string_view text) {
@@ -147,8 +149,8 @@ void FileOutput::charactersOfLine(std::string_view line) {
         std::string run(line.substr(at, unheld - at));
         at = unheld;
         if (at < line.size()) {
-            const std::string_view character = characterAt(line, at);
-            run += "&#" + std::to_string(codePoint(character)) + ";";
+            const std::string_view character = runtime::characterAt(line, at);
+            run += "&#" + std::to_string(runtime::codePoint(character)) + ";";
             at += character.size();
         }
         if (!bytes_.append(run))

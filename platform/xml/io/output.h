@@ -10,8 +10,6 @@
 
 namespace quillon::xml {
 
-/// The character that starts at a place of a text in UTF-8.
-std::string_view characterAt(std::string_view text, std::size_t at);
 /// The position, from `start` on, of the first character that the encoding cannot hold behind the
 /// one ahead of it; the end of the text when there is none. (Some encodings have one code for two
 /// characters, which then reads back as a third.)
@@ -57,9 +55,11 @@ private:
 /// Collects the bytes of a file.
 class FileOutput final : public Output {
 public:
-    /// `mark` goes ahead of everything; `encodingName` is for messages.
-    FileOutput(const std::string &codec, LineEnd lineEnd, QString encodingName, std::string mark)
-        : bytes_(codec, std::move(mark)), lineEnd_(lineEnd),
+    /// `mark` goes ahead of everything; `encodingName` is for messages. With `unifiesLineEnds` what
+    /// was read does not keep its own line ends.
+    FileOutput(const std::string &codec, LineEnd lineEnd, QString encodingName, std::string mark,
+               bool unifiesLineEnds = false)
+        : bytes_(codec, std::move(mark)), lineEnd_(lineEnd), unifiesLineEnds_(unifiesLineEnds),
           encodingName_(std::move(encodingName)) {}
 
     bool holds(const SourceText &source) const override {
@@ -78,7 +78,9 @@ public:
     std::string take();
 
 private:
+    std::string_view lineEnd() const;
     std::string withLineEnds(std::string_view text) const;
+    bool verbatimByLines(const SourceText &source, std::uint32_t start, std::uint32_t end);
     void charactersOfLine(std::string_view line);
     /// Raises Fail for the character that `rest` starts with, or, when there is none, for the way
     /// the characters stand together.
@@ -86,6 +88,7 @@ private:
 
     EncodedText bytes_;
     LineEnd lineEnd_;
+    bool unifiesLineEnds_;
     QString encodingName_;
 };
 

@@ -1,6 +1,7 @@
 #include "platform/xml/io/serializer.h"
 
 #include "platform/runtime/error.h"
+#include "platform/xml/io/file_target.h"
 #include "platform/xml/io/output.h"
 #include "platform/xml/storage/values.h"
 #include "resources/xml_texts.h"
@@ -70,7 +71,9 @@ private:
     /// from where to where, what was made here.
     template <typename Own>
     void changedValue(Number n, Own &&own);
+    /// Whether there is an end tag to read; and one to write.
     bool hasEndTag(Number n) const;
+    bool wantsEndTag(Number n) const;
 
     const Arena &arena_;
     Output &output_;
@@ -186,7 +189,7 @@ void Serializer::close(Number n) {
         endLayout(n);
         return;
     }
-    if (arena_.part(n).firstChild == 0 && !hasEndTag(n))
+    if (!wantsEndTag(n))
         return;
     endLayout(n);
     const std::string_view name = arena_.names->utf8(r.name);
@@ -211,6 +214,13 @@ bool Serializer::hasEndTag(Number n) const {
     return r.has(record_flag::Source) && arena_.part(n).endTagStart != r.end;
 }
 
+bool Serializer::wantsEndTag(Number n) const {
+    const ElementPart &part = arena_.part(n);
+    if (part.firstChild != 0 || (part.form & tag_form::WithEndTag) != 0)
+        return true;
+    return (part.form & tag_form::Closed) == 0 && hasEndTag(n);
+}
+
 void Serializer::layout(Number n) {
     const Record &r = arena_.record(n);
     if (r.has(record_flag::OwnLayout))
@@ -230,7 +240,7 @@ void Serializer::endLayout(Number n) {
 void Serializer::startTag(Number n) {
     const Record &r = arena_.record(n);
     const ElementPart &part = arena_.part(n);
-    const bool hasContent = part.firstChild != 0 || hasEndTag(n);
+    const bool hasContent = wantsEndTag(n);
     const bool sourceClosed = r.has(record_flag::Source) && part.contentStart == r.end;
     if (r.has(record_flag::Source) && !r.has(record_flag::TagChanged) &&
         hasContent != sourceClosed && source(n, r.start, part.contentStart))
@@ -257,7 +267,7 @@ void Serializer::tagEnd(Number n, bool hasContent) {
     const Record &r = arena_.record(n);
     const ElementPart &part = arena_.part(n);
     std::string_view end = hasContent ? ">"sv : "/>"sv;
-    if (r.has(record_flag::Source)) {
+    if (r.has(record_flag::Source) && (part.form & tag_form::Tight) == 0) {
         // Blanks and line breaks that stood ahead of the tag's end stay, but `<a />` opens as
         // `<a>`.
         const bool closed = part.contentStart == r.end;
@@ -391,49 +401,7 @@ void Serializer::ownLeaf(Number n) {
     }
 }
 
-struct Target {
-    std::string codec;
-    std::string mark;
-    QString encodingName;
-};
-
-Target targetOf(const Arena &arena) {
-    const FileFormat &format = arena.format;
-    const std::string declared = declaredEncodingOf(arena);
-    Target target;
-    bool mark = format.byteOrderMark;
-    if (!format.codec.empty() && declared == format.declared) {
-        target.codec = format.codec;
-    } else {
-        target.codec = declared.empty() ? "UTF-8" : codecFor(declared);
-        if (target.codec.empty())
-            throw runtime::Error(runtime::error_number::Fail,
-                                 resources::xml_texts::UnknownEncoding.toString().arg(
-                                     QString::fromStdString(declared)));
-        mark = target.codec == "UTF-16" || (mark && target.codec == "UTF-8");
-    }
-    target.encodingName = QString::fromStdString(declared.empty() ? target.codec : declared);
-    if (mark)
-        target.mark = byteOrderMark(target.codec);
-    return target;
-}
-
 } // namespace
-
-Number declarationOf(const Arena &arena) {
-    const Number first = arena.part(arena.documentNumber()).firstChild;
-    if (first == 0 || arena.record(first).kind != NodeType::ProcessingInstruction ||
-        arena.names->utf8(arena.record(first).name) != "xml")
-        return 0;
-    return first;
-}
-
-std::string declaredEncodingOf(const Arena &arena) {
-    const Number declaration = declarationOf(arena);
-    if (declaration == 0)
-        return {};
-    return declaredEncoding("<?xml " + valueOf(arena, declaration) + "?>");
-}
 
 void serializeAhead(const Arena &arena, Number above, Number node, Output &output) {
     Serializer(arena, output).writeAhead(above, node);
@@ -456,10 +424,14 @@ void readNode(const Arena &arena, Number node, const std::function<void(QByteArr
     reader(output.text());
 }
 
+void writeNode(const Arena &arena, Number node, Output &output) {
+    Serializer(arena, output).write(node);
+}
+
 std::unique_ptr<FileOutput> outputFor(const Arena &arena) {
-    const Target target = targetOf(arena);
+    const FileTarget target = targetOf(arena);
     return std::make_unique<FileOutput>(target.codec, arena.format.lineEnd, target.encodingName,
-                                        target.mark);
+                                        target.mark, arena.format.unifiesLineEnds);
 }
 
 std::string serializeDocument(const Arena &arena) {

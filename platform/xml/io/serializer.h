@@ -16,6 +16,8 @@ QByteArray serializeNode(const Arena &arena, Number node);
 /// it was read.
 void readNode(const Arena &arena, Number node, const std::function<void(QByteArrayView)> &reader);
 
+/// Writes it into an output, with the line ends that this makes.
+void writeNode(const Arena &arena, Number node, Output &output);
 /// Writes what stands ahead of a node in the markup of a node above it. The node is no attribute.
 void serializeAhead(const Arena &arena, Number above, Number node, Output &output);
 /// Writes an element, or a document, up to the end of its last child. `child` is called for each
@@ -32,11 +34,5 @@ std::unique_ptr<FileOutput> outputFor(const Arena &arena);
 /// Raises Fail for an encoding that is not supported and for a character that the encoding cannot
 /// hold where no reference can stand for it.
 std::string serializeDocument(const Arena &arena);
-
-/// The XML declaration of a document, or 0.
-Number declarationOf(const Arena &arena);
-
-/// The encoding that the document's declaration names now; empty when it names none.
-std::string declaredEncodingOf(const Arena &arena);
 
 } // namespace quillon::xml

@@ -2,6 +2,7 @@
 
 #include "platform/runtime/error.h"
 #include "platform/xml/dom/handle_access.h"
+#include "platform/xml/dom/line_counter.h"
 #include "resources/validation_texts.h"
 
 #include <QHash>
@@ -11,52 +12,6 @@
 namespace quillon::xml {
 
 namespace texts = resources::validation_texts;
-
-namespace {
-
-/// Counts the lines of a text, and the characters of the last of them, on from where it stopped
-/// last.
-class LineCounter {
-public:
-    struct Place {
-        /// 1-based; 0 when unknown.
-        int line = 0;
-        int column = 0;
-    };
-
-    Place placeOf(const Node &node) {
-        if (node.isNull())
-            return {};
-        const Arena &arena = HandleAccess::arena(node);
-        const Record &record = arena.record(node.number());
-        return record.has(record_flag::Source) ? placeAt(*arena.source(node.number()), record.start)
-                                               : Place();
-    }
-
-private:
-    Place placeAt(const SourceText &source, std::uint32_t position) {
-        if (&source != source_ || position < position_) {
-            source_ = &source;
-            position_ = 0;
-            place_ = {1, 1};
-        }
-        const std::string_view text = source.utf8;
-        for (; position_ < position; ++position_) {
-            const char c = text[position_];
-            if (c == '\n' || (c == '\r' && text.substr(position_ + 1, 1) != "\n"))
-                place_ = {place_.line + 1, 1};
-            else if ((c & 0xC0) != 0x80)
-                ++place_.column;
-        }
-        return place_;
-    }
-
-    const SourceText *source_ = nullptr;
-    std::uint32_t position_ = 0;
-    Place place_;
-};
-
-} // namespace
 
 void setLines(std::vector<SchemaError> &errors) {
     LineCounter counter;

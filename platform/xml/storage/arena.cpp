@@ -173,15 +173,18 @@ std::span<const KeptStretch> Arena::keptStretches(Number n) const {
 
 void Arena::setOwnText(Number n, OwnTextKind kind, std::string text,
                        std::vector<KeptStretch> kept) {
+    setOwnText(n, kind, Ref<OwnText>(new OwnText(std::move(text), std::move(kept))));
+}
+
+void Arena::setOwnText(Number n, OwnTextKind kind, Ref<OwnText> text) {
     derived.drop();
     Page &p = writePage(n - base_);
     const auto slot = static_cast<std::uint16_t>(indexOf(n - base_));
     const auto at = p.texts.begin() + (placeOfOwn(p, slot, kind) - p.texts.cbegin());
-    Ref<OwnText> own(new OwnText(std::move(text), std::move(kept)));
     if (at != p.texts.end() && at->slot == slot && at->kind == kind)
-        at->text = std::move(own);
+        at->text = std::move(text);
     else
-        p.texts.insert(at, {slot, kind, std::move(own)});
+        p.texts.insert(at, {slot, kind, std::move(text)});
 }
 
 std::string_view Arena::layout(Number n) const {
@@ -299,6 +302,7 @@ Number Arena::copyOne(const Arena &from, Number node, std::vector<std::uint32_t>
         w.contentStart = p.contentStart;
         w.contentEnd = p.contentEnd;
         w.endTagStart = p.endTagStart;
+        w.form = p.form;
     }
     if (r.has(record_flag::OwnValue)) {
         const std::span<const KeptStretch> kept = from.keptStretches(node);

@@ -60,6 +60,16 @@ struct Record {
     bool has(std::uint8_t flag) const { return (flags & flag) != 0; }
 };
 
+/// How tags are written, where that is not as they were read.
+namespace tag_form {
+/// `<a/>` when there is nothing in the element.
+constexpr std::uint32_t Closed = 1;
+/// `<a></a>` when there is nothing in the element.
+constexpr std::uint32_t WithEndTag = 2;
+/// Nothing ahead of the end of the start tag.
+constexpr std::uint32_t Tight = 4;
+} // namespace tag_form
+
 /// What is kept of elements and the document besides; it stands in the slot after the Record.
 struct ElementPart {
     Number firstChild;
@@ -71,7 +81,8 @@ struct ElementPart {
     /// The white space from here to `endTagStart` is the layout ahead of the end tag.
     std::uint32_t contentEnd;
     std::uint32_t endTagStart;
-    std::uint32_t unused;
+    /// A sum of tag_form.
+    std::uint32_t form;
 };
 
 union Slot {
@@ -119,6 +130,8 @@ enum class LineEnd : std::uint8_t { LF, CRLF, CR };
 /// How the file looked that a document was read from.
 struct FileFormat {
     LineEnd lineEnd = LineEnd::LF;
+    /// Every line of the file is to end so, whatever ends it had when it was read.
+    bool unifiesLineEnds = false;
     bool byteOrderMark = false;
     /// What the declaration said when the file was read, and the codec it was read with; both
     /// empty for a document that was not read from a file.
@@ -214,6 +227,8 @@ public:
     std::string_view ownText(Number n, OwnTextKind kind) const;
     void setOwnText(Number n, OwnTextKind kind, std::string text,
                     std::vector<KeptStretch> kept = {});
+    /// The same with a text that others own, too.
+    void setOwnText(Number n, OwnTextKind kind, Ref<OwnText> text);
     /// What of the value that a node owns still stands in its source.
     std::span<const KeptStretch> keptStretches(Number n) const;
 

@@ -2,14 +2,20 @@
 #include "platform/ui/message_box.h"
 #include "tests/support/scripted_dialogs.h"
 #include "view/controls/desktop_dialogs.h"
+#include "view/controls/library_texts.h"
 
+#include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFile>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QInputDialog>
+#include <QLabel>
 #include <QLineEdit>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -56,6 +62,25 @@ TEST(InputBox, ReturnsWhatWasTypedAndNothingOnCancel) {
     EXPECT_EQ(desktop.inputText(QStringLiteral("URL?")), QString());
 }
 
+TEST(InputBox, SaysWhatComesOfItAndOffersTexts) {
+    DesktopDialogs desktop;
+    const ui::InputHelp help{[](const QString &typed) { return u'[' + typed + u']'; },
+                             {QStringLiteral("last"), QStringLiteral("first")}};
+    whenOpen<QDialog>([](QDialog &box) {
+        auto *field = box.findChild<QComboBox *>();
+        auto *line = box.findChild<QLabel *>(QStringLiteral("explanation"));
+        EXPECT_EQ(line->text(), QStringLiteral("[]"));
+        QTest::keyClick(field, Qt::Key_Down);
+        EXPECT_EQ(line->text(), QStringLiteral("[last]"));
+        QTest::keyClicks(field, QStringLiteral("!"));
+        EXPECT_EQ(field->accessibleDescription(), QStringLiteral("[last!]"));
+        box.accept();
+    });
+    EXPECT_EQ(desktop.inputText(QStringLiteral("URL?"), help), QStringLiteral("last!"));
+    whenOpen<QDialog>([](QDialog &box) { box.reject(); });
+    EXPECT_EQ(desktop.inputText(QStringLiteral("URL?"), help), QString());
+}
+
 class FileDialogs : public testing::Test {
 protected:
     FileDialogs() {
@@ -84,8 +109,8 @@ TEST_F(FileDialogs, OpenReportsTheReadOnlyBox) {
             EXPECT_EQ(dialog.windowTitle(), QStringLiteral("開く"));
             const auto *types = dialog.findChild<QComboBox *>(QStringLiteral("fileTypeCombo"));
             ASSERT_NE(types, nullptr);
-            EXPECT_EQ(types->currentText(), QStringLiteral("XML File(*.xml)"));
-            EXPECT_EQ(dialog.nameFilters().last(), QStringLiteral("すべて(*.*) (*)"));
+            EXPECT_EQ(types->currentText(), QStringLiteral("XMLファイル (*.xml)"));
+            EXPECT_EQ(dialog.nameFilters().last(), QStringLiteral("すべて (*)"));
             auto *box = dialog.findChild<QCheckBox *>();
             ASSERT_NE(box, nullptr);
             EXPECT_EQ(box->text(), QStringLiteral("読み取り専用で開く(&R)"));
@@ -98,6 +123,43 @@ TEST_F(FileDialogs, OpenReportsTheReadOnlyBox) {
         EXPECT_EQ(chosen.path, path("old.xml"));
         EXPECT_EQ(chosen.flags, tick ? 4097 : 4096);
     }
+}
+
+/// What there is to be read in a widget, without what the user or the system has named.
+QStringList wordsIn(const QFileDialog &dialog) {
+    QStringList words;
+    for (const auto *label : dialog.findChildren<QLabel *>())
+        words.append(label->text());
+    for (const auto *button : dialog.findChildren<QAbstractButton *>())
+        words.append({button->text(), button->toolTip(), button->accessibleName()});
+    for (const auto *action : dialog.findChildren<QAction *>())
+        words.append({action->text(), action->toolTip()});
+    for (const auto *view : dialog.findChildren<QHeaderView *>()) {
+        for (int at = 0; view->model() && at < view->count(); ++at)
+            words.append(view->model()->headerData(at, Qt::Horizontal).toString());
+    }
+    words.removeAll(QString());
+    return words;
+}
+
+TEST_F(FileDialogs, SpeakJapaneseWithoutTheLibrarysTranslations) {
+    LibraryTexts texts;
+    QCoreApplication::installTranslator(&texts);
+    const auto check = [&](QFileDialog &dialog) {
+        const QStringList words = wordsIn(dialog);
+        EXPECT_GT(words.size(), 20);
+        static const QRegularExpression english(QStringLiteral("[A-Za-z]{3,}"));
+        for (QString word : words) {
+            word.remove(QStringLiteral("UTF-8")).remove(QStringLiteral("OK"));
+            EXPECT_FALSE(english.match(word).hasMatch()) << word.toStdString();
+        }
+        dialog.reject();
+    };
+    whenOpen<QFileDialog>(check);
+    desktop_.showOpen({QString(), filter_, 4096, QString(), folder_.path()});
+    whenOpen<QFileDialog>(check);
+    desktop_.showSave({QString(), filter_, 2, QString(), folder_.path()});
+    QCoreApplication::removeTranslator(&texts);
 }
 
 TEST_F(FileDialogs, NamesThatAreNotUtf8AreListedApart) {

@@ -1,0 +1,100 @@
+#pragma once
+
+#include "resources/text.h"
+
+#include <string_view>
+#include <utility>
+
+/// What the ready-made dialogs and context menus say, as they are written in the library, for where
+/// their own translations are not installed.
+namespace quillon::resources::qt_texts {
+
+inline constexpr std::pair<std::string_view, Text> Texts[] = {
+    // The file dialog.
+    {"Look in:", u"場所:"},
+    {"Directory:", u"フォルダー:"},
+    {"File &name:", u"ファイル名(&N):"},
+    {"Files of type:", u"ファイルの種類:"},
+    {"&Open", u"開く(&O)"},
+    {"&Choose", u"選択(&C)"},
+    {"&Save", u"保存(&S)"},
+    {"Open", u"開く"},
+    {"Save", u"保存"},
+    {"Save As", u"名前を付けて保存"},
+    {"Find Directory", u"フォルダーの選択"},
+    {"Back", u"戻る"},
+    {"Go back", u"前の場所に戻ります"},
+    {"Forward", u"進む"},
+    {"Go forward", u"次の場所に進みます"},
+    {"Parent Directory", u"上のフォルダー"},
+    {"Go to the parent directory", u"上のフォルダーへ移動します"},
+    {"Create New Folder", u"新しいフォルダー"},
+    {"Create a New Folder", u"新しいフォルダーを作成します"},
+    {"&New Folder", u"新しいフォルダー(&N)"},
+    {"New Folder", u"新しいフォルダー"},
+    {"List View", u"一覧"},
+    {"Change to list view mode", u"一覧で表示します"},
+    {"Detail View", u"詳細"},
+    {"Change to detail view mode", u"詳細を表示します"},
+    {"Sidebar", u"よく使う場所"},
+    {"List of places and bookmarks", u"よく使う場所の一覧"},
+    {"Files", u"ファイル"},
+    {"&Rename", u"名前の変更(&R)"},
+    {"&Delete", u"削除(&D)"},
+    {"Delete", u"削除"},
+    {"Remove", u"取り除く"},
+    {"Show ", u"表示: "},
+    {"Show &hidden files", u"隠しファイルを表示(&H)"},
+    {"Recent Places", u"最近使った場所"},
+    {"All Files (*)", u"すべてのファイル (*)"},
+    {"My Computer", u"コンピューター"},
+    {"Computer", u"コンピューター"},
+    {"Drive", u"ドライブ"},
+    {"Folder", u"フォルダー"},
+    {"File Folder", u"フォルダー"},
+    {"File", u"ファイル"},
+    {"%1 File", u"%1 ファイル"},
+    {"Name", u"名前"},
+    {"Size", u"サイズ"},
+    {"Kind", u"種類"},
+    {"Type", u"種類"},
+    {"Date Modified", u"更新日時"},
+    {"Unknown", u"不明"},
+    {"'%1' is write protected.\nDo you want to delete it anyway?",
+     u"「%1」は書き込みできません。\n削除してもよろしいですか？"},
+    {"Are you sure you want to delete '%1'?", u"「%1」を削除してもよろしいですか？"},
+    {"Could not delete directory.", u"フォルダーを削除できません。"},
+    {"%1\nDirectory not found.\nPlease verify the correct directory name was given.",
+     u"%1\nフォルダーが見つかりません。名前を確認してください。"},
+    {"%1\nFile not found.\nPlease verify the correct file name was given.",
+     u"%1\nファイルが見つかりません。名前を確認してください。"},
+    {"%1 already exists.\nDo you want to replace it?",
+     u"%1 はすでに存在します。\n上書きしますか？"},
+    {"Invalid filename", u"使用できない名前"},
+    {"<b>The name \"%1\" cannot be used.</b><p>Try using another name, with fewer characters or no "
+     "punctuation marks.",
+     u"<b>「%1」という名前は使用できません。</b><p>別の名前を入力してください。"},
+    // Buttons.
+    {"Cancel", u"キャンセル"},
+    {"&Cancel", u"キャンセル(&C)"},
+    {"Close", u"閉じる"},
+    {"&Close", u"閉じる(&C)"},
+    {"Apply", u"適用"},
+    {"Reset", u"元に戻す"},
+    {"Help", u"ヘルプ"},
+    {"&Yes", u"はい(&Y)"},
+    {"&No", u"いいえ(&N)"},
+    // The context menus of text fields.
+    {"&Undo", u"元に戻す(&U)"},
+    {"&Redo", u"やり直す(&R)"},
+    {"Cu&t", u"切り取り(&T)"},
+    {"&Copy", u"コピー(&C)"},
+    {"&Paste", u"貼り付け(&P)"},
+    {"Select All", u"すべて選択"},
+    {"Select all", u"すべて選択"},
+    {"Copy &Link Location", u"リンクの場所をコピー(&L)"},
+    {"&Step up", u"増やす(&S)"},
+    {"Step &down", u"減らす(&D)"},
+};
+
+} // namespace quillon::resources::qt_texts
