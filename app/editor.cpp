@@ -49,6 +49,8 @@ Editor::Editor(Environment given, ui::TextBox &txtEdit, ui::PathBox &cboPath, ui
       candidateInsertion(state, candidateFinder, builder, removal, selection, tree, pane),
       completion(state, candidateFinder, builder.registry(), tree, pane),
       explanation(candidateFinder, builder.registry(), tree),
+      paneSource(state, options, builder, selection, tree, pane, hitNavigation),
+      fileLines(selection, tree, pane),
       preview(state, builder, selection, tree, ie, workingFolder, longWork,
               [this] {
                   return preview::PreviewFont{settings.fontName, settings.fontSize};
@@ -97,6 +99,7 @@ void Editor::wireStatusBar() {
     connect(&pathCopy, &search::PathCopy::statusText, this, &Editor::statusText);
     connect(&hitNavigation, &search::HitNavigation::statusText, this, &Editor::statusText);
     connect(&completion, &completion::Completion::statusText, this, &Editor::statusText);
+    connect(&paneSource, &source::PaneSource::statusText, this, &Editor::statusText);
     connect(&hitExport, &search::HitExport::statusText, this, &Editor::statusText);
     connect(&faultNavigation, &search::HitNavigation::statusText, this, &Editor::statusText);
     connect(&mending, &validation::Mending::statusText, this, &Editor::statusText);
@@ -232,6 +235,15 @@ void Editor::wirePane() {
     connect(&prettyPrinting, &edit::PrettyPrinting::documentModified, this, &Editor::showAnew);
     connect(&encodings, &edit::EncodingCommands::documentModified, this, &Editor::showAnew);
     connect(&tools, &tools::ToolCommands::documentModified, this, &Editor::showAnew);
+
+    // What is typed into the pane leaves all that is ahead of it where it is.
+    const auto placeChanged = [this] {
+        if (!textEditing.isCarryingOver())
+            fileLines.placeChanged();
+    };
+    connect(&selection, &tree::Selection::nodeShown, this, placeChanged);
+    connect(&history, &edit::UndoHistory::recorded, this, placeChanged);
+    connect(&history, &edit::UndoHistory::moved, this, placeChanged);
 }
 
 void Editor::wireQueries(ui::PathBox &cboPath) {

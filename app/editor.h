@@ -32,6 +32,8 @@
 #include "search/path_query.h"
 #include "search/query_history.h"
 #include "settings/settings.h"
+#include "source/file_lines.h"
+#include "source/pane_source.h"
 #include "tools/tool_commands.h"
 #include "tools/view_commands.h"
 #include "tree/drag_and_drop.h"
@@ -122,6 +124,8 @@ public:
     candidates::CandidateInsertion candidateInsertion;
     completion::Completion completion;
     completion::NodeExplanation explanation;
+    source::PaneSource paneSource;
+    source::FileLines fileLines;
 
     preview::Preview preview;
     validation::Validation validation;

@@ -74,6 +74,21 @@ public:
         if (!context.open.empty())
             around_ = tagName(text, context.open.back()).in(text);
     }
+    explicit Following(QByteArrayView text) : text_(text) {}
+
+    /// Goes up to the end tag that belongs to a start tag.
+    void readToOwnEnd(const Stretch &startTag, qsizetype lookAhead) {
+        inside_.push_back(tagName(text_, startTag).in(text_));
+        isInOwn_ = true;
+        const qsizetype limit = std::min(text_.size(), startTag.end + lookAhead);
+        for (qsizetype at = nextMarkup(text_, startTag.end); at < limit && isInOwn_;
+             at = nextMarkup(text_, at)) {
+            const MarkupToken token = tokenAt(text_, at);
+            if (!take(token))
+                return;
+            at = token.where.end;
+        }
+    }
 
     /// `own`: the name of the element whose start tag ends at `from`; empty for none.
     void read(qsizetype from, QByteArrayView own) {
@@ -182,6 +197,12 @@ void placeInStartTag(QByteArrayView text, const MarkupToken &token, qsizetype ca
 Stretch tagName(QByteArrayView text, const Stretch &tag) {
     const qsizetype start = tag.start + (text.sliced(tag.start).startsWith("</") ? 2 : 1);
     return {start, nameEnd(text, start)};
+}
+
+Stretch endTagOf(QByteArrayView text, const Stretch &startTag, qsizetype lookAhead) {
+    Following following(text);
+    following.readToOwnEnd(startTag, lookAhead);
+    return following.ownEnd;
 }
 
 std::vector<TextAttribute> tagAttributes(QByteArrayView text, const Stretch &tag) {

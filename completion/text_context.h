@@ -71,6 +71,10 @@ struct TextContext {
 /// The name behind the "<" or "</" of a tag.
 Stretch tagName(QByteArrayView text, const Stretch &tag);
 
+/// The end tag of the element that a start tag opens, if it is in so many bytes behind that; empty
+/// for none. Elements in it may lack theirs.
+Stretch endTagOf(QByteArrayView text, const Stretch &startTag, qsizetype lookAhead);
+
 /// The attributes of a start tag, as far as they can be made out.
 std::vector<TextAttribute> tagAttributes(QByteArrayView text, const Stretch &tag);
 

@@ -62,6 +62,24 @@ inline constexpr Text ThemeAutomatic = u"自動(&A)";
 inline constexpr Text ThemeLight = u"ライト(&L)";
 inline constexpr Text ThemeDark = u"ダーク(&D)";
 
+inline constexpr Text PaneMenu = u"編集ペイン(&W)";
+inline constexpr Text PaneFold = u"折りたたむ(&F)";
+inline constexpr Text PaneUnfold = u"展開(&U)";
+inline constexpr Text PaneFoldAll = u"すべて折りたたむ(&A)";
+inline constexpr Text PaneUnfoldAll = u"すべて展開(&X)";
+inline constexpr Text PanePartner = u"対応する括弧・タグへ移動(&M)";
+inline constexpr Text PaneRenameTags = u"タグ名の変更(&R)...";
+inline constexpr Text PaneJump = u"ツリーと編集ペインの間を移動(&J)";
+inline constexpr Text PaneWrap = u"行の折り返し(&W)";
+inline constexpr Text PaneBlanks = u"空白の表示(&B)";
+inline constexpr Text PaneFileLines = u"ファイルの行番号(&L)";
+inline constexpr Text PaneClose = u"終了タグの自動入力(&E)";
+
+inline constexpr Text ZoomMenu = u"表示倍率(&Z)";
+inline constexpr Text ZoomIn = u"拡大(&I)";
+inline constexpr Text ZoomOut = u"縮小(&O)";
+inline constexpr Text ZoomReset = u"標準に戻す(&R)";
+
 inline constexpr Text NodeMenu = u"ノード(&N)";
 inline constexpr Text NodeMoveUp = u"上へ移動(&U)";
 inline constexpr Text NodeMoveDown = u"下へ移動(&D)";

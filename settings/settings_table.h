@@ -40,6 +40,15 @@ struct Values {
     qint16 candidatesWidth = 0;
     /// What can be typed into the pane is proposed without being asked for.
     bool proposesUnasked = false;
+    /// How the pane shows its text: long lines are wrapped, blanks are to be seen, lines are
+    /// numbered as in the file.
+    bool wrapsPane = false;
+    bool showsBlanks = false;
+    bool showsFileLines = false;
+    /// "</" is made an end tag.
+    bool closesElements = true;
+    /// How large tree, pane and preview are shown, in percent.
+    qint16 zoom = 100;
     /// The document is checked by its schemas while it is edited.
     bool liveValidation = true;
     /// In whose colours the program is shown: "Automatic", "Light" or "Dark".

@@ -7,6 +7,7 @@
 #include "tree/fragment.h"
 
 #include <QByteArrayList>
+#include <QScopedValueRollback>
 #include <QSignalBlocker>
 
 namespace quillon::tree {
@@ -70,6 +71,7 @@ void TextEditing::txtEdit_Change() {
         return;
     }
     const Node node = selection_.GetSelectedDOMNode();
+    const QScopedValueRollback carrying(isCarryingOver_, true);
     switch (node.nodeType()) {
     case NodeType::Text:
     case NodeType::Comment:

@@ -18,6 +18,8 @@ public:
     /// Applies the pane's text to the selected node. Text that does not parse changes nothing and
     /// is told in the status bar.
     void txtEdit_Change();
+    /// Whether that is being done, and what the document tells of comes of it.
+    bool isCarryingOver() const { return isCarryingOver_; }
 
     /// The text that the pane holds and the document does not, with the place of its element, to be
     /// kept outside of the program; empty when there is none.
@@ -43,6 +45,7 @@ private:
     items::TreeItem replaceRoot(const items::TreeItem &item, const xml::Node &newRoot);
     void reportSyntaxError();
 
+    bool isCarryingOver_ = false;
     state::DocumentState &state_;
     const state::ViewOptions &options_;
     TreeBuilder &builder_;

@@ -10,6 +10,8 @@ namespace quillon::app::command_rows {
 std::span<const CommandRow> ofFileMenu();
 std::span<const CommandRow> ofEditMenu();
 std::span<const CommandRow> ofViewMenu();
+/// Those in the View menu that are about the pane, and about how large everything is shown.
+std::span<const CommandRow> ofPaneMenu();
 std::span<const CommandRow> ofNodeMenu();
 /// The menus from Tool to Help.
 std::span<const CommandRow> ofToolMenus();

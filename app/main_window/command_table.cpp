@@ -38,8 +38,8 @@ std::span<const CommandRow> commandTable() {
     static const std::vector<CommandRow> rows = [] {
         using namespace command_rows;
         std::vector<CommandRow> all;
-        for (const auto part : {ofFileMenu(), ofEditMenu(), ofViewMenu(), ofNodeMenu(),
-                                ofToolMenus(), ofContextMenus()})
+        for (const auto part : {ofFileMenu(), ofEditMenu(), ofViewMenu(), ofPaneMenu(),
+                                ofNodeMenu(), ofToolMenus(), ofContextMenus()})
             all.insert(all.end(), part.begin(), part.end());
         return all;
     }();

@@ -11,6 +11,7 @@
 #include "app/main_window/schema_dialog.h"
 #include "app/main_window/tree_keys.h"
 #include "app/main_window/validation_list.h"
+#include "app/main_window/zoom.h"
 #include "platform/system/companion_link.h"
 #include "tools/tree_printing.h"
 #include "view/browser/browser.h"
@@ -84,6 +85,12 @@ public:
     /// Shows all windows in that theme.
     void mnuViewTheme_Click(controls::ThemeMode mode);
     void mnuNodeMend_Click() { mendMenu_->open(); }
+    void mnuPaneWrap_Click(bool on);
+    void mnuPaneBlanks_Click(bool on);
+    void mnuPaneFileLines_Click(bool on);
+    void mnuPaneClose_Click(bool on);
+    /// Goes from the place of the caret in the pane to the item in the tree, or back.
+    void mnuPaneJump_Click();
     /// Gives the keyboard to the next part of the window, or with -1 to the one before: tree, pane,
     /// preview, candidates, panel, path box, and round again. Parts that are not to be seen are
     /// left out.
@@ -94,6 +101,8 @@ public:
     /// Shows the first page while there is nothing else to show, if the user wants it.
     void showFirstPageIfEmpty();
     HelpDesk &help() { return *help_; }
+    controls::TextBox &textBox() { return *txtEdit; }
+    Zoom &zoom() { return *zoom_; }
     controls::ActionSet &actions() { return actions_; }
 
 protected:
@@ -125,6 +134,7 @@ private:
     void showCandidates(QStringView entries, CandidatePanel::Way way);
     void connectProposals();
     void connectPrinting();
+    void connectPane();
     /// Runs a command unless the user keeps text in the pane that it would take away.
     void runCommand(const CommandRow &row);
     /// Sets the buttons that go by some news, of `button_news`.
@@ -133,6 +143,9 @@ private:
     settings::Placement placement() const;
     void place(const settings::Placement &placement);
     void takeFont(const QString &name, qint16 size);
+    void takePaneSettings();
+    /// Shows tree, pane, preview and panels in a font, as large as the zoom says.
+    void showZoomed(const QString &fontName, qint16 fontSize);
     void showExternalEditors();
     /// Has the menu say which theme is in force.
     void showThemeMode();
@@ -191,6 +204,7 @@ private:
     std::unique_ptr<HelpDesk> help_;
     std::unique_ptr<tools::TreePrinting> treePrinting_;
     std::unique_ptr<TreeKeys> treeKeys_;
+    std::unique_ptr<Zoom> zoom_;
     /// What was sorted by last.
     edit::SortOrder sortOrder_;
     ValidationList *validationList_ = nullptr;

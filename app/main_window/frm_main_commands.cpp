@@ -39,6 +39,9 @@ void frmMain::connectCommands() {
 void frmMain::runCommand(const CommandRow &row) {
     tree::Selection &selection = editor_->selection;
     if (row.paneText != PaneText::IsLeftAlone) {
+        // What has been put in by itself is taken back by itself.
+        if (row.paneText == PaneText::IsTheStep && txtEdit->takeBackClosing())
+            return;
         const bool isDone = row.paneText == PaneText::IsTheStep && selection.hasUnparsedText();
         if (!selection.mayLeavePane() || isDone)
             return;
@@ -109,6 +112,7 @@ void frmMain::connectWindow() {
     connectPanel();
     connectCandidates();
     connectProposals();
+    connectPane();
 }
 
 void frmMain::connectPanel() {

@@ -76,6 +76,7 @@ void frmMain::Form_Initialize() {
     editor_->live.setOn(settings.liveValidation);
     showThemeMode();
     connect(&controls::theme(), &controls::Theme::modeChanged, this, &frmMain::showThemeMode);
+    takePaneSettings();
     ignoringErrors([&] { takeFont(settings.fontName, settings.fontSize); });
     showExternalEditors();
     ignoringErrors([this] { editor_->workingFolder.create(); });
@@ -242,10 +243,7 @@ void frmMain::mnuEditEncoding_Click() {
 void frmMain::takeFont(const QString &name, qint16 size) {
     editor_->settings.fontName = name;
     editor_->settings.fontSize = size;
-    txtEdit->setTextFont(name, size);
-    tvw->setFont(QFont(name, size));
-    panel_->setTextFont(QFont(name, size));
-    candidates_->setTextFont(QFont(name, size));
+    showZoomed(name, size);
     // The path box keeps its size: a larger one would stretch the toolbar.
     QFont pathFont = cboPath->font();
     pathFont.setFamily(name);

@@ -57,6 +57,8 @@ struct InputHelp {
     std::function<QString(const QString &typed)> explain = {};
     /// What can be chosen instead of being typed, the likeliest first.
     QStringList offered = {};
+    /// What the line begins with where nothing is offered.
+    QString present = {};
 };
 
 /// What the program asks of its user outside its windows. All calls are modal.

@@ -138,6 +138,22 @@
 <message><source>自動(&amp;A)</source><translation>&amp;Automatic</translation></message>
 <message><source>ライト(&amp;L)</source><translation>&amp;Light</translation></message>
 <message><source>ダーク(&amp;D)</source><translation>&amp;Dark</translation></message>
+<message><source>編集ペイン(&amp;W)</source><translation>E&amp;dit Pane</translation></message>
+<message><source>折りたたむ(&amp;F)</source><translation>&amp;Fold</translation></message>
+<message><source>展開(&amp;U)</source><translation>&amp;Unfold</translation></message>
+<message><source>すべて折りたたむ(&amp;A)</source><translation>Fold &amp;All</translation></message>
+<message><source>すべて展開(&amp;X)</source><translation>U&amp;nfold All</translation></message>
+<message><source>対応する括弧・タグへ移動(&amp;M)</source><translation>Go to &amp;Matching Bracket or Tag</translation></message>
+<message><source>タグ名の変更(&amp;R)...</source><translation>&amp;Rename Tags...</translation></message>
+<message><source>ツリーと編集ペインの間を移動(&amp;J)</source><translation>&amp;Jump between Tree and Edit Pane</translation></message>
+<message><source>行の折り返し(&amp;W)</source><translation>&amp;Wrap Lines</translation></message>
+<message><source>空白の表示(&amp;B)</source><translation>Show &amp;Blanks</translation></message>
+<message><source>ファイルの行番号(&amp;L)</source><translation>&amp;Line Numbers of the File</translation></message>
+<message><source>終了タグの自動入力(&amp;E)</source><translation>Complete &amp;End Tags</translation></message>
+<message><source>表示倍率(&amp;Z)</source><translation>&amp;Zoom</translation></message>
+<message><source>拡大(&amp;I)</source><translation>Zoom &amp;In</translation></message>
+<message><source>縮小(&amp;O)</source><translation>Zoom &amp;Out</translation></message>
+<message><source>標準に戻す(&amp;R)</source><translation>&amp;Reset</translation></message>
 <message><source>ノード(&amp;N)</source><translation>&amp;Node</translation></message>
 <message><source>上へ移動(&amp;U)</source><translation>Move &amp;Up</translation></message>
 <message><source>下へ移動(&amp;D)</source><translation>Move Do&amp;wn</translation></message>
@@ -374,6 +390,13 @@
 <message><source>「%1」には並べ替える子要素が 2 つ以上ないため、何も変更していません。</source><translation>"%1" has fewer than two child elements to sort. Nothing has been changed.</translation></message>
 <message><source>「%1」の子にはテキストがあり、並べ替えると文章の順序が変わります。&#10;何も変更していません。</source><translation>"%1" contains text, whose order would change by sorting.&#10;Nothing has been changed.</translation></message>
 <message><source>すでにこの順序に並んでいます。</source><translation>It is already in this order.</translation></message>
+<!-- pane_texts.h -->
+<message><source>新しいタグ名を入力してください。</source><translation>Enter the new tag name.</translation></message>
+<message><source>カーソルの位置に、開始タグと終了タグのそろった要素がありません。</source><translation>There is no element with both its tags at the caret.</translation></message>
+<message><source>要素名を変更できません。ドキュメントが読み取り専用か、名前がロックされています。</source><translation>The element cannot be renamed: the document is read-only, or names are locked.</translation></message>
+<message><source>対応する括弧またはタグがありません。</source><translation>There is no matching bracket or tag.</translation></message>
+<message><source>折りたためる要素がありません。</source><translation>There is nothing to fold.</translation></message>
+<message><source>表示倍率: %1%</source><translation>Zoom: %1%</translation></message>
 <!-- print_texts.h -->
 <message><source>ツリーを印刷しています...</source><translation>Printing the tree...</translation></message>
 <message><source>ページを構成しています...</source><translation>Laying out the pages...</translation></message>

@@ -55,7 +55,7 @@ TEST_F(CommandKeys, AnswerToTheirKeysAndToNoOther) {
             tvw().setFocus();
         }
     }
-    EXPECT_EQ(keys.size(), 39u);
+    EXPECT_EQ(keys.size(), 47u);
     for (const Qt::KeyboardModifier modifier : {Qt::NoModifier, Qt::ShiftModifier})
         QTest::keyClick(&tvw(), Qt::Key_Delete, modifier);
     EXPECT_EQ(ran, "mnuEditDelete mnuEditDelete ");
@@ -86,6 +86,14 @@ TEST_F(CommandKeys, HaveTheKeysThatUsersKnow) {
         {"mnuViewNextPart", "F6"},
         {"mnuViewPreviousPart", "Shift+F6"},
         {"mnuViewInsertCandidate", "F9"},
+        {"mnuPaneFold", "Ctrl+Shift+["},
+        {"mnuPaneUnfold", "Ctrl+Shift+]"},
+        {"mnuPanePartner", "Ctrl+M"},
+        {"mnuPaneRenameTags", "Shift+F2"},
+        {"mnuPaneJump", "Ctrl+J"},
+        {"mnuZoomIn", "Ctrl++"},
+        {"mnuZoomOut", "Ctrl+-"},
+        {"mnuZoomReset", "Ctrl+0"},
         {"mnuNodeAddAttribute", "Ctrl+A"},
         {"mnuNodeInsElement", "Ctrl+Alt+E"},
         {"mnuNodeInsText", "Ctrl+Alt+T"},
@@ -133,7 +141,9 @@ TEST_F(CommandKeys, HaveTheirPlacesAndAccessKeys) {
     EXPECT_EQ(keysOf(form->menuBar()->actions()), "FEVNTWH.") << "the last one is hidden";
     EXPECT_EQ(menuKeys(u"mnuFile"), "NOR|SA|PT|M|CX|VW");
     EXPECT_EQ(menuKeys(u"mnuEdit"), "URA|TCPD|R|FN|L|HQMGE");
-    EXPECT_EQ(menuKeys(u"mnuView"), "CE|T|F|PNB|MO|DIKL|H");
+    EXPECT_EQ(menuKeys(u"mnuView"), "CE|T|F|PNB|MO|DIKL|H|WZ");
+    EXPECT_EQ(menuKeys(u"mnuPane"), "FUAX|MRJ|WBLE");
+    EXPECT_EQ(menuKeys(u"mnuZoom"), "IOR");
     EXPECT_EQ(menuKeys(u"mnuViewTheme"), "ALD");
     EXPECT_EQ(menuKeys(u"mnuNode"), "UD|EATCD|LXM.|D|BRWGOS|VIJF");
     EXPECT_EQ(menuKeys(u"mnuTool"), "XPNHY|SV|SC|E|O|MBK");

@@ -96,6 +96,20 @@ constexpr States MenuStates[] = {
     {"mnuViewThemeAutomatic", Always},
     {"mnuViewThemeLight", Always},
     {"mnuViewThemeDark", Always},
+    {"mnuPaneFold", Always},
+    {"mnuPaneUnfold", Always},
+    {"mnuPaneFoldAll", Always},
+    {"mnuPaneUnfoldAll", Always},
+    {"mnuPanePartner", Always},
+    {"mnuPaneRenameTags", Always},
+    {"mnuPaneJump", Always},
+    {"mnuPaneWrap", Always},
+    {"mnuPaneBlanks", Always},
+    {"mnuPaneFileLines", Always},
+    {"mnuPaneClose", Always},
+    {"mnuZoomIn", Always},
+    {"mnuZoomOut", Always},
+    {"mnuZoomReset", Always},
     {"mnuNodeMoveUp", ".......####.", ReadOnly::Never},
     {"mnuNodeMoveDown", "....#.#####.", ReadOnly::Never},
     {"mnuNodeAddElement", ".#.##.......", ReadOnly::Never},
@@ -215,8 +229,8 @@ protected:
     /// The name of every entry that is enabled when its menu has opened.
     std::set<QString> enabledEntries() {
         std::set<QString> enabled;
-        for (const char *name : {"mnuFile", "mnuEdit", "mnuView", "mnuViewTheme", "mnuNode",
-                                 "mnuTool", "mnuWindow", "mnuHelp"}) {
+        for (const char *name : {"mnuFile", "mnuEdit", "mnuView", "mnuNode", "mnuTool", "mnuWindow",
+                                 "mnuHelp", "mnuViewTheme", "mnuPane", "mnuZoom"}) {
             QMenu &menu = *action(QString(name)).menu();
             Q_EMIT menu.aboutToShow();
             for (const QAction *entry : menu.actions()) {

@@ -1,7 +1,5 @@
-#include "app/main_window/command_table.h"
 #include "platform/xml/schema/grammar/load_grammar.h"
-#include "tests/support/editor_window.h"
-#include "tests/support/patience.h"
+#include "tests/app/commands_fixture.h"
 #include "tests/support/private_bus.h"
 #include "view/controls/print_preview.h"
 #include "view/controls/proposal_list.h"
@@ -30,103 +28,13 @@ namespace quillon::test {
 namespace {
 
 using controls::ActionKind;
-using controls::ThemeMode;
 
-const QByteArray Sample = "<r><a k=\"1\">t</a><b/><c/></r>";
 using ui::message_answer::No;
 using ui::message_answer::Ok;
 using ui::message_answer::Yes;
 constexpr int patienceMs = 60'000;
 
-class RecordingShell : public system::Shell {
-public:
-    void start(const QString &program, const QStringList &arguments) override {
-        started.append(program + ' ' + arguments.join(' '));
-    }
-    void openOnDesktop(const QString &target, const std::function<void()> &) override {
-        started.append(target);
-    }
-    QStringList started;
-};
-
-class Commands : public EditorWindow {
-protected:
-    struct Case {
-        QStringView command;
-        /// Brings about what the command is about, in a window that shows the sample with b
-        /// selected, and queues answers for its dialogs.
-        std::function<void()> prepare;
-        std::function<bool()> hasHappened;
-    };
-
-    Commands() { reopen(); }
-    void reopen() {
-        tree().endLabelEdit();
-        form.reset();
-        form = std::make_unique<app::frmMain>(app::Environment{
-            folder.path(), system::SettingsStore(path("settings.ini")), {}, shell});
-    }
-    void showSample() {
-        open(Sample);
-        editor().builder.ExpandSubtree(tree().nodes().Item(1));
-        select("b");
-        editor().options = {};
-    }
-    void show() {
-        showSample();
-        form->show();
-        form->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(form.get(), Patience));
-        tvw().setFocus();
-    }
-    void run(QStringView command) {
-        QAction &action = *form->actions().action(command);
-        for (const app::CommandRow &row : app::commandTable()) {
-            if (row.entry.name == command && row.entry.menu.isEmpty())
-                return form->actions().run(command);
-        }
-        action.trigger();
-    }
-    std::function<bool()> makes(const QByteArray &document) {
-        return [this, document] {
-            // What has been made is named first.
-            tree().endLabelEdit();
-            return xml() == document;
-        };
-    }
-    std::function<bool()> copies(const QString &text) {
-        return [text] { return QGuiApplication::clipboard()->text() == text; };
-    }
-    void change() {
-        state().m_DOM.documentElement().setAttribute("n", "1");
-        editor().commands.DocumentModified();
-    }
-    QWidget &candidatePanel() { return *form->findChild<QWidget *>("candidatePanel"); }
-    /// A document of which its own DTD is known, with b selected.
-    void openDeclared() {
-        open("<!DOCTYPE r [<!ELEMENT r (b)><!ELEMENT b EMPTY>]><r><b/></r>");
-        editor().builder.ExpandSubtree(tree().nodes().Item(1));
-        select("b");
-        EXPECT_TRUE(QTest::qWaitFor(
-            [this] { return editor().candidateFinder.grammar().has_value(); }, Patience));
-    }
-    QString selected() { return tree().SelectedItem().Text(); }
-    bool hasPreview() { return !working().filter("preview.").isEmpty(); }
-    void removePreview() {
-        for (const QString &name : working().filter("preview."))
-            QFile::remove(path("Temp/" + name));
-    }
-
-    std::vector<Case> documentCases();
-    std::vector<Case> fileCases();
-    std::vector<Case> viewCases();
-    std::vector<Case> toolCases();
-    /// Goes to what stands in the way of another encoding, mends that, and has the next dialog
-    /// accepted.
-    void changeEncoding();
-
-    std::shared_ptr<RecordingShell> shell = std::make_shared<RecordingShell>();
-};
+} // namespace
 
 std::vector<Commands::Case> Commands::documentCases() {
     const QByteArray withoutB = "<r><a k=\"1\">t</a><c/></r>";
@@ -314,96 +222,6 @@ std::vector<Commands::Case> Commands::fileCases() {
     };
 }
 
-std::vector<Commands::Case> Commands::viewCases() {
-    const auto hasCandidates = [this] {
-        return candidatePanel().isAncestorOf(QApplication::focusWidget());
-    };
-    const auto isShownIn = [this](ThemeMode mode) {
-        return [this, mode] {
-            return controls::theme().mode() == mode &&
-                   system::SettingsStore(path("settings.ini")).GetSetting("Theme", "Mode") ==
-                       nameOf(mode);
-        };
-    };
-    return {
-        {u"mnuEditFind", [this] { dialogs.answerInput("c"); },
-         [this] { return selected() == u"c"; }},
-        {u"mnuEditFindNext",
-         [this] {
-             dialogs.answerInput("[rc]");
-             editor().captionSearch.mnuEditFind_Click();
-             select("b");
-         },
-         [this] { return selected() == u"c"; }},
-        {u"SearchBackward",
-         [this] {
-             dialogs.answerInput("[rc]");
-             editor().captionSearch.mnuEditFind_Click();
-             select("b");
-         },
-         [this] { return selected() == u"r"; }},
-        {u"mnuEditSelectMatches",
-         [this] {
-             cboPath().setText("/r/b | /r/c");
-             editor().pathQuery.SelectByPath();
-         },
-         [this] { return tree().selectedCount() == 2; }},
-        {u"SelectByPath", [this] { cboPath().setText("/r/c"); },
-         [this] { return selected() == u"c"; }},
-        {u"mnuViewLock", [] {}, [this] { return editor().options.viewLock; }},
-        {u"mnuEditReplace", [] {},
-         [this] {
-             const auto *const dialog = form->findChild<QWidget *>("replaceDialog");
-             return dialog && dialog->isVisible();
-         }},
-        {u"mnuEditCopyXPath", [this] { select("b"); }, copies("/r/b")},
-        {u"treeMenuCopyXPath", [this] { select("t"); }, copies("/r/a/text()")},
-        {u"mnuViewText", [] {}, [this] { return item("k") && !item("k=\"1\""); }},
-        {u"mnuNodeCollapse", [this] { select("r"); },
-         [this] { return expanded() == QStringList("#document"); }},
-        {u"mnuNodeExpand",
-         [this] {
-             editor().builder.CollapseSubtree(tree().nodes().Item(1));
-             select("r");
-         },
-         [this] { return expanded().contains("a"); }},
-        {u"mnuViewFont",
-         [this] {
-             dialogs.answerFont({"Sans Serif", 14});
-         },
-         [this] { return tvw().font().pointSize() == 14; }},
-        {u"mnuViewPanel", [] {},
-         [this] { return form->findChild<QWidget *>("resultPanel")->isVisible(); }},
-        {u"mnuViewNextHit",
-         [this] {
-             select("r");
-             cboPath().setText("*");
-             editor().pathQuery.SelectByPath();
-         },
-         [this] { return selected() == u"b"; }},
-        {u"mnuViewPreviousHit",
-         [this] {
-             select("r");
-             cboPath().setText("*");
-             editor().pathQuery.SelectByPath();
-             editor().hits.setCurrentRow(2);
-         },
-         [this] { return selected() == u"b"; }},
-        {u"mnuViewCandidates", [] {}, [this] { return candidatePanel().isVisible(); }},
-        {u"mnuViewInsertCandidate", [] {}, hasCandidates},
-        {u"treeMenuCandidates", [] {}, hasCandidates},
-        {u"mnuViewPropose", [] {}, [this] { return !txtEdit().proposesUnasked(); }},
-        {u"mnuViewNextPart", [] {}, [this] { return txtEdit().hasFocus(); }},
-        {u"mnuViewLive", [] {}, [this] { return !editor().live.isOn(); }},
-        {u"mnuViewThemeDark", [] {}, isShownIn(ThemeMode::Dark)},
-        {u"mnuViewThemeLight", [] {}, isShownIn(ThemeMode::Light)},
-        {u"mnuViewThemeAutomatic", [] { controls::theme().setMode(ThemeMode::Dark); },
-         isShownIn(ThemeMode::Automatic)},
-        {u"mnuViewPreviousPart", [] {},
-         [this] { return cboPath().isAncestorOf(QApplication::focusWidget()); }},
-    };
-}
-
 std::vector<Commands::Case> Commands::toolCases() {
     const auto noPreview = [this] { removePreview(); };
     const auto preview = [this] { return hasPreview(); };
@@ -527,16 +345,18 @@ void Commands::changeEncoding() {
     });
     run(u"mnuEditEncoding");
     EXPECT_EQ(txtEdit().Text(), "é");
-    txtEdit().setText("e");
+    txtEdit().setText(QStringLiteral("e"));
     inDialog([](QDialog &box, QTreeWidget &list) {
         EXPECT_EQ(list.topLevelItemCount(), 2);
         box.accept();
     });
 }
+namespace {
 
 TEST_F(Commands, DoWhatTheySay) {
     std::set<QStringView> tested{u"mnuWindowTileH"};
-    for (const auto &cases : {documentCases(), fileCases(), viewCases(), toolCases()}) {
+    for (const auto &cases :
+         {documentCases(), fileCases(), viewCases(), paneCases(), toolCases()}) {
         for (const Case &one : cases) {
             SCOPED_TRACE(one.command.toString().toStdString());
             EXPECT_TRUE(tested.insert(one.command).second);

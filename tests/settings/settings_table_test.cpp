@@ -44,6 +44,11 @@ const QStringList Contract = {
     "Format AlignAttributes number -1 0",
     "Format EmptyElements number 0 1",
     "Format KeepBlankLines number -1 0",
+    "Pane Wrap number 0 -1",
+    "Pane Blanks number 0 -1",
+    "Pane FileLines number 0 -1",
+    "Pane CloseElements number -1 0",
+    "View Zoom number 100 150",
 };
 
 class SettingTable : public testing::Test {

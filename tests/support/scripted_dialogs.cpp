@@ -49,6 +49,7 @@ int ScriptedDialogs::showMessage(const QString &text, int style, const QString &
 QString ScriptedDialogs::inputText(const QString &prompt, const ui::InputHelp &help) {
     prompts.push_back(prompt);
     inputOffers.push_back(help.offered);
+    presentTexts.push_back(help.present);
     explained = help.explain
                     ? help.explain(inputAnswers_.empty() ? QString() : inputAnswers_.front())
                     : QString();

@@ -37,6 +37,8 @@ public:
     /// What was asked so far, oldest first.
     std::vector<Message> messages;
     std::vector<QString> prompts;
+    /// What the boxes for a text began with.
+    std::vector<QString> presentTexts;
     std::vector<QStringList> choices;
     std::vector<QStringList> inputOffers;
     /// What was said of the latest input.

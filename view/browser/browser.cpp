@@ -88,6 +88,12 @@ void Browser::setFiles(const QStringList &names) {
     fileNames_ = names;
 }
 
+void Browser::setZoom(double factor) {
+    zoom_ = factor;
+    if (view_)
+        view_->setZoomFactor(zoom_);
+}
+
 void Browser::makeView() {
     files_ = new PageFiles;
     profile_ = makeProfile(files_);
@@ -216,6 +222,8 @@ void Browser::pageLoaded(bool ok) {
     showColours();
     if (colours_ == Colours::OfTheme)
         page_->showTheme(controls::theme().isDark());
+    // The browser keeps it for each host, and every document has its own.
+    view_->setZoomFactor(zoom_);
     Q_EMIT NavigateComplete(ok);
     printNow();
 }

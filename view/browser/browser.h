@@ -46,6 +46,9 @@ public:
     /// Asked for what a printer is to print on, unless the user chooses something else.
     std::function<QPageLayout()> paper = [] { return QPageLayout(); };
 
+    /// How large pages are shown; 1 to begin with. It does not count in print.
+    void setZoom(double factor);
+
     /// The browser itself; null until the first page is shown.
     QWebEngineView *view() const { return view_; }
 
@@ -96,6 +99,7 @@ private:
     QString subject_;
     Colours colours_ = Colours::OfTheme;
     bool waiting_ = false;
+    double zoom_ = 1;
     /// The address loaded last.
     QUrl url_;
     QString subjectShown_;

@@ -76,6 +76,7 @@ QString DesktopDialogs::inputText(const QString &prompt, const ui::InputHelp &he
     QInputDialog box(QApplication::activeWindow());
     box.setWindowTitle(resources::texts::ApplicationTitle.toString());
     box.setLabelText(prompt);
+    box.setTextValue(help.present);
     box.setOkButtonText(resources::texts::ButtonOk.toString());
     box.setCancelButtonText(resources::texts::ButtonCancel.toString());
     // Room for an address or a longer expression.

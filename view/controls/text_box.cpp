@@ -121,6 +121,7 @@ void TextBox::replaceText(QByteArrayView text) {
     // Symbols of lines that go pass on to the one that stays.
     send(SCI_MARKERDELETEALL, static_cast<unsigned long>(-1));
     marks_.clear();
+    indentStep_.clear();
     send(SCI_SETXOFFSET, 0);
     layOutFor(text.size());
     // Forgets the longest line seen so far.
@@ -179,6 +180,7 @@ void TextBox::replace(const std::vector<ui::TextReplacement> &replacements) {
     stopComposing();
     closeProposals();
     asOneChange([&] {
+        send(SCI_BEGINUNDOACTION);
         send(SCI_BEGINUNDOACTION);
         // From the last one on, so that the places of the others hold.
         for (auto at = replacements.rbegin(); at != replacements.rend(); ++at) {
@@ -262,6 +264,10 @@ void TextBox::announceChange() {
 void TextBox::textChanged(int, int position) {
     if (proposer_.textChanged)
         proposer_.textChanged(position);
+    if (structure_.textChanged)
+        structure_.textChanged(position);
+    closing_.reset();
+    pairIsOld_ = true;
     fitLineNumbers();
     marksAreOld_ = true;
     if (writingUnfinished_)

@@ -2,10 +2,12 @@
 
 #include "platform/ui/proposals.h"
 #include "platform/ui/text_box.h"
+#include "platform/ui/text_structure.h"
 #include "view/controls/text_box_scintilla.h"
 
 #include <QByteArray>
 #include <QString>
+#include <QTimer>
 
 #include <functional>
 #include <optional>
@@ -77,6 +79,16 @@ public:
     /// Says in plain text what is known of the byte of the text that the pointer rests on.
     std::function<QString(QByteArrayView text, qsizetype at)> describe;
 
+    /// Who knows what belongs together in the text. What belongs to the place of the caret is
+    /// marked, and an element is closed when "</" is typed, unless that is switched off.
+    void setStructure(ui::TextStructure structure);
+    void setClosesElements(bool closes) { closesElements_ = closes; }
+    /// Takes the caret to the bracket or tag that belongs to the one at the caret; false for none.
+    bool goToPartner();
+    /// Takes away what closing an element has put in, if that was the last thing to happen; false
+    /// when it was not. Ctrl+Z does so, too.
+    bool takeBackClosing();
+
     /// Has what is dragged in refused if it has a format; it can still be pasted.
     void refuseDropsOf(const QStringList &formats) { refusedFormats_ = formats; }
 
@@ -96,8 +108,9 @@ public:
     std::vector<ui::TextMark> marksInLine(long line) const;
     /// Below the caret, on the screen.
     QPoint caretPoint() const;
-    /// The font of the text and the line numbers; `size` in points. Glyphs that the font lacks
-    /// come from others.
+    /// The font of the text and the line numbers; `size` in points. In place of a family that is
+    /// not installed a monospaced one with Japanese characters is used, or the desktop's. Glyphs
+    /// that the font lacks come from others.
     void setTextFont(const QString &family, double size);
 
     // How the text is laid out: text_box_layout.cpp. Texts of more than 4 MB are neither wrapped
@@ -182,11 +195,29 @@ private:
     void unfoldLines(long first, long last);
     /// Shows the lines of a selection if they are folded, selects it and scrolls to the caret.
     void setSelection(long anchor, long caret);
-    void sightChanged();
+    void sightChanged(int what);
     /// The first and the last line in sight.
     std::pair<long, long> linesInSight() const;
     void boxWideBlanks();
     void numberLines();
+
+    // What belongs together in the text: text_box_structure.cpp.
+
+    std::optional<ui::TextPair> pairAtCaret() const;
+    void showPair();
+    void colourPairs();
+    /// Makes an end tag of a "</" that has just been typed.
+    void closeElement();
+    bool canTakeBackClosing() const;
+    /// Whether a key takes back the closing of an element.
+    bool isTakingBack(const QKeyEvent &event) const;
+    /// Whether a key moves the lines of a selection further in or out.
+    bool isIndentKey(const QKeyEvent &event) const;
+    void indentSelection(bool inward);
+    /// How the text is indented around some lines: by a tab or by so many blanks.
+    QByteArray foundIndentStep(long first, long last) const;
+    /// Good until the text changes.
+    QByteArrayView lineAt(long line) const;
 
     bool isRefused(const QMimeData &offered) const;
 
@@ -225,6 +256,18 @@ private:
     bool canFold_ = false;
     bool blanksShown_ = false;
     bool hasBoxedBlanks_ = false;
+
+    ui::TextStructure structure_;
+    std::optional<ui::TextPair> shownPair_;
+    /// The text has changed since, so the control has it at other places or not at all.
+    bool pairIsOld_ = false;
+    QTimer pairTimer_;
+    bool closesElements_ = true;
+    /// What has closed an element, while nothing has been typed since.
+    std::optional<ui::TextStretch> closing_;
+    /// What the text is indented by, once that has been looked for; what is indented here looks as
+    /// if it were by more.
+    QByteArray indentStep_;
 
     /// The text holds some that an input method has not finished.
     bool composing_ = false;

@@ -90,15 +90,28 @@ std::optional<unsigned> commandOf(const QKeyEvent &event) {
 
 } // namespace
 
+bool TextBox::isTakingBack(const QKeyEvent &event) const {
+    return keyOf(event) == QKeyCombination(Qt::CTRL | Qt::Key_Z) && canTakeBackClosing();
+}
+
 bool TextBox::event(QEvent *event) {
     if (event->type() == QEvent::ShortcutOverride &&
         (commandOf(*static_cast<QKeyEvent *>(event)) ||
-         isKeyForProposals(*static_cast<QKeyEvent *>(event)))) {
+         isKeyForProposals(*static_cast<QKeyEvent *>(event)) ||
+         isTakingBack(*static_cast<QKeyEvent *>(event)))) {
         event->accept();
         return true;
     }
-    if (event->type() == QEvent::KeyPress && takeKeyForProposals(*static_cast<QKeyEvent *>(event)))
-        return true;
+    if (event->type() == QEvent::KeyPress) {
+        const auto &key = *static_cast<QKeyEvent *>(event);
+        if (takeKeyForProposals(key))
+            return true;
+        // Ahead of the base, which would give the keyboard to another widget.
+        if (isIndentKey(key)) {
+            indentSelection(key.key() == Qt::Key_Tab);
+            return true;
+        }
+    }
     const bool isInput = event->type() == QEvent::KeyPress || event->type() == QEvent::InputMethod;
     // What is done with the text that a key has changed may well send other events here.
     if (isInput)
@@ -130,11 +143,15 @@ bool TextBox::focusNextPrevChild(bool next) {
 void TextBox::keyPressEvent(QKeyEvent *event) {
     if (const auto command = commandOf(*event)) {
         send(*command);
+    } else if (isTakingBack(*event)) {
+        takeBackClosing();
     } else if (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) {
         event->ignore();
     } else {
         QsciScintillaBase::keyPressEvent(event);
         hasTyped_ = !event->text().isEmpty() && !locked_;
+        if (event->text() == u"/")
+            closeElement();
     }
 }
 

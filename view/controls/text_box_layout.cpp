@@ -38,11 +38,10 @@ void TextBox::setUpLayout() {
     send(SCI_SETMARGINWIDTHN, FoldMargin, 0);
     send(SCI_SETAUTOMATICFOLD,
          SC_AUTOMATICFOLD_SHOW | SC_AUTOMATICFOLD_CLICK | SC_AUTOMATICFOLD_CHANGE);
-    send(SCI_SETFOLDFLAGS, SC_FOLDFLAG_LINEAFTER_CONTRACTED);
     for (const auto &[symbol, shape] : FoldSymbols)
         send(SCI_MARKERDEFINE, symbol, shape);
     send(SCI_SETWRAPVISUALFLAGS, SC_WRAPVISUALFLAG_END);
-    send(SCI_SETWRAPINDENTMODE, SC_WRAPINDENT_INDENT);
+    send(SCI_SETWRAPINDENTMODE, SC_WRAPINDENT_SAME);
     send(SCI_INDICSETSTYLE, BlankIndicator, INDIC_STRAIGHTBOX);
     send(SCI_INDICSETALPHA, BlankIndicator, 0);
     send(SCI_INDICSETOUTLINEALPHA, BlankIndicator, 255);
@@ -70,7 +69,8 @@ void TextBox::layOutFor(long length) {
         SendScintilla(SCI_SETPROPERTY, property, canFold_ ? "1" : "0");
     SendScintilla(SCI_SETPROPERTY, "fold.compact", "0");
     send(SCI_SETMARGINWIDTHN, FoldMargin, canFold_ ? FoldMarginWidth : 0);
-    send(SCI_SETWRAPMODE, wrapped_ && isLaidOut ? SC_WRAP_WORD : SC_WRAP_NONE);
+    // Within words, too: Japanese has no blanks to break lines at.
+    send(SCI_SETWRAPMODE, wrapped_ && isLaidOut ? SC_WRAP_CHAR : SC_WRAP_NONE);
 }
 
 void TextBox::setWrapped(bool wrapped) {
@@ -156,7 +156,9 @@ void TextBox::setSelection(long anchor, long caret) {
 }
 
 void TextBox::knowFoldsUpTo(long line) {
-    const long end = send(SCI_GETLINEENDPOSITION, line);
+    // What a line begins is known at its end.
+    const bool isLast = line + 1 >= send(SCI_GETLINECOUNT);
+    const long end = isLast ? send(SCI_GETLENGTH) : send(SCI_POSITIONFROMLINE, line + 1);
     const long styled = send(SCI_GETENDSTYLED);
     if (styled < end)
         send(SCI_COLOURISE, styled, end);
@@ -164,9 +166,11 @@ void TextBox::knowFoldsUpTo(long line) {
 
 // ---- What is in sight
 
-void TextBox::sightChanged() {
+void TextBox::sightChanged(int what) {
     numberLines();
     boxWideBlanks();
+    if (structure_ && (what & (SC_UPDATE_SELECTION | SC_UPDATE_CONTENT)) != 0)
+        pairTimer_.start();
 }
 
 std::pair<long, long> TextBox::linesInSight() const {

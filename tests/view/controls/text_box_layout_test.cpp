@@ -100,7 +100,7 @@ TEST_F(TextBoxTest, WrapsAndShowsBlanks) {
     box_.setText(QByteArray("<r>") + QByteArray("long text ").repeated(500'000) + "</r>\n");
     EXPECT_EQ(ask(TextBox::SCI_GETWRAPMODE), TextBox::SC_WRAP_NONE);
     box_.setText(QByteArray("<r>short</r>"));
-    EXPECT_EQ(ask(TextBox::SCI_GETWRAPMODE), TextBox::SC_WRAP_WORD);
+    EXPECT_EQ(ask(TextBox::SCI_GETWRAPMODE), TextBox::SC_WRAP_CHAR);
     box_.setWrapped(false);
 
     const auto boxed = [&](const char *what) {

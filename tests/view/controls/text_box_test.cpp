@@ -239,12 +239,14 @@ TEST_F(TextBoxTest, UsesOneFontAndMakesRoomForLineNumbers) {
         box_.SendScintilla(TextBox::SCI_STYLEGETFONT, style, name);
         return QString::fromUtf8(name);
     };
-    box_.setTextFont(QStringLiteral("ＭＳ ゴシック"), 13.5);
+    box_.setTextFont(QStringLiteral("DejaVu Sans"), 13.5);
     for (const unsigned long style :
          {0ul, 1ul, static_cast<unsigned long>(TextBox::STYLE_LINENUMBER)}) {
-        EXPECT_EQ(fontOf(style), u"ＭＳ ゴシック");
+        EXPECT_EQ(fontOf(style), u"DejaVu Sans");
         EXPECT_EQ(ask(TextBox::SCI_STYLEGETSIZEFRACTIONAL, style), 1350);
     }
+    box_.setTextFont(QStringLiteral("of no machine"), 13.5);
+    EXPECT_EQ(fontOf(0), u"Noto Sans Mono CJK JP");
     const auto width = [&] { return ask(TextBox::SCI_GETMARGINWIDTHN, 0); };
     const long two = width();
     box_.setText(QByteArray(998, '\n'));
