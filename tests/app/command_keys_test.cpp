@@ -55,7 +55,7 @@ TEST_F(CommandKeys, AnswerToTheirKeysAndToNoOther) {
             tvw().setFocus();
         }
     }
-    EXPECT_EQ(keys.size(), 47u);
+    EXPECT_EQ(keys.size(), 48u);
     for (const Qt::KeyboardModifier modifier : {Qt::NoModifier, Qt::ShiftModifier})
         QTest::keyClick(&tvw(), Qt::Key_Delete, modifier);
     EXPECT_EQ(ran, "mnuEditDelete mnuEditDelete ");
