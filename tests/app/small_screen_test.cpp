@@ -79,15 +79,17 @@ protected:
 
     void lookAndClose() {
         for (QWidget *window : QApplication::topLevelWidgets()) {
-            if (window == form.get() || !window->isVisible() || !window->inherits("QDialog"))
+            const bool isOther = window != form.get() && (window->windowType() == Qt::Window ||
+                                                          window->windowType() == Qt::Dialog);
+            if (!isOther || !window->isVisible())
                 continue;
+            QCoreApplication::sendPostedEvents(window);
+            if (!window->isVisible())
+                continue;
+            lookAt(*window);
+            seen.insert(window->windowTitle());
             auto *dialog = qobject_cast<QDialog *>(window);
-            QCoreApplication::sendPostedEvents(dialog);
-            if (!dialog->isVisible())
-                continue;
-            lookAt(*dialog);
-            seen.insert(dialog->windowTitle());
-            dialog->reject();
+            dialog ? dialog->reject() : void(window->close());
         }
     }
 
