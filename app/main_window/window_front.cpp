@@ -42,8 +42,10 @@ void bringToFront(QWidget &window) {
     // A box that the window waits for comes with it.
     window.raise();
     window.activateWindow();
-    if (const auto *x11 = qApp->nativeInterface<QNativeInterface::QX11Application>())
-        askManagerFor(x11->connection(), static_cast<xcb_window_t>(window.winId()));
+    // Platforms that show nothing may offer the interface as well, and have no connection.
+    const auto *x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (xcb_connection_t *const connection = x11 ? x11->connection() : nullptr)
+        askManagerFor(connection, static_cast<xcb_window_t>(window.winId()));
     if (!window.isActiveWindow())
         QApplication::alert(&window);
 }

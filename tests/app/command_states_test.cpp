@@ -147,7 +147,8 @@ constexpr States MenuStates[] = {
     {"mnuToolBindSchema", WithDocument, ReadOnly::Never},
     {"mnuToolCreateSchema", WithDocument},
     {"mnuWindowTileH", Always},
-    {"mnuWindowMore", Always},
+    // It is hidden where the menu has room for all windows.
+    {"mnuWindowMore", NotAtFirst},
     {"mnuHelpReadme", Always},
     {"mnuHelpAbout", Always},
     {"mnuHelpManual", Always},
