@@ -28,6 +28,8 @@ constexpr Place Places[] = {
     {QLatin1String("BindDialog"), QLatin1String("schema#bind")},
     {QLatin1String("OptionsDialog"), QLatin1String("settings")},
     {QLatin1String("PrintPreview"), QLatin1String("preview#print")},
+    {QLatin1String("EncodingDialog"), QLatin1String("encoding#change")},
+    {QLatin1String("FormatDialog"), QLatin1String("tree#format")},
     {QLatin1String("ReplaceDialog"), QLatin1String("search#replace")},
     {QLatin1String("RulesDialog"), QLatin1String("schema#rules")},
     {QLatin1String("SchemaDialog"), QLatin1String("schema#find")},
