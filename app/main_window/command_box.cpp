@@ -200,10 +200,9 @@ void CommandBox::choose() {
 }
 
 void CommandBox::giveBackFocus() {
-    if (focusBefore_ && focusBefore_->isVisible())
-        focusBefore_->setFocus(Qt::PopupFocusReason);
-    else
-        window_.setFocus(Qt::PopupFocusReason);
+    QWidget *const before = focusBefore_;
+    QWidget *const next = before != nullptr && before->isVisible() ? before : &window_;
+    next->setFocus(Qt::PopupFocusReason);
 }
 
 bool CommandBox::takeKey(int key) {

@@ -83,11 +83,12 @@ void addForUnquoted(QByteArrayView text, const Cause &cause, std::vector<SyntaxM
                          {{start, 0, quote}}});
         return;
     }
-    std::vector<qsizetype> ends = likelyEnds(text, start);
     const qsizetype wordEnd = start + cause.length;
-    ends.insert(ends.begin(), wordEnd);
+    std::vector<qsizetype> ends{wordEnd};
     if (text.sliced(wordEnd).startsWith("/>"))
-        ends.insert(ends.begin() + 1, wordEnd + 1);
+        ends.push_back(wordEnd + 1);
+    for (const qsizetype end : likelyEnds(text, start))
+        ends.push_back(end);
     std::set<qsizetype> done;
     for (const qsizetype end : ends) {
         const QByteArrayView value = text.sliced(start, end - start);
