@@ -7,6 +7,7 @@
 #include "tools/format_dialog.h"
 #include "tools/options_dialog.h"
 #include "tools/sort_dialog.h"
+#include "view/controls/installed_font.h"
 #include "view/controls/screen_fit.h"
 
 #include <QAction>
@@ -224,8 +225,9 @@ void frmMain::mnuNodeSort_Click() {
 
 void frmMain::mnuEditFormat_Click() {
     settings::Settings &settings = editor_->settings;
-    tools::FormatDialog dialog(editor_->prettyPrinting, settings,
-                               QFont(settings.fontName, settings.fontSize), this);
+    tools::FormatDialog dialog(
+        editor_->prettyPrinting, settings,
+        QFont(controls::installedFamily(settings.fontName), settings.fontSize), this);
     if (dialog.exec() != QDialog::Accepted)
         return;
     dialog.keep(settings);

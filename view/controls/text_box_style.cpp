@@ -1,7 +1,6 @@
+#include "view/controls/installed_font.h"
 #include "view/controls/scintilla_colour.h"
 #include "view/controls/text_box.h"
-
-#include <QFontDatabase>
 
 #include <algorithm>
 #include <array>
@@ -36,22 +35,6 @@ constexpr std::array xmlStyles{
     StyleRange{31, 31, Colour::InstructionInk},   // internal subset
     StyleRange{118, 127, Colour::InstructionInk}, // content of a "<?php" instruction
 };
-
-/// Families that have Japanese characters twice as wide as Western ones, for when the one that is
-/// asked for is missing.
-constexpr QStringView Monospaced[] = {u"Noto Sans Mono CJK JP", u"IPAGothic", u"VL Gothic",
-                                      u"TakaoGothic"};
-
-/// The family itself where it is installed.
-QString installedFamily(const QString &family) {
-    if (QFontDatabase::hasFamily(family))
-        return family;
-    for (const QStringView other : Monospaced) {
-        if (QFontDatabase::hasFamily(other.toString()))
-            return other.toString();
-    }
-    return QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
-}
 
 int digitsOf(long number) {
     int digits = 1;
