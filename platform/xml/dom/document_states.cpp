@@ -14,11 +14,12 @@ auto contentOf(const Record &record) {
     constexpr std::uint8_t Ignored = record_flag::TagChanged | record_flag::ContentChanged |
                                      record_flag::OwnLayout | record_flag::OwnEndLayout;
     return std::tuple(record.kind, record.flags & ~Ignored, record.source, record.name,
-                      record.parent, record.next, record.previous, record.start, record.end);
+                      record.parent, record.next, record.start, record.end);
 }
 
 bool isSameNode(const Arena &one, const Arena &other, Number n) {
-    if (contentOf(one.record(n)) != contentOf(other.record(n)))
+    if (contentOf(one.record(n)) != contentOf(other.record(n)) ||
+        one.previousSibling(n) != other.previousSibling(n))
         return false;
     if (one.hasPart(n)) {
         const ElementPart &a = one.part(n);
@@ -60,9 +61,8 @@ std::vector<quint32> changedNodes(const DOMDocument40 &before, const DOMDocument
         if (isSurelyUnchanged(before, now, page))
             continue;
         const Number end = arena.pageEnd(page);
-        for (Number n = page; n != end && arena.isAlive(n); n += arena.hasPart(n) ? 2 : 1) {
-            const bool isNode = arena.record(n).kind != NodeType::None;
-            if (!isNode || (old.isAlive(n) && isSameNode(old, arena, n)))
+        for (Number n = page; n != end && arena.isAlive(n); ++n) {
+            if (!arena.isRecord(n) || (old.isAlive(n) && isSameNode(old, arena, n)))
                 continue;
             changed.push_back(n);
             if (changed.size() > limit)

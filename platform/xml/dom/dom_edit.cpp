@@ -211,7 +211,7 @@ Node Node::rename(const QString &name) const {
     Arena &arena = HandleAccess::arena(*this);
     const Number n = arena.addInFormOf(number_, arena.names->intern(checked));
     // Without looking for one of the same name each time: there may be thousands.
-    for (Number a = arena.part(number_).lastAttribute; a != 0; a = arena.record(a).previous)
+    for (Number a = arena.part(number_).lastAttribute; a != 0; a = arena.previousSibling(a))
         arena.link(n, arena.copyFrom(arena, a, true), 0);
     arena.markContentChanged(number_);
     const std::string endLayout = normalizeLineEnds(arena.endLayout(n));

@@ -117,7 +117,7 @@ Node Node::lastChild() const {
 Node Node::previousSibling() const {
     if (isNull() || nodeType() == NodeType::Attribute)
         return {};
-    return HandleAccess::node(*this, HandleAccess::arena(*this).record(number_).previous);
+    return HandleAccess::node(*this, HandleAccess::arena(*this).previousSibling(number_));
 }
 
 Node Node::nextSibling() const {

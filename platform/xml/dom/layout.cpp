@@ -130,7 +130,7 @@ bool isInDocument(const Arena &arena, Number node) {
 
 void linkKeepingLayout(Arena &arena, Number parent, Number node, Number next,
                        const std::string &oldEndLayout) {
-    const Number previous = next != 0 ? arena.record(next).previous : arena.part(parent).lastChild;
+    const Number previous = next != 0 ? arena.previousSibling(next) : arena.part(parent).lastChild;
     const bool text = arena.record(node).kind == NodeType::Text;
     const bool afterText = previous != 0 && arena.record(previous).kind == NodeType::Text;
     if (text || afterText)
@@ -146,11 +146,12 @@ void linkKeepingLayout(Arena &arena, Number parent, Number node, Number next,
 void unlinkWithLayout(Arena &arena, Number node) {
     const Record old = arena.record(node);
     const Number parent = old.parent;
+    const Number previous = arena.previousSibling(node);
     arena.unlink(node);
     if (parent == 0)
         return;
     arena.markContentChanged(parent);
-    if (old.previous != 0 && arena.record(old.previous).kind == NodeType::Text)
+    if (previous != 0 && arena.record(previous).kind == NodeType::Text)
         dropLayoutAhead(arena, parent, old.next);
     if (arena.record(parent).kind == NodeType::Element && arena.part(parent).firstChild == 0)
         arena.setEndLayout(parent, {});

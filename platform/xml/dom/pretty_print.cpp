@@ -206,7 +206,7 @@ void LayoutPlanner::child(Number n, std::size_t depth) {
 std::string LayoutPlanner::childLayout(Number n, std::size_t depth) {
     const Record &r = arena_.record(n);
     // Nothing may stand ahead of the XML declaration.
-    if (r.parent == arena_.documentNumber() && r.previous == 0)
+    if (r.parent == arena_.documentNumber() && arena_.previousSibling(n) == 0)
         return {};
     const std::string present = normalizeLineEnds(arena_.layout(n));
     if (staysBehindLast(n))
@@ -217,7 +217,8 @@ std::string LayoutPlanner::childLayout(Number n, std::size_t depth) {
 
 bool LayoutPlanner::staysBehindLast(Number n) const {
     const Record &r = arena_.record(n);
-    if (r.kind != NodeType::Comment || r.previous == 0 || hasLineBreak(arena_.layout(n)))
+    if (r.kind != NodeType::Comment || arena_.previousSibling(n) == 0 ||
+        hasLineBreak(arena_.layout(n)))
         return false;
     return r.next != 0 ? hasLineBreak(arena_.layout(r.next))
                        : hasLineBreak(arena_.endLayout(r.parent));
@@ -233,7 +234,8 @@ void LayoutPlanner::end(Number element, std::size_t depth) {
 void LayoutPlanner::startTag(Number element, std::size_t depth) {
     attributes(element, depth);
     const ElementPart &part = arena_.part(element);
-    std::uint32_t form = part.form | formOfTagEnd(element);
+    const std::uint32_t present = arena_.tagForm(element);
+    std::uint32_t form = present | formOfTagEnd(element);
     const std::string_view inside = arena_.endLayout(element);
     if (part.firstChild == 0 && (inside.empty() || hasLineBreak(inside)) && mayLayOut(element)) {
         if (const std::uint32_t empty = formOfEmpty(element))
@@ -242,7 +244,7 @@ void LayoutPlanner::startTag(Number element, std::size_t depth) {
             endLayout(element,
                       style_.empty == LayoutStyle::Empty::Keep ? line(depth) : std::string());
     }
-    if (form != part.form)
+    if (form != present)
         plan_.changes_.push_back({element, Kind::Form, form});
 }
 
@@ -261,9 +263,10 @@ std::uint32_t LayoutPlanner::formOfEmpty(Number element) const {
     const Record &r = arena_.record(element);
     const ElementPart &part = arena_.part(element);
     const bool isReadClosed = !r.has(record_flag::Source) || part.contentStart == r.end;
-    const bool isClosed = part.form & tag_form::WithEndTag ? false
-                          : part.form & tag_form::Closed   ? true
-                                                           : isReadClosed;
+    const std::uint32_t form = arena_.tagForm(element);
+    const bool isClosed = form & tag_form::WithEndTag ? false
+                          : form & tag_form::Closed   ? true
+                                                      : isReadClosed;
     switch (style_.empty) {
     case LayoutStyle::Empty::Closed:
         return isClosed ? 0 : tag_form::Closed;
@@ -377,8 +380,7 @@ void applyLayout(const Node &any, const LayoutPlan &plan) {
             arena.markContentChanged(parent);
             break;
         case LayoutPlan::Kind::Form:
-            arena.derived.drop();
-            arena.writePart(n).form = change.value;
+            arena.setTagForm(n, change.value);
             arena.writeRecord(n).flags |= record_flag::TagChanged;
             arena.markContentChanged(parent);
             break;

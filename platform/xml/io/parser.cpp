@@ -208,10 +208,7 @@ void Parser::onEnd(void *data, const XML_Char *) {
     // An element without an end tag ends where its start tag does, with no bytes of its own.
     if (end != start) {
         const Position layoutStart = p.flushText(start);
-        ElementPart &part = p.arena_.writePart(p.current_);
-        part.contentEnd = layoutStart;
-        part.endTagStart = start;
-        p.arena_.writeRecord(p.current_).end = end;
+        p.arena_.closeRead(p.current_, {layoutStart, start, end});
         p.lastEnd_ = end;
     }
     p.current_ = p.arena_.record(p.current_).parent;
@@ -398,13 +395,7 @@ ParseError Parser::run() {
     const ParseError error = feed() ? ParseError() : failure();
     XML_ParserFree(parser_);
     arena_.entities = std::move(entities_);
-    const Number document = arena_.documentNumber();
-    const auto size = static_cast<Position>(bytes_.size());
-    ElementPart &part = arena_.writePart(document);
-    part.contentStart = 0;
-    part.contentEnd = lastEnd_;
-    part.endTagStart = size;
-    arena_.bindDocument(source_);
+    arena_.bindDocument(source_, lastEnd_);
     return error;
 }
 

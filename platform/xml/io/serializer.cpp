@@ -215,10 +215,10 @@ bool Serializer::hasEndTag(Number n) const {
 }
 
 bool Serializer::wantsEndTag(Number n) const {
-    const ElementPart &part = arena_.part(n);
-    if (part.firstChild != 0 || (part.form & tag_form::WithEndTag) != 0)
+    const std::uint32_t form = arena_.tagForm(n);
+    if (arena_.part(n).firstChild != 0 || (form & tag_form::WithEndTag) != 0)
         return true;
-    return (part.form & tag_form::Closed) == 0 && hasEndTag(n);
+    return (form & tag_form::Closed) == 0 && hasEndTag(n);
 }
 
 void Serializer::layout(Number n) {
@@ -226,7 +226,7 @@ void Serializer::layout(Number n) {
     if (r.has(record_flag::OwnLayout))
         markup(arena_.layout(n));
     else if (r.has(record_flag::Source))
-        blanks(n, r.layoutStart, r.start);
+        blanks(n, arena_.layoutStart(n), r.start);
 }
 
 void Serializer::endLayout(Number n) {
@@ -234,7 +234,7 @@ void Serializer::endLayout(Number n) {
     if (r.has(record_flag::OwnEndLayout))
         markup(arena_.endLayout(n));
     else if (r.has(record_flag::Source))
-        blanks(n, arena_.part(n).contentEnd, arena_.part(n).endTagStart);
+        blanks(n, arena_.contentEnd(n), arena_.part(n).endTagStart);
 }
 
 void Serializer::startTag(Number n) {
@@ -267,7 +267,7 @@ void Serializer::tagEnd(Number n, bool hasContent) {
     const Record &r = arena_.record(n);
     const ElementPart &part = arena_.part(n);
     std::string_view end = hasContent ? ">"sv : "/>"sv;
-    if (r.has(record_flag::Source) && (part.form & tag_form::Tight) == 0) {
+    if (r.has(record_flag::Source) && (arena_.tagForm(n) & tag_form::Tight) == 0) {
         // Blanks and line breaks that stood ahead of the tag's end stay, but `<a />` opens as
         // `<a>`.
         const bool closed = part.contentStart == r.end;

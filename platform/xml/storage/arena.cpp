@@ -4,6 +4,7 @@
 #include "resources/xml_texts.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace quillon::xml {
 
@@ -33,6 +34,7 @@ std::size_t Page::sourceIndex(const Ref<SourceText> &source) {
 }
 
 Arena::Arena() : names(new NameTable), entities(std::make_shared<EntityTable>()) {
+    readEnd_ = base_;
     add(NodeType::Document, 0);
 }
 
@@ -45,7 +47,8 @@ Ref<Arena> Arena::clone() const {
 void Arena::clear() {
     derived.drop();
     base_ += size_;
-    size_ = 0;
+    size_ = recordCount_ = 0;
+    readEnd_ = base_;
     directories_.clear();
     names = Ref<NameTable>(new NameTable);
     entities = std::make_shared<EntityTable>();
@@ -78,12 +81,54 @@ std::uint32_t Arena::allocate(std::uint32_t slots) {
     if (size_ > MaxSlots - base_ - 3)
         throw runtime::Error(runtime::error_number::Fail,
                              resources::xml_texts::TooManyNodes.toString());
+    // The last slot of a page is left empty where a node of two slots comes next.
+    if (indexOf(size_) + slots > Page::SlotCount)
+        ++size_;
     const std::uint32_t at = size_;
-    size_ += slots;
-    const std::uint32_t number = (size_ - 1) / Page::SlotCount;
-    if (at == 0 || number != (at - 1) / Page::SlotCount)
+    const std::uint32_t number = at / Page::SlotCount;
+    if (indexOf(at) == 0)
         addPage(number);
+    size_ += slots;
+    writePage(at).starts.set(indexOf(at));
+    Directory &directory = *directories_[number / Directory::PageCount];
+    ++directory.recordCounts[number % Directory::PageCount];
+    ++directory.recordCount;
+    ++recordCount_;
     return at;
+}
+
+std::uint32_t Arena::recordsBefore(Number n) const {
+    const std::uint32_t at = std::min(n - base_, size_);
+    if (at == size_)
+        return recordCount_;
+    const std::uint32_t pageNumber = at / Page::SlotCount;
+    const std::uint32_t directoryNumber = pageNumber / Directory::PageCount;
+    std::uint32_t count = 0;
+    for (std::uint32_t i = 0; i < directoryNumber; ++i)
+        count += directories_[i]->recordCount;
+    const auto &counts = directories_[directoryNumber]->recordCounts;
+    count =
+        std::accumulate(counts.begin(), counts.begin() + pageNumber % Directory::PageCount, count);
+    const std::bitset<Page::SlotCount> &starts = page(at).starts;
+    return count + static_cast<std::uint32_t>((starts << (Page::SlotCount - indexOf(at))).count());
+}
+
+Number Arena::nthRecord(std::uint32_t index) const {
+    if (index >= recordCount_)
+        return 0;
+    std::uint32_t directory = 0;
+    for (; index >= directories_[directory]->recordCount; ++directory)
+        index -= directories_[directory]->recordCount;
+    const auto &counts = directories_[directory]->recordCounts;
+    std::uint32_t pageNumber = 0;
+    for (; index >= counts[pageNumber]; ++pageNumber)
+        index -= counts[pageNumber];
+    const Page &page = *directories_[directory]->pages[pageNumber];
+    std::uint32_t slot = 0;
+    for (;; ++slot) {
+        if (page.starts.test(slot) && index-- == 0)
+            return base_ + (directory * Directory::PageCount + pageNumber) * Page::SlotCount + slot;
+    }
 }
 
 Number Arena::add(NodeType kind, std::uint32_t name) {
@@ -141,13 +186,30 @@ Number Arena::appendRead(NodeType kind, std::uint32_t name, const Ref<SourceText
     return n;
 }
 
-void Arena::bindDocument(const Ref<SourceText> &source) {
+void Arena::setTagForm(Number n, std::uint32_t form) {
+    derived.drop();
+    writePart(n).form = form;
+}
+
+void Arena::closeRead(Number element, const SourcePlace &endTag) {
+    ElementPart &part = writePart(element);
+    part.contentEnd = endTag.layoutStart;
+    part.endTagStart = endTag.start;
+    writeRecord(element).end = endTag.end;
+}
+
+void Arena::bindDocument(const Ref<SourceText> &source, std::uint32_t contentEnd) {
     const std::size_t index = writePage(0).sourceIndex(source);
     Record &record = writeRecord(base_);
     record.source = static_cast<std::uint8_t>(index);
     record.flags |= record_flag::Source;
     record.start = record.layoutStart = 0;
     record.end = static_cast<std::uint32_t>(source->utf8.size());
+    ElementPart &part = writePart(base_);
+    part.contentStart = 0;
+    part.contentEnd = contentEnd;
+    part.endTagStart = record.end;
+    readEnd_ = base_ + size_;
 }
 
 const Ref<SourceText> &Arena::source(Number n) const {

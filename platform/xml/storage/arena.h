@@ -7,6 +7,7 @@
 #include "platform/xml/storage/source_text.h"
 
 #include <array>
+#include <bitset>
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -108,6 +109,8 @@ struct Page final : RefCounted {
 
     /// Left as they come: allocation fills a slot before anything reads it.
     std::array<Slot, SlotCount> slots;
+    /// The slots in which a node starts.
+    std::bitset<SlotCount> starts;
     std::vector<Ref<SourceText>> sources;
 
     struct Own {
@@ -194,8 +197,32 @@ public:
     /// Number of slots in use, dead nodes included.
     std::uint32_t slotCount() const { return size_; }
 
+    /// Whether a node starts at this number, be it dead.
+    bool isRecord(Number n) const {
+        return isAlive(n) && page(n - base_).starts.test(indexOf(n - base_));
+    }
+    /// Number of nodes, dead ones included.
+    std::uint32_t recordCount() const { return recordCount_; }
+    /// How many nodes have smaller numbers than `n`.
+    std::uint32_t recordsBefore(Number n) const;
+    /// The node that has so many ahead of it; 0 where there are not as many.
+    Number nthRecord(std::uint32_t index) const;
+    /// Nodes with smaller numbers were made by the parser, in document order, the attributes of an
+    /// element right behind it. The document's own number where nothing was parsed.
+    Number readEnd() const { return readEnd_; }
+
     const Record &record(Number n) const { return slot(n - base_).record; }
     const ElementPart &part(Number n) const { return slot(n - base_ + 1).part; }
+    /// The child, or attribute, ahead of this one; 0 when there is none.
+    Number previousSibling(Number n) const { return record(n).previous; }
+    /// Where the layout of a node that was read starts: up to Record::start.
+    std::uint32_t layoutStart(Number n) const { return record(n).layoutStart; }
+    /// Where the layout ahead of the end tag of an element that was read starts: up to
+    /// ElementPart::endTagStart.
+    std::uint32_t contentEnd(Number n) const { return part(n).contentEnd; }
+    /// How the tags of an element are written, a sum of tag_form.
+    std::uint32_t tagForm(Number n) const { return part(n).form; }
+    void setTagForm(Number n, std::uint32_t form);
     /// For writing. Every reference got before may point at the state before the write.
     Record &writeRecord(Number n) { return writeSlot(n - base_).record; }
     ElementPart &writePart(Number n) { return writeSlot(n - base_ + 1).part; }
@@ -214,14 +241,17 @@ public:
     /// What the parser does for every node: add(), positions and link() at the end of `parent`.
     Number appendRead(NodeType kind, std::uint32_t name, const Ref<SourceText> &source,
                       const SourcePlace &place, Number parent);
+    /// What the parser does at an end tag.
+    void closeRead(Number element, const SourcePlace &endTag);
 
     const Ref<SourceText> &source(Number n) const;
     std::string_view slice(Number n, std::uint32_t start, std::uint32_t end) const {
         return source(n)->slice(start, end);
     }
 
-    /// Makes the document node stand for the whole of a source.
-    void bindDocument(const Ref<SourceText> &source);
+    /// What the parser does at the end: makes the document node stand for the whole of a source,
+    /// with the white space from `contentEnd` on as the layout at its end.
+    void bindDocument(const Ref<SourceText> &source, std::uint32_t contentEnd);
 
     /// A text that a node owns; empty when it owns none of that kind.
     std::string_view ownText(Number n, OwnTextKind kind) const;
@@ -269,6 +299,9 @@ private:
     struct Directory final : RefCounted {
         static constexpr std::uint32_t PageCount = 512;
         std::array<Ref<Page>, PageCount> pages;
+        /// How many nodes start on each of the pages, and on all.
+        std::array<std::uint16_t, PageCount> recordCounts{};
+        std::uint32_t recordCount = 0;
     };
 
     static constexpr std::uint32_t indexOf(std::uint32_t at) { return at % Page::SlotCount; }
@@ -286,7 +319,7 @@ private:
     Slot &writeSlot(std::uint32_t at) { return writePage(at).slots[indexOf(at)]; }
     Page &unsharePage(std::uint32_t number);
     void addPage(std::uint32_t number);
-    /// Room for one node of `slots` slots; returns the position of the first.
+    /// Room for one node of `slots` slots, on one page; returns the position of the first.
     std::uint32_t allocate(std::uint32_t slots);
     Number copyOne(const Arena &from, Number node, std::vector<std::uint32_t> &nameMap);
     Number copyWithAttributes(const Arena &from, Number node, std::vector<std::uint32_t> &nameMap);
@@ -294,6 +327,8 @@ private:
     /// The number of position 0.
     Number base_ = 1;
     std::uint32_t size_ = 0;
+    std::uint32_t recordCount_ = 0;
+    Number readEnd_ = 0;
     std::vector<Ref<Directory>> directories_;
 };
 
