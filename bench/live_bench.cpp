@@ -3,11 +3,11 @@
 #include "app/main_window/frm_main.h"
 #include "bench/check_bench.h"
 #include "bench/report.h"
+#include "bench/waiting.h"
 #include "platform/xml/schema/grammar/load_grammar.h"
 #include "platform/xml/schema/verdict/verdict.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -16,21 +16,6 @@
 namespace quillon::bench {
 
 namespace {
-
-/// Longer than anything here takes.
-constexpr int MostMs = 300'000;
-
-template <typename Condition>
-bool waitFor(Condition &&condition) {
-    QElapsedTimer timer;
-    timer.start();
-    while (!condition()) {
-        if (timer.elapsed() > MostMs)
-            return false;
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 1000);
-    }
-    return true;
-}
 
 /// The schema, as it is when it has been found for the document.
 bool useSchema(app::Editor &editor, const QTemporaryDir &folder) {

@@ -19,6 +19,7 @@ struct Input {
     /// Limits for opening; 0 for none.
     double milliseconds;
     double megabytes;
+    bool isOrders = true;
 };
 
 std::string write(const QTemporaryDir &folder, const char *name, const std::string &content) {
@@ -47,13 +48,15 @@ int main(int argc, char **argv) {
         {"0.1 MB of order records", quillon::bench::orderRecords(100'000), 1000, 0},
         {"0.6 MB of order records", quillon::bench::orderRecords(600'000), 1000, 0},
         {"7.7 MB of order records", quillon::bench::orderRecords(7'700'000), 0, 0},
-        {"77 MB of order records", quillon::bench::orderRecords(77'000'000), 3000, 1024},
-        {"1,000,000 children of one element", quillon::bench::flatDocument(1'000'000), 0, 0},
-        {"100,000 nested elements", quillon::bench::deepDocument(100'000), 0, 0},
+        {"77 MB of order records", quillon::bench::orderRecords(77'000'000), 1500, 575},
+        {"97 MB of entries of a dictionary", quillon::bench::dictionaryEntries(97'000'000), 1700,
+         600, false},
+        {"1,000,000 children of one element", quillon::bench::flatDocument(1'000'000), 0, 0, false},
+        {"100,000 nested elements", quillon::bench::deepDocument(100'000), 0, 0, false},
     };
     for (const Input &input : inputs) {
         std::printf("%s (%.1f MB)\n", input.title, double(input.content.size()) / 1e6);
-        const bool isOrders = input.content.find("<orders>") != std::string::npos;
+        const bool isOrders = input.isOrders;
         const std::string path = write(folder, "input.xml", input.content);
         quillon::bench::measureDom(table, path, isOrders);
         const auto figures = quillon::bench::measureOpening(argv[0], path);
@@ -63,6 +66,7 @@ int main(int argc, char **argv) {
         if (isOrders)
             table.row("one keystroke in a text node's pane", figures.keystrokeMilliseconds, "ms",
                       16);
+        quillon::bench::measureIn(table, argv[0], "--parts", path);
         if (isOrders)
             quillon::bench::measureIn(table, argv[0], "--edit", path);
         if (isOrders)

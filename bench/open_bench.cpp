@@ -7,6 +7,7 @@
 #include "bench/edit_bench.h"
 #include "bench/hit_bench.h"
 #include "bench/live_bench.h"
+#include "bench/part_bench.h"
 #include "bench/search_bench.h"
 #include "view/controls/application.h"
 #include "view/controls/desktop_dialogs.h"
@@ -68,6 +69,11 @@ void openAndPrint(int argc, char **argv, const char *task, const char *path) {
     controls::Application application(argc, argv);
     controls::DesktopDialogs dialogs;
     ui::setDialogs(&dialogs);
+    if (std::strcmp(task, "--parts") == 0) {
+        Table parts;
+        const bool done = measureParts(parts, QString::fromLocal8Bit(path));
+        std::_Exit(!done ? EXIT_FAILURE : parts.good() ? EXIT_SUCCESS : BadRows);
+    }
     auto *form = new app::frmMain({folder.path(), {}, {}});
     form->ClearStatus();
     if (!form->OpenFile(QString::fromLocal8Bit(path)))

@@ -21,9 +21,9 @@ struct OpenFigures {
 constexpr int BadRows = 3;
 
 /// Runs in the process of its own: opens the file and prints what the task asks for: "--open" the
-/// three figures above, "--edit" and "--search" a line for each command, "--check" one for the
-/// preview and for each validation. Ends the process, with BadRows when a line of those is not
-/// good.
+/// three figures above, "--parts" a line for each step of it, "--edit" and "--search" a line for
+/// each command, "--check" one for the preview and for each validation. Ends the process, with
+/// BadRows when a line of those is not good.
 [[noreturn]] void openAndPrint(int argc, char **argv, const char *task, const char *path);
 
 /// Starts that process, the program given, several times and reads its figures; none when it fails

@@ -1,5 +1,6 @@
 #include "bench/order_file.h"
 
+#include <array>
 #include <random>
 
 namespace quillon::bench {
@@ -20,6 +21,33 @@ std::string orderRecords(std::size_t bytes) {
         out += "  </order>\n";
     }
     return out + "</orders>\n";
+}
+
+std::string dictionaryEntries(std::size_t bytes) {
+    constexpr std::array Readings = {"あい", "うみ", "かぜ", "ことば", "さくら", "たび", "なつ"};
+    constexpr std::array Words = {"愛", "海", "風", "言葉", "桜", "旅", "夏", "辞書", "水"};
+    constexpr std::array Glosses = {"love; affection",  "the sea; ocean", "wind; breeze",
+                                    "a word; language", "cherry tree",    "journey on foot"};
+    std::string out = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<dictionary>\n";
+    out.reserve(bytes + 1024);
+    std::mt19937 random(2);
+    const auto add = [&](std::string_view start, const auto &texts, std::string_view end) {
+        out += start;
+        for (int count = 0; count < 6; ++count)
+            out += texts[random() % texts.size()];
+        out += end;
+    };
+    for (int id = 1'000'000; out.size() < bytes; ++id) {
+        out += "<entry>\n<seq>" + std::to_string(id) + "</seq>\n";
+        if (random() % 4 != 0)
+            add("<k_ele>\n<keb>", Words, "</keb>\n</k_ele>\n");
+        add("<r_ele>\n<reb>", Readings, "</reb>\n</r_ele>\n");
+        out += "<sense>\n<pos>名詞</pos>\n";
+        for (auto gloss = 1 + random() % 3; gloss > 0; --gloss)
+            add("<gloss xml:lang=\"eng\">", Glosses, "</gloss>\n");
+        out += "</sense>\n</entry>\n";
+    }
+    return out + "</dictionary>\n";
 }
 
 std::string flatDocument(int children) {

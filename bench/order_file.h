@@ -6,6 +6,8 @@ namespace quillon::bench {
 
 /// Order records of about that many bytes, always the same for the same size.
 std::string orderRecords(std::size_t bytes);
+/// Entries of a dictionary, many elements with short texts, of about that many bytes.
+std::string dictionaryEntries(std::size_t bytes);
 /// One element with that many empty children.
 std::string flatDocument(int children);
 /// That many nested elements.

@@ -19,4 +19,12 @@ void Table::row(const std::string &work, double figure, const char *unit, double
     std::fflush(stdout);
 }
 
+void Table::part(const std::string &work, double milliseconds, double megabytes, double passing) {
+    if (!std::isfinite(milliseconds + megabytes + passing))
+        return failedRow(work);
+    std::printf("  %-58s %10.3f ms  %+8.1f MB, passing %+8.1f MB\n", work.c_str(), milliseconds,
+                megabytes, passing);
+    std::fflush(stdout);
+}
+
 } // namespace quillon::bench

@@ -45,6 +45,9 @@ class Table {
 public:
     /// One line. `limit` is what the figure must not exceed; 0 where there is none.
     void row(const std::string &work, double figure, const char *unit, double limit);
+    /// A line for a part of something larger: how long it takes, how much more memory there is in
+    /// use behind it, and how much more beyond that it has needed meanwhile.
+    void part(const std::string &work, double milliseconds, double megabytes, double passing);
     /// A line for work whose program has ended without its figures.
     void failedRow(const std::string &work) { row(work, NotMeasured, "", 0); }
     /// Lines that another process has written to the same table were not good.

@@ -43,6 +43,15 @@ TEST(Table, IsGoodWhenEveryLineHasItsFigureWithinItsLimit) {
     }
 }
 
+TEST(Table, APartHasAllItsFiguresOrNone) {
+    Table table;
+    EXPECT_TRUE(printed([&] { table.part("work", 2, 30, 4); })
+                    .ends_with("2.000 ms     +30.0 MB, passing     +4.0 MB\n"));
+    EXPECT_TRUE(table.good());
+    EXPECT_TRUE(printed([&] { table.part("work", 2, 30, NotMeasured); }).ends_with("FAILED\n"));
+    EXPECT_FALSE(table.good());
+}
+
 TEST(Table, WorkThatIsNotDoneIsNotMeasured) {
     int runs = 0;
     EXPECT_TRUE(std::isnan(bestOf(3, [&] { return ++runs != 2; })));
