@@ -47,14 +47,18 @@ Ref<Arena> Arena::clone() const {
 void Arena::clear() {
     derived.drop();
     base_ += size_;
-    size_ = recordCount_ = 0;
-    readEnd_ = base_;
-    directories_.clear();
-    names = Ref<NameTable>(new NameTable);
     entities = std::make_shared<EntityTable>();
     format = {};
     rootPlace = {};
     parseError = {};
+    dropNodes();
+}
+
+void Arena::dropNodes() {
+    size_ = recordCount_ = 0;
+    readEnd_ = base_;
+    directories_.clear();
+    names = Ref<NameTable>(new NameTable);
     add(NodeType::Document, 0);
 }
 
@@ -158,44 +162,9 @@ Number Arena::add(NodeType kind, std::uint32_t name, const Ref<SourceText> &sour
     return n;
 }
 
-Number Arena::appendRead(NodeType kind, std::uint32_t name, const Ref<SourceText> &source,
-                         const SourcePlace &place, Number parent) {
-    const std::uint32_t at = allocate(kind == NodeType::Element ? 2 : 1);
-    const Number n = base_ + at;
-    Page &page = writePage(at);
-    ElementPart &parentPart = writePart(parent);
-    Number &last = kind == NodeType::Attribute ? parentPart.lastAttribute : parentPart.lastChild;
-    Number &first = kind == NodeType::Attribute ? parentPart.firstAttribute : parentPart.firstChild;
-    page.slots[indexOf(at)].record = {kind,
-                                      record_flag::Source,
-                                      static_cast<std::uint8_t>(page.sourceIndex(source)),
-                                      name,
-                                      parent,
-                                      0,
-                                      last,
-                                      place.layoutStart,
-                                      place.start,
-                                      place.end};
-    if (last != 0)
-        writeRecord(last).next = n;
-    else
-        first = n;
-    last = n;
-    if (kind == NodeType::Element)
-        writePart(n) = {0, 0, 0, 0, place.end, place.end, place.end, 0};
-    return n;
-}
-
 void Arena::setTagForm(Number n, std::uint32_t form) {
     derived.drop();
     writePart(n).form = form;
-}
-
-void Arena::closeRead(Number element, const SourcePlace &endTag) {
-    ElementPart &part = writePart(element);
-    part.contentEnd = endTag.layoutStart;
-    part.endTagStart = endTag.start;
-    writeRecord(element).end = endTag.end;
 }
 
 void Arena::bindDocument(const Ref<SourceText> &source, std::uint32_t contentEnd) {

@@ -188,6 +188,8 @@ public:
     Ref<Arena> clone() const;
     /// Drops all content. Numbers already given stay dead.
     void clear();
+    /// Drops the nodes and names as if they had never been there: their numbers are given again.
+    void dropNodes();
 
     bool isAlive(Number n) const { return n - base_ < size_; }
     /// The number of the first slot of the page that a number is on, and that of the next page.
@@ -238,11 +240,6 @@ public:
     /// An element of another name that is written like `element`: its positions and its layout, but
     /// nothing in it. It stands nowhere.
     Number addInFormOf(Number element, std::uint32_t name);
-    /// What the parser does for every node: add(), positions and link() at the end of `parent`.
-    Number appendRead(NodeType kind, std::uint32_t name, const Ref<SourceText> &source,
-                      const SourcePlace &place, Number parent);
-    /// What the parser does at an end tag.
-    void closeRead(Number element, const SourcePlace &endTag);
 
     const Ref<SourceText> &source(Number n) const;
     std::string_view slice(Number n, std::uint32_t start, std::uint32_t end) const {
@@ -294,6 +291,8 @@ public:
     DerivedKeeper derived;
 
 private:
+    friend class NodeAppender;
+
     const OwnText *findOwn(Number n, OwnTextKind kind) const;
 
     struct Directory final : RefCounted {

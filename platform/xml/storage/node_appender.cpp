@@ -1,0 +1,122 @@
+#include "platform/xml/storage/node_appender.h"
+
+namespace quillon::xml {
+
+NodeAppender::NodeAppender(Arena &arena, const Ref<SourceText> &source)
+    : arena_(arena), source_(source) {
+    usePage(arena.size_ - 1);
+    open_ = {arena.base_, &arena.writeSlot(0), nullptr};
+}
+
+void NodeAppender::usePage(std::uint32_t at) {
+    page_ = &arena_.writePage(at);
+    pageNumber_ = arena_.base_ + (at - Arena::indexOf(at));
+    next_ = settled_ = arena_.size_ - (at - Arena::indexOf(at));
+    sourceIndex_ = static_cast<std::uint8_t>(page_->sourceIndex(source_));
+}
+
+void NodeAppender::settle() {
+    const std::uint32_t number = (arena_.size_ - 1) / Page::SlotCount;
+    Arena::Directory &directory = *arena_.directories_[number / Arena::Directory::PageCount];
+    auto &count = directory.recordCounts[number % Arena::Directory::PageCount];
+    count = static_cast<std::uint16_t>(count + newNodes_);
+    directory.recordCount += newNodes_;
+    arena_.recordCount_ += newNodes_;
+    arena_.size_ += next_ - settled_;
+    settled_ = next_;
+    newNodes_ = 0;
+}
+
+Slot *NodeAppender::takeOnNewPage(std::uint32_t slots) {
+    settle();
+    const std::uint32_t at = arena_.allocate(slots);
+    usePage(at);
+    taken_ = arena_.base_ + at;
+    return &page_->slots[Arena::indexOf(at)];
+}
+
+Slot *NodeAppender::takeChild(std::uint32_t slots) {
+    Slot *const taken = take(slots);
+    ElementPart &parent = open_.slots[1].part;
+    if (open_.lastChild)
+        open_.lastChild->record.next = taken_;
+    else
+        parent.firstChild = taken_;
+    taken->record.previous = parent.lastChild;
+    parent.lastChild = taken_;
+    open_.lastChild = taken;
+    return taken;
+}
+
+void NodeAppender::append(NodeType kind, std::uint32_t name, const SourcePlace &place) {
+    Record &record = takeChild(1)->record;
+    record = {kind, record_flag::Source, sourceIndex_,      name,        open_.number,
+              0,    record.previous,     place.layoutStart, place.start, place.end};
+}
+
+void NodeAppender::openElement(std::uint32_t name, std::uint32_t layoutStart, std::uint32_t start) {
+    Slot *const slots = takeChild(2);
+    Record &record = slots->record;
+    record = {NodeType::Element, record_flag::Source, sourceIndex_, name, open_.number, 0,
+              record.previous,   layoutStart,         start,        start};
+    slots[1].part = {};
+    outer_.push_back(open_);
+    open_ = {taken_, slots, nullptr};
+    lastAttribute_ = nullptr;
+}
+
+Number NodeAppender::appendAttribute(std::uint32_t name, const SourcePlace &place) {
+    Slot *const taken = take(1);
+    ElementPart &element = open_.slots[1].part;
+    if (lastAttribute_)
+        lastAttribute_->record.next = taken_;
+    else
+        element.firstAttribute = taken_;
+    taken->record = {
+        NodeType::Attribute,   record_flag::Source, sourceIndex_, name,     open_.number, 0,
+        element.lastAttribute, place.layoutStart,   place.start,  place.end};
+    element.lastAttribute = taken_;
+    lastAttribute_ = taken;
+    return taken_;
+}
+
+void NodeAppender::appendDefaultedAttribute(std::uint32_t name, std::string value) {
+    settle();
+    const Number n = arena_.add(NodeType::Attribute, name);
+    arena_.setOwnText(n, OwnTextKind::Value, std::move(value));
+    arena_.writeRecord(n).flags |= record_flag::OwnValue | record_flag::Defaulted;
+    arena_.link(open_.number, n, 0);
+    lastAttribute_ = &arena_.writeSlot(n - arena_.base_);
+    usePage(arena_.size_ - 1);
+}
+
+void NodeAppender::endStartTag(std::uint32_t end, bool preservesSpace) {
+    Record &record = open_.slots[0].record;
+    record.end = end;
+    if (preservesSpace)
+        record.flags |= record_flag::PreserveSpace;
+    ElementPart &part = open_.slots[1].part;
+    part.contentStart = part.contentEnd = part.endTagStart = end;
+}
+
+void NodeAppender::closeElement(const SourcePlace &endTag) {
+    ElementPart &part = open_.slots[1].part;
+    part.contentEnd = endTag.layoutStart;
+    part.endTagStart = endTag.start;
+    open_.slots[0].record.end = endTag.end;
+    leave();
+}
+
+void NodeAppender::leave() {
+    Slot *const element = open_.slots;
+    open_ = outer_.back();
+    open_.lastChild = element;
+    outer_.pop_back();
+}
+
+void NodeAppender::finish(std::uint32_t contentEnd) {
+    settle();
+    arena_.bindDocument(source_, contentEnd);
+}
+
+} // namespace quillon::xml
