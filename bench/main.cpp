@@ -20,6 +20,7 @@ struct Input {
     double milliseconds;
     double megabytes;
     bool isOrders = true;
+    bool isChain = false;
 };
 
 std::string write(const QTemporaryDir &folder, const char *name, const std::string &content) {
@@ -52,6 +53,7 @@ int main(int argc, char **argv) {
         {"97 MB of entries of a dictionary", quillon::bench::dictionaryEntries(97'000'000), 1700,
          600, false},
         {"1,000,000 children of one element", quillon::bench::flatDocument(1'000'000), 0, 0, false},
+        {"20,000 nested elements", quillon::bench::deepDocument(20'000), 0, 0, false, true},
         {"100,000 nested elements", quillon::bench::deepDocument(100'000), 0, 0, false},
     };
     for (const Input &input : inputs) {
@@ -67,6 +69,8 @@ int main(int argc, char **argv) {
             table.row("one keystroke in a text node's pane", figures.keystrokeMilliseconds, "ms",
                       16);
         quillon::bench::measureIn(table, argv[0], "--parts", path);
+        if (input.isChain)
+            quillon::bench::measureIn(table, argv[0], "--chain", path);
         if (isOrders)
             quillon::bench::measureIn(table, argv[0], "--edit", path);
         if (isOrders)

@@ -3,6 +3,7 @@
 #include "app/main_window/window.h"
 #include "app/start_up/start_up.h"
 #include "bench/candidate_bench.h"
+#include "bench/chain_bench.h"
 #include "bench/check_bench.h"
 #include "bench/edit_bench.h"
 #include "bench/hit_bench.h"
@@ -97,6 +98,8 @@ void openAndPrint(int argc, char **argv, const char *task, const char *path) {
         measureCandidates(table, *form);
     else if (std::strcmp(task, "--check") == 0)
         measureChecking(table, *form, QString::fromLocal8Bit(path));
+    else if (std::strcmp(task, "--chain") == 0)
+        measureChain(table, *form);
     else
         std::printf("%f %f %f\n", took.count(), double(usage.ru_maxrss) / 1024, keystroke(*form));
     std::fflush(stdout);

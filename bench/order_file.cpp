@@ -61,6 +61,7 @@ std::string deepDocument(int levels) {
     std::string out;
     for (int i = 0; i < levels; ++i)
         out += "<d>";
+    out += 'x';
     for (int i = 0; i < levels; ++i)
         out += "</d>";
     return out;

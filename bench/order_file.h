@@ -10,7 +10,7 @@ std::string orderRecords(std::size_t bytes);
 std::string dictionaryEntries(std::size_t bytes);
 /// One element with that many empty children.
 std::string flatDocument(int children);
-/// That many nested elements.
+/// That many nested elements, with a text in the innermost.
 std::string deepDocument(int levels);
 
 } // namespace quillon::bench

@@ -14,6 +14,8 @@
 #include <QFileInfo>
 #include <QLocale>
 
+#include <algorithm>
+
 namespace quillon::preview {
 
 using xml::DOMDocument40;
@@ -27,6 +29,10 @@ namespace {
 /// A document with more nodes than this takes more than about half a second to render, and is not
 /// rendered without being asked for.
 constexpr quint32 LargeDocument = 100'000;
+
+/// Nor is one with elements nested deeper than this: the browser does not nest elements of a page
+/// deeper than 512, and the ids of a chain of elements grow with the square of its depth.
+constexpr int DeepDocument = 500;
 
 /// Milliseconds without a change of the tree before the preview follows it.
 constexpr int QuietBeforeRefresh = 300;
@@ -42,6 +48,22 @@ constexpr char Utf8Mark[] = "\xEF\xBB\xBF";
 QString escapedFontName(QString name) {
     return name.remove(QLatin1Char('\'')).remove(QLatin1Char('\\')).toHtmlEscaped();
 }
+
+/// How many elements stand one in the other.
+class DepthMeter : public xml::NodeVisitor {
+public:
+    void enter(quint32, NodeType kind) override {
+        if (kind != NodeType::Attribute)
+            deepest_ = std::max(deepest_, depth_);
+        ++depth_;
+    }
+    void leave() override { --depth_; }
+    int deepest() const { return deepest_; }
+
+private:
+    int depth_ = 0;
+    int deepest_ = 0;
+};
 
 void requireParsed(const DOMDocument40 &document) {
     const xml::ParseError &error = document.parseError();
@@ -63,9 +85,8 @@ Preview::Preview(const state::DocumentState &state, tree::TreeBuilder &builder,
     connect(&later_, &QTimer::timeout, this, [this] {
         ui::guarded([this] {
             const Node node = std::exchange(requested_, Node());
-            if (node.nodeType() == NodeType::Document &&
-                node.ownerDocument().maxNodeCount() > LargeDocument)
-                showNotice();
+            if (const QString reason = objection(node); !reason.isEmpty())
+                showNotice(reason);
             else
                 tryToRender(node, Asked::No);
         });
@@ -177,10 +198,23 @@ void Preview::show(const QString &page, const QString &extension, const QString 
     ie_.Navigate(path, subject, colours);
 }
 
-void Preview::showNotice() {
+QString Preview::objection(const Node &node) {
+    if (node.nodeType() != NodeType::Document)
+        return {};
+    const quint32 nodes = node.ownerDocument().maxNodeCount();
+    if (nodes > LargeDocument)
+        return texts::LargePreview.toString().arg(QLocale().toString(nodes));
+    DepthMeter meter;
+    xml::visitSubtree(node, meter);
+    if (meter.deepest() > DeepDocument)
+        return texts::DeepPreview.toString().arg(QLocale().toString(meter.deepest()));
+    return {};
+}
+
+void Preview::showNotice(const QString &reason) {
     m_bPreviewWhole = true;
-    show(texts::LargePreview.toString().arg(QLocale().toString(state_.m_DOM.maxNodeCount())),
-         QStringLiteral("htm"), QString(), Colours::OfTheme);
+    show(texts::PreviewNotice.toString().arg(reason), QStringLiteral("htm"), QString(),
+         Colours::OfTheme);
 }
 
 void Preview::mnuToolPreview_Click() {

@@ -35,8 +35,8 @@ public:
     /// message box and leaves the pane as it was; so does the user who has it stopped, for which
     /// the result is false.
     bool ShowPreview(const xml::Node &node);
-    /// The same after the event that asked for it, once for all who ask. A large document is not
-    /// rendered then: the pane tells how to have it shown.
+    /// The same after the event that asked for it, once for all who ask. A document that is large
+    /// or deep is not rendered then: the pane tells how to have it shown.
     void requestPreview(const xml::Node &node);
     /// Refreshes the preview after a change of the tree, where it follows the tree.
     void SyncPreview();
@@ -73,7 +73,9 @@ private:
               ui::Browser::Colours colours);
     xml::DOMDocument40 stylesheet(const QString &path) const;
     xml::DOMDocument40 builtInStylesheet() const;
-    void showNotice();
+    /// Why a document is not rendered unasked; empty where it is.
+    static QString objection(const xml::Node &node);
+    void showNotice(const QString &reason);
 
     const state::DocumentState &state_;
     tree::TreeBuilder &builder_;

@@ -101,15 +101,19 @@ inline constexpr Text StylesheetFilter = u"XSLファイル(*.xsl)|*.xsl";
 inline constexpr Text StylesheetFault = u"スタイルシートの %1 行目、%2 列目: %3";
 inline constexpr Text CannotWritePreview = u"%1 に書き込めません。\n%2";
 inline constexpr Text Rendering = u"プレビューを作成しています...";
-/// The page that stands in for a large document; %1 is its number of nodes.
-inline constexpr Text LargePreview =
+/// The page that stands in for one that is not made unasked; %1 says why. Then the reasons, with a
+/// number of nodes and of levels.
+inline constexpr Text PreviewNotice =
     u"<!DOCTYPE html><html lang=\"ja\"><head><meta charset=\"utf-8\"><title>プレビュー</title>"
     u"<style>body{font-family:sans-serif;color:#444;margin:2em}@media "
     u"screen{:root.dark{color-scheme:"
     u"dark;background:#1e1e1e}.dark body{color:#e6e6e6}}</style></head><body>"
-    u"<p>このドキュメントは大きいため (目安として %1 "
-    u"ノード)、プレビューを自動では更新しません。</p>"
+    u"<p>%1</p>"
     u"<p><b>F5</b> キーを押すと表示します。</p></body></html>";
+inline constexpr Text LargePreview =
+    u"このドキュメントは大きいため (目安として %1 ノード)、プレビューを自動では更新しません。";
+inline constexpr Text DeepPreview =
+    u"このドキュメントは要素の入れ子が深いため (%1 段)、プレビューを自動では更新しません。";
 
 // The page in the preview. %1 is an address, or what the page says.
 inline constexpr Text OpenLink = u"次のアドレスをブラウザーで開きますか?\n\n%1";

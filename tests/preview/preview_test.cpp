@@ -98,6 +98,15 @@ TEST_F(PreviewTest, ALargeDocumentWaitsForTheKey) {
     EXPECT_TRUE(previewFile("htm").contains("F5"));
 }
 
+TEST_F(PreviewTest, ADeepDocumentWaitsForTheKey) {
+    for (const auto &[levels, isShown] : {std::pair(500, true), std::pair(501, false)}) {
+        open(QByteArray("<d>").repeated(levels) + QByteArray("</d>").repeated(levels));
+        const qsizetype pages = window->ie.pages.size();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return window->ie.pages.size() > pages; }, Patience));
+        EXPECT_EQ(previewFile("htm").contains("F5"), !isShown) << levels;
+    }
+}
+
 } // namespace
 
 } // namespace quillon::test

@@ -8,6 +8,8 @@
 #include <QList>
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cstdint>
 #include <libxml/parser.h>
 #include <libxml/valid.h>
@@ -15,6 +17,7 @@
 #include <libxml/xpathInternals.h>
 #include <libxslt/extensions.h>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace quillon::xml {
@@ -306,17 +309,29 @@ void getPath(xmlXPathParserContextPtr context, int count) {
     const xmlNode *node = sourceArgument(context, count);
     if (context->error != XPATH_EXPRESSION_OK)
         return;
-    QByteArrayList parts;
+    // Kept from call to call: a path is as long as the document is deep, and every element asks for
+    // its own.
+    static std::vector<std::uintptr_t> positions;
+    static std::string path;
+    positions.clear();
     for (; node; node = node->parent) {
         const Origin origin = Origin::read(node->_private);
         if (origin.position == 0) {
             // An attribute, or what an entity reference stands for.
-            parts.clear();
+            positions.clear();
             break;
         }
-        parts.prepend(QByteArray::number(qulonglong(origin.position)));
+        positions.push_back(origin.position);
     }
-    valuePush(context, xmlXPathNewString(utf8(parts.join('.'))));
+    path.clear();
+    for (auto position = positions.rbegin(); position != positions.rend(); ++position) {
+        std::array<char, 16> digits;
+        const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), *position).ptr;
+        if (!path.empty())
+            path += '.';
+        path.append(digits.data(), end);
+    }
+    valuePush(context, xmlXPathNewString(utf8(path.c_str())));
 }
 
 void nodeType(xmlXPathParserContextPtr context, int count) {
