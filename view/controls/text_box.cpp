@@ -70,9 +70,7 @@ qsizetype bytesOf(qsizetype length, QByteArrayView utf8) {
 } // namespace
 
 TextBox::TextBox(QWidget *parent) : QsciScintillaBase(parent) {
-    send(SCI_SETCODEPAGE, SC_CP_UTF8);
-    send(SCI_SETEOLMODE, SC_EOL_LF);
-    send(SCI_SETUNDOCOLLECTION, false);
+    setUpText();
     send(SCI_SETMODEVENTMASK, notifications);
     connect(this, &TextBox::SCN_MODIFIED, this, &TextBox::textChanged);
     connect(this, &TextBox::SCN_MARGINCLICK, this,
@@ -115,6 +113,7 @@ void TextBox::replaceText(QByteArrayView text) {
     send(SCI_SETREADONLY, false);
     send(SCI_SETUNDOCOLLECTION, false);
     send(SCI_EMPTYUNDOBUFFER);
+    makeRoomFor(text.size());
     // Takes the caret back to the start. Setting the selection would do so, too, but measure the
     // whole first line, which can be all of the text.
     send(SCI_CLEARALL);
@@ -270,6 +269,7 @@ void TextBox::textChanged(int, int position) {
     pairIsOld_ = true;
     fitLineNumbers();
     marksAreOld_ = true;
+    coloured_ = {};
     if (writingUnfinished_)
         return;
     changed_ = true;

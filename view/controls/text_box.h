@@ -11,6 +11,7 @@
 
 #include <functional>
 #include <optional>
+#include <utility>
 #include <vector>
 
 class QHelpEvent;
@@ -113,8 +114,9 @@ public:
     /// that the font lacks come from others.
     void setTextFont(const QString &family, double size);
 
-    // How the text is laid out: text_box_layout.cpp. Texts of more than 4 MB are neither wrapped
-    // nor folded.
+    // How the text is laid out: text_box_layout.cpp. Texts that are set with more than 4 MB are
+    // neither wrapped nor folded, and have no styles, which would take as much memory again: only
+    // what is in sight is coloured (text_box_long.cpp).
 
     /// Lines that are longer than the box is wide go on below.
     void setWrapped(bool wrapped);
@@ -155,6 +157,8 @@ protected:
 
 private:
     static constexpr int LineNumberMargin = 0;
+    /// Longer texts are neither folded nor wrapped: both need all of the text to be looked at.
+    static constexpr long MostLaidOut = 4'000'000;
 
     long send(unsigned message, unsigned long wParam = 0, long lParam = 0) const {
         return SendScintilla(message, wParam, lParam);
@@ -196,6 +200,18 @@ private:
     /// Shows the lines of a selection if they are folded, selects it and scrolls to the caret.
     void setSelection(long anchor, long caret);
     void sightChanged(int what);
+
+    // Long texts: text_box_long.cpp.
+
+    /// What belongs to the text, and so has to be said again of another one.
+    void setUpText();
+    /// Has the control ready for a text of a length, with an empty one in it or the one before.
+    void makeRoomFor(qsizetype length);
+    void chooseLexer();
+    void colourIndicators();
+    /// Colours what is in sight of a long text.
+    void colourSight();
+
     /// The first and the last line in sight.
     std::pair<long, long> linesInSight() const;
     void boxWideBlanks();
@@ -254,6 +270,10 @@ private:
     std::optional<qsizetype> firstLineNumber_ = 1;
     bool wrapped_ = false;
     bool canFold_ = false;
+    /// The text was set as a long one.
+    bool isLong_ = false;
+    /// What of a long text is coloured, as it now stands.
+    std::pair<long, long> coloured_;
     bool blanksShown_ = false;
     bool hasBoxedBlanks_ = false;
 

@@ -7,8 +7,6 @@ namespace quillon::controls {
 
 namespace {
 
-/// Longer texts are neither folded nor wrapped: both need all of the text to be looked at.
-constexpr long MostLaidOut = 4'000'000;
 /// So many bytes of what is in sight are searched for wide blanks; lines can be very long.
 constexpr long MostSearched = 64 * 1024;
 
@@ -169,6 +167,7 @@ void TextBox::knowFoldsUpTo(long line) {
 void TextBox::sightChanged(int what) {
     numberLines();
     boxWideBlanks();
+    colourSight();
     if (structure_ && (what & (SC_UPDATE_SELECTION | SC_UPDATE_CONTENT)) != 0)
         pairTimer_.start();
 }

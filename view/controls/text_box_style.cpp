@@ -47,8 +47,6 @@ int digitsOf(long number) {
 
 void TextBox::setUpView() {
     send(SCI_CLEARALLCMDKEYS);
-    // Exactly a tab; in front of a line's first word it would else become an indent.
-    send(SCI_SETTABINDENTS, false);
     send(SCI_USEPOPUP, SC_POPUP_NEVER);
     send(SCI_SETRECTANGULARSELECTIONMODIFIER, 0);
     send(SCI_SETSCROLLWIDTHTRACKING, true);
@@ -63,11 +61,9 @@ void TextBox::setLanguage(Language language) {
     if (language_ == language)
         return;
     language_ = language;
-    send(SCI_SETLEXER, language == Language::Xml ? SCLEX_XML : SCLEX_NULL);
+    chooseLexer();
     if (language == Language::Plain)
         send(SCI_CLEARDOCUMENTSTYLE);
-    // What stands in a <script> is text like any other.
-    SendScintilla(SCI_SETPROPERTY, "lexer.xml.allow.scripts", "0");
     layOutFor(send(SCI_GETLENGTH));
 }
 
@@ -99,6 +95,7 @@ void TextBox::applyStyles() {
     colourMarks();
     colourLayout();
     colourPairs();
+    colourIndicators();
     lineNumberDigits_ = 0;
     fitLineNumbers();
 }

@@ -1,5 +1,7 @@
 #include "tests/view/controls/text_box_fixture.h"
 
+#include <set>
+
 namespace quillon::test {
 
 namespace {
@@ -37,6 +39,66 @@ TEST_F(TextBoxTest, FoldsElements) {
     EXPECT_FALSE(box_.canFold());
     box_.foldAll();
     EXPECT_EQ(seen(), "111");
+}
+
+TEST_F(TextBoxTest, LongTextsHaveColoursOnlyInSight) {
+    // By the indicator that gives it its colour; 0 for none.
+    const auto indicatorAt = [&](qsizetype at) {
+        long found = 0;
+        for (unsigned long number = 12; number <= 18; ++number) {
+            if (box_.SendScintilla(TextBox::SCI_INDICATORVALUEAT, number, long(at)) != 0)
+                found = box_.SendScintilla(TextBox::SCI_INDICGETFORE, number);
+        }
+        return found;
+    };
+    const QByteArray line = "<要素 属性='値'>&amp;字</要素><!-- 注\n 釈 --><?i d?><![CDATA[生]]>\n";
+    const QByteArray text = "<r>" + line.repeated(60'000) + "</r>";
+    box_.setLanguage(TextBox::Language::Xml);
+    box_.setText(QByteArray("<short/>"));
+    box_.setKeepsUndo(true);
+    box_.setText(text);
+    ASSERT_EQ(changes(), 2);
+    box_.grab();
+    EXPECT_EQ(box_.SendScintilla(TextBox::SCI_GETDOCUMENTOPTIONS) & 1, 1) << "no styles";
+    const auto at = [&](const char *what, qsizetype from) { return text.indexOf(what, from); };
+    // From the top, and from the middle of a comment.
+    const qsizetype middle = text.indexOf("釈", text.size() / 2);
+    EXPECT_EQ(indicatorAt(at("要素", middle)), 0) << "not in sight yet";
+    for (const qsizetype place : {qsizetype(0), middle}) {
+        box_.selectBytes(place, 0);
+        box_.SendScintilla(TextBox::SCI_SETFIRSTVISIBLELINE,
+                           static_cast<unsigned long>(ask(TextBox::SCI_LINEFROMPOSITION,
+                                                          static_cast<unsigned long>(place))));
+        box_.grab();
+        std::set<long> colours{indicatorAt(at("字", place))};
+        EXPECT_EQ(*colours.begin(), 0);
+        for (const char *part : {"要素", "属性", "値", "amp", "釈", "?i", "生"})
+            EXPECT_TRUE(colours.insert(indicatorAt(at(part, place))).second) << part << place;
+    }
+    EXPECT_EQ(indicatorAt(at("要素", 0)), 0) << "not in sight any more";
+
+    press(Qt::Key_A);
+    EXPECT_EQ(changes(), 1);
+    EXPECT_EQ(box_.utf8().size(), text.size() + 1);
+    box_.undo();
+    EXPECT_TRUE(box_.utf8() == text);
+    box_.selectBytes(0, 0);
+    EXPECT_EQ(box_.find(QStringLiteral("</r>"), TextBox::Direction::Forward, true),
+              TextBox::Found::There);
+    EXPECT_EQ(box_.selectedText(), u"</r>");
+    box_.setMarks({{.at = 3, .length = 7, .reason = QStringLiteral("理由")}});
+    box_.selectBytes(4, 0);
+    EXPECT_EQ(box_.marksAtCaret().size(), 1u);
+
+    box_.setLanguage(TextBox::Language::Plain);
+    box_.grab();
+    EXPECT_EQ(indicatorAt(at("要素", 0)), 0) << "plain text has no colours";
+    box_.setLanguage(TextBox::Language::Xml);
+    box_.setText(QByteArray("<short/>"));
+    box_.grab();
+    EXPECT_EQ(box_.SendScintilla(TextBox::SCI_GETDOCUMENTOPTIONS) & 1, 0);
+    EXPECT_EQ(colourAt("short"), 0x000099);
+    EXPECT_EQ(box_.caret(), 0);
 }
 
 TEST_F(TextBoxTest, FoldsAloneWhatItsTagsHold) {
