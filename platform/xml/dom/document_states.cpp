@@ -11,10 +11,11 @@ namespace {
 
 /// All that a record says of the node itself: no layout, nor what there is to know for writing it.
 auto contentOf(const Record &record) {
-    constexpr std::uint8_t Ignored = record_flag::TagChanged | record_flag::ContentChanged |
-                                     record_flag::OwnLayout | record_flag::OwnEndLayout;
+    constexpr RecordFlags Ignored = record_flag::TagChanged | record_flag::ContentChanged |
+                                    record_flag::OwnLayout | record_flag::OwnEndLayout |
+                                    tag_form::All;
     return std::tuple(record.kind, record.flags & ~Ignored, record.source, record.name,
-                      record.parent, record.next, record.start, record.end);
+                      record.parent, record.next, record.start);
 }
 
 bool isSameNode(const Arena &one, const Arena &other, Number n) {
@@ -25,7 +26,8 @@ bool isSameNode(const Arena &one, const Arena &other, Number n) {
         const ElementPart &a = one.part(n);
         const ElementPart &b = other.part(n);
         return a.firstChild == b.firstChild && a.lastChild == b.lastChild &&
-               a.firstAttribute == b.firstAttribute && a.lastAttribute == b.lastAttribute;
+               a.firstAttribute == b.firstAttribute &&
+               one.lastAttribute(n) == other.lastAttribute(n);
     }
     // A value is set by giving the node another text.
     return one.ownText(n, OwnTextKind::Value).data() == other.ownText(n, OwnTextKind::Value).data();

@@ -41,8 +41,7 @@ void markTagChanged(Arena &arena, Number element) {
 void setOwnValue(Arena &arena, Number n, std::string value) {
     arena.setOwnText(n, OwnTextKind::Value, std::move(value));
     Record &r = arena.writeRecord(n);
-    r.flags =
-        static_cast<std::uint8_t>((r.flags | record_flag::OwnValue) & ~record_flag::Defaulted);
+    r.flags = static_cast<RecordFlags>((r.flags | record_flag::OwnValue) & ~record_flag::Defaulted);
     const Number parent = arena.record(n).parent;
     if (parent == 0)
         return;
@@ -211,7 +210,7 @@ Node Node::rename(const QString &name) const {
     Arena &arena = HandleAccess::arena(*this);
     const Number n = arena.addInFormOf(number_, arena.names->intern(checked));
     // Without looking for one of the same name each time: there may be thousands.
-    for (Number a = arena.part(number_).lastAttribute; a != 0; a = arena.previousSibling(a))
+    for (Number a = arena.lastAttribute(number_); a != 0; a = arena.previousSibling(a))
         arena.link(n, arena.copyFrom(arena, a, true), 0);
     arena.markContentChanged(number_);
     const std::string endLayout = normalizeLineEnds(arena.endLayout(n));
@@ -257,7 +256,7 @@ Node Node::cloneAttribute(const QString &name) const {
     Record &copy = arena.writeRecord(n);
     copy.name = interned;
     copy.flags =
-        static_cast<std::uint8_t>((copy.flags | record_flag::Renamed) & ~record_flag::Defaulted);
+        static_cast<RecordFlags>((copy.flags | record_flag::Renamed) & ~record_flag::Defaulted);
     return HandleAccess::node(*this, n);
 }
 

@@ -213,7 +213,7 @@ public:
         else if (kind == NodeType::Attribute && r.has(record_flag::Source))
             name = r.has(record_flag::OwnValue)
                        ? keptReference(number)
-                       : std::string(referredEntityIn(arena_.slice(number, r.start, r.end)));
+                       : std::string(referredEntityIn(arena_.sourceSlice(number)));
     }
     void leave() override {}
 

@@ -95,9 +95,9 @@ EncodingCheck EncodingChecker::check(const runtime::Progress &progress) {
 
 std::string_view EncodingChecker::markup(Number n) {
     const Record &r = arena_.record(n);
-    constexpr std::uint8_t Changed = record_flag::OwnValue | record_flag::Renamed;
+    constexpr RecordFlags Changed = record_flag::OwnValue | record_flag::Renamed;
     if (r.has(record_flag::Source) && !r.has(Changed))
-        return arena_.slice(n, r.start, r.end);
+        return arena_.sourceSlice(n);
     buffer_ = serializeNode(arena_, n);
     return {buffer_.constData(), std::size_t(buffer_.size())};
 }

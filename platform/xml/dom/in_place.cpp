@@ -77,8 +77,7 @@ void replaceInValue(const Node &node, const std::vector<ValueChange> &changes) {
     }
     arena.setOwnText(n, OwnTextKind::Value, std::move(changed.value), std::move(changed.kept));
     Record &r = arena.writeRecord(n);
-    r.flags =
-        static_cast<std::uint8_t>((r.flags | record_flag::OwnValue) & ~record_flag::Defaulted);
+    r.flags = static_cast<RecordFlags>((r.flags | record_flag::OwnValue) & ~record_flag::Defaulted);
     const Number parent = r.parent;
     if (parent != 0 && node.nodeType() == NodeType::Attribute)
         markTagChanged(arena, parent);
@@ -138,7 +137,7 @@ void changeNames(const Node &element, const std::vector<AttributeName> &names) {
         Record &r = arena.writeRecord(n);
         r.name = name;
         r.flags =
-            static_cast<std::uint8_t>((r.flags | record_flag::Renamed) & ~record_flag::Defaulted);
+            static_cast<RecordFlags>((r.flags | record_flag::Renamed) & ~record_flag::Defaulted);
         markTagChanged(arena, element.number());
     }
 }

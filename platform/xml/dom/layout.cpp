@@ -171,7 +171,7 @@ void linkInPlaceOf(Arena &arena, Number parent, Number node, Number old) {
 }
 
 void linkAttributeWithLayout(Arena &arena, Number element, Number attribute) {
-    const Number last = arena.part(element).lastAttribute;
+    const Number last = arena.lastAttribute(element);
     const std::string layout = last == 0 ? std::string() : ownLine(arena.layout(last));
     arena.setLayout(attribute, layout.empty() ? " " : layout);
     arena.link(element, attribute, 0);

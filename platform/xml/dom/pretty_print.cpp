@@ -234,7 +234,7 @@ void LayoutPlanner::end(Number element, std::size_t depth) {
 void LayoutPlanner::startTag(Number element, std::size_t depth) {
     attributes(element, depth);
     const ElementPart &part = arena_.part(element);
-    const std::uint32_t present = arena_.tagForm(element);
+    const RecordFlags present = arena_.tagForm(element);
     std::uint32_t form = present | formOfTagEnd(element);
     const std::string_view inside = arena_.endLayout(element);
     if (part.firstChild == 0 && (inside.empty() || hasLineBreak(inside)) && mayLayOut(element)) {
@@ -262,8 +262,8 @@ std::uint32_t LayoutPlanner::formOfTagEnd(Number element) const {
 std::uint32_t LayoutPlanner::formOfEmpty(Number element) const {
     const Record &r = arena_.record(element);
     const ElementPart &part = arena_.part(element);
-    const bool isReadClosed = !r.has(record_flag::Source) || part.contentStart == r.end;
-    const std::uint32_t form = arena_.tagForm(element);
+    const bool isReadClosed = !r.has(record_flag::Source) || part.contentStart == part.end;
+    const RecordFlags form = arena_.tagForm(element);
     const bool isClosed = form & tag_form::WithEndTag ? false
                           : form & tag_form::Closed   ? true
                                                       : isReadClosed;
@@ -280,9 +280,9 @@ std::uint32_t LayoutPlanner::formOfEmpty(Number element) const {
 
 std::string_view LayoutPlanner::attributeText(Number attribute) {
     const Record &r = arena_.record(attribute);
-    constexpr std::uint8_t Changed = record_flag::OwnValue | record_flag::Renamed;
+    constexpr RecordFlags Changed = record_flag::OwnValue | record_flag::Renamed;
     if (r.has(record_flag::Source) && !r.has(Changed))
-        return arena_.slice(attribute, r.start, r.end);
+        return arena_.sourceSlice(attribute);
     attributeBuffer_ = serializeNode(arena_, attribute);
     return {attributeBuffer_.constData(), std::size_t(attributeBuffer_.size())};
 }
@@ -380,7 +380,7 @@ void applyLayout(const Node &any, const LayoutPlan &plan) {
             arena.markContentChanged(parent);
             break;
         case LayoutPlan::Kind::Form:
-            arena.setTagForm(n, change.value);
+            arena.setTagForm(n, static_cast<RecordFlags>(change.value));
             arena.writeRecord(n).flags |= record_flag::TagChanged;
             arena.markContentChanged(parent);
             break;

@@ -174,7 +174,7 @@ bool Serializer::open(Number n) {
             leaf(n);
         return false;
     }
-    if (isUntouched(n) && source(n, r.start, r.end))
+    if (isUntouched(n) && source(n, r.start, arena_.part(n).end))
         return false;
     beginning(n);
     if (arena_.part(n).firstChild != 0)
@@ -196,12 +196,13 @@ void Serializer::close(Number n) {
     std::string_view behindName = ">";
     if (hasEndTag(n)) {
         const std::uint32_t start = arena_.part(n).endTagStart;
-        std::string_view tag = arena_.slice(n, start, r.end);
+        const std::uint32_t end = arena_.part(n).end;
+        std::string_view tag = arena_.slice(n, start, end);
         tag.remove_prefix(2);
         behindName = tag.substr(tag.find_last_not_of(" \t\r\n>") + 1);
         tag.remove_suffix(behindName.size());
         // After renaming, the blanks behind the name are all that the source still has to say.
-        if (tag == name && source(n, start, r.end))
+        if (tag == name && source(n, start, end))
             return;
     }
     markup("</");
@@ -211,11 +212,11 @@ void Serializer::close(Number n) {
 
 bool Serializer::hasEndTag(Number n) const {
     const Record &r = arena_.record(n);
-    return r.has(record_flag::Source) && arena_.part(n).endTagStart != r.end;
+    return r.has(record_flag::Source) && arena_.part(n).endTagStart != arena_.part(n).end;
 }
 
 bool Serializer::wantsEndTag(Number n) const {
-    const std::uint32_t form = arena_.tagForm(n);
+    const RecordFlags form = arena_.tagForm(n);
     if (arena_.part(n).firstChild != 0 || (form & tag_form::WithEndTag) != 0)
         return true;
     return (form & tag_form::Closed) == 0 && hasEndTag(n);
@@ -241,7 +242,7 @@ void Serializer::startTag(Number n) {
     const Record &r = arena_.record(n);
     const ElementPart &part = arena_.part(n);
     const bool hasContent = wantsEndTag(n);
-    const bool sourceClosed = r.has(record_flag::Source) && part.contentStart == r.end;
+    const bool sourceClosed = r.has(record_flag::Source) && part.contentStart == part.end;
     if (r.has(record_flag::Source) && !r.has(record_flag::TagChanged) &&
         hasContent != sourceClosed && source(n, r.start, part.contentStart))
         return;
@@ -270,7 +271,7 @@ void Serializer::tagEnd(Number n, bool hasContent) {
     if (r.has(record_flag::Source) && (arena_.tagForm(n) & tag_form::Tight) == 0) {
         // Blanks and line breaks that stood ahead of the tag's end stay, but `<a />` opens as
         // `<a>`.
-        const bool closed = part.contentStart == r.end;
+        const bool closed = part.contentStart == part.end;
         std::string_view tag = arena_.slice(n, r.start, part.contentStart);
         tag.remove_suffix(closed ? 2 : 1);
         const std::size_t last = tag.find_last_not_of(" \t\r\n");
@@ -284,7 +285,8 @@ void Serializer::tagEnd(Number n, bool hasContent) {
 void Serializer::attribute(Number n) {
     const Record &r = arena_.record(n);
     const bool renamed = r.has(record_flag::Renamed);
-    if (isVerbatim(r) && !renamed && source(n, r.start, r.end))
+    const std::uint32_t end = r.has(record_flag::Source) ? arena_.sourceEnd(n) : 0;
+    if (isVerbatim(r) && !renamed && source(n, r.start, end))
         return;
     if (!r.has(record_flag::Source)) {
         markup(arena_.names->utf8(r.name));
@@ -294,12 +296,12 @@ void Serializer::attribute(Number n) {
         return;
     }
     // The blanks around "=" and the kind of quote stay.
-    const std::string_view raw = arena_.slice(n, r.start, r.end);
+    const std::string_view raw = arena_.slice(n, r.start, end);
     const AttributeSource parts = splitAttribute(raw);
     const std::uint32_t nameEnd = r.start + static_cast<std::uint32_t>(parts.nameEnd);
     if (renamed || !source(n, r.start, nameEnd))
         markup(arena_.names->utf8(r.name));
-    if (isVerbatim(r) && source(n, nameEnd, r.end))
+    if (isVerbatim(r) && source(n, nameEnd, end))
         return;
     blanks(n, nameEnd, r.start + static_cast<std::uint32_t>(parts.valueStart));
     if (isVerbatim(r))
@@ -307,7 +309,7 @@ void Serializer::attribute(Number n) {
             normalizeLineEnds(raw.substr(parts.valueStart, parts.valueEnd - parts.valueStart)));
     else
         ownAttributeValue(n, raw.back());
-    blanks(n, r.start + static_cast<std::uint32_t>(parts.valueEnd), r.end);
+    blanks(n, r.start + static_cast<std::uint32_t>(parts.valueEnd), end);
 }
 
 void Serializer::ownAttributeValue(Number n, char quote) {
@@ -352,8 +354,11 @@ void Serializer::leaf(Number n) {
     const Record &r = arena_.record(n);
     if (!isVerbatim(r)) {
         ownLeaf(n);
-    } else if (!source(n, r.start, r.end)) {
-        const std::string raw = normalizeLineEnds(arena_.slice(n, r.start, r.end));
+        return;
+    }
+    const std::uint32_t end = arena_.sourceEnd(n);
+    if (!source(n, r.start, end)) {
+        const std::string raw = normalizeLineEnds(arena_.slice(n, r.start, end));
         if (r.kind == NodeType::Text)
             characters(raw);
         else
@@ -375,7 +380,7 @@ void Serializer::ownLeaf(Number n) {
             else
                 markup(made);
         });
-        blanks(n, static_cast<std::uint32_t>(inside.start + inside.length), r.end);
+        blanks(n, static_cast<std::uint32_t>(inside.start + inside.length), arena_.sourceEnd(n));
         return;
     }
     switch (r.kind) {

@@ -1,6 +1,7 @@
 #include "platform/xml/storage/arena.h"
 
 #include "platform/runtime/error.h"
+#include "platform/xml/storage/source_extent.h"
 #include "resources/xml_texts.h"
 
 #include <algorithm>
@@ -136,14 +137,14 @@ Number Arena::nthRecord(std::uint32_t index) const {
 }
 
 Number Arena::add(NodeType kind, std::uint32_t name) {
-    const bool withPart = kind == NodeType::Element || kind == NodeType::Document;
-    const std::uint32_t at = allocate(withPart ? 2 : 1);
+    const std::uint32_t slots = slotsOf(kind);
+    const std::uint32_t at = allocate(slots);
     const Number n = base_ + at;
     Record &record = writeRecord(n);
     record = {};
     record.kind = kind;
     record.name = name;
-    if (withPart)
+    if (slots == 2)
         writePart(n) = {};
     return n;
 }
@@ -162,9 +163,38 @@ Number Arena::add(NodeType kind, std::uint32_t name, const Ref<SourceText> &sour
     return n;
 }
 
-void Arena::setTagForm(Number n, std::uint32_t form) {
+Number Arena::previousSibling(Number n) const {
+    const Record &r = record(n);
+    const bool isFirstAttribute =
+        r.kind == NodeType::Attribute && r.parent != 0 && part(r.parent).firstAttribute == n;
+    return isFirstAttribute ? 0 : r.previous;
+}
+
+Number Arena::lastAttribute(Number element) const {
+    const Number first = part(element).firstAttribute;
+    return first == 0 ? 0 : record(first).previous;
+}
+
+std::uint32_t Arena::layoutStart(Number n) const {
+    const Record &r = record(n);
+    return r.has(record_flag::SourceLayout) ? blanksAhead(source(n)->utf8, r.start) : r.start;
+}
+
+std::uint32_t Arena::sourceEnd(Number n) const {
+    const Record &r = record(n);
+    return slotsOf(r.kind) == 2 ? part(n).end : endOfNode(r.kind, source(n)->utf8, r.start);
+}
+
+std::uint32_t Arena::contentEnd(Number n) const {
+    const std::uint32_t endTagStart = part(n).endTagStart;
+    return record(n).has(record_flag::SourceEndLayout) ? blanksAhead(source(n)->utf8, endTagStart)
+                                                       : endTagStart;
+}
+
+void Arena::setTagForm(Number n, RecordFlags form) {
     derived.drop();
-    writePart(n).form = form;
+    RecordFlags &flags = writeRecord(n).flags;
+    flags = static_cast<RecordFlags>((flags & ~tag_form::All) | form);
 }
 
 void Arena::bindDocument(const Ref<SourceText> &source, std::uint32_t contentEnd) {
@@ -172,12 +202,13 @@ void Arena::bindDocument(const Ref<SourceText> &source, std::uint32_t contentEnd
     Record &record = writeRecord(base_);
     record.source = static_cast<std::uint8_t>(index);
     record.flags |= record_flag::Source;
-    record.start = record.layoutStart = 0;
-    record.end = static_cast<std::uint32_t>(source->utf8.size());
+    record.start = 0;
+    const auto size = static_cast<std::uint32_t>(source->utf8.size());
+    if (contentEnd != size)
+        record.flags |= record_flag::SourceEndLayout;
     ElementPart &part = writePart(base_);
     part.contentStart = 0;
-    part.contentEnd = contentEnd;
-    part.endTagStart = record.end;
+    part.endTagStart = part.end = size;
     readEnd_ = base_ + size_;
 }
 
@@ -222,7 +253,7 @@ std::string_view Arena::layout(Number n) const {
     const Record &r = record(n);
     if (r.has(record_flag::OwnLayout))
         return ownText(n, OwnTextKind::Layout);
-    return r.has(record_flag::Source) ? slice(n, r.layoutStart, r.start) : std::string_view();
+    return r.has(record_flag::Source) ? slice(n, layoutStart(n), r.start) : std::string_view();
 }
 
 std::string_view Arena::endLayout(Number n) const {
@@ -231,7 +262,7 @@ std::string_view Arena::endLayout(Number n) const {
         return ownText(n, OwnTextKind::EndLayout);
     if (!r.has(record_flag::Source))
         return {};
-    return slice(n, part(n).contentEnd, part(n).endTagStart);
+    return slice(n, contentEnd(n), part(n).endTagStart);
 }
 
 void Arena::setLayout(Number n, std::string text) {
@@ -251,8 +282,8 @@ void Arena::setEndLayout(Number n, std::string text) {
 void Arena::link(Number parent, Number node, Number next) {
     derived.drop();
     const bool attribute = record(node).kind == NodeType::Attribute;
-    const Number last = attribute ? part(parent).lastAttribute : part(parent).lastChild;
-    const Number previous = next != 0 ? record(next).previous : last;
+    const Number last = attribute ? lastAttribute(parent) : part(parent).lastChild;
+    const Number previous = next != 0 ? previousSibling(next) : last;
     Record &r = writeRecord(node);
     r.parent = parent;
     r.previous = previous;
@@ -262,30 +293,34 @@ void Arena::link(Number parent, Number node, Number next) {
     if (next != 0)
         writeRecord(next).previous = node;
     ElementPart &p = writePart(parent);
-    Number &first = attribute ? p.firstAttribute : p.firstChild;
-    Number &end = attribute ? p.lastAttribute : p.lastChild;
     if (previous == 0)
-        first = node;
-    if (next == 0)
-        end = node;
+        (attribute ? p.firstAttribute : p.firstChild) = node;
+    if (!attribute) {
+        if (next == 0)
+            p.lastChild = node;
+    } else if (previous == 0 || next == 0) {
+        writeRecord(p.firstAttribute).previous = next == 0 ? node : last;
+    }
 }
 
 void Arena::unlink(Number node) {
     derived.drop();
     const Record r = record(node);
-    if (r.previous != 0)
-        writeRecord(r.previous).next = r.next;
+    const Number previous = previousSibling(node);
+    if (previous != 0)
+        writeRecord(previous).next = r.next;
     if (r.next != 0)
+        // A first attribute hands on which one is the last.
         writeRecord(r.next).previous = r.previous;
     if (r.parent != 0) {
         ElementPart &p = writePart(r.parent);
         const bool attribute = r.kind == NodeType::Attribute;
-        Number &first = attribute ? p.firstAttribute : p.firstChild;
-        Number &last = attribute ? p.lastAttribute : p.lastChild;
-        if (first == node)
-            first = r.next;
-        if (last == node)
-            last = r.previous;
+        if (previous == 0)
+            (attribute ? p.firstAttribute : p.firstChild) = r.next;
+        if (r.next == 0 && !attribute)
+            p.lastChild = previous;
+        else if (r.next == 0 && previous != 0)
+            writeRecord(p.firstAttribute).previous = previous;
     }
     Record &w = writeRecord(node);
     w.parent = w.previous = w.next = 0;
@@ -323,17 +358,14 @@ Number Arena::copyOne(const Arena &from, Number node, std::vector<std::uint32_t>
     {
         Record &w = writeRecord(copy);
         w.flags = r.flags;
-        w.layoutStart = r.layoutStart;
         w.start = r.start;
-        w.end = r.end;
     }
-    if (from.hasPart(node)) {
+    if (slotsOf(r.kind) == 2) {
         const ElementPart p = from.part(node);
         ElementPart &w = writePart(copy);
         w.contentStart = p.contentStart;
-        w.contentEnd = p.contentEnd;
         w.endTagStart = p.endTagStart;
-        w.form = p.form;
+        w.end = p.end;
     }
     if (r.has(record_flag::OwnValue)) {
         const std::span<const KeptStretch> kept = from.keptStretches(node);

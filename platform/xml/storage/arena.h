@@ -21,88 +21,101 @@ namespace quillon::xml {
 /// Number of a node in its document; 0 is no node.
 using Number = std::uint32_t;
 
+using RecordFlags = std::uint16_t;
+
 namespace record_flag {
 /// The positions in the source text are valid: the node was read.
-constexpr std::uint8_t Source = 1;
+constexpr RecordFlags Source = 1;
 /// The attribute list of an element is not the one that was read.
-constexpr std::uint8_t TagChanged = 2;
+constexpr RecordFlags TagChanged = 2;
 /// The name of an attribute is not the one that was read.
-constexpr std::uint8_t Renamed = TagChanged;
+constexpr RecordFlags Renamed = TagChanged;
 /// Something below is not as it was read.
-constexpr std::uint8_t ContentChanged = 4;
+constexpr RecordFlags ContentChanged = 4;
 /// The value stands among the page's own texts.
-constexpr std::uint8_t OwnValue = 8;
+constexpr RecordFlags OwnValue = 8;
 /// The layout ahead of the node stands among the page's own texts.
-constexpr std::uint8_t OwnLayout = 16;
+constexpr RecordFlags OwnLayout = 16;
 /// The layout ahead of the end tag stands among the page's own texts.
-constexpr std::uint8_t OwnEndLayout = 32;
+constexpr RecordFlags OwnEndLayout = 32;
 /// An attribute that only the internal subset's default supplies.
-constexpr std::uint8_t Defaulted = 64;
+constexpr RecordFlags Defaulted = 64;
 /// White space between markup is content here.
-constexpr std::uint8_t PreserveSpace = 128;
+constexpr RecordFlags PreserveSpace = 128;
+/// The white space ahead of the start in the source is the node's layout.
+constexpr RecordFlags SourceLayout = 256;
+/// The white space ahead of the end tag in the source is its layout.
+constexpr RecordFlags SourceEndLayout = 512;
 } // namespace record_flag
 
-/// What is kept of every node. Positions are byte offsets in the source text.
+/// How tags are written, where that is not as they were read: further flags.
+namespace tag_form {
+/// `<a/>` when there is nothing in the element.
+constexpr RecordFlags Closed = 1024;
+/// `<a></a>` when there is nothing in the element.
+constexpr RecordFlags WithEndTag = 2048;
+/// Nothing ahead of the end of the start tag.
+constexpr RecordFlags Tight = 4096;
+
+constexpr RecordFlags All = Closed | WithEndTag | Tight;
+} // namespace tag_form
+
+/// What is kept of every node. Positions are byte offsets in the source text. Where the layout
+/// starts, and where a node without a ElementPart ends, is seen there: Arena::layoutStart(),
+/// Arena::sourceEnd().
 struct Record {
     NodeType kind;
-    std::uint8_t flags;
     /// Which of the page's sources the positions mean.
     std::uint8_t source;
+    RecordFlags flags;
     std::uint32_t name;
     /// For an attribute: the element it is set on.
     Number parent;
     Number next;
+    /// Of the first attribute: the last one. See Arena::previousSibling().
     Number previous;
-    /// The white space from here to `start` is the node's layout.
-    std::uint32_t layoutStart;
     std::uint32_t start;
-    std::uint32_t end;
 
-    bool has(std::uint8_t flag) const { return (flags & flag) != 0; }
+    bool has(RecordFlags flag) const { return (flags & flag) != 0; }
 };
 
-/// How tags are written, where that is not as they were read.
-namespace tag_form {
-/// `<a/>` when there is nothing in the element.
-constexpr std::uint32_t Closed = 1;
-/// `<a></a>` when there is nothing in the element.
-constexpr std::uint32_t WithEndTag = 2;
-/// Nothing ahead of the end of the start tag.
-constexpr std::uint32_t Tight = 4;
-} // namespace tag_form
-
-/// What is kept of elements and the document besides; it stands in the slot after the Record.
+/// What is kept of elements, the document and its type besides; it stands in the slot after the
+/// Record.
 struct ElementPart {
     Number firstChild;
     Number lastChild;
     Number firstAttribute;
-    Number lastAttribute;
-    /// End of the start tag; equal to Record::end for `<a/>`.
+    /// End of the start tag; equal to `end` for `<a/>`.
     std::uint32_t contentStart;
-    /// The white space from here to `endTagStart` is the layout ahead of the end tag.
-    std::uint32_t contentEnd;
     std::uint32_t endTagStart;
-    /// A sum of tag_form.
-    std::uint32_t form;
+    std::uint32_t end;
 };
+
+constexpr std::uint32_t slotsOf(NodeType kind) {
+    return kind == NodeType::Element || kind == NodeType::Document || kind == NodeType::DocumentType
+               ? 2
+               : 1;
+}
 
 union Slot {
     Record record;
     ElementPart part;
 };
-static_assert(sizeof(Slot) == 32);
+static_assert(sizeof(Slot) == 24);
 
 /// Where a node stands in its source text: its layout, then the node itself.
 struct SourcePlace {
     std::uint32_t layoutStart;
     std::uint32_t start;
     std::uint32_t end;
+
+    bool hasLayout() const { return layoutStart != start; }
 };
 
 enum class OwnTextKind : std::uint8_t { Value, Layout, EndLayout };
 
 /// A page of slots with the texts they own. Shared between the copies of a document and copied
-/// before one of them changes it. Both slots of an element are on the same page.
+/// before one of them changes it. Both slots of a node are on the same page.
 struct Page final : RefCounted {
     static constexpr std::uint32_t SlotCount = 1024;
     static constexpr std::size_t MaxSources = 255;
@@ -216,24 +229,30 @@ public:
     const Record &record(Number n) const { return slot(n - base_).record; }
     const ElementPart &part(Number n) const { return slot(n - base_ + 1).part; }
     /// The child, or attribute, ahead of this one; 0 when there is none.
-    Number previousSibling(Number n) const { return record(n).previous; }
+    Number previousSibling(Number n) const;
+    Number lastAttribute(Number element) const;
     /// Where the layout of a node that was read starts: up to Record::start.
-    std::uint32_t layoutStart(Number n) const { return record(n).layoutStart; }
+    std::uint32_t layoutStart(Number n) const;
+    /// Where a node that was read ends.
+    std::uint32_t sourceEnd(Number n) const;
+    /// A node that was read, as it stood.
+    std::string_view sourceSlice(Number n) const { return slice(n, record(n).start, sourceEnd(n)); }
     /// Where the layout ahead of the end tag of an element that was read starts: up to
     /// ElementPart::endTagStart.
-    std::uint32_t contentEnd(Number n) const { return part(n).contentEnd; }
+    std::uint32_t contentEnd(Number n) const;
     /// How the tags of an element are written, a sum of tag_form.
-    std::uint32_t tagForm(Number n) const { return part(n).form; }
-    void setTagForm(Number n, std::uint32_t form);
+    RecordFlags tagForm(Number n) const { return record(n).flags & tag_form::All; }
+    void setTagForm(Number n, RecordFlags form);
     /// For writing. Every reference got before may point at the state before the write.
     Record &writeRecord(Number n) { return writeSlot(n - base_).record; }
     ElementPart &writePart(Number n) { return writeSlot(n - base_ + 1).part; }
+    /// Whether a node may have others in it.
     bool hasPart(Number n) const {
         const NodeType kind = record(n).kind;
         return kind == NodeType::Element || kind == NodeType::Document;
     }
 
-    /// A new record (with its part) that stands nowhere and has no source.
+    /// A new record (with its part, where it has one) that stands nowhere and has no source.
     Number add(NodeType kind, std::uint32_t name);
     /// The same with positions in a source.
     Number add(NodeType kind, std::uint32_t name, const Ref<SourceText> &source);

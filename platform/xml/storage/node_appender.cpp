@@ -1,5 +1,7 @@
 #include "platform/xml/storage/node_appender.h"
 
+#include <utility>
+
 namespace quillon::xml {
 
 NodeAppender::NodeAppender(Arena &arena, const Ref<SourceText> &source)
@@ -35,47 +37,47 @@ Slot *NodeAppender::takeOnNewPage(std::uint32_t slots) {
     return &page_->slots[Arena::indexOf(at)];
 }
 
-Slot *NodeAppender::takeChild(std::uint32_t slots) {
+Slot *NodeAppender::appendChild(NodeType kind, std::uint32_t name, const SourcePlace &place) {
+    const std::uint32_t slots = slotsOf(kind);
     Slot *const taken = take(slots);
     ElementPart &parent = open_.slots[1].part;
     if (open_.lastChild)
         open_.lastChild->record.next = taken_;
     else
         parent.firstChild = taken_;
-    taken->record.previous = parent.lastChild;
+    taken->record = {kind, sourceIndex_,     flagsAt(place), name, open_.number,
+                     0,    parent.lastChild, place.start};
+    if (slots == 2)
+        taken[1].part = {0, 0, 0, place.end, place.end, place.end};
     parent.lastChild = taken_;
     open_.lastChild = taken;
     return taken;
 }
 
 void NodeAppender::append(NodeType kind, std::uint32_t name, const SourcePlace &place) {
-    Record &record = takeChild(1)->record;
-    record = {kind, record_flag::Source, sourceIndex_,      name,        open_.number,
-              0,    record.previous,     place.layoutStart, place.start, place.end};
+    appendChild(kind, name, place);
 }
 
 void NodeAppender::openElement(std::uint32_t name, std::uint32_t layoutStart, std::uint32_t start) {
-    Slot *const slots = takeChild(2);
-    Record &record = slots->record;
-    record = {NodeType::Element, record_flag::Source, sourceIndex_, name, open_.number, 0,
-              record.previous,   layoutStart,         start,        start};
-    slots[1].part = {};
+    Slot *const slots = appendChild(NodeType::Element, name, {layoutStart, start, start});
     outer_.push_back(open_);
     open_ = {taken_, slots, nullptr};
-    lastAttribute_ = nullptr;
+    firstAttribute_ = lastAttribute_ = nullptr;
 }
 
 Number NodeAppender::appendAttribute(std::uint32_t name, const SourcePlace &place) {
     Slot *const taken = take(1);
-    ElementPart &element = open_.slots[1].part;
-    if (lastAttribute_)
+    Number previous = taken_;
+    if (lastAttribute_) {
         lastAttribute_->record.next = taken_;
-    else
-        element.firstAttribute = taken_;
+        previous = std::exchange(firstAttribute_->record.previous, taken_);
+    } else {
+        open_.slots[1].part.firstAttribute = taken_;
+        firstAttribute_ = taken;
+    }
     taken->record = {
-        NodeType::Attribute,   record_flag::Source, sourceIndex_, name,     open_.number, 0,
-        element.lastAttribute, place.layoutStart,   place.start,  place.end};
-    element.lastAttribute = taken_;
+        NodeType::Attribute, sourceIndex_, flagsAt(place), name, open_.number, 0, previous,
+        place.start};
     lastAttribute_ = taken;
     return taken_;
 }
@@ -87,23 +89,24 @@ void NodeAppender::appendDefaultedAttribute(std::uint32_t name, std::string valu
     arena_.writeRecord(n).flags |= record_flag::OwnValue | record_flag::Defaulted;
     arena_.link(open_.number, n, 0);
     lastAttribute_ = &arena_.writeSlot(n - arena_.base_);
+    if (!firstAttribute_)
+        firstAttribute_ = lastAttribute_;
     usePage(arena_.size_ - 1);
 }
 
 void NodeAppender::endStartTag(std::uint32_t end, bool preservesSpace) {
-    Record &record = open_.slots[0].record;
-    record.end = end;
     if (preservesSpace)
-        record.flags |= record_flag::PreserveSpace;
+        open_.slots[0].record.flags |= record_flag::PreserveSpace;
     ElementPart &part = open_.slots[1].part;
-    part.contentStart = part.contentEnd = part.endTagStart = end;
+    part.contentStart = part.endTagStart = part.end = end;
 }
 
 void NodeAppender::closeElement(const SourcePlace &endTag) {
     ElementPart &part = open_.slots[1].part;
-    part.contentEnd = endTag.layoutStart;
     part.endTagStart = endTag.start;
-    open_.slots[0].record.end = endTag.end;
+    part.end = endTag.end;
+    if (endTag.hasLayout())
+        open_.slots[0].record.flags |= record_flag::SourceEndLayout;
     leave();
 }
 

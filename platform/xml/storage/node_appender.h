@@ -59,7 +59,11 @@ private:
     }
     Slot *takeOnNewPage(std::uint32_t slots);
     /// Takes slots for a child of what is open, and links it.
-    Slot *takeChild(std::uint32_t slots);
+    Slot *appendChild(NodeType kind, std::uint32_t name, const SourcePlace &place);
+    RecordFlags flagsAt(const SourcePlace &place) const {
+        return place.hasLayout() ? record_flag::Source | record_flag::SourceLayout
+                                 : record_flag::Source;
+    }
     void leave();
     /// Has the arena know of the slots that were taken.
     void settle();
@@ -77,6 +81,8 @@ private:
     std::uint8_t sourceIndex_ = 0;
     Number taken_ = 0;
     Open open_;
+    /// Of the open element.
+    Slot *firstAttribute_ = nullptr;
     Slot *lastAttribute_ = nullptr;
     std::vector<Open> outer_;
 };

@@ -176,7 +176,7 @@ AttributeText readAttribute(const Arena &arena, Number node) {
     const Record &r = arena.record(node);
     if (!r.has(record_flag::Source))
         return {};
-    const std::string_view source = arena.slice(node, r.start, r.end);
+    const std::string_view source = arena.sourceSlice(node);
     const AttributeSource parts = splitAttribute(source);
     return decodeAttribute(source.substr(parts.valueStart, parts.valueEnd - parts.valueStart),
                            *arena.entities);
@@ -184,7 +184,7 @@ AttributeText readAttribute(const Arena &arena, Number node) {
 
 TextPlace valueSource(const Arena &arena, Number node) {
     const Record &r = arena.record(node);
-    const std::string_view source = arena.slice(node, r.start, r.end);
+    const std::string_view source = arena.sourceSlice(node);
     switch (r.kind) {
     case NodeType::Attribute: {
         const AttributeSource parts = splitAttribute(source);

@@ -30,7 +30,7 @@ void expectLinksBothWays(const Arena &arena) {
             continue;
         const ElementPart &part = arena.part(n);
         ASSERT_NO_FATAL_FAILURE(expectList(part.firstChild, part.lastChild, n));
-        ASSERT_NO_FATAL_FAILURE(expectList(part.firstAttribute, part.lastAttribute, n));
+        ASSERT_NO_FATAL_FAILURE(expectList(part.firstAttribute, arena.lastAttribute(n), n));
     }
 }
 
@@ -198,6 +198,58 @@ TEST(Arena, NumbersOfWhatWasReadAreInOrder) {
         expectCounted(arena);
         document.documentElement().setAttribute("new", "1");
         EXPECT_EQ(arena.readEnd(), end);
+    }
+}
+
+/// What was read follows on one another without a gap, down to every layout.
+void expectNoGaps(const Arena &arena) {
+    const Number top = arena.documentNumber();
+    for (Number n = top; n != 0; n = arena.nextInSubtree(n, top)) {
+        if (!arena.hasPart(n))
+            continue;
+        const ElementPart &part = arena.part(n);
+        std::uint32_t at = n == top
+                               ? 0
+                               : arena.record(n).start + 1 +
+                                     std::uint32_t(arena.names->utf8(arena.record(n).name).size());
+        for (Number a = part.firstAttribute; a != 0; a = arena.record(a).next) {
+            ASSERT_EQ(arena.layoutStart(a), at);
+            at = arena.sourceEnd(a);
+        }
+        const std::string_view tagEnd = arena.slice(n, at, part.contentStart);
+        ASSERT_EQ(tagEnd.find_first_not_of(" \n/>"), tagEnd.npos);
+        at = part.contentStart;
+        for (Number c = part.firstChild; c != 0; c = arena.record(c).next) {
+            ASSERT_EQ(arena.layoutStart(c), at);
+            at = arena.sourceEnd(c);
+        }
+        ASSERT_EQ(arena.contentEnd(n), at);
+    }
+}
+
+TEST(Arena, EndsAreFoundWhereTheParserSawThem) {
+    const std::string type =
+        "<?xml version='1.0' ?>\n<!DOCTYPE r [<!ENTITY e 'x'><!-- ]> --><!ENTITY amp "
+        "\"&#38;#38;\">]>\n\n";
+    const std::string longText(63, 't');
+    const std::string contents[]{"a&amp;b&#x26;c&e;d&e;&e;&lt;<x/>\n<y/>",
+                                 "<!--->--> <!--]]>?>--><?p ?a>b?>\t<![CDATA[]]]]>]",
+                                 "<a k = \"'>'\"\nl='\"/>' m=''/>\n\t<b\n/>&e; \n",
+                                 "t<![CDATA[<]]>&gt;",
+                                 longText + "&amp;" + longText + longText + "&quot;&e;" + longText +
+                                     "t&e;<x> </x>",
+                                 longText + "&e;",
+                                 longText + "t"};
+    std::string all;
+    for (const std::string &content : contents)
+        all += content + " <z > " + content + " </z>\r\n";
+    for (const bool preserves : {false, true}) {
+        DOMDocument40 document = DOMDocument40::create();
+        document.setPreserveWhiteSpace(preserves);
+        ASSERT_TRUE(
+            document.loadXML(QByteArray::fromStdString(type + "<r>" + all + "</r>\n<!--c-->\n")))
+            << document.parseError().reason.toStdString() << document.parseError().linepos;
+        expectNoGaps(arenaOf(document));
     }
 }
 
