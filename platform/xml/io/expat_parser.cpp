@@ -1,6 +1,7 @@
 #include "platform/xml/io/expat_parser.h"
 
 #include "platform/runtime/error.h"
+#include "platform/xml/io/expat_error.h"
 #include "platform/xml/io/expat_position.h"
 #include "platform/xml/storage/values.h"
 #include "resources/runtime_errors.h"
@@ -15,38 +16,8 @@ namespace texts = resources::xml_texts;
 
 namespace {
 
-/// Entities may refer to one another this deep. The parser follows such chains recursively.
-constexpr int MaxEntityDepth = 100;
-
 /// A few milliseconds' work.
 constexpr unsigned ElementsPerReport = 16'384;
-
-using parse_error_code::Base;
-
-struct Reason {
-    XML_Error code;
-    /// Of the error, counted from Base.
-    std::uint8_t number;
-    resources::Text text;
-};
-
-constexpr Reason Reasons[] = {
-    {XML_ERROR_NO_ELEMENTS, 0x58, texts::NoElement},
-    {XML_ERROR_INVALID_TOKEN, 0x08, texts::InvalidToken},
-    {XML_ERROR_PARTIAL_CHAR, 0x14, texts::UnexpectedEnd},
-    {XML_ERROR_UNCLOSED_TOKEN, 0x59, texts::UnclosedToken},
-    {XML_ERROR_TAG_MISMATCH, 0x6D, texts::MismatchedTag},
-    {XML_ERROR_DUPLICATE_ATTRIBUTE, parse_error_code::DuplicateAttribute - Base,
-     texts::DuplicateAttribute},
-    {XML_ERROR_JUNK_AFTER_DOC_ELEMENT, 0x55, texts::JunkAfterRoot},
-    {XML_ERROR_UNDEFINED_ENTITY, parse_error_code::UndefinedEntity - Base, texts::UndefinedEntity},
-    {XML_ERROR_RECURSIVE_ENTITY_REF, 0x03, texts::EntityLoop},
-    {XML_ERROR_AMPLIFICATION_LIMIT_BREACH, 0x03, texts::EntityLimit},
-    {XML_ERROR_MISPLACED_XML_PI, 0x07, texts::MisplacedDeclaration},
-    {XML_ERROR_XML_DECL, 0x07, texts::BadDeclaration},
-    {XML_ERROR_UNCLOSED_CDATA_SECTION, 0x64, texts::UnclosedCData},
-    {XML_ERROR_SYNTAX, 0x56, texts::OtherSyntaxError},
-};
 
 class Parser {
 public:
@@ -60,7 +31,7 @@ public:
 
     ParseError run();
     /// See parseProlog().
-    std::optional<Position> runProlog();
+    std::optional<Prolog> runProlog();
 
 private:
     static Parser &self(void *data) { return *static_cast<Parser *>(data); }
@@ -70,13 +41,15 @@ private:
     static void onInstruction(void *data, const XML_Char *target, const XML_Char *text);
     static void onCDataStart(void *data);
     static void onCDataEnd(void *data);
-    static void onDeclaration(void *data, const XML_Char *, const XML_Char *, int);
-    static void onDocumentTypeStart(void *data, const XML_Char *name, const XML_Char *,
+    static void onDeclaration(void *data, const XML_Char *, const XML_Char *, int standalone);
+    static void onDocumentTypeStart(void *data, const XML_Char *name, const XML_Char *systemId,
                                     const XML_Char *, int);
     static void onDocumentTypeEnd(void *data);
     static void onEntity(void *data, const XML_Char *name, int isParameter, const XML_Char *value,
                          int length, const XML_Char *, const XML_Char *, const XML_Char *,
                          const XML_Char *);
+    static void onAttribute(void *data, const XML_Char *element, const XML_Char *attribute,
+                            const XML_Char *, const XML_Char *value, int);
     static void onSkippedEntity(void *data, const XML_Char *name, int isParameter);
     static int onExternalEntity(XML_Parser parser, const XML_Char *context, const XML_Char *,
                                 const XML_Char *, const XML_Char *);
@@ -93,11 +66,11 @@ private:
     void addAttributes(Position nameEnd, Position end);
     void addDefaultedAttributes(const XML_Char **attributes);
     void addEntityReference();
-    bool entitiesNestTooDeep() const;
     /// Has the library read the text. False when that went wrong, or was stopped.
     bool feed();
     void reportProgress();
     void stop(const QString &reason);
+    /// What has stopped it.
     ParseError failure() const;
 
     Arena &arena_;
@@ -110,7 +83,10 @@ private:
     bool preserve_;
     bool inDocumentType_ = false;
     std::string documentTypeName_;
-    std::shared_ptr<EntityTable> entities_;
+    InternalSubset subset_;
+    /// The attributes that were declared, with their elements.
+    std::set<std::pair<std::string, std::string>> declaredAttributes_;
+    bool standsAlone_ = false;
     QString stopReason_;
     unsigned elements_ = 0;
 };
@@ -211,8 +187,9 @@ void Parser::onInstruction(void *data, const XML_Char *target, const XML_Char *)
                     p.eventEnd());
 }
 
-void Parser::onDeclaration(void *data, const XML_Char *, const XML_Char *, int) {
+void Parser::onDeclaration(void *data, const XML_Char *, const XML_Char *, int standalone) {
     Parser &p = self(data);
+    p.standsAlone_ = standalone == 1;
     p.addMarkup(NodeType::ProcessingInstruction, p.arena_.names->intern("xml"), p.eventStart(),
                 p.eventEnd());
 }
@@ -227,10 +204,11 @@ void Parser::onCDataEnd(void *data) {
     p.addMarkup(NodeType::CDATASection, 0, p.sectionStart_, p.eventEnd());
 }
 
-void Parser::onDocumentTypeStart(void *data, const XML_Char *name, const XML_Char *,
+void Parser::onDocumentTypeStart(void *data, const XML_Char *name, const XML_Char *systemId,
                                  const XML_Char *, int) {
     Parser &p = self(data);
     p.inDocumentType_ = true;
+    p.subset_.hasExternalPart = systemId && !p.standsAlone_;
     p.documentTypeName_ = name;
 }
 
@@ -241,15 +219,28 @@ void Parser::onDocumentTypeEnd(void *data) {
     const auto start = static_cast<Position>(p.bytes_.find('<', p.lastEnd_));
     p.addMarkup(NodeType::DocumentType, p.arena_.names->intern(p.documentTypeName_), start,
                 p.eventEnd());
-    if (p.entitiesNestTooDeep())
+    if (entitiesNestTooDeep(*p.subset_.entities))
         p.stop(texts::EntityLimit.toString());
 }
 
 void Parser::onEntity(void *data, const XML_Char *name, int isParameter, const XML_Char *value,
                       int length, const XML_Char *, const XML_Char *, const XML_Char *,
-                      const XML_Char *) {
-    if (!isParameter && value)
-        self(data).entities_->emplace(name, std::string(value, static_cast<std::size_t>(length)));
+                      const XML_Char *notation) {
+    InternalSubset &subset = self(data).subset_;
+    if (isParameter)
+        return;
+    if (value)
+        subset.entities->emplace(name, std::string(value, static_cast<std::size_t>(length)));
+    else
+        (notation ? subset.unparsedEntities : subset.externalEntities).emplace(name);
+}
+
+void Parser::onAttribute(void *data, const XML_Char *element, const XML_Char *attribute,
+                         const XML_Char *, const XML_Char *value, int) {
+    Parser &p = self(data);
+    // The first declaration holds.
+    if (p.declaredAttributes_.emplace(element, attribute).second && value)
+        p.subset_.defaults[element].push_back({attribute, value});
 }
 
 void Parser::addEntityReference() {
@@ -273,36 +264,6 @@ int Parser::onExternalEntity(XML_Parser parser, const XML_Char *context, const X
     return XML_STATUS_OK;
 }
 
-bool Parser::entitiesNestTooDeep() const {
-    // Peels off, round by round, the entities that refer to none that is left. What is left after
-    // the permitted number of rounds nests too deep, or in a loop; loops are left to the parser.
-    std::map<std::string_view, std::set<std::string_view>> open;
-    for (const auto &[name, value] : *entities_) {
-        for (std::size_t at = 0; (at = value.find('&', at)) != std::string::npos; ++at) {
-            const std::size_t end = value.find(';', at);
-            if (end == std::string::npos)
-                break;
-            const auto target =
-                entities_->find(std::string_view(value).substr(at + 1, end - at - 1));
-            if (target != entities_->end())
-                open[name].insert(target->first);
-        }
-    }
-    for (int round = 0; round < MaxEntityDepth && !open.empty(); ++round) {
-        std::vector<std::string_view> done;
-        for (const auto &[name, targets] : open) {
-            if (std::none_of(targets.begin(), targets.end(),
-                             [&](std::string_view target) { return open.count(target) != 0; }))
-                done.push_back(name);
-        }
-        if (done.empty())
-            return open.size() > static_cast<std::size_t>(MaxEntityDepth);
-        for (const std::string_view name : done)
-            open.erase(name);
-    }
-    return !open.empty();
-}
-
 void Parser::reportProgress() {
     if (progress_ && !progress_(double(lastEnd_) / double(bytes_.size())))
         stop(resources::runtimeErrorText(runtime::error_number::Cancelled));
@@ -314,32 +275,11 @@ void Parser::stop(const QString &reason) {
 }
 
 ParseError Parser::failure() const {
-    const XML_Error code = XML_GetErrorCode(parser_);
-    ParseError error;
-    const auto reason = std::find_if(std::begin(Reasons), std::end(Reasons),
-                                     [code](const Reason &r) { return r.code == code; });
+    ParseError error = errorOf(parser_, bytes_, !nodes_.isOutside());
     if (!stopReason_.isNull()) {
         error.reason = stopReason_;
-        error.errorCode = Base;
-    } else if (reason != std::end(Reasons)) {
-        error.reason = reason->text.toString();
-        error.errorCode = Base + reason->number;
-    } else {
-        error.reason = texts::OtherSyntaxError.toString();
-        error.errorCode = Base + code;
+        error.errorCode = parse_error_code::Base;
     }
-    // The end of the text without a root is reported like the end inside one.
-    if (code == XML_ERROR_NO_ELEMENTS && !nodes_.isOutside())
-        error.reason = texts::UnexpectedEnd.toString();
-    error.line = expat::line(parser_);
-    error.linepos = expat::column(parser_) + 1;
-    error.filepos = std::max<qint64>(expat::byteIndex(parser_), 0);
-    const std::size_t at = std::min(static_cast<std::size_t>(error.filepos), bytes_.size());
-    const std::size_t before = at == 0 ? bytes_.npos : bytes_.rfind('\n', at - 1);
-    const std::size_t lineStart = before == bytes_.npos ? 0 : before + 1;
-    const std::size_t lineEnd = std::min(bytes_.find_first_of("\r\n", lineStart), bytes_.size());
-    error.srcText =
-        QString::fromUtf8(bytes_.data() + lineStart, static_cast<qsizetype>(lineEnd - lineStart));
     return error;
 }
 
@@ -359,8 +299,7 @@ Parser::Parser(Arena &arena, NodeAppender &nodes, const std::string &text,
                const runtime::Progress &progress)
     : arena_(arena), nodes_(nodes), progress_(progress), bytes_(text),
       // The text has been decoded, whatever encoding it declares.
-      parser_(XML_ParserCreate("UTF-8")), preserve_(arena.properties.preserveWhiteSpace),
-      entities_(std::make_shared<EntityTable>()) {
+      parser_(XML_ParserCreate("UTF-8")), preserve_(arena.properties.preserveWhiteSpace) {
     XML_SetUserData(parser_, this);
     XML_SetElementHandler(parser_, onStart, onEnd);
     XML_SetCommentHandler(parser_, onComment);
@@ -375,7 +314,8 @@ Parser::Parser(Arena &arena, NodeAppender &nodes, const std::string &text,
     XML_SetExternalEntityRefHandler(parser_, onExternalEntity);
 }
 
-std::optional<Parser::Position> Parser::runProlog() {
+std::optional<Prolog> Parser::runProlog() {
+    XML_SetAttlistDeclHandler(parser_, onAttribute);
     // An element without an end tag would still be ended.
     XML_SetElementHandler(
         parser_,
@@ -383,29 +323,22 @@ std::optional<Parser::Position> Parser::runProlog() {
             XML_StopParser(self(data).parser_, XML_FALSE);
         },
         nullptr);
-    XML_SetDoctypeDeclHandler(
-        parser_,
-        [](void *data, const XML_Char *, const XML_Char *, const XML_Char *, int) {
-            Parser &p = self(data);
-            p.inDocumentType_ = true;
-            XML_StopParser(p.parser_, XML_FALSE);
-        },
-        nullptr);
     feed();
-    return inDocumentType_ ? std::nullopt : std::optional(lastEnd_);
+    if (inDocumentType_ || !stopReason_.isNull())
+        return std::nullopt;
+    return Prolog{lastEnd_, std::move(subset_)};
 }
 
 ParseError Parser::run() {
     const ParseError error = feed() ? ParseError() : failure();
-    arena_.entities = std::move(entities_);
+    arena_.entities = std::move(subset_.entities);
     nodes_.finish(lastEnd_);
     return error;
 }
 
 } // namespace
 
-std::optional<std::uint32_t> parseProlog(Arena &arena, NodeAppender &nodes,
-                                         const std::string &text) {
+std::optional<Prolog> parseProlog(Arena &arena, NodeAppender &nodes, const std::string &text) {
     return Parser(arena, nodes, text, {}).runProlog();
 }
 

@@ -1,16 +1,23 @@
 #pragma once
 
 #include "platform/runtime/progress.h"
+#include "platform/xml/io/internal_subset.h"
 #include "platform/xml/storage/node_appender.h"
 
 #include <optional>
 
 namespace quillon::xml {
 
-/// Reads what stands ahead of the root element into nodes, for somebody else to go on with. Returns
-/// where they end, be it that what follows is faulty; nothing where there is a document type.
-std::optional<std::uint32_t> parseProlog(Arena &arena, NodeAppender &nodes,
-                                         const std::string &text);
+/// What stands ahead of the root element.
+struct Prolog {
+    /// Where the last node of it ends.
+    std::uint32_t end;
+    InternalSubset subset;
+};
+
+/// Reads the prolog of a text into nodes, for somebody else to go on with, be it that what follows
+/// is faulty. Nothing where the document type is faulty.
+std::optional<Prolog> parseProlog(Arena &arena, NodeAppender &nodes, const std::string &text);
 
 /// Reads a whole text into nodes by expat.
 ParseError parseByExpat(Arena &arena, const Ref<SourceText> &source,

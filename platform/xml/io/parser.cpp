@@ -30,9 +30,14 @@ ParseError failure(std::uint8_t number, const QString &reason) {
 
 ScanResult scan(Arena &arena, const Ref<SourceText> &source, const runtime::Progress &progress) {
     NodeAppender nodes(arena, source);
-    const std::optional<std::uint32_t> start = parseProlog(arena, nodes, source->utf8);
-    return start ? scanElements(arena, nodes, source->utf8, *start, progress)
-                 : ScanResult::NotUnderstood;
+    const std::optional<Prolog> prolog = parseProlog(arena, nodes, source->utf8);
+    if (!prolog)
+        return ScanResult::NotUnderstood;
+    const ScanResult result =
+        scanElements(arena, nodes, source->utf8, prolog->end, prolog->subset, progress);
+    if (result == ScanResult::Read)
+        arena.entities = prolog->subset.entities;
+    return result;
 }
 
 } // namespace

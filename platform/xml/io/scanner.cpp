@@ -1,16 +1,15 @@
 #include "platform/xml/io/scanner.h"
 
 #include "platform/xml/io/character_scan.h"
+#include "platform/xml/io/name_cache.h"
 #include "platform/xml/storage/decoding.h"
 
-#include <array>
 #include <utility>
 
 namespace quillon::xml {
 
 namespace {
 
-using scan::eightBytes;
 using scan::skipBlanks;
 using scan::skipCharacters;
 using scan::skipName;
@@ -19,61 +18,21 @@ using scan::skipReference;
 /// A few milliseconds' work.
 constexpr unsigned ElementsPerReport = 16'384;
 
-/// The numbers of names that were looked up lately. The names stand in the text, which stays.
-class NameCache {
-public:
-    NameCache(NameTable &names, const char *textEnd) : names_(names), textEnd_(textEnd) {}
+/// So much that entities stand for in attributes is taken to mean no harm.
+constexpr std::size_t MostEntityCharacters = 1 << 20;
 
-    std::uint32_t number(const char *name, std::uint32_t length) {
-        Entry wanted{beginning(name, length), 0, name, length, 0};
-        if (length > 8)
-            wanted.last = eightBytes(name + length - 8);
-        const std::uint64_t hash =
-            (wanted.first ^ (wanted.last << 7 | wanted.last >> 57)) * 0x9E37'79B9'7F4A'7C15;
-        Entry &entry = entries_[hash >> (64 - IndexBits)];
-        if (entry.first != wanted.first || entry.last != wanted.last || entry.length != length ||
-            (length > 16 && std::memcmp(entry.name, name, length) != 0)) {
-            wanted.number = names_.intern({name, length});
-            entry = wanted;
-        }
-        return entry.number;
-    }
-
-private:
-    struct Entry {
-        /// The first and the last eight bytes; zeros behind a name that has fewer.
-        std::uint64_t first = 0;
-        std::uint64_t last = 0;
-        const char *name = nullptr;
-        std::uint32_t length = 0;
-        std::uint32_t number = 0;
-    };
-    static constexpr int IndexBits = 8;
-
-    std::uint64_t beginning(const char *name, std::uint32_t length) const {
-        if (textEnd_ - name >= 8) {
-            const std::uint64_t bytes = eightBytes(name);
-            return length >= 8 ? bytes : bytes & ((std::uint64_t(1) << (8 * length)) - 1);
-        }
-        char bytes[8] = {};
-        std::memcpy(bytes, name, length);
-        return eightBytes(bytes);
-    }
-
-    NameTable &names_;
-    const char *textEnd_;
-    std::array<Entry, 1 << IndexBits> entries_;
-};
+constexpr std::string_view SpaceAttribute = "xml:space";
+constexpr std::string_view Preserve = "preserve";
 
 /// Its functions take the place at which something starts and return the one at which it ends; null
 /// where it is not understood.
 class Scanner {
 public:
     Scanner(Arena &arena, NodeAppender &nodes, const std::string &text,
-            const runtime::Progress &progress)
-        : nodes_(nodes), progress_(progress), start_(text.data()), end_(start_ + text.size()),
-          names_(*arena.names, end_), alwaysPreserves_(arena.properties.preserveWhiteSpace),
-          preserves_(alwaysPreserves_) {}
+            const InternalSubset &subset, const runtime::Progress &progress)
+        : nodes_(nodes), subset_(subset), progress_(progress), start_(text.data()),
+          end_(start_ + text.size()), nameTable_(*arena.names), names_(nameTable_, end_),
+          alwaysPreserves_(arena.properties.preserveWhiteSpace), preserves_(alwaysPreserves_) {}
 
     ScanResult run(std::uint32_t from);
 
@@ -95,12 +54,18 @@ private:
 
     /// What stands ahead of the next markup or the end.
     Place characters(Place at);
+    /// Ends at a reference to an entity, too.
     Place text(Place at);
+    /// The name in the reference to an entity that is at a place; empty where there is none.
+    std::string_view entityAt(Place at) const;
+    Place entityReference(Place at);
+    Place entityInValue(Place at);
     Place markup(Place at);
     Place startTag(Place at);
     Place endOfStartTag(Place end);
     Place attribute(Place at, Place layout);
-    Place attributeValue(Place at) const;
+    Place attributeValue(Place at);
+    void addDefaultedAttributes();
     bool isFirstOfItsName(std::uint32_t name);
     Place endTag(Place at);
     Place comment(Place at);
@@ -108,16 +73,19 @@ private:
     Place instruction(Place at);
 
     NodeAppender &nodes_;
+    const InternalSubset &subset_;
     const runtime::Progress &progress_;
     Place start_;
     Place end_;
     /// Where the layout of the next markup starts.
     Place layout_ = nullptr;
+    NameTable &nameTable_;
     NameCache names_;
     std::vector<Open> open_;
     /// By the numbers of names: the last element that had an attribute of that name.
     std::vector<std::uint32_t> attributeOwners_;
     std::uint32_t elements_ = 0;
+    std::size_t entityCharacters_ = 0;
     bool alwaysPreserves_;
     /// Whether white space between markup is content.
     bool preserves_;
@@ -131,22 +99,21 @@ ScanResult Scanner::run(std::uint32_t from) {
             nodes_.finish(position(layout_));
             return ScanResult::Read;
         }
-        at = at && *at == '<' ? markup(at) : nullptr;
+        if (at)
+            at = *at == '&' ? entityReference(at) : *at == '<' ? markup(at) : nullptr;
     }
     return isStopped_ ? ScanResult::Stopped : ScanResult::NotUnderstood;
 }
 
 Scanner::Place Scanner::characters(Place at) {
     layout_ = at;
-    at = skipBlanks(at);
-    const bool isText = *at != '<' && at != end_;
-    if (isText)
-        at = text(at);
+    const Place content = skipBlanks(at);
+    at = *content == '<' || content == end_ ? content : text(content);
+    const bool isBlank = at == content;
     if (open_.empty())
-        return isText ? nullptr : at;
-    if (at && at != layout_ && (isText || preserves_)) {
-        const Place start = layout_;
-        append(NodeType::Text, 0, start, at);
+        return isBlank ? at : nullptr;
+    if (at && at != layout_ && (!isBlank || preserves_)) {
+        append(NodeType::Text, 0, layout_, at);
         layout_ = at;
     }
     return at;
@@ -157,15 +124,51 @@ Scanner::Place Scanner::text(Place at) {
         at = skipCharacters<'<', '&', ']'>(at, end_);
         if (!at || *at == '<')
             return at;
-        if (*at == '&')
-            at = skipReference(at);
-        else if (*at == ']' && !(at[1] == ']' && at[2] == '>'))
+        if (*at == '&') {
+            const Place end = skipReference(at);
+            if (!end)
+                return at;
+            at = end;
+        } else if (*at == ']' && !(at[1] == ']' && at[2] == '>')) {
             ++at;
-        else
+        } else {
             return nullptr;
-        if (!at)
-            return nullptr;
+        }
     }
+}
+
+std::string_view Scanner::entityAt(Place at) const {
+    const Place end = skipName(at + 1);
+    return *end == ';' ? std::string_view(at + 1, std::size_t(end - at) - 1) : std::string_view();
+}
+
+Scanner::Place Scanner::entityReference(Place at) {
+    const std::string_view name = entityAt(at);
+    const bool isKnown = subset_.entities->contains(name) ||
+                         subset_.externalEntities.contains(name) ||
+                         (subset_.hasExternalPart && !subset_.unparsedEntities.contains(name));
+    if (name.empty() || open_.empty() || !isKnown)
+        return nullptr;
+    const Place end = at + name.size() + 2;
+    append(NodeType::EntityReference,
+           names_.number(name.data(), static_cast<std::uint32_t>(name.size())), at, end);
+    return end;
+}
+
+Scanner::Place Scanner::entityInValue(Place at) {
+    const std::string_view name = entityAt(at);
+    if (name.empty() || subset_.externalEntities.contains(name) ||
+        subset_.unparsedEntities.contains(name))
+        return nullptr;
+    if (const auto entity = subset_.entities->find(name); entity != subset_.entities->end()) {
+        entityCharacters_ += entity->second.size();
+        if (entity->second.find_first_of("&<") != std::string::npos ||
+            entityCharacters_ > MostEntityCharacters)
+            return nullptr;
+    } else if (!subset_.hasExternalPart) {
+        return nullptr;
+    }
+    return at + name.size() + 2;
 }
 
 Scanner::Place Scanner::markup(Place at) {
@@ -215,6 +218,8 @@ Scanner::Place Scanner::startTag(Place at) {
 }
 
 Scanner::Place Scanner::endOfStartTag(Place end) {
+    if (!subset_.defaults.empty())
+        addDefaultedAttributes();
     nodes_.endStartTag(position(end), preserves_);
     if (elements_ % ElementsPerReport == 0 && progress_)
         isStopped_ = !progress_(double(end - start_) / double(end_ - start_));
@@ -236,14 +241,29 @@ Scanner::Place Scanner::attribute(Place at, Place layout) {
     if (!at)
         return nullptr;
     nodes_.appendAttribute(name, {position(layout), position(start), position(at)});
-    if (std::string_view(start, length) == "xml:space") {
+    if (std::string_view(start, length) == SpaceAttribute) {
         const std::string_view raw(value + 1, std::size_t(at - value) - 2);
-        preserves_ = alwaysPreserves_ || decodeAttribute(raw, {}).value == "preserve";
+        preserves_ = alwaysPreserves_ || decodeAttribute(raw, {}).value == Preserve;
     }
     return at;
 }
 
-Scanner::Place Scanner::attributeValue(Place at) const {
+void Scanner::addDefaultedAttributes() {
+    const Open &open = open_.back();
+    const auto found = subset_.defaults.find(std::string_view(open.name, open.nameLength));
+    if (found == subset_.defaults.end())
+        return;
+    for (const auto &[attribute, value] : found->second) {
+        const std::uint32_t name = nameTable_.intern(attribute);
+        if (!isFirstOfItsName(name))
+            continue;
+        nodes_.appendDefaultedAttribute(name, value);
+        if (attribute == SpaceAttribute)
+            preserves_ = alwaysPreserves_ || value == Preserve;
+    }
+}
+
+Scanner::Place Scanner::attributeValue(Place at) {
     const char quote = *at;
     if (quote != '"' && quote != '\'')
         return nullptr;
@@ -256,7 +276,8 @@ Scanner::Place Scanner::attributeValue(Place at) const {
             return at + 1;
         if (*at != '&')
             return nullptr;
-        at = skipReference(at);
+        const Place end = skipReference(at);
+        at = end ? end : entityInValue(at);
         if (!at)
             return nullptr;
     }
@@ -346,8 +367,9 @@ Scanner::Place Scanner::instruction(Place at) {
 } // namespace
 
 ScanResult scanElements(Arena &arena, NodeAppender &nodes, const std::string &text,
-                        std::uint32_t start, const runtime::Progress &progress) {
-    return Scanner(arena, nodes, text, progress).run(start);
+                        std::uint32_t start, const InternalSubset &subset,
+                        const runtime::Progress &progress) {
+    return Scanner(arena, nodes, text, subset, progress).run(start);
 }
 
 } // namespace quillon::xml

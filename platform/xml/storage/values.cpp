@@ -1,9 +1,8 @@
 #include "platform/xml/storage/values.h"
 
 #include "platform/runtime/error.h"
+#include "platform/xml/storage/name_characters.h"
 #include "resources/xml_texts.h"
-
-#include <expat.h>
 
 namespace quillon::xml {
 
@@ -24,44 +23,17 @@ std::string replaceAll(std::string_view value, std::string_view what, std::strin
     return out;
 }
 
-bool isAsciiNameStart(char c) {
-    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' || c == ':';
-}
-
-bool isAsciiNameCharacter(char c) {
-    return isAsciiNameStart(c) || (c >= '0' && c <= '9') || c == '-' || c == '.';
-}
-
-/// Whether the parser takes `name`, of which the ASCII part has been checked, as a name.
-bool parserAccepts(const std::string &name) {
-    XML_Parser parser = XML_ParserCreate("UTF-8");
-    const std::string document = "<" + name + "/>";
-    const bool ok =
-        XML_Parse(parser, document.data(), static_cast<int>(document.size()), 1) == XML_STATUS_OK;
-    XML_ParserFree(parser);
-    return ok;
-}
-
 /// The number of UTF-16 units of the longest beginning of `name` that is a name.
 qsizetype validNameLength(const QString &name) {
     qsizetype length = 0;
     while (length < name.size()) {
-        const QChar c = name[length];
-        const qsizetype units =
-            c.isHighSurrogate() && length + 1 < name.size() && name[length + 1].isLowSurrogate()
-                ? 2
-                : 1;
-        if (c.unicode() < 0x80) {
-            const char ascii = c.toLatin1();
-            if (!(length == 0 ? isAsciiNameStart(ascii) : isAsciiNameCharacter(ascii)))
-                break;
-        } else if (c.isSurrogate() && units == 1) {
+        const bool isPair = name[length].isHighSurrogate() && length + 1 < name.size() &&
+                            name[length + 1].isLowSurrogate();
+        const char32_t c = isPair ? QChar::surrogateToUcs4(name[length], name[length + 1])
+                                  : name[length].unicode();
+        if (length == 0 ? !isNameStart(c) : !isNameCharacter(c))
             break;
-        } else if (!parserAccepts((length == 0 ? QString() : QStringLiteral("a")).toStdString() +
-                                  name.mid(length, units).toStdString())) {
-            break;
-        }
-        length += units;
+        length += isPair ? 2 : 1;
     }
     return length;
 }
