@@ -11,20 +11,30 @@ namespace {
 
 constexpr char32_t LastCharacter = 0x10FFFF;
 
-/// A character outside ASCII; of length 0 where the bytes are none that XML permits.
-struct Wide {
-    char32_t character;
-    int length;
-};
-
 constexpr bool isPermitted(char32_t c) {
     if (c < 0x20)
         return c == '\t' || c == '\n' || c == '\r';
     return c < 0xD800 || (c > 0xDFFF && c < 0xFFFE) || (c > 0xFFFF && c <= LastCharacter);
 }
 
-/// Looks at a byte only when those before it go on.
-Wide decoded(const char *at) {
+/// Which characters of ASCII may stand in a name.
+constexpr std::array<bool, 0x80> AsciiNameCharacters = [] {
+    std::array<bool, 0x80> result{};
+    for (int c = 0; c < 0x80; ++c)
+        result[std::size_t(c)] = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
+                                 (c >= '0' && c <= '9') || c == '_' || c == ':' || c == '-' ||
+                                 c == '.';
+    return result;
+}();
+
+bool startsName(char c) {
+    return AsciiNameCharacters[std::size_t(c)] && (c > '9' || c < '-');
+}
+
+} // namespace
+
+Wide wideAt(const char *at) {
+    // Looks at a byte only when those before it go on.
     const auto byte = [at](int i) { return static_cast<unsigned char>(at[i]); };
     const auto continues = [&](int i) { return (byte(i) & 0xC0) == 0x80; };
     const auto bits = [&](int i) { return char32_t(byte(i) & 0x3F); };
@@ -45,22 +55,6 @@ Wide decoded(const char *at) {
     return c >= 0x10000 && isPermitted(c) ? Wide{c, 4} : Wide{};
 }
 
-/// Which characters of ASCII may stand in a name.
-constexpr std::array<bool, 0x80> AsciiNameCharacters = [] {
-    std::array<bool, 0x80> result{};
-    for (int c = 0; c < 0x80; ++c)
-        result[std::size_t(c)] = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
-                                 (c >= '0' && c <= '9') || c == '_' || c == ':' || c == '-' ||
-                                 c == '.';
-    return result;
-}();
-
-bool startsName(char c) {
-    return AsciiNameCharacters[std::size_t(c)] && (c > '9' || c < '-');
-}
-
-} // namespace
-
 const char *skipWide(const char *at) {
     do {
         // Most of what Japanese is written in: no other form of these is possible, and all are
@@ -70,7 +64,7 @@ const char *skipWide(const char *at) {
             at += 3;
             continue;
         }
-        const int length = decoded(at).length;
+        const int length = wideAt(at).length;
         if (length == 0)
             return nullptr;
         at += length;
@@ -87,7 +81,7 @@ const char *skipName(const char *at) {
             ++at;
             continue;
         }
-        const Wide wide = decoded(at);
+        const Wide wide = wideAt(at);
         if (wide.length == 0 ||
             !(at == start ? isNameStart(wide.character) : isNameCharacter(wide.character)))
             return at;

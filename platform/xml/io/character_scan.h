@@ -43,6 +43,15 @@ std::uint64_t unusualBytes(std::uint64_t bytes) {
            High;
 }
 
+/// A character outside ASCII.
+struct Wide {
+    char32_t character;
+    /// Of its bytes; 0 where they are none that XML permits.
+    int length;
+};
+
+Wide wideAt(const char *at);
+
 /// The place behind one or more characters outside ASCII; null where there is none at `at` that
 /// XML permits, in the only form that UTF-8 has for it.
 const char *skipWide(const char *at);

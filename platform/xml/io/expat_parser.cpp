@@ -7,7 +7,7 @@
 #include "resources/runtime_errors.h"
 #include "resources/xml_texts.h"
 
-#include <algorithm>
+#include <cstring>
 #include <set>
 
 namespace quillon::xml {
@@ -24,7 +24,7 @@ public:
     using Position = std::uint32_t;
 
     Parser(Arena &arena, NodeAppender &nodes, const std::string &text,
-           const runtime::Progress &progress);
+           const runtime::Progress &progress, const NameSubstitutes *substitutes = nullptr);
     ~Parser() { XML_ParserFree(parser_); }
     Parser(const Parser &) = delete;
     Parser &operator=(const Parser &) = delete;
@@ -54,6 +54,14 @@ private:
     static int onExternalEntity(XML_Parser parser, const XML_Char *context, const XML_Char *,
                                 const XML_Char *, const XML_Char *);
 
+    /// What the library tells, as the text has it.
+    std::string original(std::string_view told) const {
+        return substitutes_ ? substitutes_->original(told) : std::string(told);
+    }
+    /// The name behind so many bytes of the present event, as long as the library tells.
+    std::string_view nameInEvent(Position offset, const XML_Char *told) const {
+        return std::string_view(bytes_).substr(eventStart() + offset, std::strlen(told));
+    }
     Position eventStart() const { return static_cast<Position>(expat::byteIndex(parser_)); }
     Position eventEnd() const {
         return eventStart() + static_cast<Position>(expat::byteCount(parser_));
@@ -77,6 +85,8 @@ private:
     NodeAppender &nodes_;
     const runtime::Progress &progress_;
     const std::string &bytes_;
+    /// What is read in its place, if anything.
+    const NameSubstitutes *substitutes_;
     XML_Parser parser_;
     Position lastEnd_ = 0;
     Position sectionStart_ = 0;
@@ -136,10 +146,11 @@ void Parser::addAttributes(Position nameEnd, Position end) {
 
 void Parser::addDefaultedAttributes(const XML_Char **attributes) {
     for (attributes += XML_GetSpecifiedAttributeCount(parser_); *attributes; attributes += 2) {
-        nodes_.appendDefaultedAttribute(arena_.names->intern(attributes[0]), attributes[1]);
-        if (std::string_view(attributes[0]) == "xml:space")
-            preserve_ = std::string_view(attributes[1]) == "preserve" ||
-                        arena_.properties.preserveWhiteSpace;
+        const std::string name = original(attributes[0]);
+        const std::string value = original(attributes[1]);
+        nodes_.appendDefaultedAttribute(arena_.names->intern(name), value);
+        if (name == "xml:space")
+            preserve_ = value == "preserve" || arena_.properties.preserveWhiteSpace;
     }
 }
 
@@ -148,7 +159,7 @@ void Parser::onStart(void *data, const XML_Char *name, const XML_Char **attribut
     const Position start = p.eventStart();
     const Position end = p.eventEnd();
     const Position layoutStart = p.flushText(start);
-    const std::string_view tagName(name);
+    const std::string_view tagName = p.nameInEvent(1, name);
     p.nodes_.openElement(p.arena_.names->intern(tagName), layoutStart, start);
     p.addAttributes(start + 1 + static_cast<Position>(tagName.size()), end);
     p.addDefaultedAttributes(attributes);
@@ -183,8 +194,8 @@ void Parser::onComment(void *data, const XML_Char *) {
 void Parser::onInstruction(void *data, const XML_Char *target, const XML_Char *) {
     Parser &p = self(data);
     if (!p.inDocumentType_)
-        p.addMarkup(NodeType::ProcessingInstruction, p.arena_.names->intern(target), p.eventStart(),
-                    p.eventEnd());
+        p.addMarkup(NodeType::ProcessingInstruction,
+                    p.arena_.names->intern(p.nameInEvent(2, target)), p.eventStart(), p.eventEnd());
 }
 
 void Parser::onDeclaration(void *data, const XML_Char *, const XML_Char *, int standalone) {
@@ -209,7 +220,7 @@ void Parser::onDocumentTypeStart(void *data, const XML_Char *name, const XML_Cha
     Parser &p = self(data);
     p.inDocumentType_ = true;
     p.subset_.hasExternalPart = systemId && !p.standsAlone_;
-    p.documentTypeName_ = name;
+    p.documentTypeName_ = p.original(name);
 }
 
 void Parser::onDocumentTypeEnd(void *data) {
@@ -226,11 +237,13 @@ void Parser::onDocumentTypeEnd(void *data) {
 void Parser::onEntity(void *data, const XML_Char *name, int isParameter, const XML_Char *value,
                       int length, const XML_Char *, const XML_Char *, const XML_Char *,
                       const XML_Char *notation) {
-    InternalSubset &subset = self(data).subset_;
+    Parser &p = self(data);
+    InternalSubset &subset = p.subset_;
     if (isParameter)
         return;
     if (value)
-        subset.entities->emplace(name, std::string(value, static_cast<std::size_t>(length)));
+        subset.entities->emplace(p.original(name), p.original(std::string_view(
+                                                       value, static_cast<std::size_t>(length))));
     else
         (notation ? subset.unparsedEntities : subset.externalEntities).emplace(name);
 }
@@ -276,6 +289,14 @@ void Parser::stop(const QString &reason) {
 
 ParseError Parser::failure() const {
     ParseError error = errorOf(parser_, bytes_, !nodes_.isOutside());
+    if (substitutes_) {
+        // Two characters have stood for one.
+        const auto at = static_cast<std::size_t>(error.filepos);
+        for (std::size_t i = bytes_.rfind('\n', at) + 1; i < at; ++i) {
+            const bool isOfFour = static_cast<unsigned char>(bytes_[i]) >= 0xF0;
+            error.linepos -= isOfFour && bytes_[i] != substitutes_->text()[i] ? 1 : 0;
+        }
+    }
     if (!stopReason_.isNull()) {
         error.reason = stopReason_;
         error.errorCode = parse_error_code::Base;
@@ -286,7 +307,7 @@ ParseError Parser::failure() const {
 bool Parser::feed() {
     // The library copies what it is given.
     constexpr std::size_t piece = 1 << 20;
-    std::string_view rest = bytes_;
+    std::string_view rest = substitutes_ ? substitutes_->text() : bytes_;
     for (; rest.size() > piece; rest.remove_prefix(piece)) {
         if (XML_Parse(parser_, rest.data(), int{piece}, XML_FALSE) != XML_STATUS_OK)
             return false;
@@ -296,8 +317,8 @@ bool Parser::feed() {
 }
 
 Parser::Parser(Arena &arena, NodeAppender &nodes, const std::string &text,
-               const runtime::Progress &progress)
-    : arena_(arena), nodes_(nodes), progress_(progress), bytes_(text),
+               const runtime::Progress &progress, const NameSubstitutes *substitutes)
+    : arena_(arena), nodes_(nodes), progress_(progress), bytes_(text), substitutes_(substitutes),
       // The text has been decoded, whatever encoding it declares.
       parser_(XML_ParserCreate("UTF-8")), preserve_(arena.properties.preserveWhiteSpace) {
     XML_SetUserData(parser_, this);
@@ -343,9 +364,9 @@ std::optional<Prolog> parseProlog(Arena &arena, NodeAppender &nodes, const std::
 }
 
 ParseError parseByExpat(Arena &arena, const Ref<SourceText> &source,
-                        const runtime::Progress &progress) {
+                        const runtime::Progress &progress, const NameSubstitutes *substitutes) {
     NodeAppender nodes(arena, source);
-    return Parser(arena, nodes, source->utf8, progress).run();
+    return Parser(arena, nodes, source->utf8, progress, substitutes).run();
 }
 
 } // namespace quillon::xml

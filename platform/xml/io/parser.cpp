@@ -1,8 +1,10 @@
 #include "platform/xml/io/parser.h"
 
 #include "platform/runtime/error.h"
+#include "platform/xml/io/character_scan.h"
 #include "platform/xml/io/expat_parser.h"
 #include "platform/xml/io/scanner.h"
+#include "platform/xml/storage/name_characters.h"
 #include "resources/runtime_errors.h"
 #include "resources/xml_texts.h"
 
@@ -20,6 +22,8 @@ bool startsWithEncodingSign(std::string_view text) {
            text.substr(0, 3) == "\xEF\xBB\xBF";
 }
 
+constexpr std::uint8_t InvalidToken = 0x08;
+
 /// An error of a number, counted from Base, without a place.
 ParseError failure(std::uint8_t number, const QString &reason) {
     ParseError error;
@@ -28,7 +32,8 @@ ParseError failure(std::uint8_t number, const QString &reason) {
     return error;
 }
 
-ScanResult scan(Arena &arena, const Ref<SourceText> &source, const runtime::Progress &progress) {
+ScanResult readByScanner(Arena &arena, const Ref<SourceText> &source,
+                         const runtime::Progress &progress) {
     NodeAppender nodes(arena, source);
     const std::optional<Prolog> prolog = parseProlog(arena, nodes, source->utf8);
     if (!prolog)
@@ -40,23 +45,38 @@ ScanResult scan(Arena &arena, const Ref<SourceText> &source, const runtime::Prog
     return result;
 }
 
+/// Whether expat has objected to a character that may stand in names by the newer edition.
+bool isAtNewerName(const ParseError &error, const std::string &text) {
+    if (error.errorCode != parse_error_code::Base + InvalidToken)
+        return false;
+    const scan::Wide wide = scan::wideAt(text.data() + error.filepos);
+    return wide.length != 0 && isNameCharacter(wide.character);
+}
+
 } // namespace
 
 ParseError parse(Arena &arena, const Ref<SourceText> &source, const runtime::Progress &progress) {
     if (source->utf8.size() > static_cast<std::size_t>(MaxFileSize))
         return failure(0, texts::TooLarge.toString());
     if (startsWithEncodingSign(source->utf8)) {
-        ParseError error = failure(0x08, texts::InvalidToken.toString());
+        ParseError error = failure(InvalidToken, texts::InvalidToken.toString());
         error.line = error.linepos = 1;
         return error;
     }
-    const ScanResult scanned = scan(arena, source, progress);
+    const ScanResult scanned = readByScanner(arena, source, progress);
     if (scanned == ScanResult::Read)
         return {};
     if (scanned == ScanResult::Stopped)
         return failure(0, resources::runtimeErrorText(runtime::error_number::Cancelled));
     arena.dropNodes();
-    return parseByExpat(arena, source, progress);
+    const ParseError error = parseByExpat(arena, source, progress);
+    if (!isAtNewerName(error, source->utf8))
+        return error;
+    const std::optional<NameSubstitutes> substitutes = NameSubstitutes::of(source->utf8);
+    if (!substitutes)
+        return error;
+    arena.dropNodes();
+    return parseByExpat(arena, source, progress, &*substitutes);
 }
 
 } // namespace quillon::xml

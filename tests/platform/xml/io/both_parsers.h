@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/runtime/utf8.h"
+#include "platform/xml/io/character_scan.h"
 #include "platform/xml/io/expat_parser.h"
 #include "platform/xml/io/parser.h"
 #include "platform/xml/storage/name_characters.h"
@@ -69,11 +69,12 @@ inline bool expatReads(const std::string &text) {
 inline std::string inOlderNames(const std::string &text) {
     std::string out;
     for (std::size_t i = 0; i < text.size();) {
-        const std::string character(runtime::characterAt(text, i));
-        const char32_t c = runtime::codePoint(character);
-        if (c >= 0x80 && isNameCharacter(c) &&
+        const scan::Wide wide = scan::wideAt(text.data() + i);
+        const std::string character =
+            text.substr(i, wide.length == 0 ? 1 : std::size_t(wide.length));
+        if (wide.length != 0 && isNameCharacter(wide.character) &&
             (!expatReads("<" + character + "/>") || !expatReads("<a" + character + "/>")))
-            out += "_" + std::to_string(std::uint32_t(c)) + "_";
+            out += "_" + std::to_string(std::uint32_t(wide.character)) + "_";
         else
             out += character;
         i += character.size();
@@ -95,10 +96,19 @@ inline std::string faultOfReading(const std::string &text, bool preservesWhiteSp
     if (error.errorCode != 0 && ours.recordCount() == 1 && error.line <= 1 && error.linepos <= 1)
         return {};
     const ParseError expats = parseByExpat(byExpat, source, {});
-    if (error.errorCode == 0 && expats.errorCode != 0)
-        return expatReads(inOlderNames(text)) ? "" : "accepted, though it is faulty";
-    if (error.errorCode != expats.errorCode || error.filepos != expats.filepos)
-        return "refused, or refused otherwise";
+    const bool isAtName = expats.errorCode != 0 &&
+                          (error.errorCode != expats.errorCode || error.filepos != expats.filepos);
+    if (!isAtName)
+        return difference(ours, byExpat);
+    if ((error.errorCode == 0) != expatReads(inOlderNames(text)))
+        return "refused or accepted not for its names alone";
+    const std::optional<NameSubstitutes> substitutes = NameSubstitutes::of(text);
+    if (!substitutes)
+        return "without substitutes for names";
+    byExpat.dropNodes();
+    const ParseError again = parseByExpat(byExpat, source, {}, &*substitutes);
+    if (again.errorCode != error.errorCode || again.filepos != error.filepos)
+        return "refused otherwise with other names";
     return difference(ours, byExpat);
 }
 

@@ -12,6 +12,7 @@ public:
     explicit RandomText(unsigned seed) : random_(seed) {}
 
     std::string document() {
+        hasNewerNames_ = below(3) == 0;
         text_ = oneOf({"", "", "<?xml version='1.0'?>",
                        "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone='no' ?>\r\n"});
         misc();
@@ -25,6 +26,9 @@ public:
         misc();
         return text_;
     }
+
+    /// Whether the latest document may have names that the parser does not know.
+    bool hasNewerNames() const { return hasNewerNames_; }
 
     std::string damaged(std::string text) {
         static constexpr char Bytes[] =
@@ -63,6 +67,8 @@ private:
         return out;
     }
     std::string name() {
+        if (hasNewerNames_ && below(4) == 0)
+            return oneOf({"Ａ", "𠮷野家", "価格（税込）", "々", "p:𠮟", "a\u203F", "k\u0370"});
         return oneOf({"a", "b", "r", "item", "p:q", "_x-1.2", ":", "a-name-of-more-than-sixteen",
                       "a-name-of-more-than-16-bytes", "品名", "商品コード", "é", "日付·日",
                       "k\u0300"});
@@ -163,6 +169,7 @@ private:
     }
 
     std::mt19937 random_;
+    bool hasNewerNames_ = false;
     std::string text_;
 };
 
