@@ -433,12 +433,12 @@ void Editor::showAnew() {
 }
 
 void Editor::showAnewAfterRemoval() {
-    if (pane.shownSequence == tree.SelectedItem().sequence())
+    if (pane.shownItem == tree.SelectedItem())
         showAnew();
 }
 
 void Editor::showSelectedInstead() {
-    if (pane.shownSequence != tree.SelectedItem().sequence())
+    if (pane.shownItem != tree.SelectedItem())
         showAnew();
 }
 

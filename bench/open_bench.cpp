@@ -34,22 +34,13 @@ xml::Node firstText(const xml::DOMDocument40 &document) {
     return node;
 }
 
-items::TreeItem itemOf(app::Editor &editor, const xml::Node &node) {
-    items::TreeItem found;
-    editor.builder.registry().forEach([&](quint32 sequence, quint32 number) {
-        if (number == node.number())
-            found = editor.tree.nodes().bySequence(sequence);
-    });
-    return found;
-}
-
 double keystroke(app::frmMain &form) {
     app::Editor &editor = form.editor();
     auto &pane = *form.findChild<controls::TextBox *>(QStringLiteral("txtEdit"));
     const xml::Node text = firstText(editor.state.m_DOM);
     if (!text)
         return NotMeasured;
-    editor.selection.ShowNode(itemOf(editor, text), true);
+    editor.selection.ShowNode(editor.builder.itemOf(text), true);
     QCoreApplication::processEvents();
     QString typed = pane.Text();
     return bestOf(20, [&] {

@@ -111,7 +111,7 @@ Completion::Shown Completion::shown(const TreeItem &item) const {
 }
 
 Completion::Shown Completion::shown() const {
-    return shown(tree_.nodes().bySequence(pane_.shownSequence));
+    return shown(pane_.shownItem);
 }
 
 ui::Proposer Completion::paneProposer() {

@@ -383,7 +383,7 @@ void DocumentCommands::ClearStatus() {
     savedState_.reset();
     state_.m_DOM = state_.failedLoad = {};
     state_.m_BackupPath.clear();
-    builder_.registry().reset({}, 1);
+    builder_.registry().reset({});
     state_.m_FileName.clear();
     state_.m_Modified = state_.m_Opened = state_.m_ReadOnly = false;
     pane_.fillValue(QString());

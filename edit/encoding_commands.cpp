@@ -55,8 +55,9 @@ void EncodingCommands::showDeclaration(Node added) {
         return;
     }
     const quint32 declaration = state_.m_DOM.node().firstChild().number();
-    tree_.nodes().renewCaptions(
-        [&](quint32 sequence) { return builder_.registry().number(sequence) == declaration; });
+    tree_.nodes().renewCaptions([&](const items::TreeItem &item) {
+        return builder_.registry().number(item) == declaration;
+    });
 }
 
 } // namespace quillon::edit

@@ -1,34 +1,16 @@
 #include "edit/undo_history.h"
 
+#include "platform/xml/dom/document_links.h"
+
 #include <QHash>
 
 #include <algorithm>
-#include <unordered_map>
-#include <unordered_set>
 
 namespace quillon::edit {
 
 using items::TreeItem;
 
 namespace {
-
-/// Numbers of nodes, to be looked for among millions of others.
-class NodeSet {
-public:
-    explicit NodeSet(const std::vector<std::vector<quint32>> &lists) {
-        for (const std::vector<quint32> &numbers : lists) {
-            for (const quint32 number : numbers) {
-                if (bits_.size() <= number)
-                    bits_.resize(std::size_t(number) + 1);
-                bits_[number] = true;
-            }
-        }
-    }
-    bool contains(quint32 number) const { return number < bits_.size() && bits_[number]; }
-
-private:
-    std::vector<bool> bits_;
-};
 
 /// The number of the node that an item shows, as it stands in the document. The item of an
 /// attribute that was added, or of one below a renamed element, shows another node than the
@@ -56,6 +38,17 @@ std::vector<quint32> childNumbers(const TreeItem &parent, const tree::NodeRegist
                                       : node.number());
     }
     return numbers;
+}
+
+/// Whether a number is that of a node which stands in a document.
+bool stands(const xml::DOMDocument40 &document, quint32 number) {
+    const xml::DocumentLinks links(document);
+    if (!links.isNode(number))
+        return false;
+    quint32 top = number;
+    while (const quint32 above = links.parent(top))
+        top = above;
+    return top == links.documentNumber();
 }
 
 /// The child item in the place of the one node that has been replaced; Nothing when there is more
@@ -105,7 +98,7 @@ void UndoHistory::takeSnapshot() {
     auto info = std::make_shared<clsUndoInfo>();
     info->setXml(state_.m_DOM);
     tree_.nodes().forEachExpanded([&](const TreeItem &item) {
-        info->AddExpand(static_cast<qint32>(builder_.registry().number(item.sequence())));
+        info->AddExpand(static_cast<qint32>(builder_.registry().number(item)));
     });
     if (const TreeItem selected = tree_.SelectedItem()) {
         info->setNodeKey(selected.Key());
@@ -123,55 +116,34 @@ void UndoHistory::takeSnapshot() {
 
 void UndoHistory::restore(const clsUndoInfo &info, const clsUndoInfo &change) {
     const std::vector<quint32> path = selectedPath();
+    const tree::NodeRegistry &registry = builder_.registry();
+    const TreeItem parent = tree_.SelectedItem().Parent();
+    // Looked through only if need be: there may be very many.
+    const bool mayBeReplaced = parent && info.xml() && !stands(info.xml(), path.front());
     const std::vector<quint32> siblings =
-        childNumbers(tree_.SelectedItem().Parent(), builder_.registry());
+        mayBeReplaced ? childNumbers(parent, registry) : std::vector<quint32>();
     state_.m_DOM = info.xml().clone();
     builder_.BuildTree(state_.m_DOM, false, tree::TreeBuilder::Reason::Changed);
-    const std::unordered_set<quint32> expand(info.ExpandIndex().begin(), info.ExpandIndex().end());
-    const std::unordered_set<quint32> several(change.selectedNodes().begin(),
-                                              change.selectedNodes().end());
-    std::vector<TreeItem> severalItems;
-    std::unordered_map<quint32, std::size_t> heights;
-    for (std::size_t height = 0; height < path.size(); ++height)
-        heights[path[height]] = height;
-    std::vector<TreeItem> expanded;
-    TreeItem changedItem;
+    for (const qint32 number : info.ExpandIndex())
+        registry.itemOf(quint32(number)).setExpanded(true);
     // The lowest item that still shows a node of the path. A document that was replaced whole from
     // the pane has no number in common with the one before, but both are the first item.
     TreeItem lowest = path.empty() ? TreeItem() : tree_.nodes().Item(1);
-    std::size_t lowestHeight = path.size();
-    const NodeSet concerned({path,
-                             {info.ExpandIndex().begin(), info.ExpandIndex().end()},
-                             change.selectedNodes(),
-                             {change.selectedNode()}});
-    builder_.registry().forEach([&](quint32 sequence, quint32 number) {
-        if (!concerned.contains(number))
-            return;
-        const auto item = [&] { return tree_.nodes().bySequence(sequence); };
-        if (expand.count(number) != 0)
-            expanded.push_back(item());
-        if (number == change.selectedNode())
-            changedItem = item();
-        if (several.count(number) != 0)
-            severalItems.push_back(item());
-        const auto height = heights.find(number);
-        if (height != heights.end() && height->second < lowestHeight) {
-            lowest = item();
-            lowestHeight = height->second;
-        }
-    });
-    for (TreeItem &item : expanded)
-        item.setExpanded(true);
-    // A node that was renamed is another one, in the place of the one before.
-    if (lowestHeight == 1) {
+    for (std::size_t height = 0; height < path.size(); ++height) {
+        const TreeItem item = registry.itemOf(path[height]);
+        if (!item)
+            continue;
+        // A node that was renamed is another one, in the place of the one before.
         const TreeItem replaced =
-            replacedChild(lowest, siblings, path.front(), builder_.registry());
-        lowest = replaced ? replaced : lowest;
+            height == 1 ? replacedChild(item, siblings, path.front(), registry) : TreeItem();
+        lowest = replaced ? replaced : item;
+        break;
     }
+    const TreeItem changedItem = registry.itemOf(change.selectedNode());
     if (const TreeItem item = shownAncestor(changedItem ? changedItem : lowest)) {
         tree_.setSelectedItem(item);
         if (item == changedItem)
-            selectBeside(severalItems);
+            selectBeside(change.selectedNodes());
         selection_.refillPane(item);
     }
     tree_.setTreeVisible(true);
@@ -186,10 +158,11 @@ std::vector<quint32> UndoHistory::selectedPath() const {
     return path;
 }
 
-void UndoHistory::selectBeside(const std::vector<TreeItem> &items) {
+void UndoHistory::selectBeside(const std::vector<quint32> &numbers) {
     std::vector<TreeItem> shown;
-    for (const TreeItem &item : items) {
-        if (shownAncestor(item) == item)
+    for (const quint32 number : numbers) {
+        const TreeItem item = builder_.registry().itemOf(number);
+        if (item && shownAncestor(item) == item)
             shown.push_back(item);
     }
     if (!shown.empty())

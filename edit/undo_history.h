@@ -46,8 +46,8 @@ private:
     void restore(const clsUndoInfo &info, const clsUndoInfo &change);
     /// The numbers of the selected node and of those above it, from the bottom up.
     std::vector<quint32> selectedPath() const;
-    /// Selects, beside the selected item, those of several that are in sight.
-    void selectBeside(const std::vector<items::TreeItem> &items);
+    /// Selects, beside the selected item, those of several nodes' items that are in sight.
+    void selectBeside(const std::vector<quint32> &numbers);
     /// The item itself, or the lowest item above it that can be selected without expanding one.
     items::TreeItem shownAncestor(items::TreeItem item) const;
 

@@ -35,7 +35,7 @@ bool HitNavigation::show(const Hit &hit) {
 
 bool HitNavigation::showItem(const TreeItem &item) {
     selection_.ShowNode(item, true);
-    if (!item || pane_.shownSequence != item.sequence())
+    if (!item || pane_.shownItem != item)
         return false;
     TreeItem(item).EnsureVisible();
     return true;

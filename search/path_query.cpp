@@ -43,47 +43,46 @@ private:
     std::vector<bool> done_;
 };
 
-/// The nodes found, one after the other, and whether an item shows the next one.
-class Matches {
+/// Finds the items of nodes one after the other, each behind the one before it in the order in
+/// which items were added.
+class MatchItems {
 public:
-    Matches(const std::vector<Node> &all, const TreeStore &store,
-            const tree::NodeRegistry &registry)
-        : next_(all.begin()), end_(all.end()), store_(store), registry_(registry) {
-        lookAtNext();
-    }
+    MatchItems(const items::Nodes &nodes, const tree::NodeRegistry &registry)
+        : nodes_(nodes), registry_(registry) {}
 
-    bool take(TreeStore::Slot slot) {
-        if (next_ == end_ || !isShownBy(slot))
-            return false;
-        ++next_;
-        lookAtNext();
-        return true;
+    /// Nothing where there is none behind the one before.
+    TreeItem next(const Node &match) {
+        TreeItem item = registry_.itemOf(match.number());
+        if (!isBehind(item))
+            item = attributeItem(match);
+        latest_ = nodes_.slotOf(item);
+        return item;
     }
 
 private:
-    quint32 numberAt(TreeStore::Slot slot) const {
-        return registry_.number(store_.sequenceOf(slot));
+    bool isBehind(const TreeItem &item) const {
+        const TreeStore::Slot slot = nodes_.slotOf(item);
+        return slot != TreeStore::Root &&
+               (latest_ == TreeStore::Root || nodes_.store().isEarlier(latest_, slot));
     }
 
     /// An attribute that was added has an item for a copy of it, below its element.
-    bool isShownBy(TreeStore::Slot slot) const {
-        if (numberAt(slot) == next_->number())
-            return true;
-        if (element_ == 0 || store_.parent(slot) == TreeStore::Root ||
-            numberAt(store_.parent(slot)) != element_)
-            return false;
-        const Node shown = registry_.Item(store_.sequenceOf(slot));
-        return shown.nodeType() == NodeType::Attribute && shown.nodeName() == next_->nodeName();
+    TreeItem attributeItem(const Node &match) const {
+        const Node element = xml::ownerElement(match);
+        TreeItem child = element ? registry_.itemOf(element.number()).Child() : TreeItem();
+        for (; child; child = child.Next()) {
+            const Node shown = registry_.Item(child);
+            if (shown.nodeType() != NodeType::Attribute)
+                continue;
+            if (shown.nodeName() == match.nodeName() && isBehind(child))
+                break;
+        }
+        return child;
     }
 
-    void lookAtNext() { element_ = next_ != end_ ? xml::ownerElement(*next_).number() : 0; }
-
-    std::vector<Node>::const_iterator next_;
-    std::vector<Node>::const_iterator end_;
-    const TreeStore &store_;
+    const items::Nodes &nodes_;
     const tree::NodeRegistry &registry_;
-    /// The number of the next node's element; 0 when that node is no attribute.
-    quint32 element_ = 0;
+    TreeStore::Slot latest_ = TreeStore::Root;
 };
 
 /// A result that is no nodes, as the status bar has room for it.
@@ -167,23 +166,20 @@ Node PathQuery::contextNode() const {
 
 TreeItem PathQuery::mark(const std::vector<Node> &matches) {
     items::Nodes &nodes = tree_.nodes();
-    const TreeStore &store = nodes.store();
-    nodes.clearBold();
     AncestorExpansion ancestors(nodes);
-    TreeItem first;
-    // A single merge, for the sake of speed: a match that has no item, or an item out of document
-    // order, keeps all later matches from being marked.
-    Matches next(matches, store, registry_);
-    store.live().forEach([&](TreeStore::Slot slot) {
-        if (!next.take(slot))
-            return;
-        TreeItem item = nodes.item(slot);
-        item.setBold(true);
-        ancestors.expandAbove(slot);
-        if (!first)
-            first = item;
-    });
-    return first;
+    MatchItems next(nodes, registry_);
+    std::vector<TreeItem> marked;
+    for (const Node &match : matches) {
+        const TreeItem item = next.next(match);
+        // As in a single merge of items and matches: a match that has no item, or an item out of
+        // document order, keeps all later matches from being marked.
+        if (!item)
+            break;
+        marked.push_back(item);
+        ancestors.expandAbove(nodes.slotOf(item));
+    }
+    nodes.setBoldItems(marked);
+    return marked.empty() ? TreeItem() : marked.front();
 }
 
 void PathQuery::remember(const QString &query) {

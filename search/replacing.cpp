@@ -108,8 +108,8 @@ void Replacing::change(const std::vector<Hit> &hits, const std::vector<Change> &
     }
     nameAttributes();
     const tree::NodeRegistry &registry = builder_.registry();
-    tree_.nodes().renewCaptions([&](quint32 sequence) {
-        const quint32 number = registry.number(sequence);
+    tree_.nodes().renewCaptions([&](const items::TreeItem &item) {
+        const quint32 number = registry.number(item);
         return number < isChanged.size() && isChanged[number];
     });
     Q_EMIT documentModified();

@@ -87,7 +87,7 @@ void FileLines::goOn() {
 }
 
 void FileLines::begin() {
-    const items::TreeItem item = tree_.nodes().bySequence(pane_.shownSequence);
+    const items::TreeItem item = pane_.shownItem;
     Node node = selection_.GetDOMNode(item);
     if (!node) {
         // The pane has a whole file, or nothing.

@@ -174,7 +174,7 @@ bool PaneSource::goToPlace() {
         top = parent;
     const TreeItem item = builder_.itemOf(top);
     selection_.ShowNode(item, true);
-    if (!item || pane_.shownSequence != item.sequence())
+    if (!item || pane_.shownItem != item)
         return false;
     TreeItem(item).EnsureVisible();
     ui::TextBox &box = pane_.textBox();

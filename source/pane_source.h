@@ -38,7 +38,7 @@ Q_SIGNALS:
     void statusText(const QString &text);
 
 private:
-    items::TreeItem shownItem() const { return tree_.nodes().bySequence(pane_.shownSequence); }
+    items::TreeItem shownItem() const { return pane_.shownItem; }
     bool isMarkup() const;
     xml::Node nodeAt(const xml::Node &shown, QByteArrayView text, qsizetype caret);
 

@@ -111,15 +111,15 @@ items::DragOffer DragAndDrop::tvw_OLEStartDrag() {
         return {};
     const NodeRegistry &registry = builder_.registry();
     dragged_ = draggedItems();
-    ownNumbers_.clear();
+    ownSlots_.clear();
     DepartingNodes nodes;
     for (const TreeItem &item : dragged_) {
         const xml::Node node = registry.Item(item);
         nodes.add(node, registry.Item(item.Parent()));
         const bool isAttribute = node.nodeType() == NodeType::Attribute;
-        ownNumbers_.push_back((isAttribute ? item.Parent() : item).sequence());
+        ownSlots_.push_back(tree_.nodes().slotOf(isAttribute ? item.Parent() : item));
     }
-    std::sort(ownNumbers_.begin(), ownNumbers_.end());
+    std::sort(ownSlots_.begin(), ownSlots_.end());
     auto data = std::make_unique<NodeMimeData>(std::move(nodes));
     connect(data.get(), &NodeMimeData::confirmationAnnounced, this,
             [this] { awaitsConfirmation_ = true; });
@@ -205,7 +205,7 @@ bool DragAndDrop::isOwnPlace(const TreeItem &target) const {
     if (!m_nodDrag)
         return false;
     const auto isOwn = [&](const TreeItem &item) {
-        return std::binary_search(ownNumbers_.begin(), ownNumbers_.end(), item.sequence());
+        return std::binary_search(ownSlots_.begin(), ownSlots_.end(), tree_.nodes().slotOf(item));
     };
     // An attribute would be given its own value and then be removed.
     if (isOwn(target))
@@ -213,7 +213,7 @@ bool DragAndDrop::isOwnPlace(const TreeItem &target) const {
     // By the paths, not by descent, at the price that a later sibling whose caption begins with
     // the dragged one's is refused as well. Of several nodes, each of which may have such siblings,
     // that would refuse too much.
-    if (ownNumbers_.size() == 1)
+    if (ownSlots_.size() == 1)
         return pathBeginsWith(target, m_nodDrag);
     for (TreeItem at = target; at; at = at.Parent()) {
         if (isOwn(at) && std::find(dragged_.begin(), dragged_.end(), at) != dragged_.end())

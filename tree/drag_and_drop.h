@@ -96,9 +96,9 @@ private:
     bool awaitsConfirmation_ = false;
     /// The items that are dragged.
     Items dragged_;
-    /// The numbers of these items, in their places those of the elements that attributes among them
-    /// belong to; ascending.
-    std::vector<quint32> ownNumbers_;
+    /// The slots of these items, in their places those of the elements that attributes among them
+    /// belong to; ascending. Of no meaning when m_nodDrag has gone.
+    std::vector<items::TreeStore::Slot> ownSlots_;
     /// The items moved to another window that has not been heard from yet.
     Items unconfirmed_;
 };

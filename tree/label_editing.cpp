@@ -87,8 +87,8 @@ bool LabelEditing::apply(const TreeItem &item, QString &NewString) {
 void LabelEditing::renameElement(const TreeItem &item, const Node &old, const QString &name) {
     const Node placed = old.rename(name);
     if (item != tree_.nodes().Item(1))
-        builder_.registry().set(item.Parent().sequence(), placed.parentNode());
-    builder_.registry().set(item.sequence(), placed);
+        builder_.registry().set(item.Parent(), placed.parentNode());
+    builder_.registry().set(item, placed);
     if (isShown(item)) {
         const QString path = item.FullPath().mid(DocumentCaptionLength);
         pane_.fill(path.left(path.lastIndexOf(QLatin1Char('/')) + 1) + placed.nodeName());
@@ -118,8 +118,8 @@ void LabelEditing::renameAttribute(const TreeItem &item, const Node &old, QStrin
         throw;
     }
     element.setAttributeNode(renamed);
-    builder_.registry().set(item.Parent().sequence(), element);
-    builder_.registry().set(item.sequence(), element.getAttributeNode(NewString));
+    builder_.registry().set(item.Parent(), element);
+    builder_.registry().set(item, element.getAttributeNode(NewString));
     if (options_.viewText)
         NewString = attributeCaption(renamed.nodeName(), old.text());
     if (isShown(item))

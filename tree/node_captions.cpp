@@ -75,16 +75,16 @@ const QStringList &imageKeys() {
     return keys;
 }
 
-QString NodeCaptions::caption(quint32 sequence) const {
-    return captionOf(registry_.Item(sequence), options_.viewText);
+QString NodeCaptions::caption(const items::TreeItem &item) const {
+    return captionOf(registry_.Item(item), options_.viewText);
 }
 
-int NodeCaptions::image(quint32 sequence) const {
-    return static_cast<int>(imageKeys().indexOf(imageKeyOf(registry_.Item(sequence))));
+int NodeCaptions::image(const items::TreeItem &item) const {
+    return static_cast<int>(imageKeys().indexOf(imageKeyOf(registry_.Item(item))));
 }
 
-QString NodeCaptions::kind(quint32 sequence) const {
-    return kindText(registry_.Item(sequence).nodeType());
+QString NodeCaptions::kind(const items::TreeItem &item) const {
+    return kindText(registry_.Item(item).nodeType());
 }
 
 } // namespace quillon::tree

@@ -31,9 +31,9 @@ public:
     NodeCaptions(const NodeRegistry &registry, const state::ViewOptions &options)
         : registry_(registry), options_(options) {}
 
-    QString caption(quint32 sequence) const override;
-    int image(quint32 sequence) const override;
-    QString kind(quint32 sequence) const override;
+    QString caption(const items::TreeItem &item) const override;
+    int image(const items::TreeItem &item) const override;
+    QString kind(const items::TreeItem &item) const override;
 
 private:
     const NodeRegistry &registry_;

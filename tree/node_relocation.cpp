@@ -81,8 +81,8 @@ std::unordered_set<quint32> NodeRelocation::expandedBelow(const TreeItem &item) 
     std::unordered_set<quint32> numbers;
     const TreeStore::Slot top = nodes.slotOf(item);
     for (TreeStore::Slot at = top; at != 0; at = store.nextInSubtree(at, top)) {
-        if (store.expanded().test(at))
-            numbers.insert(builder_.registry().number(store.sequenceOf(at)));
+        if (store.isExpanded(at))
+            numbers.insert(builder_.registry().number(nodes.item(at)));
     }
     return numbers;
 }
@@ -93,7 +93,7 @@ void NodeRelocation::expandBelow(const TreeItem &item, const std::unordered_set<
     const TreeStore::Slot top = nodes.slotOf(item);
     for (TreeStore::Slot at = numbers.empty() ? 0 : top; at != 0;
          at = store.nextInSubtree(at, top)) {
-        if (numbers.contains(builder_.registry().number(store.sequenceOf(at))))
+        if (numbers.contains(builder_.registry().number(nodes.item(at))))
             nodes.item(at).setExpanded(true);
     }
 }

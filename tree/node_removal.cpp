@@ -72,17 +72,7 @@ void NodeRemoval::removeFromDom(const TreeItem &item) {
 }
 
 void NodeRemoval::UnregisterTreeItem(const TreeItem &item) {
-    // Walks in the order of the tree; the registry does not mind which comes first.
-    for (TreeItem at = item; at;) {
-        builder_.registry().Remove(at.sequence());
-        TreeItem next = at.Child();
-        while (!next && at != item) {
-            next = at.Next();
-            if (!next)
-                at = at.Parent();
-        }
-        at = next;
-    }
+    builder_.registry().Remove(item);
 }
 
 } // namespace quillon::tree

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/items/tree_item.h"
 #include "platform/ui/text_box.h"
 
 namespace quillon::tree {
@@ -37,9 +38,9 @@ public:
     /// behalf.
     bool m_bFilling = false;
 
-    /// The number of the item whose content the pane holds. While a drag passes over the tree
-    /// another one is selected, and what is typed must not go there.
-    quint32 shownSequence = 0;
+    /// The item whose content the pane holds. While a drag passes over the tree another one is
+    /// selected, and what is typed must not go there.
+    items::TreeItem shownItem;
 
     /// What was typed last does not parse: it is nowhere but in the pane.
     bool isUnparsed = false;

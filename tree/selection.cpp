@@ -35,7 +35,7 @@ void Selection::ShowNode(const TreeItem &item, bool selectIt) {
     const Node node = GetDOMNode(item);
     if (!node)
         return;
-    const bool keepsText = hasUnparsedText() && item == shownItem();
+    const bool keepsText = hasUnparsedText() && item == pane_.shownItem;
     if (!keepsText && !mayLeavePane())
         return;
     if (!keepsText)
@@ -46,16 +46,12 @@ void Selection::ShowNode(const TreeItem &item, bool selectIt) {
     Q_EMIT statusText(keepsText ? resources::texts::SyntaxError.toString() : QString());
 }
 
-TreeItem Selection::shownItem() const {
-    return tree_.nodes().bySequence(pane_.shownSequence);
-}
-
 void Selection::showNothing() {
     cboPath_.setText(QString());
 }
 
 bool Selection::hasUnparsedText() const {
-    return pane_.isUnparsed && GetDOMNode(shownItem());
+    return pane_.isUnparsed && GetDOMNode(pane_.shownItem);
 }
 
 bool Selection::mayLeavePane() {
@@ -63,7 +59,7 @@ bool Selection::mayLeavePane() {
         return true;
     constexpr int Ask = style::YesNo + style::Question + style::DefaultButton2;
     const int reply = ui::showMessage(resources::texts::GiveUpUnparsedText.toString(), Ask);
-    const TreeItem shown = shownItem();
+    const TreeItem shown = pane_.shownItem;
     if (reply == ui::message_answer::Yes) {
         pane_.isUnparsed = false;
         refillPane(shown);
@@ -88,7 +84,7 @@ void Selection::takePaneAs(const TreeItem &item) {
     node.readXml([&](QByteArrayView utf8) { isThere = pane_.textBox().utf8() == utf8; });
     tree_.setSelectedItem(item);
     if (isThere) {
-        pane_.shownSequence = item.sequence();
+        pane_.shownItem = item;
         pane_.isUnparsed = false;
         showPlaceOfMarkup(item);
     } else {
@@ -103,7 +99,7 @@ void Selection::showPlaceOfMarkup(const TreeItem &item) {
 }
 
 void Selection::fillPane(const TreeItem &item, const Node &node) {
-    pane_.shownSequence = item.sequence();
+    pane_.shownItem = item;
     ui::TextBox &txtEdit = pane_.textBox();
     switch (node.nodeType()) {
     case NodeType::Element:

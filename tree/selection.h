@@ -57,8 +57,6 @@ Q_SIGNALS:
     void unparsedTextGivenUp();
 
 private:
-    /// The item that the pane shows; Nothing when it is gone.
-    items::TreeItem shownItem() const;
     /// What the window shows of an item beside its markup: the path, and whether it is locked.
     void showPlaceOfMarkup(const items::TreeItem &item);
     void fillPane(const items::TreeItem &item, const xml::Node &node);

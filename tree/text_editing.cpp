@@ -66,7 +66,7 @@ void TextEditing::txtEdit_Change() {
     const TreeItem item = tree_.SelectedItem();
     if (pane_.m_bFilling || !item)
         return;
-    if (pane_.shownSequence != item.sequence()) {
+    if (pane_.shownItem != item) {
         selection_.refillPane(item);
         return;
     }
@@ -132,7 +132,7 @@ void TextEditing::reportSyntaxError() {
 QByteArray TextEditing::unparsedText() const {
     if (!selection_.hasUnparsedText())
         return {};
-    return pathOf(builder_.registry().Item(pane_.shownSequence)) + '\n' + pane_.textBox().utf8();
+    return pathOf(builder_.registry().Item(pane_.shownItem)) + '\n' + pane_.textBox().utf8();
 }
 
 void TextEditing::restoreUnparsedText(const QByteArray &kept) {
@@ -156,7 +156,7 @@ void TextEditing::replaceDocument() {
     builder_.expandNodes(expanded);
     const TreeItem first = tree_.nodes().Item(1);
     tree_.setSelectedItem(first);
-    pane_.shownSequence = first.sequence();
+    pane_.shownItem = first;
     pane_.isUnparsed = false;
     Q_EMIT documentModified();
     Q_EMIT statusText(QString());
@@ -182,7 +182,7 @@ void TextEditing::replaceElement(TreeItem item, const Node &node) {
         removeOld(item);
     }
     tree_.setSelectedItem(newItem);
-    pane_.shownSequence = newItem.sequence();
+    pane_.shownItem = newItem;
     pane_.isUnparsed = false;
     expanded.merge(counterparts(node, selection_.GetDOMNode(newItem), expanded));
     builder_.expandNodes(expanded);

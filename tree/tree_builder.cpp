@@ -1,11 +1,11 @@
 #include "tree/tree_builder.h"
 
 #include "platform/runtime/error.h"
-#include "platform/runtime/numbers.h"
 #include "platform/ui/message_box.h"
 #include "resources/messages.h"
+#include "tree/document_items.h"
+#include "tree/node_keys.h"
 
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -17,30 +17,6 @@ using xml::NodeType;
 
 namespace {
 
-/// Counts the keys of the whole process and is never reset.
-qint32 g_lNodeSeq = 0;
-
-quint32 newNodeSequence() {
-    g_lNodeSeq = runtime::checkedAdd32(g_lNodeSeq, 1);
-    return static_cast<quint32>(g_lNodeSeq);
-}
-
-/// The kinds that have a place in the tree below an element or the document.
-bool isTreeKind(NodeType kind) {
-    switch (kind) {
-    case NodeType::Element:
-    case NodeType::Attribute:
-    case NodeType::Comment:
-    case NodeType::Text:
-    case NodeType::CDATASection:
-    case NodeType::ProcessingInstruction:
-    case NodeType::DocumentType:
-        return true;
-    default:
-        return false;
-    }
-}
-
 /// Adds an item for every node of a walk.
 class Mirror final : public xml::NodeVisitor {
 public:
@@ -49,21 +25,18 @@ public:
         : nodes_(nodes), registry_(registry), relationship_(relationship), path_{relItem} {}
 
     void enter(quint32 number, NodeType kind) override {
-        const quint32 sequence = newNodeSequence();
         const bool top = path_.size() == 1;
-        path_.push_back(
-            nodes_.Add(path_.back(), top ? relationship_ : items::Relationship::Child, sequence));
-        registry_.setNumber(sequence, number);
+        path_.push_back(nodes_.Add(path_.back(), top ? relationship_ : items::Relationship::Child,
+                                   takeNodeSequences(1)));
+        registry_.setNumber(path_.back(), number);
         if (top)
             topItem_ = path_.back();
-        if (!isTreeKind(kind) && kind != NodeType::Document)
-            stranger_ = sequence;
+        hasReference_ = hasReference_ || kind == NodeType::EntityReference;
     }
     void leave() override { path_.pop_back(); }
 
     TreeItem topItem() const { return topItem_; }
-    /// An item of a kind that has no place in the tree; 0 for none.
-    quint32 stranger() const { return stranger_; }
+    bool hasReference() const { return hasReference_; }
 
 private:
     items::Nodes &nodes_;
@@ -71,49 +44,47 @@ private:
     items::Relationship relationship_;
     std::vector<TreeItem> path_;
     TreeItem topItem_;
-    quint32 stranger_ = 0;
+    bool hasReference_ = false;
 };
 
 } // namespace
 
-QString NewNodeKey() {
-    return QString::number(newNodeSequence()) + QStringLiteral("Node");
-}
-
 TreeBuilder::TreeBuilder(state::DocumentState &state, const state::ViewOptions &options,
                          items::Tree &tree)
-    : state_(state), tree_(tree), captions_(m_dicNode, options) {
+    : state_(state), tree_(tree), m_dicNode(tree.nodes()), captions_(m_dicNode, options) {
     tree_.nodes().setCaptionSource(&captions_);
 }
 
 void TreeBuilder::BuildTree(const xml::DOMDocument40 &document, bool visibleAfter, Reason reason) {
     if (document.isNull())
         return;
-    if (reason == Reason::Opened)
-        reportsStrangers_ = true;
+    const bool isOpened = reason == Reason::Opened;
+    const auto items = std::make_shared<const DocumentItems>(
+        document, isOpened ? DocumentItems::Keys::Taken : DocumentItems::Keys::WhenAsked);
+    reportsStrangers_ = reportsStrangers_ || isOpened;
     tree_.setTreeVisible(false);
-    tree_.nodes().Clear();
-    m_dicNode.reset(document, static_cast<quint32>(g_lNodeSeq) + 1);
-    mirror(TreeItem(), document.node(), Relationship::Child);
+    m_dicNode.reset(document);
+    tree_.nodes().reset(items);
+    if (reportsStrangers_ && items->hasReference())
+        reportReference();
     tree_.setTreeVisible(visibleAfter);
+}
+
+void TreeBuilder::reportReference() {
+    if (std::exchange(reportsStrangers_, false))
+        ui::showMessage(QStringLiteral("IXMLDOMEntityReference is added to tree"));
 }
 
 void TreeBuilder::rebuildTree() {
     const NodeNumbers expanded = expandedNodes();
-    std::unordered_map<quint32, int> heights;
+    std::vector<quint32> path;
     for (TreeItem item = tree_.SelectedItem(); item; item = item.Parent())
-        heights.emplace(m_dicNode.number(item.sequence()), int(heights.size()));
+        path.push_back(m_dicNode.number(item));
     BuildTree(state_.m_DOM, false, Reason::Changed);
-    TreeItem selectedItem;
-    int lowest = int(heights.size());
-    m_dicNode.forEach([&](quint32 sequence, quint32 number) {
-        if (const auto height = heights.find(number);
-            height != heights.end() && height->second < lowest) {
-            selectedItem = tree_.nodes().bySequence(sequence);
-            lowest = height->second;
-        }
-    });
     expandNodes(expanded);
+    TreeItem selectedItem;
+    for (auto number = path.begin(); number != path.end() && !selectedItem; ++number)
+        selectedItem = m_dicNode.itemOf(*number);
     tree_.setSelectedItem(selectedItem);
     tree_.setTreeVisible(true);
 }
@@ -121,18 +92,13 @@ void TreeBuilder::rebuildTree() {
 NodeNumbers TreeBuilder::expandedNodes() const {
     NodeNumbers numbers;
     tree_.nodes().forEachExpanded(
-        [&](const TreeItem &item) { numbers.insert(m_dicNode.number(item.sequence())); });
+        [&](const TreeItem &item) { numbers.insert(m_dicNode.number(item)); });
     return numbers;
 }
 
 void TreeBuilder::expandNodes(const NodeNumbers &numbers) {
-    std::vector<TreeItem> items;
-    m_dicNode.forEach([&](quint32 sequence, quint32 number) {
-        if (numbers.contains(number))
-            items.push_back(tree_.nodes().bySequence(sequence));
-    });
-    for (TreeItem &item : items)
-        item.setExpanded(true);
+    for (const quint32 number : numbers)
+        m_dicNode.itemOf(number).setExpanded(true);
 }
 
 TreeItem TreeBuilder::AddNodeToTree(TreeItem &relItem, Node &node, bool treeOnly,
@@ -188,10 +154,7 @@ bool TreeBuilder::refuseUnderDocument(const Node &copy) {
 
 TreeItem TreeBuilder::mirror(const TreeItem &relItem, const Node &node, Relationship relationship) {
     Mirror mirror(tree_.nodes(), m_dicNode, relItem, relationship);
-    const bool whole = node.nodeType() == NodeType::Document;
-    const quint32 expected = whole ? node.ownerDocument().maxNodeCount() : 0;
-    m_dicNode.reserve(expected);
-    tree_.nodes().beginBuild(static_cast<int>(expected));
+    tree_.nodes().beginBuild();
     try {
         xml::visitSubtree(node, mirror);
     } catch (...) {
@@ -199,9 +162,8 @@ TreeItem TreeBuilder::mirror(const TreeItem &relItem, const Node &node, Relation
         throw;
     }
     tree_.nodes().endBuild();
-    if (mirror.stranger() != 0 && std::exchange(reportsStrangers_, false))
-        ui::showMessage(TypeName(m_dicNode.Item(mirror.stranger())) +
-                        QStringLiteral(" is added to tree"));
+    if (mirror.hasReference())
+        reportReference();
     return mirror.topItem();
 }
 
@@ -237,38 +199,22 @@ TreeItem TreeBuilder::AddAttributeToTree(const TreeItem &elemItem, Node &attr, b
 }
 
 void TreeBuilder::showOwnAttributes(const std::vector<quint32> &elements) {
-    std::vector<bool> isWanted;
     for (const quint32 number : elements) {
-        if (isWanted.size() <= number)
-            isWanted.resize(number + 1);
-        isWanted[number] = true;
-    }
-    std::vector<TreeItem> items;
-    m_dicNode.forEach([&](quint32 sequence, quint32 number) {
-        if (number < isWanted.size() && isWanted[number])
-            items.push_back(tree_.nodes().bySequence(sequence));
-    });
-    for (const TreeItem &item : items) {
+        const TreeItem item = m_dicNode.itemOf(number);
         const Node element = m_dicNode.Item(item);
         for (TreeItem child = item.Child(); child; child = child.Next()) {
             const Node shown = m_dicNode.Item(child);
             if (shown.nodeType() != NodeType::Attribute)
                 continue;
             if (const Node own = element.getAttributeNode(shown.nodeName()))
-                m_dicNode.set(child.sequence(), own);
+                m_dicNode.set(child, own);
         }
     }
 }
 
 TreeItem TreeBuilder::itemOf(const Node &node) const {
-    TreeItem found;
-    if (!node || !(node.ownerDocument() == m_dicNode.document()))
-        return found;
-    m_dicNode.forEach([&](quint32 sequence, quint32 number) {
-        if (number == node.number() && !found)
-            found = tree_.nodes().bySequence(sequence);
-    });
-    return found;
+    return node && node.ownerDocument() == m_dicNode.document() ? m_dicNode.itemOf(node.number())
+                                                                : TreeItem();
 }
 
 bool TreeBuilder::HasRootElement() const {

@@ -13,10 +13,6 @@
 
 namespace quillon::tree {
 
-/// A key that no tree item of this run of the program has had: a number counted up by one,
-/// followed by "Node". Raises Overflow past 2147483647.
-QString NewNodeKey();
-
 /// Builds the tree from the document and grows it. No other class adds tree items, so the tree
 /// and the DOM have the same structure, with three exceptions: an attribute that
 /// was added has an item for a copy of it, a node that cannot be deleted loses its item, and below
@@ -35,10 +31,12 @@ public:
     NodeRegistry &registry() { return m_dicNode; }
 
     /// Whether a tree is built because a document was opened, or made anew because it has changed.
+    /// Only for the former all items get their keys at once.
     enum class Reason { Opened, Changed };
 
     /// Empties the tree and builds it from `document`, every item collapsed; nothing happens for
-    /// no document. With visibleAfter false the tree stays hidden for the caller to show it.
+    /// no document. With visibleAfter false the tree stays hidden for the caller to show it. Takes
+    /// no longer for a large document than for a small one.
     void BuildTree(const xml::DOMDocument40 &document, bool visibleAfter,
                    Reason reason = Reason::Opened);
 
@@ -113,6 +111,8 @@ Q_SIGNALS:
 private:
     bool insertIntoDom(TreeItem &relItem, xml::Node &node, Relationship &relationship);
     bool refuseUnderDocument(const xml::Node &copy);
+    /// Tells, once for each document, that an entity reference has an item.
+    void reportReference();
     TreeItem mirror(const TreeItem &relItem, const xml::Node &node, Relationship relationship);
 
     state::DocumentState &state_;

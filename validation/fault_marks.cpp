@@ -47,29 +47,29 @@ void FaultMarks::faultsChanged() {
         tree_.nodes().renewMarks();
 }
 
-quint32 FaultMarks::nodeOf(quint32 sequence) const {
-    const Node node = registry_.Item(sequence);
+quint32 FaultMarks::nodeOf(const items::TreeItem &item) const {
+    const Node node = registry_.Item(item);
     if (node.nodeType() != NodeType::Attribute || xml::ownerElement(node))
         return node.number();
-    const Node element = registry_.Item(tree_.nodes().bySequence(sequence).Parent());
+    const Node element = registry_.Item(item.Parent());
     return element.getAttributeNode(node.nodeName()).number();
 }
 
-Mark FaultMarks::mark(quint32 sequence) const {
+Mark FaultMarks::mark(const items::TreeItem &item) const {
     Mark mark = Mark::None;
-    for (const std::size_t at : live_.faultsAt(nodeOf(sequence)))
+    for (const std::size_t at : live_.faultsAt(nodeOf(item)))
         mark = std::max(mark, markOf(live_.faults()[at]));
     return mark;
 }
 
-Mark FaultMarks::markBelow(quint32 sequence) const {
-    const auto found = below_.find(registry_.number(sequence));
+Mark FaultMarks::markBelow(const items::TreeItem &item) const {
+    const auto found = below_.find(registry_.number(item));
     return found == below_.end() ? Mark::None : found->second;
 }
 
-QString FaultMarks::reasons(quint32 sequence) const {
+QString FaultMarks::reasons(const items::TreeItem &item) const {
     QStringList sentences;
-    for (const std::size_t at : live_.faultsAt(nodeOf(sequence)))
+    for (const std::size_t at : live_.faultsAt(nodeOf(item)))
         sentences += live_.faults()[at].sentence;
     return sentences.join(u'\n');
 }

@@ -16,14 +16,14 @@ public:
     /// To be called when there are other faults.
     void faultsChanged();
 
-    items::Mark mark(quint32 sequence) const override;
-    items::Mark markBelow(quint32 sequence) const override;
-    QString reasons(quint32 sequence) const override;
+    items::Mark mark(const items::TreeItem &item) const override;
+    items::Mark markBelow(const items::TreeItem &item) const override;
+    QString reasons(const items::TreeItem &item) const override;
 
 private:
     /// The number of the node that an item shows; of an attribute that was added, of which the item
     /// shows a copy, that of the attribute itself.
-    quint32 nodeOf(quint32 sequence) const;
+    quint32 nodeOf(const items::TreeItem &item) const;
 
     const LiveValidation &live_;
     const tree::NodeRegistry &registry_;

@@ -257,7 +257,7 @@ void frmMain::showTreeMenu(const QPoint &position) {
     if (!hit || (editor_->selection.hasUnparsedText() && hit != editor_->tree.SelectedItem()))
         return;
     // The press of the button has shown it already, unless it was selected but not shown.
-    if (hit != editor_->tree.SelectedItem() || editor_->pane.shownSequence != hit.sequence())
+    if (hit != editor_->tree.SelectedItem() || editor_->pane.shownItem != hit)
         guarded([&] { editor_->selection.ShowNode(hit, true); });
     actions_.action(u"treeMenu")->menu()->popup(tvw->viewport()->mapToGlobal(position));
 }

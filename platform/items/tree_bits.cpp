@@ -12,15 +12,6 @@ constexpr size_t divideUp(size_t value, size_t by) {
 
 } // namespace
 
-void BitRow::clear() {
-    *this = BitRow();
-}
-
-void BitRow::reserve(quint32 size) {
-    words_.reserve(divideUp(size, 64));
-    blocks_.reserve(divideUp(size, BitsPerBlock));
-}
-
 void BitRow::grow(quint32 size) {
     if (size <= words_.size() * 64)
         return;

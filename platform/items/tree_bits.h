@@ -2,17 +2,16 @@
 
 #include <QtGlobal>
 
+#include <algorithm>
 #include <bit>
 #include <vector>
 
 namespace quillon::items {
 
-/// A growing row of bits that knows how many are set before any place, and where the n-th set one
-/// is, without looking at them one by one. All positions are 0-based.
+/// A growing row of bits that knows how many are set before any place, where the n-th set one is,
+/// and which are set, without looking at them one by one. All positions are 0-based.
 class BitRow {
 public:
-    void clear();
-    void reserve(quint32 size);
     /// Makes room for positions below size; the new bits are not set.
     void grow(quint32 size);
 
@@ -38,9 +37,15 @@ public:
     /// Calls f(position) for every set bit in ascending order. f must not set or reset any.
     template <typename F>
     void forEach(F &&f) const {
-        for (quint32 word = 0; word < words_.size(); ++word) {
-            for (quint64 rest = words_[word]; rest != 0; rest &= rest - 1)
-                f(word * 64 + static_cast<quint32>(std::countr_zero(rest)));
+        for (quint32 group = 0; group < groups_.size(); ++group) {
+            if (groups_[group] == 0)
+                continue;
+            constexpr quint32 WordsPerGroup = WordsPerBlock * BlocksPerGroup;
+            const auto end = std::min<std::size_t>((group + 1) * WordsPerGroup, words_.size());
+            for (quint32 word = group * WordsPerGroup; word < end; ++word) {
+                for (quint64 rest = words_[word]; rest != 0; rest &= rest - 1)
+                    f(word * 64 + static_cast<quint32>(std::countr_zero(rest)));
+            }
         }
     }
 

@@ -20,16 +20,18 @@ bool TreeItem::operator==(const TreeItem &other) const {
 }
 
 quint32 TreeItem::sequence() const {
-    return isNothing() ? 0 : sequence_;
+    const quint32 own = slot();
+    return own == 0 ? 0 : nodes_->store_.sequenceOf(own);
 }
 
 QString TreeItem::Key() const {
-    return isNothing() ? QString() : QString::number(sequence_) + QStringLiteral("Node");
+    const quint32 number = sequence();
+    return number == 0 ? QString() : QString::number(number) + QStringLiteral("Node");
 }
 
 int TreeItem::Index() const {
     const quint32 own = slot();
-    return own == 0 ? 0 : static_cast<int>(nodes_->store_.live().rank(own)) + 1;
+    return own == 0 ? 0 : static_cast<int>(nodes_->store_.indexOf(own)) + 1;
 }
 
 QString TreeItem::Text() const {
@@ -81,7 +83,7 @@ QString TreeItem::FullPath() const {
 
 bool TreeItem::Expanded() const {
     const quint32 own = slot();
-    return own != 0 && nodes_->store_.expanded().test(own);
+    return own != 0 && nodes_->store_.isExpanded(own);
 }
 
 void TreeItem::setExpanded(bool expanded) {

@@ -20,7 +20,7 @@ public:
     explicit operator bool() const { return !isNothing(); }
     bool operator==(const TreeItem &other) const;
 
-    /// The number handed to Nodes::Add().
+    /// The number handed to Nodes::Add(), or given by the base; 0 for Nothing.
     quint32 sequence() const;
     /// The sequence number followed by "Node", e.g. "12Node".
     QString Key() const;
@@ -57,16 +57,15 @@ public:
 private:
     friend class Nodes;
 
-    TreeItem(Nodes *nodes, quint32 sequence, quint32 generation)
-        : nodes_(nodes), sequence_(sequence), generation_(generation) {}
+    TreeItem(Nodes *nodes, quint32 slot, quint32 generation)
+        : nodes_(nodes), slot_(slot), generation_(generation) {}
 
     /// The item's slot, or 0 for Nothing.
     quint32 slot() const;
 
     Nodes *nodes_ = nullptr;
-    quint32 sequence_ = 0;
-    /// Which content of the collection the number belongs to: numbering may start anew with the
-    /// next one.
+    quint32 slot_ = 0;
+    /// Which content of the collection the slot belongs to: the next one uses it for another item.
     quint32 generation_ = 0;
 };
 

@@ -23,22 +23,14 @@ TreeItem Nodes::Add(const TreeItem &relative, Relationship relationship, quint32
     beginAnnounce(parent, before);
     const Slot slot = store_.insert(sequence, parent, before);
     announced_ = slot;
-    if (build_ == Build::None)
+    if (!isBuilding_)
         endAnnounce();
     return item(slot);
 }
 
 bool Nodes::isAnnounced(Slot parent) const {
-    switch (build_) {
-    case Build::Whole:
-        return false;
-    case Build::Subtree:
-        // Slots ascend: everything below the announced item comes after it.
-        return announced_ == 0 || parent < announced_;
-    case Build::None:
-        break;
-    }
-    return true;
+    // Slots ascend: everything below the announced item comes after it.
+    return !isBuilding_ || announced_ == 0 || parent < announced_;
 }
 
 void Nodes::beginAnnounce(Slot parent, Slot before) {
@@ -67,10 +59,10 @@ void Nodes::Remove(const TreeItem &item) {
     endRemoveRows();
 }
 
-void Nodes::Clear() {
+void Nodes::reset(std::shared_ptr<const BaseItems> base) {
     endBuild();
     beginResetModel();
-    store_.clear();
+    store_.reset(std::move(base));
     captions_.clear();
     bold_.clear();
     ++generation_;
@@ -78,40 +70,28 @@ void Nodes::Clear() {
 }
 
 TreeItem Nodes::Item(int index) const {
-    if (index < 1 || index > Count())
+    // The first item is asked for all the time, the number of all may have to be counted.
+    if (index < 1 || store_.isEmpty() || (index > 1 && index > Count()))
         return {};
-    return item(store_.live().select(static_cast<quint32>(index) - 1));
-}
-
-TreeItem Nodes::bySequence(quint32 sequence) const {
-    return item(store_.slotOf(sequence));
+    return item(store_.at(static_cast<quint32>(index) - 1));
 }
 
 TreeItem Nodes::item(Slot slot) const {
     if (slot == 0)
         return {};
     // A handle changes its item through the collection whether or not that was found const.
-    return {const_cast<Nodes *>(this), store_.sequenceOf(slot), generation_};
-}
-
-void Nodes::beginBuild(int reserve) {
-    store_.reserve(static_cast<quint32>(reserve));
-    build_ = Count() == 0 ? Build::Whole : Build::Subtree;
-    if (build_ == Build::Whole)
-        beginResetModel();
+    return {const_cast<Nodes *>(this), slot, generation_};
 }
 
 void Nodes::endBuild() {
-    if (std::exchange(build_, Build::None) == Build::Whole)
-        endResetModel();
-    else
-        endAnnounce();
+    isBuilding_ = false;
+    endAnnounce();
 }
 
 QString Nodes::caption(Slot slot) const {
     if (const auto own = captions_.constFind(slot); own != captions_.constEnd())
         return *own;
-    return source_ != nullptr ? source_->caption(store_.sequenceOf(slot)) : QString();
+    return source_ != nullptr ? source_->caption(item(slot)) : QString();
 }
 
 void Nodes::setCaption(Slot slot, const QString &text) {
@@ -122,10 +102,10 @@ void Nodes::setCaption(Slot slot, const QString &text) {
 }
 
 void Nodes::setExpanded(Slot slot, bool expanded) {
-    if (store_.expanded().test(slot) == expanded)
+    if (store_.isExpanded(slot) == expanded)
         return;
     store_.setExpanded(slot, expanded);
-    if (build_ == Build::None)
+    if (!isBuilding_)
         Q_EMIT expansionChanged(item(slot), expanded);
 }
 
@@ -137,7 +117,7 @@ void Nodes::setExpandedSubtree(const TreeItem &item, bool expanded) {
         if (!expanded || store_.firstChild(slot) != 0)
             store_.setExpanded(slot, expanded);
     }
-    if (build_ == Build::None)
+    if (!isBuilding_)
         Q_EMIT expansionChanged(item, expanded);
 }
 
@@ -167,15 +147,19 @@ std::vector<TreeItem> Nodes::boldItems() const {
     return items;
 }
 
-void Nodes::clearBold() {
-    if (bold_.isEmpty())
+void Nodes::setBoldItems(const std::vector<TreeItem> &items) {
+    if (bold_.isEmpty() && items.empty())
         return;
     bold_.clear();
+    for (const TreeItem &item : items) {
+        if (const Slot slot = slotOf(item))
+            bold_.insert(slot);
+    }
     Q_EMIT appearanceChanged();
 }
 
 void Nodes::emitDataChanged(Slot slot, const QList<int> &roles) {
-    if (build_ != Build::None)
+    if (isBuilding_)
         return;
     const QModelIndex index = indexOf(slot);
     Q_EMIT dataChanged(index, index, roles);
@@ -213,31 +197,23 @@ Qt::ItemFlags Nodes::flags(const QModelIndex &index) const {
 }
 
 int Nodes::image(const TreeItem &item) const {
-    const Slot slot = slotOf(item);
-    return slot != 0 && source_ != nullptr ? source_->image(store_.sequenceOf(slot)) : -1;
+    return item && source_ != nullptr ? source_->image(item) : -1;
 }
 
 QString Nodes::kind(const TreeItem &item) const {
-    const Slot slot = slotOf(item);
-    return slot != 0 && source_ != nullptr ? source_->kind(store_.sequenceOf(slot)) : QString();
+    return item && source_ != nullptr ? source_->kind(item) : QString();
 }
 
 Mark Nodes::mark(const TreeItem &item) const {
-    const Slot slot = slotOf(item);
-    return slot != 0 && markSource_ != nullptr ? markSource_->mark(store_.sequenceOf(slot))
-                                               : Mark::None;
+    return item && markSource_ != nullptr ? markSource_->mark(item) : Mark::None;
 }
 
 Mark Nodes::markBelow(const TreeItem &item) const {
-    const Slot slot = slotOf(item);
-    return slot != 0 && markSource_ != nullptr ? markSource_->markBelow(store_.sequenceOf(slot))
-                                               : Mark::None;
+    return item && markSource_ != nullptr ? markSource_->markBelow(item) : Mark::None;
 }
 
 QString Nodes::markReasons(const TreeItem &item) const {
-    const Slot slot = slotOf(item);
-    return slot != 0 && markSource_ != nullptr ? markSource_->reasons(store_.sequenceOf(slot))
-                                               : QString();
+    return item && markSource_ != nullptr ? markSource_->reasons(item) : QString();
 }
 
 QVariant Nodes::data(const QModelIndex &index, int role) const {

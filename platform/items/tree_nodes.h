@@ -14,11 +14,11 @@ class CaptionSource {
 public:
     virtual ~CaptionSource() = default;
 
-    virtual QString caption(quint32 sequence) const = 0;
+    virtual QString caption(const TreeItem &item) const = 0;
     /// 0-based place in the view's image list; -1 for no image.
-    virtual int image(quint32 sequence) const = 0;
+    virtual int image(const TreeItem &item) const = 0;
     /// What the image means, in words for those who cannot see it; empty for nothing.
-    virtual QString kind(quint32) const { return {}; }
+    virtual QString kind(const TreeItem &) const { return {}; }
 };
 
 /// A sign that something is wrong with what an item shows.
@@ -35,11 +35,11 @@ class MarkSource {
 public:
     virtual ~MarkSource() = default;
 
-    virtual Mark mark(quint32 sequence) const = 0;
+    virtual Mark mark(const TreeItem &item) const = 0;
     /// The gravest mark of all items below.
-    virtual Mark markBelow(quint32 sequence) const = 0;
+    virtual Mark markBelow(const TreeItem &item) const = 0;
     /// Why an item is marked itself, a line for each reason; empty for one that is not.
-    virtual QString reasons(quint32 sequence) const = 0;
+    virtual QString reasons(const TreeItem &item) const = 0;
 };
 
 /// How a new item stands to the one it is added to.
@@ -68,54 +68,54 @@ public:
     void renewMarks() { Q_EMIT marksChanged(); }
 
     /// Adds an item and returns it. Nothing as the relative makes a top-level item of a Child. The
-    /// sequence number must be positive and greater than that of all items since the collection
-    /// was last cleared; numbers left out cost as much memory as items. Raises
-    /// InvalidProcedureCall for a number that is not, and for Previous to Nothing.
+    /// sequence number, which makes the item's key, must be positive and greater than that of all
+    /// items added since the collection was last cleared. Raises InvalidProcedureCall for a number
+    /// that is not, and for Previous to Nothing.
     TreeItem Add(const TreeItem &relative, Relationship relationship, quint32 sequence);
     /// Removes an item with all items below it. Not between beginBuild() and endBuild().
     void Remove(const TreeItem &item);
     /// Removes everything; ends a build that an error has left open.
-    void Clear();
+    void Clear() { reset({}); }
+    /// The same, with other items in place of all these: one reset of the model, whatever their
+    /// number. All of them are collapsed.
+    void reset(std::shared_ptr<const BaseItems> base);
 
-    int Count() const { return static_cast<int>(store_.live().count()); }
+    int Count() const { return static_cast<int>(store_.count()); }
     /// The item at a 1-based index, see TreeItem::Index(); Nothing outside 1..Count().
     TreeItem Item(int index) const;
-    /// The live item with that number, or Nothing.
-    TreeItem bySequence(quint32 sequence) const;
 
-    /// From here to endBuild() many items are added, about `reserve` of them; nobody is told of
-    /// each. A build that finds the collection empty ends with one reset of the model. Otherwise
-    /// each new item below an old one is announced together with all that comes below it, which
-    /// must be added right after it.
-    void beginBuild(int reserve);
+    /// From here to endBuild() many items are added; nobody is told of each. Each new item below an
+    /// old one is announced together with all that comes below it, which must be added right after
+    /// it.
+    void beginBuild() { isBuilding_ = true; }
     void endBuild();
 
     /// Expands the item and everything below it that has children, or collapses them all.
     void setExpandedSubtree(const TreeItem &item, bool expanded);
-    /// Calls f(TreeItem) for all expanded items in the order in which they were added. f must not
-    /// expand or collapse any.
+    /// Calls f(TreeItem) for all expanded items, in the order of their slots. f must not expand or
+    /// collapse any.
     template <typename F>
     void forEachExpanded(F &&f) {
         store_.expanded().forEach([&](TreeStore::Slot slot) { f(item(slot)); });
     }
     /// Expands all items above this one.
     void expandAncestors(const TreeItem &item);
-    /// Has the captions of items asked for anew: those for whose sequence numbers f is true.
+    /// Has the captions of items asked for anew: those for which f(TreeItem) is true.
     template <typename F>
     void renewCaptions(F &&f) {
-        captions_.removeIf([&](const auto &own) { return f(store_.sequenceOf(own.key())); });
+        captions_.removeIf([&](const auto &own) { return f(item(own.key())); });
         Q_EMIT appearanceChanged();
     }
     /// Whether any item is bold; and all that are, in no order.
     bool hasBold() const { return !bold_.isEmpty(); }
     std::vector<TreeItem> boldItems() const;
-    /// Makes no item bold.
-    void clearBold();
+    /// Makes these items bold and no others.
+    void setBoldItems(const std::vector<TreeItem> &items);
 
     const TreeStore &store() const { return store_; }
     TreeStore::Slot slotOf(const TreeItem &item) const {
-        return item.nodes_ == this && item.generation_ == generation_
-                   ? store_.slotOf(item.sequence_)
+        return item.nodes_ == this && item.generation_ == generation_ && store_.isLive(item.slot_)
+                   ? item.slot_
                    : 0;
     }
     /// The item in a slot; Nothing for slot 0.
@@ -162,8 +162,6 @@ Q_SIGNALS:
 private:
     friend class TreeItem;
 
-    enum class Build { None, Whole, Subtree };
-
     QString caption(TreeStore::Slot slot) const;
     void setCaption(TreeStore::Slot slot, const QString &text);
     void setExpanded(TreeStore::Slot slot, bool expanded);
@@ -182,8 +180,8 @@ private:
     QHash<TreeStore::Slot, QString> captions_;
     QSet<TreeStore::Slot> bold_;
 
-    Build build_ = Build::None;
-    /// The item whose rowsInserted is outstanding in a subtree build, or 0.
+    bool isBuilding_ = false;
+    /// The item whose rowsInserted is outstanding in a build, or 0.
     TreeStore::Slot announced_ = 0;
 };
 

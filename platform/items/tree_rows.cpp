@@ -18,8 +18,8 @@ const std::vector<TreeRows::Slot> &TreeRows::rows() const {
     Slot slot = store_.firstChild(TreeStore::Root);
     while (slot != 0) {
         rows_.push_back(slot);
-        slot = store_.expanded().test(slot) ? store_.nextInSubtree(slot, TreeStore::Root)
-                                            : store_.nextOutside(slot, TreeStore::Root);
+        slot = store_.isExpanded(slot) ? store_.nextInSubtree(slot, TreeStore::Root)
+                                       : store_.nextOutside(slot, TreeStore::Root);
     }
     isValid_ = true;
     return rows_;
@@ -55,7 +55,7 @@ bool TreeRows::isShown(Slot slot) const {
         return false;
     do
         slot = store_.parent(slot);
-    while (slot != TreeStore::Root && store_.expanded().test(slot));
+    while (slot != TreeStore::Root && store_.isExpanded(slot));
     return slot == TreeStore::Root;
 }
 

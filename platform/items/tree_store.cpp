@@ -6,56 +6,67 @@
 
 namespace quillon::items {
 
-void TreeStore::clear() {
-    links_ = std::vector<Links>(1);
-    live_.clear();
-    expanded_.clear();
-    live_.grow(1);
-    expanded_.grow(1);
-    children_.clear();
+namespace {
+
+/// Where a slot stands in a list whose slots ascend. Among those that do not, any place.
+std::size_t placeIfAscending(const std::vector<TreeStore::Slot> &slots, TreeStore::Slot slot) {
+    std::size_t first = 0;
+    for (std::size_t count = slots.size(); count > 0;) {
+        const std::size_t half = count / 2;
+        const bool isBehind = slots[first + half] < slot;
+        first += isBehind ? half + 1 : 0;
+        count = isBehind ? count - half - 1 : half;
+    }
+    return first;
 }
 
-void TreeStore::reserve(quint32 items) {
-    const size_t size = links_.size() + items;
-    if (size <= links_.capacity())
+} // namespace
+
+void TreeStore::reset(std::shared_ptr<const BaseItems> base) {
+    *this = TreeStore();
+    base_ = std::move(base);
+    if (!base_)
         return;
-    // Room for later insertions too, so that the first one does not copy everything. Memory that
-    // is not written to costs address space only.
-    const size_t roomy = size + size / 4;
-    links_.reserve(roomy);
-    live_.reserve(static_cast<quint32>(roomy));
-    expanded_.reserve(static_cast<quint32>(roomy));
+    firstAdded_ = std::max<Slot>(base_->slotEnd(), 1);
+    root_.firstChild = base_->firstChild(Root);
 }
 
 void TreeStore::checkSequence(quint32 sequence) const {
-    if (sequence == 0 || (links_.size() > 1 && sequence <= sequenceOf(lastSlot())))
+    if (sequence == 0 || (!added_.empty() && sequence <= added_.back().sequence))
         runtime::raise(runtime::error_number::InvalidProcedureCall);
 }
 
 TreeStore::Slot TreeStore::insert(quint32 sequence, Slot parent, Slot before) {
     checkSequence(sequence);
-    if (links_.size() == 1)
-        base_ = sequence - 1;
-    const Slot slot = sequence - base_;
-    links_.resize(size_t{slot} + 1);
-    live_.grow(slot + 1);
-    expanded_.grow(slot + 1);
-    live_.set(slot);
+    const Slot slot = slotCount();
+    added_.push_back({{}, sequence});
+    if (live_) {
+        const quint32 place = placeOf(slot);
+        live_->grow(place + 1);
+        live_->set(place);
+    }
     link(slot, parent, before);
     return slot;
 }
 
-void TreeStore::link(Slot slot, Slot parent, Slot before) {
-    if (!children_.empty()) {
-        if (const auto list = children_.find(parent); list != children_.end()) {
-            auto &slots = list->second;
-            const quint32 at = before != 0 ? row(before) : static_cast<quint32>(slots.size());
-            slots.insert(slots.begin() + at, slot);
-            links_[slot].rowHint = at;
-        }
+TreeStore::Links &TreeStore::writeLinks(Slot slot) {
+    if (isAsInBase(slot)) {
+        changed_.grow(firstAdded_);
+        changed_.set(slot);
+        return changedLinks_[slot] = {base_->parent(slot), base_->next(slot),
+                                      base_->previousInCircle(slot), base_->firstChild(slot)};
     }
-    Links &own = links_[slot];
-    Slot &first = links_[parent].firstChild;
+    return const_cast<Links &>(links(slot));
+}
+
+void TreeStore::link(Slot slot, Slot parent, Slot before) {
+    if (const auto list = children_.find(parent); list != children_.end()) {
+        auto &slots = list->second.slots;
+        const quint32 at = before != 0 ? row(before) : static_cast<quint32>(slots.size());
+        slots.insert(slots.begin() + at, slot);
+    }
+    Links &own = writeLinks(slot);
+    Slot &first = writeLinks(parent).firstChild;
     own.parent = parent;
     own.next = before;
     if (first == 0) {
@@ -63,26 +74,26 @@ void TreeStore::link(Slot slot, Slot parent, Slot before) {
         return;
     }
     // In the circle the place after the last child is the place before the first.
-    Links &successor = links_[before != 0 ? before : first];
+    Links &successor = writeLinks(before != 0 ? before : first);
     own.previous = successor.previous;
     successor.previous = slot;
     if (before == first)
         first = slot;
     else
-        links_[own.previous].next = slot;
+        writeLinks(own.previous).next = slot;
 }
 
 void TreeStore::unlink(Slot slot) {
-    const Links own = links_[slot];
+    const Links own = writeLinks(slot);
     if (const auto list = children_.find(own.parent); list != children_.end())
-        list->second.erase(list->second.begin() + row(slot));
-    Slot &first = links_[own.parent].firstChild;
+        list->second.slots.erase(list->second.slots.begin() + row(slot));
+    Slot &first = writeLinks(own.parent).firstChild;
     if (first == slot)
         first = own.next;
     else
-        links_[own.previous].next = own.next;
+        writeLinks(own.previous).next = own.next;
     if (const Slot successor = own.next != 0 ? own.next : first; successor != 0)
-        links_[successor].previous = own.previous;
+        writeLinks(successor).previous = own.previous;
 }
 
 int TreeStore::level(Slot slot) const {
@@ -101,20 +112,18 @@ bool TreeStore::isAncestor(Slot ancestor, Slot slot) const {
     return false;
 }
 
-const std::vector<TreeStore::Slot> &TreeStore::children(Slot parent) const {
+const TreeStore::ChildList &TreeStore::childList(Slot parent) const {
     const auto [list, isNew] = children_.try_emplace(parent);
     if (isNew) {
-        for (Slot child = firstChild(parent); child != 0; child = next(child)) {
-            links_[child].rowHint = static_cast<quint32>(list->second.size());
-            list->second.push_back(child);
-        }
+        for (Slot child = firstChild(parent); child != 0; child = next(child))
+            list->second.slots.push_back(child);
     }
     return list->second;
 }
 
 quint32 TreeStore::childCount(Slot parent) const {
     if (const auto list = children_.find(parent); list != children_.end())
-        return static_cast<quint32>(list->second.size());
+        return static_cast<quint32>(list->second.slots.size());
     quint32 count = 0;
     for (Slot child = firstChild(parent); child != 0; child = next(child))
         ++count;
@@ -122,19 +131,63 @@ quint32 TreeStore::childCount(Slot parent) const {
 }
 
 quint32 TreeStore::row(Slot slot) const {
-    const Links &own = links_[slot];
+    const Slot above = parent(slot);
     // Spares long chains an array for each of their items.
-    if (firstChild(own.parent) == slot)
+    if (firstChild(above) == slot)
         return 0;
-    const auto &siblings = children(own.parent);
-    const auto size = static_cast<quint32>(siblings.size());
-    const quint32 hint = std::min(own.rowHint, size - 1);
-    for (quint32 distance = 0;; ++distance) {
-        if (hint + distance < size && siblings[hint + distance] == slot)
-            return own.rowHint = hint + distance;
-        if (distance <= hint && siblings[hint - distance] == slot)
-            return own.rowHint = hint - distance;
+    const ChildList &list = childList(above);
+    const std::vector<Slot> &slots = list.slots;
+    // Questions come in clusters, so the answer is mostly close to the one before.
+    constexpr std::size_t Near = 256;
+    const std::size_t low = std::min(list.latest - std::min(list.latest, Near), slots.size());
+    const std::size_t high = std::min(list.latest + Near, slots.size());
+    auto found =
+        std::find(slots.begin() + std::ptrdiff_t(low), slots.begin() + std::ptrdiff_t(high), slot);
+    if (found == slots.begin() + std::ptrdiff_t(high)) {
+        const std::size_t guess = placeIfAscending(slots, slot);
+        found = guess < slots.size() && slots[guess] == slot
+                    ? slots.begin() + std::ptrdiff_t(guess)
+                    : std::find(slots.begin(), slots.end(), slot);
     }
+    list.latest = static_cast<std::size_t>(found - slots.begin());
+    return static_cast<quint32>(list.latest);
+}
+
+quint32 TreeStore::count() const {
+    return baseCount() + static_cast<quint32>(added_.size()) - gone_.count();
+}
+
+const BitRow &TreeStore::livePlaces() const {
+    if (!live_) {
+        const quint32 places = baseCount() + static_cast<quint32>(added_.size());
+        live_.emplace();
+        live_->grow(std::max(places, 1U));
+        for (quint32 place = 0; place < places; ++place)
+            live_->set(place);
+        gone_.forEach([&](Slot slot) { live_->reset(placeOf(slot)); });
+    }
+    return *live_;
+}
+
+quint32 TreeStore::indexOf(Slot slot) const {
+    return livePlaces().rank(placeOf(slot));
+}
+
+TreeStore::Slot TreeStore::at(quint32 index) const {
+    // The first item is asked for all the time.
+    if (index == 0 && base_ && isLive(base_->firstChild(Root)))
+        return base_->firstChild(Root);
+    const quint32 place = livePlaces().select(index);
+    return place < baseCount() ? base_->at(place) : firstAdded_ + place - baseCount();
+}
+
+void TreeStore::setExpanded(Slot slot, bool on) {
+    if (!on) {
+        expanded_.resetIfAny(slot);
+        return;
+    }
+    expanded_.grow(slot + 1);
+    expanded_.set(slot);
 }
 
 } // namespace quillon::items

@@ -129,7 +129,7 @@ TEST_F(NodeCommandsTest, DeletingAsksAndSelectsTheNext) {
     EXPECT_EQ(dialogs.messages.back().text, "ルート要素は削除できません。");
     EXPECT_EQ(dialogs.messages.back().style, 48);
     select("y");
-    const quint32 sequence = item("z").sequence();
+    const items::TreeItem z = item("z");
     dialogs.answerMessage(No);
     nodes().mnuEditDelete_Click();
     EXPECT_EQ(dialogs.messages.back().text, "削除してもよろしいですか？");
@@ -140,7 +140,7 @@ TEST_F(NodeCommandsTest, DeletingAsksAndSelectsTheNext) {
     EXPECT_EQ(xml(), "<r a='1'>\n  <x/>\n  <w/>\n</r>");
     EXPECT_EQ(selected(), "w");
     EXPECT_EQ(txtEdit().Text(), "<w/>");
-    EXPECT_FALSE(editor().builder.registry().Item(sequence));
+    EXPECT_FALSE(editor().builder.registry().Item(z));
     select("a=\"1\"");
     dialogs.answerMessage(Yes);
     nodes().mnuEditDelete_Click();

@@ -1,5 +1,6 @@
 #include "resources/messages.h"
 #include "tests/support/scripted_dialogs.h"
+#include "tree/node_keys.h"
 #include "tree/tree_builder.h"
 
 #include <QSignalSpy>

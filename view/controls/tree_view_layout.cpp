@@ -210,7 +210,7 @@ void TreeView::paintBranches(QPainter &painter, QStyleOptionViewItem option, Slo
     const items::TreeStore &store = nodes_.store();
     const auto state = option.state & ~QStyle::State_MouseOver;
     const bool isParent = canExpand(slot);
-    const bool isOpen = isParent && store.expanded().test(slot);
+    const bool isOpen = isParent && store.isExpanded(slot);
     option.rect.setWidth(indentation());
     // Outwards from the item's own branch, up to the left edge of the viewport.
     for (Slot at = slot; at != items::TreeStore::Root; at = store.parent(at), --level) {

@@ -58,6 +58,7 @@ void Arena::clear() {
 void Arena::dropNodes() {
     size_ = recordCount_ = 0;
     readEnd_ = base_;
+    hasHadReference_ = false;
     directories_.clear();
     names = Ref<NameTable>(new NameTable);
     add(NodeType::Document, 0);
@@ -144,6 +145,7 @@ Number Arena::add(NodeType kind, std::uint32_t name) {
     record = {};
     record.kind = kind;
     record.name = name;
+    hasHadReference_ = hasHadReference_ || kind == NodeType::EntityReference;
     if (slots == 2)
         writePart(n) = {};
     return n;

@@ -225,6 +225,8 @@ public:
     /// Nodes with smaller numbers were made by the parser, in document order, the attributes of an
     /// element right behind it. The document's own number where nothing was parsed.
     Number readEnd() const { return readEnd_; }
+    /// Whether a reference to an entity is among the nodes, dead ones included.
+    bool hasHadReference() const { return hasHadReference_; }
 
     const Record &record(Number n) const { return slot(n - base_).record; }
     const ElementPart &part(Number n) const { return slot(n - base_ + 1).part; }
@@ -347,6 +349,7 @@ private:
     std::uint32_t size_ = 0;
     std::uint32_t recordCount_ = 0;
     Number readEnd_ = 0;
+    bool hasHadReference_ = false;
     std::vector<Ref<Directory>> directories_;
 };
 

@@ -56,6 +56,8 @@ Slot *NodeAppender::appendChild(NodeType kind, std::uint32_t name, const SourceP
 
 void NodeAppender::append(NodeType kind, std::uint32_t name, const SourcePlace &place) {
     appendChild(kind, name, place);
+    if (kind == NodeType::EntityReference)
+        arena_.hasHadReference_ = true;
 }
 
 void NodeAppender::openElement(std::uint32_t name, std::uint32_t layoutStart, std::uint32_t start) {

@@ -5,7 +5,9 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <map>
+#include <numeric>
 #include <random>
+#include <span>
 
 using namespace quillon::items;
 
@@ -60,13 +62,83 @@ private:
     }
 };
 
+/// A random tree whose slots are in no order, with gaps between them.
+class BaseInAnyOrder final : public BaseItems {
+public:
+    BaseInAnyOrder(std::mt19937 &random, quint32 firstSequence) : firstSequence_(firstSequence) {
+        std::vector<Slot> unused(1 + random() % 80);
+        std::iota(unused.begin(), unused.end(), 1);
+        std::ranges::shuffle(unused, random);
+        entries_.resize(unused.size() + 1);
+        std::vector<Slot> used{0};
+        for (const Slot slot : std::span(unused).first((unused.size() + 1) / 2)) {
+            const Slot parent = used[random() % used.size()];
+            entries_[slot].parent = parent;
+            entries_[parent].children.push_back(slot);
+            used.push_back(slot);
+        }
+        putInOrder(0);
+    }
+    void describe(Reference &reference) const {
+        for (const Slot slot : order_)
+            reference.add(sequence(slot), parent(slot) == 0 ? 0 : sequence(parent(slot)), 0);
+    }
+
+    Slot slotEnd() const override { return static_cast<Slot>(entries_.size()); }
+    bool isItem(Slot slot) const override { return std::ranges::count(order_, slot) != 0; }
+    Slot parent(Slot slot) const override { return entries_[slot].parent; }
+    Slot next(Slot slot) const override {
+        const auto &all = siblings(slot);
+        const auto at = std::ranges::find(all, slot) + 1;
+        return at == all.end() ? 0 : *at;
+    }
+    Slot previousInCircle(Slot slot) const override {
+        const auto &all = siblings(slot);
+        const auto at = std::ranges::find(all, slot);
+        return at == all.begin() ? all.back() : *(at - 1);
+    }
+    Slot firstChild(Slot slot) const override {
+        const auto &all = entries_[slot].children;
+        return all.empty() ? 0 : all.front();
+    }
+    quint32 count() const override { return static_cast<quint32>(order_.size()); }
+    quint32 indexOf(Slot slot) const override {
+        return static_cast<quint32>(std::ranges::find(order_, slot) - order_.begin());
+    }
+    Slot at(quint32 index) const override { return order_[index]; }
+    bool isEarlier(Slot one, Slot other) const override { return indexOf(one) < indexOf(other); }
+    quint32 sequence(Slot slot) const override { return firstSequence_ + indexOf(slot); }
+
+private:
+    struct Entry {
+        Slot parent = 0;
+        std::vector<Slot> children;
+    };
+
+    const std::vector<Slot> &siblings(Slot slot) const {
+        return entries_[entries_[slot].parent].children;
+    }
+    void putInOrder(Slot parent) {
+        for (const Slot child : entries_[parent].children) {
+            order_.push_back(child);
+            putInOrder(child);
+        }
+    }
+
+    quint32 firstSequence_;
+    std::vector<Entry> entries_;
+    std::vector<Slot> order_;
+};
+
 void expectSame(Tree &tree, const Reference &reference) {
     Nodes &nodes = tree.nodes();
     ASSERT_EQ(nodes.Count(), std::ssize(reference.entries) - 1);
     int index = 0;
     std::vector<quint32> expanded;
+    TreeStore::Slot latest = 0;
     for (const auto &[sequence, entry] : reference.entries) {
-        const QModelIndex parent = nodes.indexOf(nodes.bySequence(sequence));
+        const TreeItem item = nodes.Item(index++);
+        const QModelIndex parent = nodes.indexOf(item);
         ASSERT_EQ(nodes.rowCount(parent), std::ssize(entry.children));
         for (int row = 0; row < nodes.rowCount(parent); ++row) {
             const QModelIndex child = nodes.index(row, 0, parent);
@@ -75,9 +147,11 @@ void expectSame(Tree &tree, const Reference &reference) {
         }
         if (sequence == 0)
             continue;
-        const TreeItem item = nodes.Item(++index);
         ASSERT_EQ(item.sequence(), sequence);
-        ASSERT_EQ(item.Index(), index);
+        ASSERT_EQ(item.Index(), index - 1);
+        ASSERT_TRUE(nodes.store().isItem(nodes.slotOf(item)));
+        ASSERT_TRUE(index == 2 || nodes.store().isEarlier(latest, nodes.slotOf(item)));
+        latest = nodes.slotOf(item);
         ASSERT_EQ(item.Parent().sequence(), entry.parent);
         ASSERT_EQ(item.Children(), std::ssize(entry.children));
         ASSERT_EQ(item.Child().sequence(), entry.children.empty() ? 0 : entry.children[0]);
@@ -88,6 +162,7 @@ void expectSame(Tree &tree, const Reference &reference) {
     }
     std::vector<quint32> reported;
     nodes.forEachExpanded([&](const TreeItem &item) { reported.push_back(item.sequence()); });
+    std::ranges::sort(reported);
     ASSERT_EQ(reported, expanded);
 
     const std::vector<quint32> shown = reference.shown();
@@ -111,7 +186,7 @@ protected:
                    : tree_.nodes().Item(static_cast<int>(below(static_cast<quint32>(count))) + 1);
     }
     TreeItem add(const TreeItem &relative, bool before) {
-        sequence_ += 1 + (below(10) == 0 ? below(700) : 0);
+        ++sequence_;
         if (before)
             reference_.add(sequence_, relative.Parent().sequence(), relative.sequence());
         else
@@ -120,7 +195,7 @@ protected:
                                  sequence_);
     }
     void build(const TreeItem &relative) {
-        tree_.nodes().beginBuild(8);
+        tree_.nodes().beginBuild();
         std::vector<TreeItem> added{add(relative, false)};
         for (quint32 i = below(8); i > 0; --i) {
             const quint32 to = below(static_cast<quint32>(added.size()));
@@ -131,6 +206,17 @@ protected:
             }
         }
         tree_.nodes().endBuild();
+    }
+    /// Begins anew, mostly with items that somebody else keeps.
+    void begin() {
+        reference_ = Reference();
+        std::shared_ptr<BaseInAnyOrder> base;
+        if (below(4) != 0) {
+            base = std::make_shared<BaseInAnyOrder>(random_, sequence_ + 1);
+            base->describe(reference_);
+            sequence_ += base->count();
+        }
+        tree_.nodes().reset(base);
     }
     void operate() {
         TreeItem item = anyItem();
@@ -156,8 +242,7 @@ protected:
             for (TreeItem up = item.Parent(); up; up = up.Parent())
                 reference_.entries[up.sequence()].expanded = true;
         } else if (action == 99 && below(5) == 0) {
-            reference_ = Reference();
-            tree_.nodes().Clear();
+            begin();
         }
     }
 
@@ -170,6 +255,7 @@ protected:
 TEST_P(RandomOperations, AgreeWithTheReference) {
     const QAbstractItemModelTester tester(&tree_.nodes(),
                                           QAbstractItemModelTester::FailureReportingMode::Fatal);
+    begin();
     for (int i = 0; i < 2500; ++i) {
         operate();
         // Whatever is removed or collapsed, the selected item stays in sight.

@@ -104,8 +104,10 @@ TEST_F(TreeViewTest, DrawsCaptionsOnOneLineAndOnlyTheirBeginning) {
 
 TEST_F(TreeViewTest, DrawsImagesAndWeight) {
     struct Images : items::CaptionSource {
-        QString caption(quint32) const override { return {}; }
-        int image(quint32 sequence) const override { return static_cast<int>(sequence) - 2; }
+        QString caption(const items::TreeItem &) const override { return {}; }
+        int image(const items::TreeItem &item) const override {
+            return static_cast<int>(item.sequence()) - 2;
+        }
     } images;
     tree_.nodes().setCaptionSource(&images);
     QPixmap square(16, 16);
@@ -232,8 +234,8 @@ TEST_F(TreeViewTest, IsATreeToAssistiveTechnology) {
     EXPECT_EQ(table->selectedRows(), QList<int>{2});
 
     struct Kinds : items::CaptionSource {
-        QString caption(quint32) const override { return {}; }
-        int image(quint32) const override { return 0; }
+        QString caption(const items::TreeItem &) const override { return {}; }
+        int image(const items::TreeItem &) const override { return 0; }
         QString kind(quint32) const override { return "要素"; }
     } kinds;
     EXPECT_EQ(a2->text(QAccessible::Description), "");
@@ -250,7 +252,7 @@ TEST_F(TreeViewTest, IsATreeToAssistiveTechnology) {
 TEST_F(TreeViewTest, ShowsHundredThousandLevels) {
     constexpr int Levels = 100'000;
     tree_.nodes().Clear();
-    tree_.nodes().beginBuild(Levels);
+    tree_.nodes().beginBuild();
     items::TreeItem item;
     for (int i = 0; i < Levels; ++i)
         item = tree_.nodes().Add(item, items::Relationship::Child, ++sequence_);
@@ -282,7 +284,7 @@ TEST_F(TreeViewTest, ShowsHundredThousandLevels) {
 TEST_F(TreeViewTest, ShowsAHugeSubtree) {
     constexpr int Parents = 60'000;
     const items::TreeItem top = named("b");
-    tree_.nodes().beginBuild(Parents * 10);
+    tree_.nodes().beginBuild();
     const items::TreeItem list = tree_.nodes().Add(top, items::Relationship::Child, ++sequence_);
     for (int i = 0; i < Parents; ++i) {
         const items::TreeItem parent =
