@@ -21,6 +21,8 @@ protected:
             const items::TreeItem at = nodes.Item(i);
             const xml::Node shown = node(at);
             ASSERT_TRUE(shown) << i;
+            ASSERT_TRUE(shown.nodeType() == xml::NodeType::Attribute ||
+                        editor().builder.itemOf(shown) == at);
             items::TreeItem child = at.Child();
             for (int a = 0; a < shown.attributes().length(); ++a, child = child.Next())
                 ASSERT_EQ(node(child).nodeName(), shown.attributes().item(a).nodeName());

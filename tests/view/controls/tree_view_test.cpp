@@ -236,7 +236,7 @@ TEST_F(TreeViewTest, IsATreeToAssistiveTechnology) {
     struct Kinds : items::CaptionSource {
         QString caption(const items::TreeItem &) const override { return {}; }
         int image(const items::TreeItem &) const override { return 0; }
-        QString kind(quint32) const override { return "要素"; }
+        QString kind(const items::TreeItem &) const override { return "要素"; }
     } kinds;
     EXPECT_EQ(a2->text(QAccessible::Description), "");
     tree_.nodes().setCaptionSource(&kinds);
