@@ -7,7 +7,8 @@
 /// What the XML parser service says of failures. %1, %2 stand for what the sentence names.
 namespace quillon::resources::xml_texts {
 
-inline constexpr Text TooManyNodes = u"ドキュメントのノード数が上限を超えました。";
+inline constexpr Text NumbersUsedUp = u"このドキュメントには、これ以上ノードを作成できません。\n"
+                                      u"保存してから開き直すと、編集を続けることができます。";
 inline constexpr Text TooLarge =
     u"ファイルが大きすぎます。2 GB までのファイルを開くことができます。";
 

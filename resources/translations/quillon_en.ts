@@ -1116,7 +1116,7 @@
 <message><source>ファイル名が長すぎます。</source><translation>The file name is too long.</translation></message>
 <message><source>入出力エラーが発生しました (%1)。</source><translation>An input/output error occurred (%1).</translation></message>
 <!-- xml_texts.h -->
-<message><source>ドキュメントのノード数が上限を超えました。</source><translation>The document has more nodes than possible.</translation></message>
+<message><source>このドキュメントには、これ以上ノードを作成できません。&#10;保存してから開き直すと、編集を続けることができます。</source><translation>No more nodes can be made in this document.&#10;Save it and open it again to go on editing.</translation></message>
 <message><source>ファイルが大きすぎます。2 GB までのファイルを開くことができます。</source><translation>The file is too large. Files of up to 2 GB can be opened.</translation></message>
 <message><source>空の文字列 '' は名前として使用できません。</source><translation>The empty string '' is not a valid name.</translation></message>
 <message><source>この名前に文字 '%1' は使用できません:&#10;%2</source><translation>The character '%1' is not allowed in this name:&#10;%2</translation></message>

@@ -41,10 +41,19 @@ bool loadFrom(Arena &arena, Decoded decoded, bool fromFile,
     source->hasCarriageReturn = source->utf8.find('\r') != std::string::npos;
     source->originals = std::move(decoded.originals);
     arena.format = decoded.format;
-    const ParseError error = parse(arena, source, progress);
-    if (error.errorCode == 0)
-        return true;
-    arena.clear();
+    ParseError error;
+    try {
+        error = parse(arena, source, progress);
+        if (error.errorCode == 0)
+            return true;
+    } catch (const runtime::Error &noRoom) {
+        error.errorCode = parse_error_code::Base;
+        error.reason = noRoom.description();
+    }
+    // Nobody has seen a number of what was read.
+    arena.dropNodes();
+    arena.entities = std::make_shared<EntityTable>();
+    arena.format = {};
     arena.parseError = error;
     return false;
 }

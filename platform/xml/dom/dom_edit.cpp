@@ -162,11 +162,12 @@ void Node::setText(const QString &newText) const {
     }
     const std::string value = checkedValue(newText);
     Arena &arena = HandleAccess::arena(*this);
+    // Made first: where that fails nothing has changed.
+    const Number n = value.empty() ? 0 : arena.add(NodeType::Text, 0);
     while (const Number child = arena.part(number_).firstChild)
         unlinkWithLayout(arena, child);
-    if (value.empty())
+    if (n == 0)
         return;
-    const Number n = arena.add(NodeType::Text, 0);
     setOwnValue(arena, n, value);
     linkWithLayout(arena, number_, n, 0);
 }

@@ -11,8 +11,8 @@ namespace quillon::xml {
 
 namespace {
 
-/// Room for the numbers of one process's largest document and its edits.
-constexpr std::uint32_t MaxSlots = 0xF0000000;
+/// The largest file has numbers for a third of these; the others are for edits.
+constexpr Number MaxNumber = 0xF0000000;
 
 auto placeOfOwn(const Page &page, std::uint16_t slot, OwnTextKind kind) {
     return std::lower_bound(
@@ -34,8 +34,9 @@ std::size_t Page::sourceIndex(const Ref<SourceText> &source) {
     return sources.size() - 1;
 }
 
-Arena::Arena() : names(new NameTable), entities(std::make_shared<EntityTable>()) {
-    readEnd_ = base_;
+Arena::Arena(Number first)
+    : names(new NameTable), entities(std::make_shared<EntityTable>()), base_(first),
+      readEnd_(first) {
     add(NodeType::Document, 0);
 }
 
@@ -46,6 +47,7 @@ Ref<Arena> Arena::clone() const {
 }
 
 void Arena::clear() {
+    requireNumbers(size_);
     derived.drop();
     base_ += size_;
     entities = std::make_shared<EntityTable>();
@@ -74,6 +76,13 @@ Page &Arena::unsharePage(std::uint32_t number) {
     return *page;
 }
 
+void Arena::requireNumbers(std::uint32_t slots) const {
+    // Those of the largest node, and one that is left empty.
+    if (slots > MaxNumber - base_ - 3)
+        throw runtime::Error(runtime::error_number::Fail,
+                             resources::xml_texts::NumbersUsedUp.toString());
+}
+
 void Arena::addPage(std::uint32_t number) {
     if (number / Directory::PageCount == directories_.size())
         directories_.emplace_back(new Directory);
@@ -84,9 +93,7 @@ void Arena::addPage(std::uint32_t number) {
 }
 
 std::uint32_t Arena::allocate(std::uint32_t slots) {
-    if (size_ > MaxSlots - base_ - 3)
-        throw runtime::Error(runtime::error_number::Fail,
-                             resources::xml_texts::TooManyNodes.toString());
+    requireNumbers(size_);
     // The last slot of a page is left empty where a node of two slots comes next.
     if (indexOf(size_) + slots > Page::SlotCount)
         ++size_;

@@ -194,12 +194,14 @@ private:
 /// stand where; dom_edit.cpp does.
 class Arena final : public ArenaBase {
 public:
-    Arena();
+    /// The number of the first node may be another in tests of what happens when they run out.
+    explicit Arena(Number first = 1);
     ~Arena() override;
 
     /// A second document that shares all pages with this one.
     Ref<Arena> clone() const;
-    /// Drops all content. Numbers already given stay dead.
+    /// Drops all content. Numbers already given stay dead; raises Fail, with nothing changed, when
+    /// there are no others.
     void clear();
     /// Drops the nodes and names as if they had never been there: their numbers are given again.
     void dropNodes();
@@ -254,7 +256,8 @@ public:
         return kind == NodeType::Element || kind == NodeType::Document;
     }
 
-    /// A new record (with its part, where it has one) that stands nowhere and has no source.
+    /// A new record (with its part, where it has one) that stands nowhere and has no source. Raises
+    /// Fail when all numbers have been given, as everything does that makes nodes.
     Number add(NodeType kind, std::uint32_t name);
     /// The same with positions in a source.
     Number add(NodeType kind, std::uint32_t name, const Ref<SourceText> &source);
@@ -338,6 +341,8 @@ private:
     }
     Slot &writeSlot(std::uint32_t at) { return writePage(at).slots[indexOf(at)]; }
     Page &unsharePage(std::uint32_t number);
+    /// Raises Fail when there are no numbers for a node behind so many slots.
+    void requireNumbers(std::uint32_t slots) const;
     void addPage(std::uint32_t number);
     /// Room for one node of `slots` slots, on one page; returns the position of the first.
     std::uint32_t allocate(std::uint32_t slots);
@@ -345,10 +350,10 @@ private:
     Number copyWithAttributes(const Arena &from, Number node, std::vector<std::uint32_t> &nameMap);
 
     /// The number of position 0.
-    Number base_ = 1;
+    Number base_;
     std::uint32_t size_ = 0;
     std::uint32_t recordCount_ = 0;
-    Number readEnd_ = 0;
+    Number readEnd_;
     bool hasHadReference_ = false;
     std::vector<Ref<Directory>> directories_;
 };

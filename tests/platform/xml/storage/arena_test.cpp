@@ -1,6 +1,7 @@
 #include "platform/runtime/error.h"
 #include "platform/xml/dom/handle_access.h"
 #include "platform/xml/storage/arena.h"
+#include "resources/xml_texts.h"
 #include "tests/platform/xml/xml_test_support.h"
 
 #include <random>
@@ -51,16 +52,18 @@ void expectCounted(const Arena &arena) {
 /// A document, states of it that were kept, and a way to change it.
 class RandomDocument {
 public:
-    explicit RandomDocument(unsigned seed) : random_(seed) {
+    explicit RandomDocument(unsigned seed, Number firstNumber = 1)
+        : random_(seed), document_(HandleAccess::document(Ref<ArenaBase>(new Arena(firstNumber)))) {
         std::string text = "<r>";
         while (text.size() < 4'000)
             grow(text, 0);
-        document_ = parsed(text + "</r>");
+        EXPECT_TRUE(document_.loadXML(q(text + "</r>")));
         other_ = parsed("<o><p k='1' l='2'><q/>t<!--c--></p><s><u/> <u/></s></o>");
     }
 
-    const DOMDocument40 &document() const { return document_; }
-    void change();
+    DOMDocument40 &document() { return document_; }
+    /// False when there are no numbers left.
+    bool change();
 
 private:
     void grow(std::string &text, int depth) {
@@ -116,7 +119,7 @@ private:
     DOMDocument40 other_;
 };
 
-void RandomDocument::change() {
+bool RandomDocument::change() {
     const Node at = anyElement();
     const Node child = anyChild(at);
     try {
@@ -149,8 +152,42 @@ void RandomDocument::change() {
         default:
             at.setText("text");
         }
-    } catch (const runtime::Error &) {
-        // A node cannot be put under itself.
+    } catch (const runtime::Error &error) {
+        // Otherwise a node was to be put under itself.
+        return error.description() != resources::xml_texts::NumbersUsedUp.toString();
+    }
+    return true;
+}
+
+TEST(Arena, WithoutNumbersNothingIsHarmed) {
+    for (unsigned seed = 1; seed <= 8; ++seed) {
+        SCOPED_TRACE(seed);
+        RandomDocument random(seed, 0xF0000000 - 4'000);
+        const quint32 dead = random.document().documentElement().number();
+        int failures = 0;
+        for (int i = 0; failures < 12; ++i) {
+            ASSERT_LT(i, 100'000) << "numbers never run out";
+            const std::string before = xml(random.document());
+            if (random.change())
+                continue;
+            ++failures;
+            ASSERT_EQ(xml(random.document()), before);
+            ASSERT_NO_FATAL_FAILURE(expectLinksBothWays(arenaOf(random.document())));
+        }
+        const std::string before = xml(random.document());
+        EXPECT_THROW(random.document().loadXML(q("<r/>")), runtime::Error);
+        EXPECT_EQ(xml(random.document()), before);
+        EXPECT_TRUE(random.document().nodeByNumber(dead));
+    }
+    DOMDocument40 document = HandleAccess::document(Ref<ArenaBase>(new Arena(0xF0000000 - 1'000)));
+    for (const char *const type : {"", "<!DOCTYPE r>"}) {
+        std::string text = type + std::string("<r>");
+        for (int i = 0; i < 2'000; ++i)
+            text += "<a/>";
+        EXPECT_FALSE(document.loadXML(q(text + "</r>")));
+        EXPECT_EQ(document.parseError().reason, resources::xml_texts::NumbersUsedUp.toString());
+        EXPECT_EQ(xml(document), "");
+        EXPECT_TRUE(document.loadXML(q("<r><a/></r>"))) << "a smaller one";
     }
 }
 
