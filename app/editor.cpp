@@ -261,6 +261,7 @@ void Editor::wirePreview() {
     connect(&commands, &document::DocumentCommands::previewRequested, &preview,
             &Preview::requestPreview);
     connect(&commands, &document::DocumentCommands::cleared, &preview, &Preview::clear);
+    connect(&selection, &tree::Selection::nodeShown, &preview, &Preview::showSelected);
     connect(&loader, &document::DocumentLoader::documentOpened, this, &Editor::forgetPlaceOfOther);
 }
 

@@ -6,7 +6,9 @@
 #include "platform/ui/dialogs.h"
 #include "platform/ui/error_boundary.h"
 #include "platform/ui/message_box.h"
+#include "platform/xml/dom/document_states.h"
 #include "platform/xml/transform/xslt.h"
+#include "platform/xml/transform/xslt_engine.h"
 #include "resources/messages.h"
 #include "resources/texts.h"
 
@@ -27,12 +29,12 @@ namespace texts = resources::texts;
 namespace {
 
 /// A document with more nodes than this takes more than about half a second to render, and is not
-/// rendered without being asked for.
+/// rendered whole without being asked for. Nor is one with elements nested deeper than a part of it
+/// would show them: ids of a chain of elements grow with the square of its depth.
 constexpr quint32 LargeDocument = 100'000;
 
-/// Nor is one with elements nested deeper than this: the browser does not nest elements of a page
-/// deeper than 512, and the ids of a chain of elements grow with the square of its depth.
-constexpr int DeepDocument = 500;
+/// When a page has taken in so many nodes, it begins anew around what is wanted next.
+constexpr std::size_t LargePart = 40'000;
 
 /// Milliseconds without a change of the tree before the preview follows it.
 constexpr int QuietBeforeRefresh = 300;
@@ -49,21 +51,23 @@ QString escapedFontName(QString name) {
     return name.remove(QLatin1Char('\'')).remove(QLatin1Char('\\')).toHtmlEscaped();
 }
 
-/// How many elements stand one in the other.
-class DepthMeter : public xml::NodeVisitor {
-public:
-    void enter(quint32, NodeType kind) override {
-        if (kind != NodeType::Attribute)
-            deepest_ = std::max(deepest_, depth_);
-        ++depth_;
-    }
-    void leave() override { --depth_; }
-    int deepest() const { return deepest_; }
+/// How many nodes stand one in the other below a node, at most.
+int deepestIn(const Node &top) {
+    class DepthMeter : public xml::NodeVisitor {
+    public:
+        void enter(quint32, NodeType kind) override {
+            if (kind != NodeType::Attribute)
+                deepest = std::max(deepest, depth);
+            ++depth;
+        }
+        void leave() override { --depth; }
 
-private:
-    int depth_ = 0;
-    int deepest_ = 0;
-};
+        int deepest = 0;
+        int depth = 0;
+    } meter;
+    xml::visitSubtree(top, meter);
+    return meter.deepest;
+}
 
 void requireParsed(const DOMDocument40 &document) {
     const xml::ParseError &error = document.parseError();
@@ -82,15 +86,12 @@ Preview::Preview(const state::DocumentState &state, tree::TreeBuilder &builder,
     : state_(state), builder_(builder), selection_(selection), tree_(tree), ie_(ie),
       workingFolder_(workingFolder), longWork_(longWork), font_(std::move(font)) {
     later_.setSingleShot(true);
-    connect(&later_, &QTimer::timeout, this, [this] {
-        ui::guarded([this] {
-            const Node node = std::exchange(requested_, Node());
-            if (const QString reason = objection(node); !reason.isEmpty())
-                showNotice(reason);
-            else
-                tryToRender(node, Asked::No);
-        });
-    });
+    connect(&later_, &QTimer::timeout, this,
+            [this] { ui::guarded([this] { renderUnasked(std::exchange(requested_, Node())); }); });
+    connect(&child_, &xml::BackgroundChild::finished, this,
+            [this](const QByteArray &page) { ui::guarded([&] { takeRendered(page); }); });
+    connect(&child_, &xml::BackgroundChild::failed, this,
+            [this](const runtime::Error &error) { Q_EMIT statusText(error.description()); });
 }
 
 void Preview::requestPreview(const Node &node) {
@@ -101,6 +102,9 @@ void Preview::requestPreview(const Node &node) {
 void Preview::clear() {
     later_.stop();
     requested_ = Node();
+    child_.giveUp();
+    part_.reset();
+    partOf_ = DOMDocument40();
     forgetPlace();
     ie_.Navigate(QStringLiteral("about:blank"), {}, Colours::OfTheme);
 }
@@ -142,7 +146,7 @@ bool Preview::tryToRender(const Node &node, Asked asked) {
 void Preview::render(const Node &node, Asked asked) {
     m_bPreviewWhole = node.nodeType() == NodeType::Document;
     const QString path = m_bPreviewWhole ? m_strXslPath : QString();
-    const bool chosen = QFileInfo(path).isFile();
+    const bool chosen = m_bPreviewWhole && hasChosenStylesheet();
     const DOMDocument40 sheet = chosen ? stylesheet(path) : builtInStylesheet();
     QString extension = !chosen || prevHtml_ ? QStringLiteral("htm") : QStringLiteral("xml");
     xml::TransformOptions options;
@@ -160,9 +164,18 @@ void Preview::render(const Node &node, Asked asked) {
     result.remove(MetaTag);
     if (result.contains(QLatin1String("<html"), Qt::CaseInsensitive))
         extension = QStringLiteral("htm");
-    // Nodes keep their numbers through undo and redo, so their places are found again.
-    show(result, extension, QStringLiteral("%1 %2 %3").arg(documents_).arg(node.number()).arg(path),
+    part_.reset();
+    show(result, extension, subjectOf(node, path),
          chosen ? Colours::OfItsAuthor : Colours::OfTheme);
+}
+
+bool Preview::hasChosenStylesheet() const {
+    return QFileInfo(m_strXslPath).isFile();
+}
+
+QString Preview::subjectOf(const Node &node, const QString &stylesheet) const {
+    // Nodes keep their numbers through undo and redo, so their places are found again.
+    return QStringLiteral("%1 %2 %3").arg(documents_).arg(node.number()).arg(stylesheet);
 }
 
 DOMDocument40 Preview::stylesheet(const QString &path) const {
@@ -187,6 +200,7 @@ DOMDocument40 Preview::builtInStylesheet() const {
 
 void Preview::show(const QString &page, const QString &extension, const QString &subject,
                    Colours colours) {
+    child_.giveUp();
     const QString path = workingFolder_.fileToWrite(system::working_name::PreviewStem + extension);
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly, QFile::ReadOwner | QFile::WriteOwner) ||
@@ -198,23 +212,107 @@ void Preview::show(const QString &page, const QString &extension, const QString 
     ie_.Navigate(path, subject, colours);
 }
 
-QString Preview::objection(const Node &node) {
+void Preview::renderUnasked(const Node &node) {
     if (node.nodeType() != NodeType::Document)
-        return {};
-    const quint32 nodes = node.ownerDocument().maxNodeCount();
-    if (nodes > LargeDocument)
+        return static_cast<void>(tryToRender(node, Asked::No));
+    if (const QString reason = objection(node); !reason.isEmpty())
+        showNotice(reason);
+    else if (node.ownerDocument().maxNodeCount() > LargeDocument)
+        renderPart();
+    else
+        tryToRender(node, Asked::No);
+}
+
+QString Preview::objection(const Node &document) const {
+    const quint32 nodes = document.ownerDocument().maxNodeCount();
+    const bool isLarge = nodes > LargeDocument;
+    // What a user's stylesheet makes of a part is not what it makes of that part of the whole.
+    if (isLarge && hasChosenStylesheet())
         return texts::LargePreview.toString().arg(QLocale().toString(nodes));
-    DepthMeter meter;
-    xml::visitSubtree(node, meter);
-    if (meter.deepest() > DeepDocument)
-        return texts::DeepPreview.toString().arg(QLocale().toString(meter.deepest()));
+    const int depth = isLarge ? depthOf(selectedNode()) : deepestIn(document);
+    if (depth > ShownPart::DeepestShown)
+        return texts::DeepPreview.toString().arg(QLocale().toString(depth));
     return {};
 }
 
 void Preview::showNotice(const QString &reason) {
     m_bPreviewWhole = true;
+    part_.reset();
     show(texts::PreviewNotice.toString().arg(reason), QStringLiteral("htm"), QString(),
          Colours::OfTheme);
+}
+
+Node Preview::selectedNode() const {
+    Node node = selection_.GetSelectedDOMNode();
+    if (node.nodeType() == NodeType::Attribute)
+        node = selection_.GetDOMNode(tree_.SelectedItem().Parent());
+    return node ? node : state_.m_DOM.node();
+}
+
+QList<quint32> Preview::blocksOfSelected() const {
+    const Node node = selectedNode();
+    return {node.number(), node.parentNode().number()};
+}
+
+void Preview::renderPart() {
+    const DOMDocument40 document = state_.m_DOM;
+    const Node selected = selectedNode();
+    if (part_ && xml::haveCommonOrigin(partOf_, document))
+        part_->follow(document);
+    else
+        part_.reset();
+    const bool isElsewhere = !part_ || (previewSync_ && !part_->shows(selected));
+    if (isElsewhere)
+        part_ = ShownPart::around(selected);
+    partOf_ = document;
+    startRendering(part_->runs(document), [this, isElsewhere](const QString &page) {
+        m_bPreviewWhole = true;
+        show(page, QStringLiteral("htm"), subjectOf(partOf_.node(), QString()), Colours::OfTheme);
+        if (isElsewhere)
+            ie_.reveal(blocksOfSelected());
+    });
+}
+
+void Preview::startRendering(xml::DocumentPart part, std::function<void(const QString &)> take) {
+    takePage_ = std::move(take);
+    xml::TransformOptions options;
+    options.folders = {workingFolder_.path()};
+    child_.start(
+        [options, part = std::move(part), document = state_.m_DOM, sheet = builtInStylesheet()] {
+            xml::TransformOptions ofPart = options;
+            ofPart.part = &part;
+            return xml::runStylesheet(document.node(), sheet, ofPart);
+        },
+        {options.timeLimit, options.memoryLimit});
+}
+
+void Preview::takeRendered(const QByteArray &page) {
+    std::exchange(takePage_, {})(QString::fromUtf8(page).remove(MetaTag));
+}
+
+void Preview::showMore(quint32 first, ShownPart::End end) {
+    // What is on its way comes first; the page asks again.
+    if (!part_ || child_.isRunning() || later_.isActive())
+        return;
+    const Node node = state_.m_DOM.nodeByNumber(first);
+    if (!(partOf_ == state_.m_DOM) || !part_->leavesOut(node))
+        return renderPart();
+    if (part_->size() > LargePart) {
+        part_ = ShownPart::around(node);
+        return renderPart();
+    }
+    xml::DocumentPart added = part_->extend(node, end);
+    if (!added.empty())
+        startRendering(std::move(added), [this](const QString &page) { ie_.takeIn(page); });
+}
+
+void Preview::showSelected() {
+    if (!part_ || !previewSync_ || !state_.m_DOM)
+        return;
+    if (part_->shows(selectedNode()) && !child_.isRunning())
+        ie_.reveal(blocksOfSelected());
+    else
+        requestPreview(state_.m_DOM.node());
 }
 
 void Preview::mnuToolPreview_Click() {

@@ -3,12 +3,16 @@
 #include "platform/system/working_folder.h"
 #include "platform/ui/browser.h"
 #include "platform/ui/long_work.h"
+#include "platform/xml/engine/background_child.h"
+#include "preview/shown_part.h"
 #include "state/document_state.h"
 #include "tree/selection.h"
 #include "tree/tree_builder.h"
 
 #include <QObject>
 #include <QTimer>
+
+#include <optional>
 
 namespace quillon::preview {
 
@@ -21,7 +25,8 @@ struct PreviewFont {
 
 /// Shows the document, or one node, in the browser pane: transformed by the stylesheet that the
 /// user has chosen, else as coloured source that can be folded. A click on a name there selects
-/// the node in the tree.
+/// the node in the tree. Of a large document the source shows, unless the whole is asked for, what
+/// is around the selected node, and more where that is scrolled to.
 class Preview : public QObject {
     Q_OBJECT
 
@@ -57,6 +62,11 @@ public:
     /// Selects the node that an element of the page stands for, by the element's id.
     void m_doc_onclick(const QString &id);
 
+    /// Of the nodes that the page leaves out from one on, those at one end are wanted.
+    void showMore(quint32 first, ShownPart::End end);
+    /// Another node is selected: a page with a part of the document shows it.
+    void showSelected();
+
     bool previewsWhole() const { return m_bPreviewWhole; }
 
 Q_SIGNALS:
@@ -73,9 +83,22 @@ private:
               ui::Browser::Colours colours);
     xml::DOMDocument40 stylesheet(const QString &path) const;
     xml::DOMDocument40 builtInStylesheet() const;
-    /// Why a document is not rendered unasked; empty where it is.
-    static QString objection(const xml::Node &node);
+    bool hasChosenStylesheet() const;
+    /// What was asked for by requestPreview().
+    void renderUnasked(const xml::Node &node);
+    /// Why not even a part of a document is rendered unasked; empty where that is.
+    QString objection(const xml::Node &document) const;
     void showNotice(const QString &reason);
+    /// Renders the part of the document that is shown, with the selected node in it.
+    void renderPart();
+    /// Has a child process render a part, and a function take the page from it.
+    void startRendering(xml::DocumentPart part, std::function<void(const QString &page)> take);
+    void takeRendered(const QByteArray &page);
+    /// The selected node; the element for an attribute, the document where nothing is selected.
+    xml::Node selectedNode() const;
+    /// The nodes whose block shows the selected one, the best first.
+    QList<quint32> blocksOfSelected() const;
+    QString subjectOf(const xml::Node &node, const QString &stylesheet) const;
 
     const state::DocumentState &state_;
     tree::TreeBuilder &builder_;
@@ -100,6 +123,13 @@ private:
     int documents_ = 0;
     xml::Node requested_;
     QTimer later_;
+
+    /// While the page shows a part of a document: which, and of which document.
+    std::optional<ShownPart> part_;
+    xml::DOMDocument40 partOf_;
+    /// Renders parts, one at a time, and who takes the page.
+    xml::BackgroundChild child_;
+    std::function<void(const QString &page)> takePage_;
 };
 
 } // namespace quillon::preview

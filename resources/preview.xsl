@@ -1,8 +1,8 @@
 <?xml version="1.0" encoding="UTF-8"?>
 <!-- Shows a document as an indented, coloured source that can be folded. %FONT_NAME% and
      %FONT_SIZE% are replaced before use. The id of an element's name says where the node stands
-     (dom:getPath); a click on it selects the node in the tree. What can be folded bears the number of
-     its node, by which it is found again when the page is shown anew. -->
+     (dom:getPath); a click on it selects the node in the tree. Each block bears the number of its node,
+     by which it is found again when the page is shown anew, or takes in another one. -->
 <xsl:stylesheet version="1.0" xmlns:xsl="http://www.w3.org/1999/XSL/Transform"
     xmlns:dom="urn:quillon-xml-editor:dom" xmlns:wd="http://www.w3.org/TR/WD-xsl"
     xmlns:dt="urn:schemas-microsoft-com:datatypes" exclude-result-prefixes="dom wd dt">
@@ -45,6 +45,7 @@ BODY { font: %FONT_SIZE% '%FONT_NAME%', sans-serif; line-height: 1.35;
 .cb { color: var(--comment, #888888); font-size: small }
 .di, .ci { font: %FONT_SIZE% '%FONT_NAME%', sans-serif; line-height: 1.35 }
 .ci { color: var(--comment, #888888) }
+.cm { color: var(--comment, #707070); cursor: pointer }
 .d, .pi { color: var(--markup, blue) }
 PRE { margin: 0; display: inline; font: inherit; white-space: pre-wrap }
 .shut { display: none }
@@ -94,7 +95,24 @@ window.addEventListener("focus", () => { window.status = " "; });
 
 <!-- A document type comes as an instruction with its name. -->
 <xsl:template match="processing-instruction()">
-<div class="e"><span class="b"/>
+<xsl:choose>
+<xsl:when test="dom:nodeType(.) = 0"><xsl:call-template name="left-out"/></xsl:when>
+<xsl:otherwise><xsl:call-template name="instruction"/></xsl:otherwise>
+</xsl:choose>
+</xsl:template>
+
+<!-- Nodes that are not in the page, of class more, or, of class kept, that are in the page which is
+     to take this one in. -->
+<xsl:template name="left-out">
+<div class="e {name()}" data-node="{dom:nodeNumber(.)}" data-path="{dom:getPath(.)}">
+<xsl:if test="name() = 'more'"><span class="b"/>
+<span class="cm" role="button" tabindex="0"><xsl:value-of select="."/></span></xsl:if>
+<xsl:if test="name() = 'kept'"><xsl:attribute name="data-last"><xsl:value-of select="."/></xsl:attribute></xsl:if>
+</div>
+</xsl:template>
+
+<xsl:template name="instruction">
+<div class="e" data-node="{dom:nodeNumber(.)}"><span class="b"/>
 <xsl:choose>
 <xsl:when test="dom:nodeType(.) = 10">
 <span class="d">&lt;!DOCTYPE <xsl:value-of select="name()"/> (View Source for full doctype...)&gt;</span>
@@ -130,7 +148,7 @@ window.addEventListener("focus", () => { window.status = " "; });
 </xsl:call-template>
 </xsl:when>
 <xsl:otherwise>
-<div class="e"><span class="b"/><xsl:apply-templates select="." mode="inline"/></div>
+<div class="e" data-node="{dom:nodeNumber(.)}"><span class="b"/><xsl:apply-templates select="." mode="inline"/></div>
 </xsl:otherwise>
 </xsl:choose>
 </xsl:template>

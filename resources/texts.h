@@ -115,6 +115,9 @@ inline constexpr Text LargePreview =
 inline constexpr Text DeepPreview =
     u"このドキュメントは要素の入れ子が深いため (%1 段)、プレビューを自動では更新しません。";
 
+/// In place of nodes that are not in the page of a large document; %1 is how many.
+inline constexpr Text LeftOutNodes = u"… %1 件";
+
 // The page in the preview. %1 is an address, or what the page says.
 inline constexpr Text OpenLink = u"次のアドレスをブラウザーで開きますか?\n\n%1";
 inline constexpr Text LinkTooLong =

@@ -89,6 +89,10 @@ void frmMain::connectWindow() {
     connect(ie, &browser::Browser::statusText, editor_.get(), &Editor::statusText);
     connect(ie, &browser::Browser::clicked, editor_.get(),
             [this](const QString &id) { guarded([&] { editor_->preview.m_doc_onclick(id); }); });
+    connect(ie, &browser::Browser::moreWanted, editor_.get(), [this](quint32 first, bool atEnd) {
+        using End = preview::ShownPart::End;
+        guarded([&] { editor_->preview.showMore(first, atEnd ? End::Last : End::First); });
+    });
     const auto selectByPath = [this] { guarded([this] { editor_->pathQuery.SelectByPath(); }); };
     connect(cboPath, &controls::PathBox::Enter, this, selectByPath);
     connect(cboPath, &controls::PathBox::Click, this, selectByPath);

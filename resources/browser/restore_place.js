@@ -1,4 +1,5 @@
-// Counterpart of keep_place.js, whose result stands for %PLACE%.
+// Counterpart of keep_place.js, whose result stands for %PLACE%. %SCROLLS% is false where the page
+// is not to be scrolled as far.
 "use strict";
 (() => {
     const place = %PLACE%;
@@ -9,6 +10,8 @@
         if (mark)
             mark.click();
     }
+    if (!%SCROLLS%)
+        return;
     function scroll() {
         const top = place.y > 0 && place.topNode ? blockOf(place.topNode) : null;
         const y = top ? scrollY + top.getBoundingClientRect().top - place.topOffset : place.y;

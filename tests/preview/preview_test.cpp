@@ -89,13 +89,36 @@ TEST_F(PreviewTest, AnEmptyDocumentHasAnEmptyPreview) {
     EXPECT_TRUE(previewFile("htm").contains("<html", Qt::CaseInsensitive));
 }
 
-TEST_F(PreviewTest, ALargeDocumentWaitsForTheKey) {
-    QByteArray many = "<r>";
-    for (int i = 0; i < 60'000; ++i)
-        many += "<e/>";
-    open(many + "</r>");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(path("Temp/preview.htm")); }, Patience));
-    EXPECT_TRUE(previewFile("htm").contains("F5"));
+/// Some thousands of elements in as many others, more nodes than are shown unasked.
+QByteArray largeDocument() {
+    QByteArray many = "<r>\n";
+    for (int i = 0; i < 30'000; ++i)
+        many += "<e n='" + QByteArray::number(i) + "'><c/>t" + QByteArray::number(i) + "</e>\n";
+    return many + "</r>";
+}
+
+TEST_F(PreviewTest, ALargeDocumentIsShownAroundTheSelectedNode) {
+    open(largeDocument());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return window->ie.pages.size() == 1; }, Patience));
+    const QString start = previewFile("htm");
+    EXPECT_TRUE(start.contains(">t7<"));
+    EXPECT_FALSE(start.contains(">t20000<"));
+    EXPECT_EQ(start.count("class=\"e more\""), 1);
+    // What is there is brought into sight, and everything else shown.
+    select("t7");
+    EXPECT_EQ(window->ie.revealed.size(), 2);
+    EXPECT_EQ(window->ie.pages.size(), 1);
+    const xml::Node element = editor().state.m_DOM.documentElement().childNodes().item(20'000);
+    editor().selection.ShowNode(editor().builder.itemOf(element), true);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return window->ie.pages.size() == 2; }, Patience));
+    const QString around = previewFile("htm");
+    // Ids and counts are those of the whole document.
+    EXPECT_TRUE(around.contains(">t20000<") && around.contains("id=\"1.1.20001.1\""));
+    EXPECT_EQ(around.count("class=\"e more\""), 2);
+    EXPECT_EQ(window->ie.revealed.back().front(), element.number());
+    EXPECT_FALSE(around.contains(">t7<"));
+    preview().mnuToolPreview_Click();
+    EXPECT_TRUE(previewFile("htm").contains(">t7<")) << "the whole, when asked for";
 }
 
 TEST_F(PreviewTest, ADeepDocumentWaitsForTheKey) {

@@ -122,8 +122,12 @@ public:
         colours = shownIn;
         subjects.append(subject);
     }
+    void takeIn(const QString &page) override { additions.append(page); }
+    void reveal(const QList<quint32> &nodes) override { revealed.append(nodes); }
     void print(const QString &documentName) override { printed.append(documentName); }
 
+    QStringList additions;
+    QList<QList<quint32>> revealed;
     QStringList files;
     /// What was shown so far, oldest first, and what was printed.
     QStringList pages;

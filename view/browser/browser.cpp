@@ -102,6 +102,7 @@ void Browser::makeView() {
     view_->setPage(page_);
     connect(page_, &QWebEnginePage::loadingChanged, this, &Browser::loadingChanged);
     connect(page_, &BrowserPage::clicked, this, &Browser::clicked);
+    connect(page_, &BrowserPage::moreWanted, this, &Browser::moreWanted);
     connect(page_, &BrowserPage::message, this, &Browser::showMessageOfPage);
     // A box must not open, nor a page be loaded, while the browser is telling what has happened.
     connect(
@@ -180,11 +181,11 @@ void Browser::load(const QString &place) {
     stopped_ = false;
     if (path_ == Blank) {
         pulse_.stop();
-        page_->setPlace({});
+        page_->setPlace({}, {});
         url_ = QUrl(Blank);
     } else {
         pulse_.start(PulseMs);
-        page_->setPlace(same ? place : QString());
+        page_->setPlace(same ? place : QString(), std::exchange(revealed_, {}));
         url_ = files_->serve(path_, fileNames_, same);
     }
     showColours();
@@ -224,8 +225,22 @@ void Browser::pageLoaded(bool ok) {
         page_->showTheme(controls::theme().isDark());
     // The browser keeps it for each host, and every document has its own.
     view_->setZoomFactor(zoom_);
+    if (!revealed_.isEmpty())
+        page_->reveal(std::exchange(revealed_, {}));
     Q_EMIT NavigateComplete(ok);
     printNow();
+}
+
+void Browser::takeIn(const QString &page) {
+    if (view_ && stage_ == Stage::Shown)
+        page_->takeIn(page);
+}
+
+void Browser::reveal(const QList<quint32> &nodes) {
+    if (view_ && stage_ == Stage::Shown)
+        page_->reveal(nodes);
+    else
+        revealed_ = nodes;
 }
 
 void Browser::askForLife() {

@@ -37,6 +37,8 @@ public:
     void setFiles(const QStringList &names) override;
     void Navigate(const QString &path, const QString &subject = {},
                   Colours colours = Colours::OfItsAuthor) override;
+    void takeIn(const QString &page) override;
+    void reveal(const QList<quint32> &nodes) override;
     void print(const QString &documentName) override;
     /// Makes a PDF of the page shown there, or of the one that is on its way, and gives it to a
     /// function; an empty one when there is no page, or none any more. What has been asked for
@@ -57,6 +59,9 @@ Q_SIGNALS:
     void NavigateComplete(bool ok);
     /// The user has clicked an element of the page that has this id.
     void clicked(const QString &id);
+    /// The page wants to have some of the nodes that it leaves out from this one on: those at the
+    /// end. A page may say anything.
+    void moreWanted(quint32 first, bool atEnd);
     void statusText(const QString &text);
 
 private:
@@ -103,6 +108,8 @@ private:
     /// The address loaded last.
     QUrl url_;
     QString subjectShown_;
+    /// What the page that is on its way is to bring into sight.
+    QList<quint32> revealed_;
     QStringList fileNames_;
     /// Waits for the page, and for the printing before it.
     std::unique_ptr<PrintJob> nextJob_;

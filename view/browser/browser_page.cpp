@@ -1,6 +1,8 @@
 #include "view/browser/browser_page.h"
 
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QUuid>
 #include <QWebEngineRegisterProtocolHandlerRequest>
 #include <QWebEngineScriptCollection>
@@ -25,6 +27,15 @@ QString scriptText(const QString &name) {
     return QString::fromUtf8(file.readAll());
 }
 
+QString revealScript(const QList<quint32> &nodes) {
+    QStringList numbers;
+    for (const quint32 node : nodes)
+        numbers.append(QString::number(node));
+    QString code = scriptText(QStringLiteral("reveal.js"));
+    return code.replace(QLatin1String("%NODES%"),
+                        QLatin1Char('[') + numbers.join(QLatin1Char(',')) + QLatin1Char(']'));
+}
+
 QString themeScript(bool isDark) {
     QString code = scriptText(QStringLiteral("show_theme.js"));
     return code.replace(QLatin1String("%DARK%"), QVariant(isDark).toString());
@@ -34,12 +45,18 @@ QString themeScript(bool isDark) {
 
 BrowserPage::BrowserPage(QWebEngineProfile *profile, QObject *parent)
     : QWebEnginePage(profile, parent), word_(QUuid::createUuid().toString(QUuid::Id128)) {
-    QString guard = scriptText(QStringLiteral("guard.js"));
-    guard.replace(QLatin1String("%WORD%"), word_);
-    insertScript(QStringLiteral("guard"), guard, QWebEngineScript::DocumentCreation);
+    insertScript(QStringLiteral("guard"), scriptWithWord(QStringLiteral("guard.js")),
+                 QWebEngineScript::DocumentCreation);
+    insertScript(QStringLiteral("more"), scriptWithWord(QStringLiteral("load_more.js")),
+                 QWebEngineScript::DocumentReady);
     connect(this, &QWebEnginePage::registerProtocolHandlerRequested, this,
             [](QWebEngineRegisterProtocolHandlerRequest request) { request.reject(); });
     denyPermissions();
+}
+
+QString BrowserPage::scriptWithWord(const QString &name) const {
+    QString code = scriptText(name);
+    return code.replace(QLatin1String("%WORD%"), word_);
 }
 
 void BrowserPage::denyPermissions() {
@@ -79,13 +96,30 @@ void BrowserPage::showTheme(bool isDark) {
     runJavaScript(themeScript(isDark), OwnWorld);
 }
 
-void BrowserPage::setPlace(const QString &place) {
+void BrowserPage::setPlace(const QString &place, const QList<quint32> &revealed) {
     removeScript(PlaceScript);
-    if (place.isEmpty())
-        return;
-    QString code = scriptText(QStringLiteral("restore_place.js"));
-    code.replace(QLatin1String("%PLACE%"), place);
-    insertScript(PlaceScript, code, QWebEngineScript::DocumentReady);
+    QString code;
+    if (!place.isEmpty()) {
+        code = scriptText(QStringLiteral("restore_place.js"));
+        code.replace(QLatin1String("%SCROLLS%"), QVariant(revealed.isEmpty()).toString());
+        code.replace(QLatin1String("%PLACE%"), place);
+    }
+    if (!revealed.isEmpty())
+        code += revealScript(revealed);
+    if (!code.isEmpty())
+        insertScript(PlaceScript, code, QWebEngineScript::DocumentReady);
+}
+
+void BrowserPage::reveal(const QList<quint32> &nodes) {
+    runJavaScript(revealScript(nodes), OwnWorld);
+}
+
+void BrowserPage::takeIn(const QString &page) {
+    QString code = scriptText(QStringLiteral("take_in.js"));
+    // As a string of JSON, which every text can be.
+    const QByteArray list = QJsonDocument(QJsonArray{page}).toJson(QJsonDocument::Compact);
+    code.replace(QLatin1String("%PAGE%"), QString::fromUtf8(list.sliced(1, list.size() - 2)));
+    runJavaScript(code, OwnWorld);
 }
 
 void BrowserPage::askForPlace(const std::function<void(const QString &)> &answer) {
@@ -126,13 +160,23 @@ bool BrowserPage::javaScriptPrompt(const QUrl &, const QString &text, const QStr
 
 void BrowserPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString &text, int,
                                            const QString &) {
-    if (!text.startsWith(word_))
+    if (text.size() <= word_.size() || !text.startsWith(word_))
         return;
-    const QString told = text.mid(word_.size());
-    if (told.startsWith(QLatin1Char('i')))
-        Q_EMIT clicked(told.mid(1));
-    else
-        Q_EMIT linkFollowed(told.mid(1));
+    const QString told = text.mid(word_.size() + 1);
+    switch (text.at(word_.size()).unicode()) {
+    case 'i':
+        Q_EMIT clicked(told);
+        break;
+    case 'm':
+        Q_EMIT moreWanted(told.section(QLatin1Char(' '), 0, 0).toUInt(),
+                          told.endsWith(QLatin1String(" last")));
+        break;
+    case 'l':
+        Q_EMIT linkFollowed(told);
+        break;
+    default:
+        break;
+    }
 }
 
 } // namespace quillon::browser

@@ -16,8 +16,13 @@ class BrowserPage final : public QWebEnginePage {
 public:
     BrowserPage(QWebEngineProfile *profile, QObject *parent);
 
-    /// Has the next page put into a place that keptPlace() gave; an empty one for none.
-    void setPlace(const QString &place);
+    /// Has the next page put into a place that askForPlace() gave, an empty one for none, or, so
+    /// folded, to where the first of these nodes is that has a block there.
+    void setPlace(const QString &place, const QList<quint32> &revealed);
+    /// Scrolls the page that is there to where the first of these nodes is that has a block.
+    void reveal(const QList<quint32> &nodes);
+    /// Has the page that is there take in the blocks of another one.
+    void takeIn(const QString &page);
     /// Has the next page shown by a theme, which is dark or not, or as it is.
     void setTheme(std::optional<bool> isDark);
     /// Has the page that is there shown by a theme.
@@ -30,6 +35,8 @@ public:
 Q_SIGNALS:
     /// The user has clicked an element that has this id.
     void clicked(const QString &id);
+    /// Nodes that the page leaves out are wanted: of those from one on, the first or the last.
+    void moreWanted(quint32 first, bool atEnd);
     /// The user has clicked a link to the web, or pressed Enter on it.
     void linkFollowed(const QString &address);
     /// A script wants the user to read this.
@@ -50,6 +57,8 @@ private:
     void insertScript(const QString &name, const QString &code,
                       QWebEngineScript::InjectionPoint when);
     void removeScript(const QString &name);
+    /// A script that sends messages to the program.
+    QString scriptWithWord(const QString &name) const;
     void denyPermissions();
 
     const QString word_;

@@ -2,6 +2,7 @@
 
 #include "platform/runtime/progress.h"
 #include "platform/xml/dom/dom.h"
+#include "platform/xml/transform/document_part.h"
 
 #include <QStringList>
 
@@ -20,6 +21,8 @@ struct TransformOptions {
     qint64 outputLimit = qint64(256) << 20;
     /// The most memory that source, stylesheet and result may take together, in bytes.
     qint64 memoryLimit = qint64(4) << 30;
+    /// What of the source a stylesheet sees that sees it as the DOM has it; null for all.
+    const DocumentPart *part = nullptr;
     /// Told while the transformation runs; its extent is unknown.
     runtime::Progress progress = {};
 };
@@ -33,9 +36,12 @@ struct TransformOptions {
 /// `getPath(node)` gives the 1-based positions of the node and its ancestors among all children of
 /// their parents, from the document (which counts 1) down, joined by ".". `nodeType(node)` gives
 /// the NodeType of the node, `nodeNumber(node)` its Node::number(), 0 for an attribute. All take
-/// the first node of the set; for nodes of other documents they give "", 0 and 0. Every other
-/// stylesheet sees what XPath defines: one text node for text, CDATA sections and what references
-/// stand for.
+/// the first node of the set; for nodes of other documents they give "", 0 and 0. In place of each
+/// run of children that a part of a document does not show there is an instruction that has the
+/// path and the number of the first of them, and the type 0, so that no node of a document can be
+/// taken for one: "more" with the label of a run that is left out, "kept" with the number of the
+/// last node of one that is kept. Every other stylesheet sees what XPath defines: one text node for
+/// text, CDATA sections and what references stand for.
 inline constexpr char DomFunctionsNamespace[] = "urn:quillon-xml-editor:dom";
 
 /// Transforms a document or an element by an XSLT 1.0 stylesheet and returns the result as text.

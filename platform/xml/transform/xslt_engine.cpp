@@ -122,7 +122,8 @@ QByteArray runStylesheet(const Node &source, const DOMDocument40 &stylesheet,
     registerFunctions();
 
     const Stylesheet compiled = compile(stylesheet, url, log);
-    XmlDocument document = buildSource(source, viewFor(*compiled), folder + "?source");
+    XmlDocument document =
+        buildSource(source, viewFor(*compiled), folder + "?source", options.part);
     XmlDocument result = apply(compiled.get(), document.get(), log);
     QByteArray text = serializeResult(*result, *compiled, options.outputLimit);
     // The process ends now, so the time to release millions of nodes one by one is saved.

@@ -3,6 +3,7 @@
 #include "platform/xml/dom/dom.h"
 #include "platform/xml/engine/document_type.h"
 #include "platform/xml/transform/xslt.h"
+#include "platform/xml/transform/xslt_source_part.h"
 
 #include <QHash>
 #include <QList>
@@ -52,12 +53,13 @@ QByteArray boundPrefix(const QByteArray &attribute) {
     return attribute.mid(qsizetype(std::size("xmlns:")) - 1);
 }
 
-class SourceBuilder : public NodeVisitor {
+class SourceBuilder : public PartVisitor {
 public:
     SourceBuilder(const Node &top, SourceView view, const QByteArray &baseUrl);
 
     void enter(quint32 number, NodeType kind) override;
     void leave() override;
+    void pass(const ChildRun &run) override;
     XmlDocument take() { return std::move(result_); }
 
 private:
@@ -162,6 +164,16 @@ void SourceBuilder::leave() {
         levels_.pop_back();
     }
     opened_.pop_back();
+}
+
+void SourceBuilder::pass(const ChildRun &run) {
+    finishTag();
+    std::uintptr_t &children = levels_.back().children;
+    const bool isKept = run.kind == ChildRun::Kind::Kept;
+    const QByteArray value = isKept ? QByteArray::number(run.last) : run.label.toUtf8();
+    append(xmlNewDocPI(result_.get(), utf8(isKept ? "kept" : "more"), utf8(value)),
+           {children + 1, NodeType::None, run.first});
+    children += run.count;
 }
 
 xmlNodePtr SourceBuilder::newChild(const Node &node, NodeType kind) {
@@ -351,9 +363,13 @@ void nodeNumber(xmlXPathParserContextPtr context, int count) {
 
 } // namespace
 
-XmlDocument buildSource(const Node &node, SourceView view, const QByteArray &baseUrl) {
+XmlDocument buildSource(const Node &node, SourceView view, const QByteArray &baseUrl,
+                        const DocumentPart *part) {
     SourceBuilder builder(node, view, baseUrl);
-    visitSubtree(node, builder);
+    if (part && view == SourceView::Dom)
+        visitPart(node, *part, builder);
+    else
+        visitSubtree(node, builder);
     XmlDocument source = builder.take();
     // Lets XPath put nodes in document order by comparing numbers.
     xmlXPathOrderDocElems(source.get());
