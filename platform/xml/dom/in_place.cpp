@@ -32,7 +32,6 @@ std::size_t utf8Length(QStringView text) {
 }
 
 void markTagChanged(Arena &arena, Number element) {
-    arena.derived.drop();
     arena.writeRecord(element).flags |= record_flag::TagChanged;
     arena.markContentChanged(arena.record(element).parent);
 }

@@ -19,14 +19,14 @@ namespace quillon::xml {
 /// reference is a text that says what the reference stands for. Namespaces are those that xmlns
 /// attributes declare; a prefix that is not declared is part of the name. An xmlns attribute is a
 /// declaration and no attribute.
-class LibxmlTree final : public Derived {
+class LibxmlTree final {
 public:
     /// Place of a node in document order, from 1 (the document). Attributes, xmlns attributes
     /// among them, come after their element in source order.
     using Ordinal = std::uint32_t;
 
     explicit LibxmlTree(const Arena &arena);
-    ~LibxmlTree() override;
+    ~LibxmlTree();
     LibxmlTree(const LibxmlTree &) = delete;
     LibxmlTree &operator=(const LibxmlTree &) = delete;
 

@@ -5,6 +5,7 @@
 #include "platform/xml/engine/child_process.h"
 #include "platform/xml/engine/document_type.h"
 #include "platform/xml/engine/libxml_tree.h"
+#include "platform/xml/query/simple_query.h"
 #include "platform/xml/query/xpath_error.h"
 #include "platform/xml/query/xpath_evaluation.h"
 #include "resources/xml_texts.h"
@@ -19,16 +20,10 @@ namespace quillon::xml {
 
 namespace {
 
-/// What a child reports: one of these, then places of nodes, or a text in UTF-8.
+/// What a child reports: one of these, then numbers of nodes, or a text in UTF-8.
 enum class Report : char { Nodes, NodesInDefaultNamespace, Value, ValueInDefaultNamespace };
 
-LibxmlTree &treeOf(Arena &arena) {
-    if (!arena.derived.get())
-        arena.derived.keep(std::make_unique<LibxmlTree>(arena));
-    return static_cast<LibxmlTree &>(*arena.derived.get());
-}
-
-QByteArray reported(const XPathOutcome &outcome) {
+QByteArray reported(const XPathOutcome &outcome, const LibxmlTree &tree) {
     const Report kind =
         outcome.value ? outcome.inDefaultNamespace ? Report::ValueInDefaultNamespace : Report::Value
         : outcome.inDefaultNamespace ? Report::NodesInDefaultNamespace
@@ -36,11 +31,15 @@ QByteArray reported(const XPathOutcome &outcome) {
     QByteArray report(1, char(kind));
     if (outcome.value)
         return report.append(*outcome.value);
-    return report.append(reinterpret_cast<const char *>(outcome.nodes.data()),
-                         qsizetype(outcome.nodes.size() * sizeof(LibxmlTree::Ordinal)));
+    report.reserve(qsizetype(1 + outcome.nodes.size() * sizeof(Number)));
+    for (const LibxmlTree::Ordinal ordinal : outcome.nodes) {
+        const Number n = tree.numberAt(ordinal);
+        report.append(reinterpret_cast<const char *>(&n), sizeof n);
+    }
+    return report;
 }
 
-XPathAnswer answerOf(const QByteArray &report, const Node &context, const LibxmlTree &tree) {
+XPathAnswer answerOf(const QByteArray &report, const Node &context) {
     const auto kind = Report(report.at(0));
     XPathAnswer answer;
     answer.inDefaultNamespace =
@@ -49,28 +48,46 @@ XPathAnswer answerOf(const QByteArray &report, const Node &context, const Libxml
         answer.value = QString::fromUtf8(QByteArrayView(report).sliced(1));
         return answer;
     }
-    LibxmlTree::Ordinal ordinal;
-    answer.nodes.reserve(std::size_t(report.size()) / sizeof ordinal);
-    for (qsizetype at = 1; at < report.size(); at += qsizetype(sizeof ordinal)) {
-        std::memcpy(&ordinal, report.constData() + at, sizeof ordinal);
-        answer.nodes.push_back(HandleAccess::node(context, tree.numberAt(ordinal)));
+    Number n;
+    answer.nodes.reserve(std::size_t(report.size()) / sizeof n);
+    for (qsizetype at = 1; at < report.size(); at += qsizetype(sizeof n)) {
+        std::memcpy(&n, report.constData() + at, sizeof n);
+        answer.nodes.push_back(HandleAccess::node(context, n));
     }
     return answer;
 }
 
-/// Has a child evaluate an expression by one of the functions of xpath_evaluation.h.
-template <typename Evaluate>
-XPathAnswer ask(const Node &context, const QString &expression, const Node &selection,
-                const runtime::Progress &progress, Evaluate &&evaluate) {
-    using namespace runtime;
+XPathAnswer answerOf(const SimpleAnswer &simple, const Node &context) {
+    XPathAnswer answer;
+    answer.inDefaultNamespace = simple.inDefaultNamespace;
+    if (simple.count)
+        answer.value = QString::number(*simple.count);
+    answer.nodes.reserve(simple.nodes.size());
+    for (const Number n : simple.nodes)
+        answer.nodes.push_back(HandleAccess::node(context, n));
+    return answer;
+}
+
+xmlNode *contextIn(LibxmlTree &tree, const Node &context) {
+    xmlNode *found = tree.find(context.number());
+    if (!found)
+        throw runtime::Error(runtime::error_number::InvalidArgument,
+                             resources::xpath_texts::BadContext.toString());
+    return found;
+}
+
+void requireNode(const Node &context) {
     if (context.isNull())
-        throw Error(error_number::InvalidArgument, resources::xml_texts::NoNode.toString());
-    LibxmlTree &tree = treeOf(HandleAccess::arena(context));
-    xmlNode *start = tree.find(context.number());
-    if (!start)
-        throw Error(error_number::InvalidArgument, resources::xpath_texts::BadContext.toString());
-    const XPathExpression parsed(expression.toStdString());
-    xmlNode *selected = parsed.usesVariable() ? tree.find(selection.number()) : nullptr;
+        throw runtime::Error(runtime::error_number::InvalidArgument,
+                             resources::xml_texts::NoNode.toString());
+}
+
+/// Has the library evaluate an expression by one of the functions of xpath_evaluation.h, in a child
+/// that makes its own copy of the document.
+template <typename Evaluate>
+XPathAnswer ask(const Node &context, const XPathExpression &parsed, const Node &selection,
+                const runtime::Progress &progress, Evaluate &&evaluate) {
+    const Arena &arena = HandleAccess::arena(context);
     const bool asksForIds = parsed.callOf("id").kind != XPathToken::Kind::End;
     const QByteArray documentType =
         asksForIds ? documentTypeOf(context.ownerDocument()) : QByteArray();
@@ -78,19 +95,31 @@ XPathAnswer ask(const Node &context, const QString &expression, const Node &sele
     // stopped at any time.
     const QByteArray report = runInChild(
         [&] {
+            LibxmlTree tree(arena);
+            xmlNode *start = contextIn(tree, context);
+            xmlNode *selected = parsed.usesVariable() ? tree.find(selection.number()) : nullptr;
             if (asksForIds)
                 tree.indexIdentifiers(documentType);
-            return reported(evaluate(tree, {parsed, start, selected}));
+            return reported(evaluate(tree, {parsed, start, selected}), tree);
         },
         {}, progress);
-    return answerOf(report, context, tree);
+    return answerOf(report, context);
 }
 
 } // namespace
 
 std::vector<Node> selectNodes(const Node &context, const QString &expression,
                               const runtime::Progress &progress) {
-    return ask(context, expression, {}, progress,
+    requireNode(context);
+    const XPathExpression parsed(expression.toStdString());
+    const std::optional<SimpleAnswer> simple =
+        simplyEvaluated(HandleAccess::arena(context), context.number(), parsed,
+                        DefaultNamespaces::NotTried, progress);
+    if (simple && simple->count)
+        raiseNotNodes(parsed);
+    if (simple)
+        return answerOf(*simple, context).nodes;
+    return ask(context, parsed, {}, progress,
                [](LibxmlTree &tree, const XPathQuestion &question) {
                    XPathOutcome outcome = evaluated(tree, question);
                    if (outcome.value)
@@ -102,7 +131,13 @@ std::vector<Node> selectNodes(const Node &context, const QString &expression,
 
 XPathAnswer evaluateXPath(const Node &context, const QString &expression, const Node &selection,
                           const runtime::Progress &progress) {
-    return ask(context, expression, selection, progress, evaluatedWithDefaults);
+    requireNode(context);
+    const XPathExpression parsed(expression.toStdString());
+    const std::optional<SimpleAnswer> simple = simplyEvaluated(
+        HandleAccess::arena(context), context.number(), parsed, DefaultNamespaces::Tried, progress);
+    if (simple)
+        return answerOf(*simple, context);
+    return ask(context, parsed, selection, progress, evaluatedWithDefaults);
 }
 
 std::vector<std::optional<QString>> valuesAt(const std::vector<Node> &contexts,
@@ -111,16 +146,18 @@ std::vector<std::optional<QString>> valuesAt(const std::vector<Node> &contexts,
     std::vector<std::optional<QString>> values;
     if (contexts.empty())
         return values;
-    LibxmlTree &tree = treeOf(HandleAccess::arena(contexts.front()));
+    const Arena &arena = HandleAccess::arena(contexts.front());
     const XPathExpression parsed(expression.toStdString());
     const QByteArray report = runInChild(
         [&] {
+            LibxmlTree tree(arena);
             QByteArray all;
             QDataStream stream(&all, QIODevice::WriteOnly);
             for (const Node &context : contexts) {
                 const XPathOutcome outcome =
-                    evaluatedWithDefaults(tree, {parsed, tree.find(context.number())});
-                const LibxmlTree::Ordinal first = outcome.nodes.empty() ? 0 : outcome.nodes.front();
+                    evaluatedWithDefaults(tree, {parsed, contextIn(tree, context)});
+                const Number first =
+                    outcome.nodes.empty() ? 0 : tree.numberAt(outcome.nodes.front());
                 stream << first << outcome.value.value_or(QByteArray()) << !outcome.value;
             }
             return all;
@@ -128,14 +165,14 @@ std::vector<std::optional<QString>> valuesAt(const std::vector<Node> &contexts,
         {}, progress);
     QDataStream stream(report);
     for (std::size_t i = 0; i < contexts.size(); ++i) {
-        LibxmlTree::Ordinal first = 0;
+        Number first = 0;
         QByteArray value;
         bool isNodes = false;
         stream >> first >> value >> isNodes;
         if (!isNodes)
             values.emplace_back(QString::fromUtf8(value));
         else if (first != 0)
-            values.emplace_back(HandleAccess::node(contexts.front(), tree.numberAt(first)).text());
+            values.emplace_back(HandleAccess::node(contexts.front(), first).text());
         else
             values.emplace_back();
     }
@@ -147,11 +184,6 @@ Node ownerElement(const Node &attribute) {
         return {};
     const Arena &arena = HandleAccess::arena(attribute);
     return HandleAccess::node(attribute, arena.record(attribute.number()).parent);
-}
-
-void dropXPathCache(const DOMDocument40 &document) {
-    if (document)
-        HandleAccess::arena(document).derived.drop();
 }
 
 } // namespace quillon::xml

@@ -20,8 +20,8 @@ namespace quillon::xml {
 /// namespace. id() knows xml:id and what the internal subset declares as ID, and current() is the
 /// context node.
 ///
-/// The first query copies the document, which later ones use until the document is changed. The
-/// expression is evaluated in a child process, whose progress is unknown.
+/// Paths of the usual kind (SimplePath) are taken on the document itself. For any other expression
+/// libxml2 is asked, in a child process that copies the document. The progress of both is unknown.
 ///
 /// Raises InvalidArgument for a context that XPath cannot see or that does not stand in the
 /// document. Raises Fail, with what is wrong between "-->" and "<--", for an expression that is no
@@ -58,8 +58,5 @@ std::vector<std::optional<QString>> valuesAt(const std::vector<Node> &contexts,
 /// The element that an attribute is set on; the empty handle for one that stands nowhere and for
 /// other nodes.
 Node ownerElement(const Node &attribute);
-
-/// Frees the copy of the document that queries have left. The next change does so, too.
-void dropXPathCache(const DOMDocument40 &document);
 
 } // namespace quillon::xml

@@ -48,7 +48,6 @@ Ref<Arena> Arena::clone() const {
 
 void Arena::clear() {
     requireNumbers(size_);
-    derived.drop();
     base_ += size_;
     entities = std::make_shared<EntityTable>();
     format = {};
@@ -201,7 +200,6 @@ std::uint32_t Arena::contentEnd(Number n) const {
 }
 
 void Arena::setTagForm(Number n, RecordFlags form) {
-    derived.drop();
     RecordFlags &flags = writeRecord(n).flags;
     flags = static_cast<RecordFlags>((flags & ~tag_form::All) | form);
 }
@@ -248,7 +246,6 @@ void Arena::setOwnText(Number n, OwnTextKind kind, std::string text,
 }
 
 void Arena::setOwnText(Number n, OwnTextKind kind, Ref<OwnText> text) {
-    derived.drop();
     Page &p = writePage(n - base_);
     const auto slot = static_cast<std::uint16_t>(indexOf(n - base_));
     const auto at = p.texts.begin() + (placeOfOwn(p, slot, kind) - p.texts.cbegin());
@@ -289,7 +286,6 @@ void Arena::setEndLayout(Number n, std::string text) {
 }
 
 void Arena::link(Number parent, Number node, Number next) {
-    derived.drop();
     const bool attribute = record(node).kind == NodeType::Attribute;
     const Number last = attribute ? lastAttribute(parent) : part(parent).lastChild;
     const Number previous = next != 0 ? previousSibling(next) : last;
@@ -313,7 +309,6 @@ void Arena::link(Number parent, Number node, Number next) {
 }
 
 void Arena::unlink(Number node) {
-    derived.drop();
     const Record r = record(node);
     const Number previous = previousSibling(node);
     if (previous != 0)

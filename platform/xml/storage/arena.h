@@ -166,30 +166,6 @@ struct ParserProperties {
     bool preserveWhiteSpace = false;
 };
 
-/// Base of what is worked out from a document's content and kept for the next time.
-class Derived {
-public:
-    virtual ~Derived() = default;
-};
-
-/// Keeps it. A copy of the document starts with nothing.
-class DerivedKeeper {
-public:
-    DerivedKeeper() = default;
-    DerivedKeeper(const DerivedKeeper &) {}
-    DerivedKeeper &operator=(const DerivedKeeper &) = delete;
-
-    Derived *get() const { return kept_.get(); }
-    void keep(std::unique_ptr<Derived> derived) { kept_ = std::move(derived); }
-    void drop() {
-        if (kept_)
-            kept_.reset();
-    }
-
-private:
-    std::unique_ptr<Derived> kept_;
-};
-
 /// The storage of a document: numbered records on shared pages. It knows nothing of what may
 /// stand where; dom_edit.cpp does.
 class Arena final : public ArenaBase {
@@ -310,9 +286,6 @@ public:
     ParserProperties properties;
     ParseError parseError;
     RootPlace rootPlace;
-    /// What was worked out from the present content; every change drops it. (The parser adds to a
-    /// document that has just been cleared and need not.)
-    DerivedKeeper derived;
 
 private:
     friend class NodeAppender;

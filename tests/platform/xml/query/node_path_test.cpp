@@ -2,9 +2,8 @@
 #include "platform/xml/query/node_path.h"
 #include "platform/xml/query/xpath.h"
 #include "platform/xml/query/xpath_evaluation.h"
+#include "tests/platform/xml/query/random_markup.h"
 #include "tests/platform/xml/xml_test_support.h"
-
-#include <random>
 
 namespace quillon::xml::test {
 
@@ -83,58 +82,6 @@ TEST(NodePath, SomeNodesHaveNone) {
     root.removeChild(a);
     EXPECT_EQ(pathTo(a), "");
 }
-
-/// Documents with few names, so that they meet again in other namespaces, with other prefixes, and
-/// as duplicates.
-class RandomMarkup {
-public:
-    explicit RandomMarkup(unsigned seed) : random_(seed) {}
-
-    std::string document() {
-        std::string text = chance(2) ? "<!DOCTYPE r [<!ENTITY e 'x'>"
-                                       "<!ATTLIST a id CDATA 'd' xmlns:p CDATA 'urn:9'>]>"
-                                     : "<!DOCTYPE r [<!ENTITY e 'x'>]>";
-        text += chance(2) ? "<!--a--><?go on?>" : "";
-        return text + element(0) + (chance(3) ? "<!--b--><!--c-->" : "");
-    }
-
-private:
-    unsigned number(unsigned below) { return unsigned(random_() % below); }
-    bool chance(unsigned in) { return number(in) == 0; }
-    const char *one(std::initializer_list<const char *> all) {
-        return *(all.begin() + number(unsigned(all.size())));
-    }
-
-    std::string attributes() {
-        std::map<std::string, std::string> all;
-        for (unsigned i = number(6); i > 0; --i)
-            all[one({"id", "no", "値", "p:id", "q:id", "u:id", "xml:id", "xml:lang"})] =
-                one({"'1'", "'2'", "'3'", "\"it's\"", "'say \"x\"'", "'&quot;&apos;'", "' '", "''",
-                     "'a&#10;b'", "'&lt;'"});
-        for (unsigned i = chance(2) ? number(5) : 0; i > 0; --i)
-            all[one({"xmlns", "xmlns:p", "xmlns:q", "xmlns:r"})] =
-                one({"'urn:1'", "'urn:1'", "'urn:2'", "''"});
-        std::string text;
-        for (const auto &[name, value] : all)
-            text += " " + name + "=" + value;
-        return text;
-    }
-    std::string element(int depth) {
-        const std::string name =
-            one({"a", "a", "a", "b", "p:a", "q:a", "r:a", "u:a", "div", "要素", "xml:a"});
-        std::string text = "<" + name + attributes();
-        if (chance(5))
-            return text + "/>";
-        text += ">";
-        for (unsigned i = number(depth < 4 ? 5 : 1); i > 0; --i)
-            text += chance(2) ? element(depth + 1)
-                              : one({"t", "<![CDATA[c]]>", "&e;", "<!--c-->", "<?p i?>", "<?q i?>",
-                                     "<a/>", "<a id='2'/>", "<a xmlns=''/>"});
-        return text + "</" + name + ">";
-    }
-
-    std::mt19937 random_;
-};
 
 TEST(NodePath, EveryNodeIsFoundAloneByItsPath) {
     int paths = 0;
