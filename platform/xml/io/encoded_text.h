@@ -20,6 +20,8 @@ public:
     explicit EncodedText(const std::string &codec, std::string mark = {});
 
     const std::string &codec() const { return encoder_.codec(); }
+    /// Makes room for so many bytes, which spares copies while they become more.
+    void reserve(std::size_t size) { bytes_.reserve(size); }
     bool isUtf8() const { return encoder_.isUtf8(); }
 
     /// Whether the encoding holds the text and reads it back as it is.

@@ -70,6 +70,7 @@ public:
     void markup(std::string_view text) override;
     void characters(std::string_view text) override;
 
+    void reserve(std::size_t size) { bytes_.reserve(size); }
     /// Bytes as they are, which no text of the target reads back as.
     void undecodable(std::string_view bytes) { bytes_.appendUndecodable(bytes); }
     /// Raises Fail, as markup() does, when the target cannot hold the text; writes nothing.

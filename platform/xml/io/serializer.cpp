@@ -442,7 +442,13 @@ std::unique_ptr<FileOutput> outputFor(const Arena &arena) {
 std::string serializeDocument(const Arena &arena) {
     const std::unique_ptr<FileOutput> file = outputFor(arena);
     FileOutput &output = *file;
-    Serializer(arena, output).write(arena.documentNumber());
+    const Number document = arena.documentNumber();
+    if (arena.record(document).has(record_flag::Source)) {
+        // Most documents become little longer. What is not written to takes no memory.
+        const std::size_t size = arena.source(document)->utf8.size();
+        output.reserve(size + size / 8);
+    }
+    Serializer(arena, output).write(document);
     return output.take();
 }
 
