@@ -11,6 +11,8 @@ inline constexpr Text NumbersUsedUp = u"このドキュメントには、これ�
                                       u"保存してから開き直すと、編集を続けることができます。";
 inline constexpr Text TooLarge =
     u"ファイルが大きすぎます。2 GB までのファイルを開くことができます。";
+inline constexpr Text TooLongToken =
+    u"誤りがあります。1 GB を超えるタグまたはコメントがあるため、その場所を調べられません。";
 
 // Names and values
 inline constexpr Text EmptyName = u"空の文字列 '' は名前として使用できません。";

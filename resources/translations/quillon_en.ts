@@ -1119,6 +1119,7 @@
 <!-- xml_texts.h -->
 <message><source>このドキュメントには、これ以上ノードを作成できません。&#10;保存してから開き直すと、編集を続けることができます。</source><translation>No more nodes can be made in this document.&#10;Save it and open it again to go on editing.</translation></message>
 <message><source>ファイルが大きすぎます。2 GB までのファイルを開くことができます。</source><translation>The file is too large. Files of up to 2 GB can be opened.</translation></message>
+<message><source>誤りがあります。1 GB を超えるタグまたはコメントがあるため、その場所を調べられません。</source><translation>There is an error. Where it is cannot be found, because a tag or comment is longer than 1 GB.</translation></message>
 <message><source>空の文字列 '' は名前として使用できません。</source><translation>The empty string '' is not a valid name.</translation></message>
 <message><source>この名前に文字 '%1' は使用できません:&#10;%2</source><translation>The character '%1' is not allowed in this name:&#10;%2</translation></message>
 <message><source>この名前を文字 '%1' で始めることはできません:&#10;%2</source><translation>This name cannot start with the character '%1':&#10;%2</translation></message>

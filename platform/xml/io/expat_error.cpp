@@ -28,6 +28,7 @@ constexpr Reason Reasons[] = {
     {XML_ERROR_DUPLICATE_ATTRIBUTE, parse_error_code::DuplicateAttribute - Base,
      texts::DuplicateAttribute},
     {XML_ERROR_JUNK_AFTER_DOC_ELEMENT, 0x55, texts::JunkAfterRoot},
+    {XML_ERROR_NO_MEMORY, 0x01, texts::TooLongToken},
     {XML_ERROR_UNDEFINED_ENTITY, parse_error_code::UndefinedEntity - Base, texts::UndefinedEntity},
     {XML_ERROR_RECURSIVE_ENTITY_REF, 0x03, texts::EntityLoop},
     {XML_ERROR_AMPLIFICATION_LIMIT_BREACH, 0x03, texts::EntityLimit},

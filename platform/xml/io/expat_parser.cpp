@@ -7,6 +7,7 @@
 #include "resources/runtime_errors.h"
 #include "resources/xml_texts.h"
 
+#include <algorithm>
 #include <cstring>
 #include <set>
 
@@ -305,12 +306,16 @@ ParseError Parser::failure() const {
 }
 
 bool Parser::feed() {
-    // The library copies what it is given.
-    constexpr std::size_t piece = 1 << 20;
-    std::string_view rest = substitutes_ ? substitutes_->text() : bytes_;
-    for (; rest.size() > piece; rest.remove_prefix(piece)) {
-        if (XML_Parse(parser_, rest.data(), int{piece}, XML_FALSE) != XML_STATUS_OK)
+    // The library copies what it is given, and goes once more over a comment, say, that has not
+    // ended with it: so pieces are small, and grow with what has been read.
+    constexpr std::size_t smallest = 1 << 20;
+    const std::string_view text = substitutes_ ? substitutes_->text() : bytes_;
+    std::string_view rest = text;
+    for (std::size_t piece = smallest; rest.size() > piece;
+         piece = std::max(smallest, (text.size() - rest.size()) / 8)) {
+        if (XML_Parse(parser_, rest.data(), static_cast<int>(piece), XML_FALSE) != XML_STATUS_OK)
             return false;
+        rest.remove_prefix(piece);
     }
     return XML_Parse(parser_, rest.data(), static_cast<int>(rest.size()), XML_TRUE) ==
            XML_STATUS_OK;
