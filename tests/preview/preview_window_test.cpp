@@ -153,6 +153,64 @@ TEST_F(PreviewWindow, ARefreshKeepsWhatIsFoldedAndHowFarThePageIsScrolled) {
     EXPECT_EQ(script("scrollY").toInt(), 0);
 }
 
+/// What a large page takes in as it is scrolled is what it would be if it were made anew.
+TEST_F(PreviewWindow, ALargePageTakesInWhatIsScrolledTo) {
+    form->show();
+    QByteArray many;
+    for (int i = 0; i < 12'000; ++i) {
+        const QByteArray number = QByteArray::number(i);
+        many += "<e n='" + number + "'><!--c--><f>x</f>t" + number + "<g><h/>" +
+                (i % 7 == 0 ? QByteArray("<i/>").repeated(20) : QByteArray()) + "</g></e>";
+    }
+    open("<doc>" + many + "</doc>");
+    waitForPage("t7");
+    const auto lines = [&] { return script("document.querySelectorAll('.t[id]').length").toInt(); };
+    const auto page = [&] { return script("document.body.firstChild.innerHTML").toString(); };
+    const auto scrollFor = [&](const char *where) {
+        const int before = lines();
+        EXPECT_TRUE(QTest::qWaitFor(
+            [&] {
+                script(QStringLiteral("scrollTo(0, %1)").arg(where));
+                return lines() > before;
+            },
+            Patience))
+            << where;
+    };
+    const auto select = [&](int index) {
+        const xml::Node node = editor().state.m_DOM.documentElement().childNodes().item(index);
+        editor().selection.ShowNode(editor().builder.itemOf(node), true);
+    };
+    const auto expectAsMadeAnew = [&] {
+        // Nothing is on its way when two answers are the same, and no line is in sight.
+        QString taken;
+        EXPECT_TRUE(
+            QTest::qWaitFor([&] { return std::exchange(taken, page()) == page(); }, Patience));
+        script("document.body.append('the one before')");
+        preview().requestPreview(editor().state.m_DOM.node());
+        EXPECT_TRUE(QTest::qWaitFor(
+            [&] { return !script("document.body.textContent").toString().contains("before"); },
+            Patience));
+        EXPECT_EQ(page(), taken);
+    };
+    scrollFor("document.body.scrollHeight");
+    scrollFor("document.body.scrollHeight");
+    expectAsMadeAnew();
+    select(6'000);
+    waitForPage("t6000");
+    const QString block = "[...document.querySelectorAll('.t')].find((at) => at.id === '1.1.6001')"
+                          ".getBoundingClientRect()";
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] {
+            return script("const r = " + block + "; r.top >= 0 && r.bottom <= innerHeight")
+                .toBool();
+        },
+        Patience));
+    scrollFor("1");
+    scrollFor("document.body.scrollHeight");
+    expectAsMadeAnew();
+    EXPECT_FALSE(page().contains(">t7<"));
+}
+
 TEST_F(PreviewWindow, ThatItWasStoppedIsSaidUntilItSucceeds) {
     form->show();
     open(Sample);
