@@ -90,13 +90,15 @@ void scrollText(QMessageBox &box, const QSize &room) {
     const int width = room.width() - box.iconPixmap().width() - 6 * line;
     const int most =
         std::max(LeastLines * line, room.height() - buttons->sizeHint().height() - 4 * line);
-    const bool wraps = label->wordWrap();
-    label->setWordWrap(true);
-    const int height = label->heightForWidth(width);
-    if (height <= most) {
-        label->setWordWrap(wraps);
+    // The label itself is not asked: told to wrap it has the box laid out again, and this done
+    // again.
+    QLabel likeIt(label->text());
+    likeIt.setTextFormat(label->textFormat());
+    likeIt.setFont(label->font());
+    likeIt.setWordWrap(true);
+    if (likeIt.heightForWidth(width) <= most)
         return;
-    }
+    label->setWordWrap(true);
     auto *roll = new Roll;
     delete grid->replaceWidget(label, roll);
     roll->setWidget(label);

@@ -31,6 +31,28 @@ int show(const QString &text, int style, const std::function<void(QMessageBox &)
     return desktop.showMessage(text, style, QStringLiteral("title"));
 }
 
+/// Counts how often a box is laid out.
+class LayoutCounter final : public QObject {
+public:
+    bool eventFilter(QObject *, QEvent *event) override {
+        count += event->type() == QEvent::LayoutRequest ? 1 : 0;
+        return false;
+    }
+    int count = 0;
+};
+
+TEST(MessageBox, ComesToRest) {
+    constexpr int Rounds = 50;
+    LayoutCounter counter;
+    show(QStringLiteral("text of a few words"), 3, [&](QMessageBox &box) {
+        box.installEventFilter(&counter);
+        for (int i = 0; i < Rounds; ++i)
+            QCoreApplication::processEvents();
+        box.reject();
+    });
+    EXPECT_LT(counter.count, Rounds / 2);
+}
+
 TEST(MessageBox, OffersTheButtonsOfItsStyle) {
     struct Case {
         int style;
