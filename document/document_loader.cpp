@@ -1,5 +1,6 @@
 #include "document/document_loader.h"
 
+#include "document/document_head.h"
 #include "platform/runtime/error.h"
 #include "platform/runtime/file_access.h"
 #include "platform/runtime/file_names.h"
@@ -82,6 +83,9 @@ bool DocumentLoader::OpenFile(const QString &fileName) {
     Q_EMIT statusText(resources::texts::Loading.toString());
     // Also when an error leads out of here.
     const auto clearStatus = qScopeGuard([this] { Q_EMIT statusText(QString()); });
+    const auto endOpening = qScopeGuard([this] { Q_EMIT openingEnded(); });
+    if (const xml::DOMDocument40 head = documentHead(fileName))
+        Q_EMIT opening(head);
     const FileOnDisk file = FileOnDisk::of(fileName);
     xml::DOMDocument40 document = xml::DOMDocument40::create();
     // Half a document would be none, so there is no stopping it.
@@ -95,6 +99,7 @@ bool DocumentLoader::OpenFile(const QString &fileName) {
     // A file that does not parse is copied, too.
     const QString backup = backUp(fileName, !document.documentElement().isNull());
     if (!document.documentElement()) {
+        Q_EMIT openingEnded();
         ui::showMessage(resources::messageText(resources::message::CannotParse),
                         ui::message_style::Exclamation);
         return false;
@@ -114,6 +119,7 @@ bool DocumentLoader::OpenFile(const QString &fileName) {
     Q_EMIT documentOpened();
     history_.ResetUndoHistory();
     recentFiles_.add(fileName);
+    Q_EMIT openingEnded();
     tellOfFaulty(faulty);
     return true;
 }
@@ -216,7 +222,7 @@ bool DocumentLoader::openMended(std::string bytes) {
     state_.m_DOM = document;
     state_.isBroken = false;
     builder_.BuildTree(state_.m_DOM, true);
-    expandTopLevel();
+    expandTopLevel(tree_);
     selection_.takePaneAs(tree_.nodes().Item(1));
     const bool hasFile = QFileInfo(state_.m_FileName).isAbsolute();
     const xml::Node faulty = hasFile ? copyStylesheets(state_.m_FileName) : xml::Node();
@@ -230,14 +236,14 @@ bool DocumentLoader::openMended(std::string bytes) {
 
 void DocumentLoader::showFromTop() {
     ui::ignoringErrors([this] {
-        expandTopLevel();
+        expandTopLevel(tree_);
         tree_.setFocus();
         selection_.ShowNode(tree_.nodes().Item(1), true);
     });
 }
 
-void DocumentLoader::expandTopLevel() {
-    TreeItem document = tree_.nodes().Item(1);
+void DocumentLoader::expandTopLevel(items::Tree &tree) {
+    TreeItem document = tree.nodes().Item(1);
     document.setExpanded(true);
     for (TreeItem child = document.Child(); child; child = child.Next())
         child.setExpanded(true);

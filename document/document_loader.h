@@ -51,6 +51,10 @@ public:
     /// what is dropped on a window is often no XML.
     void LoadXML(const QString &xmlText);
 
+    /// Expands what is to be seen of a document that has been opened: its item and those below
+    /// that.
+    static void expandTopLevel(items::Tree &tree);
+
     /// The file last loaded or saved, as it then stood on disk.
     const FileOnDisk &fileOnDisk() const { return fileOnDisk_; }
     void setFileOnDisk(const FileOnDisk &file) { fileOnDisk_ = file; }
@@ -58,6 +62,11 @@ public:
 Q_SIGNALS:
     /// A text for the status bar while something takes its time.
     void statusText(const QString &text);
+    /// A large file is about to be read; its document begins like this one, which is closed where
+    /// it is cut off.
+    void opening(const quillon::xml::DOMDocument40 &head);
+    /// That file has been opened, or has not. Also told when there was nothing to tell before.
+    void openingEnded();
     /// The document is about to be replaced: the new one can be shown. Whoever raises here keeps
     /// it from going.
     void replacing();
@@ -74,7 +83,6 @@ private:
     xml::Node copyStylesheets(const QString &fileName);
     void copyStylesheet(const QString &documentFolder, const QString &data);
     void showFromTop();
-    void expandTopLevel();
     /// Shows what could not be understood of a stylesheet instruction; nothing for Nothing.
     void tellOfFaulty(const xml::Node &stylesheetLink);
 

@@ -173,6 +173,7 @@ inline constexpr Text PathName = u"パス";
 inline constexpr Text ColumnsName = u"左右の分割";
 inline constexpr Text RowsName = u"上下の分割";
 inline constexpr Text TreeName = u"ドキュメント ツリー";
+inline constexpr Text FirstScreenName = u"読み込み中のドキュメントの先頭";
 inline constexpr Text PaneName = u"編集ペイン";
 inline constexpr Text PreviewName = u"プレビュー";
 

@@ -50,8 +50,7 @@ frmMain::frmMain(Environment environment)
       vsp(new QSplitter(Qt::Horizontal, this)), hsp(new QSplitter(Qt::Vertical)),
       rightSide_(new QStackedWidget), txtEdit(new controls::TextBox),
       textPane_(new controls::TextPane(*txtEdit)), ie(new browser::Browser), sbr(new QLabel),
-      syntaxLabel_(new QLabel),
-      validationButton_(new QPushButton) {
+      syntaxLabel_(new QLabel), validationButton_(new QPushButton) {
     setAttribute(Qt::WA_DeleteOnClose);
     menus_ = std::make_unique<controls::ActionMenus>(actions_, *menuBar());
     editor_ = std::make_unique<Editor>(std::move(environment), *txtEdit, *cboPath, *ie, longWork_,
@@ -77,6 +76,7 @@ frmMain::frmMain(Environment environment)
     connectButtons();
     connectWindow();
     connectFirstPage();
+    connectFirstScreen();
     Form_Initialize();
     Form_Load();
     showFirstPageIfEmpty();
@@ -84,6 +84,7 @@ frmMain::frmMain(Environment environment)
 
 frmMain::~frmMain() {
     // Ahead of what they show.
+    firstScreen_.reset();
     delete candidates_;
     delete panel_;
     delete tvw;

@@ -3,6 +3,7 @@
 #include "app/editor.h"
 #include "app/main_window/candidate_panel.h"
 #include "app/main_window/first_page.h"
+#include "app/main_window/first_screen.h"
 #include "app/main_window/help_desk.h"
 #include "app/main_window/mend_menu.h"
 #include "app/main_window/replace_dialog.h"
@@ -105,6 +106,11 @@ public:
     Zoom &zoom() { return *zoom_; }
     controls::ActionSet &actions() { return actions_; }
 
+Q_SIGNALS:
+    /// A file is to be opened that takes its time: the window can be shown with what it begins
+    /// with.
+    void opensLargeFile();
+
 protected:
     void closeEvent(QCloseEvent *event) override;
     void changeEvent(QEvent *event) override;
@@ -156,6 +162,7 @@ private:
     /// The parts that focusPart() goes through, with what gives each the keyboard.
     std::vector<std::pair<QWidget *, std::function<void()>>> parts();
     void connectFirstPage();
+    void connectFirstScreen();
     void wantFirstPage(bool wanted);
     void showRightSide(QWidget *side);
     bool isEmpty() const;
@@ -205,6 +212,7 @@ private:
     std::unique_ptr<tools::TreePrinting> treePrinting_;
     std::unique_ptr<TreeKeys> treeKeys_;
     std::unique_ptr<Zoom> zoom_;
+    std::unique_ptr<FirstScreen> firstScreen_;
     /// What was sorted by last.
     edit::SortOrder sortOrder_;
     ValidationList *validationList_ = nullptr;

@@ -43,6 +43,25 @@ void frmMain::connectFirstPage() {
             [this] { QTimer::singleShot(0, this, &frmMain::showFirstPageIfEmpty); });
 }
 
+void frmMain::connectFirstScreen() {
+    using document::DocumentLoader;
+    firstScreen_ = std::make_unique<FirstScreen>(editor_->options, *tvw);
+    connect(&editor_->loader, &DocumentLoader::opening, this, [this](const auto &head) {
+        Q_EMIT opensLargeFile();
+        if (!isVisible())
+            return;
+        // What is to come, in place of the first page.
+        showRightSide(hsp);
+        firstScreen_->show(head);
+    });
+    connect(&editor_->loader, &DocumentLoader::openingEnded, this, [this] {
+        if (!firstScreen_->isShown())
+            return;
+        firstScreen_->hide();
+        showFirstPageIfEmpty();
+    });
+}
+
 void frmMain::wantFirstPage(bool wanted) {
     if (std::exchange(editor_->settings.firstPage, wanted) == wanted)
         return;
@@ -61,7 +80,7 @@ void frmMain::showFirstPageIfEmpty() {
     if (!isEmpty() || !editor_->settings.firstPage)
         return;
     // The window is empty while another file is read, too.
-    if (QThread::currentThread()->loopLevel() > 1) {
+    if (firstScreen_->isShown() || QThread::currentThread()->loopLevel() > 1) {
         QTimer::singleShot(UnderWayMs, this, &frmMain::showFirstPageIfEmpty);
         return;
     }

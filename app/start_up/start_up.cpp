@@ -99,10 +99,16 @@ int runStandAlone(const QString &path) {
     QCoreApplication::processEvents();
 
     Window window;
-    if (isThere)
+    const auto show = [&] {
+        window.setVisible(true);
+        splash.close();
+    };
+    if (isThere) {
+        const QObject whileOpening;
+        QObject::connect(window.form(), &frmMain::opensLargeFile, &whileOpening, show);
         ui::guarded([&] { window.OpenFile(path); });
-    window.setVisible(true);
-    splash.close();
+    }
+    show();
     if (frmMain *const form = window.form())
         ui::guarded([form] { form->editor().recovery.offer(); });
 

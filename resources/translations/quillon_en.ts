@@ -887,6 +887,7 @@
 <message><source>パスへの移動</source><translation>Go to path</translation></message>
 <message><source>左右の分割</source><translation>Splitter between left and right</translation></message>
 <message><source>上下の分割</source><translation>Splitter between top and bottom</translation></message>
+<message><source>読み込み中のドキュメントの先頭</source><translation>Beginning of the document being loaded</translation></message>
 <message><source>ドキュメント ツリー</source><translation>Document tree</translation></message>
 <message><source>編集ペイン</source><translation>Edit pane</translation></message>
 <message><source>プレビュー</source><translation>Preview</translation></message>

@@ -18,6 +18,51 @@ TEST_F(CommandsWindow, SavingIsOfferedWhileThereIsADocument) {
     EXPECT_FALSE(button(u"save"));
 }
 
+TEST_F(CommandsWindow, ALargeFileIsSeenWhileItIsRead) {
+    const QByteArray large = "<big>" + QByteArray("<row k='1'>v</row>").repeated(250'000);
+    auto *const first = form->findChild<controls::TreeView *>(QStringLiteral("firstScreen"));
+    const auto isShown = [&] { return !first->isHidden(); };
+    int times = 0;
+    QStringList seen;
+    QObject::connect(&editor().loader, &document::DocumentLoader::opening, [&] {
+        ++times;
+        seen.clear();
+        for (int row = 0; isShown() && row < 4; ++row)
+            seen += first->tree().nodes().Item(row + 1).Text();
+        EXPECT_FALSE(isShown() && first->hasFocus());
+    });
+    open("<r><kept><deep/></kept></r>");
+    open(large + "</big>");
+    EXPECT_EQ(times, 1);
+    EXPECT_TRUE(seen.isEmpty()) << "a window that is not seen stays so";
+    EXPECT_FALSE(form->isVisible());
+
+    form->show();
+    form->activateWindow();
+    open("<r><kept><deep/></kept></r>");
+    tree().nodes().Item(3).setExpanded(true);
+    select("deep");
+    txtEdit().setFocus();
+    const QString pane = txtEdit().Text();
+    for (const char *end : {"</wrong>", "</big>"}) {
+        const bool isGood = end == QByteArray("</big>");
+        if (!isGood)
+            dialogs.answerMessage(ui::message_answer::Ok);
+        EXPECT_EQ(OpenFile(write("large.xml", large + end)), isGood);
+        EXPECT_EQ(seen, QStringList({"#document", "big", "row", "k=\"1\""})) << end;
+        EXPECT_FALSE(isShown());
+        EXPECT_EQ(first->tree().nodes().Count(), 0);
+        if (isGood)
+            continue;
+        EXPECT_EQ(expanded(), QStringList({"#document", "r", "kept"}));
+        EXPECT_EQ(tree().SelectedItem().Text(), "deep");
+        EXPECT_EQ(txtEdit().Text(), pane);
+    }
+    EXPECT_EQ(times, 3);
+    EXPECT_EQ(tree().nodes().Item(2).Text(), "big");
+    EXPECT_EQ(xml(), large + "</big>");
+}
+
 TEST_F(CommandsWindow, AFailureIsShownAndTheProgramGoesOn) {
     open("<r/>");
     state().m_FileName = path("gone/doc.xml");
