@@ -38,7 +38,8 @@ void FirstScreen::show(const xml::DOMDocument40 &head) {
     if (!shownTree_.isVisible())
         return;
     state_.m_DOM = head;
-    builder_.BuildTree(head, true);
+    // Keys of items are for those of the document.
+    builder_.BuildTree(head, true, tree::TreeBuilder::Reason::Changed);
     document::DocumentLoader::expandTopLevel(tree_);
     view_.setImageList(shownTree_.imageList());
     view_.setGeometry(shownTree_.rect());
@@ -54,7 +55,7 @@ void FirstScreen::hide() {
         return;
     view_.hide();
     tree_.nodes().Clear();
-    builder_.registry().reset({}, 1);
+    builder_.registry().reset({});
     state_.m_DOM = {};
 }
 
