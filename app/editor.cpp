@@ -262,6 +262,7 @@ void Editor::wirePreview() {
             &Preview::requestPreview);
     connect(&commands, &document::DocumentCommands::cleared, &preview, &Preview::clear);
     connect(&selection, &tree::Selection::nodeShown, &preview, &Preview::showSelected);
+    connect(&history, &edit::UndoHistory::recorded, &preview, &Preview::documentChanged);
     connect(&loader, &document::DocumentLoader::documentOpened, this, &Editor::forgetPlaceOfOther);
 }
 

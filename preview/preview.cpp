@@ -38,6 +38,8 @@ constexpr std::size_t LargePart = 40'000;
 
 /// Milliseconds without a change of the tree before the preview follows it.
 constexpr int QuietBeforeRefresh = 300;
+/// The same for keys, which come more slowly than that at times.
+constexpr int QuietAfterKey = 900;
 
 /// What the transformation adds for a file in UTF-16, which the preview file is not.
 const QString MetaTag =
@@ -115,6 +117,13 @@ void Preview::SyncPreview() {
     requestPreview(state_.m_DOM.node());
     // One change after the other must not wait for a rendering each.
     later_.start(QuietBeforeRefresh);
+}
+
+void Preview::documentChanged() {
+    if (!part_ || !previewSync_)
+        return;
+    requestPreview(state_.m_DOM.node());
+    later_.start(QuietAfterKey);
 }
 
 bool Preview::ShowPreview(const Node &node) {

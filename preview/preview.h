@@ -45,6 +45,8 @@ public:
     void requestPreview(const xml::Node &node);
     /// Refreshes the preview after a change of the tree, where it follows the tree.
     void SyncPreview();
+    /// Refreshes it after any other change, too, where a part of the document is shown.
+    void documentChanged();
 
     void mnuToolPreview_Click();
     /// Previews the selected node; for one that is neither element nor document, its parent.

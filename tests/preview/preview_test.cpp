@@ -117,6 +117,12 @@ TEST_F(PreviewTest, ALargeDocumentIsShownAroundTheSelectedNode) {
     EXPECT_EQ(around.count("class=\"e more\""), 2);
     EXPECT_EQ(window->ie.revealed.back().front(), element.number());
     EXPECT_FALSE(around.contains(">t7<"));
+    // It follows what is typed.
+    editor().selection.ShowNode(editor().builder.itemOf(element.lastChild()), true);
+    type("typed");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return window->ie.pages.size() == 3; }, Patience));
+    EXPECT_TRUE(previewFile("htm").contains(">typed<"));
+    EXPECT_TRUE(previewFile("htm").contains("id=\"1.1.20001.1\""));
     preview().mnuToolPreview_Click();
     EXPECT_TRUE(previewFile("htm").contains(">t7<")) << "the whole, when asked for";
 }
