@@ -74,6 +74,8 @@ private:
     void addMarkup(NodeType kind, std::uint32_t name, Position start, Position end);
     void addAttributes(Position nameEnd, Position end);
     void addDefaultedAttributes(const XML_Char **attributes);
+    /// A value that the library keeps. Entities may make it long, and elements have it often.
+    const Ref<OwnText> &defaultValue(const XML_Char *told);
     void addEntityReference();
     /// Has the library read the text. False when that went wrong, or was stopped.
     bool feed();
@@ -97,6 +99,7 @@ private:
     InternalSubset subset_;
     /// The attributes that were declared, with their elements.
     std::set<std::pair<std::string, std::string>> declaredAttributes_;
+    std::map<const XML_Char *, Ref<OwnText>> defaultValues_;
     bool standsAlone_ = false;
     QString stopReason_;
     unsigned elements_ = 0;
@@ -145,13 +148,20 @@ void Parser::addAttributes(Position nameEnd, Position end) {
     }
 }
 
+const Ref<OwnText> &Parser::defaultValue(const XML_Char *told) {
+    Ref<OwnText> &value = defaultValues_[told];
+    if (!value)
+        value = Ref<OwnText>(new OwnText(original(told), {}));
+    return value;
+}
+
 void Parser::addDefaultedAttributes(const XML_Char **attributes) {
     for (attributes += XML_GetSpecifiedAttributeCount(parser_); *attributes; attributes += 2) {
         const std::string name = original(attributes[0]);
-        const std::string value = original(attributes[1]);
+        const Ref<OwnText> &value = defaultValue(attributes[1]);
         nodes_.appendDefaultedAttribute(arena_.names->intern(name), value);
         if (name == "xml:space")
-            preserve_ = value == "preserve" || arena_.properties.preserveWhiteSpace;
+            preserve_ = value->utf8 == "preserve" || arena_.properties.preserveWhiteSpace;
     }
 }
 
@@ -254,7 +264,7 @@ void Parser::onAttribute(void *data, const XML_Char *element, const XML_Char *at
     Parser &p = self(data);
     // The first declaration holds.
     if (p.declaredAttributes_.emplace(element, attribute).second && value)
-        p.subset_.defaults[element].push_back({attribute, value});
+        p.subset_.defaults[element].push_back({attribute, Ref<OwnText>(new OwnText(value, {}))});
 }
 
 void Parser::addEntityReference() {

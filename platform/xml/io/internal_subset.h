@@ -14,7 +14,7 @@ struct InternalSubset {
     /// An attribute that elements have although they do not name it.
     struct Default {
         std::string attribute;
-        std::string value;
+        Ref<OwnText> value;
     };
 
     /// The entities that have a text of their own.

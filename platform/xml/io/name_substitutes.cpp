@@ -118,6 +118,8 @@ std::string NameSubstitutes::original(std::string_view part) const {
     for (std::size_t at = 0; at < part.size();) {
         // What stands for one of four bytes starts with a character that stands for nothing else.
         const auto found = [&] {
+            if (static_cast<unsigned char>(part[at]) < 0xC0)
+                return originals_.end();
             for (const std::size_t length : {4, 3, 2}) {
                 const auto it = originals_.find(part.substr(at, length));
                 if (it != originals_.end())

@@ -259,7 +259,7 @@ void Scanner::addDefaultedAttributes() {
             continue;
         nodes_.appendDefaultedAttribute(name, value);
         if (attribute == SpaceAttribute)
-            preserves_ = alwaysPreserves_ || value == Preserve;
+            preserves_ = alwaysPreserves_ || value->utf8 == Preserve;
     }
 }
 

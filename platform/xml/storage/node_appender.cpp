@@ -84,10 +84,10 @@ Number NodeAppender::appendAttribute(std::uint32_t name, const SourcePlace &plac
     return taken_;
 }
 
-void NodeAppender::appendDefaultedAttribute(std::uint32_t name, std::string value) {
+void NodeAppender::appendDefaultedAttribute(std::uint32_t name, const Ref<OwnText> &value) {
     settle();
     const Number n = arena_.add(NodeType::Attribute, name);
-    arena_.setOwnText(n, OwnTextKind::Value, std::move(value));
+    arena_.setOwnText(n, OwnTextKind::Value, value);
     arena_.writeRecord(n).flags |= record_flag::OwnValue | record_flag::Defaulted;
     arena_.link(open_.number, n, 0);
     lastAttribute_ = &arena_.writeSlot(n - arena_.base_);

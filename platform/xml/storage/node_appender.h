@@ -2,7 +2,6 @@
 
 #include "platform/xml/storage/arena.h"
 
-#include <string>
 #include <vector>
 
 namespace quillon::xml {
@@ -27,8 +26,8 @@ public:
     /// Opens an element; its attributes follow, then endStartTag().
     void openElement(std::uint32_t name, std::uint32_t layoutStart, std::uint32_t start);
     Number appendAttribute(std::uint32_t name, const SourcePlace &place);
-    /// Adds an attribute that the text does not have.
-    void appendDefaultedAttribute(std::uint32_t name, std::string value);
+    /// Adds an attribute that the text does not have. Its value may be that of many others.
+    void appendDefaultedAttribute(std::uint32_t name, const Ref<OwnText> &value);
     /// Ends the start tag of the open element, in which white space is content if `preservesSpace`.
     void endStartTag(std::uint32_t end, bool preservesSpace);
     /// Closes the open element, which ends with its start tag or an end tag.
