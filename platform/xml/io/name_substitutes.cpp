@@ -30,6 +30,7 @@ bool isIn(Range range, char32_t c) {
     return c >= range.first && c <= range.last;
 }
 
+/// For letters only: what marks the order of bytes would be lost.
 std::string utf8(char32_t c) {
     return QString::fromUcs4(&c, 1).toStdString();
 }
@@ -42,10 +43,10 @@ bool expatAccepts(const std::string &name) {
            XML_STATUS_OK;
 }
 
-bool isOfNewerNames(char32_t c) {
+bool isOfNewerNames(char32_t c, const std::string &bytes) {
     if (isIn(Letters, c) || !isNameCharacter(c))
         return false;
-    return !expatAccepts((isNameStart(c) ? std::string() : std::string("a")) + utf8(c));
+    return !expatAccepts(isNameStart(c) ? bytes : "a" + bytes);
 }
 
 /// Gives a function each character outside ASCII, with its place. Bytes that are none are passed
@@ -56,7 +57,7 @@ void forEachWide(std::string_view text, const Function &function) {
     for (std::size_t at = 0; at < text.size();) {
         const scan::Wide c = scan::wideAt(text.data() + at);
         if (c.length != 0)
-            function(c.character, at);
+            function(c, at);
         at += c.length == 0 ? 1 : std::size_t(c.length);
     }
 }
@@ -91,22 +92,26 @@ std::string NameSubstitutes::substituteFor(char32_t character) {
 
 std::optional<NameSubstitutes> NameSubstitutes::of(const std::string &text) {
     NameSubstitutes result;
-    forEachWide(text, [&](char32_t c, std::size_t) { result.used_.insert(c); });
+    std::map<char32_t, std::string> present;
+    forEachWide(text, [&](scan::Wide c, std::size_t at) {
+        if (result.used_.insert(c.character).second)
+            present.emplace(c.character, text.substr(at, std::size_t(c.length)));
+    });
     std::map<char32_t, std::string> substitutes;
-    for (const char32_t c : std::set<char32_t>(result.used_)) {
-        if (!isOfNewerNames(c))
+    for (const auto &[character, bytes] : present) {
+        if (!isOfNewerNames(character, bytes))
             continue;
-        const std::string substitute = result.substituteFor(c);
+        const std::string substitute = result.substituteFor(character);
         if (substitute.empty())
             return std::nullopt;
-        substitutes.emplace(c, substitute);
-        result.originals_.emplace(substitute, utf8(c));
+        substitutes.emplace(character, substitute);
+        result.originals_.emplace(substitute, bytes);
     }
     if (substitutes.empty())
         return std::nullopt;
     result.text_ = text;
-    forEachWide(text, [&](char32_t c, std::size_t at) {
-        const auto found = substitutes.find(c);
+    forEachWide(text, [&](scan::Wide c, std::size_t at) {
+        const auto found = substitutes.find(c.character);
         if (found != substitutes.end())
             result.text_.replace(at, found->second.size(), found->second);
     });

@@ -44,6 +44,9 @@ TEST(NewerNames, AreFoundAndTransformed) {
         const DOMDocument40 document = parsed("<r><x/>" + markup + "</r>");
         const Node element = document.documentElement().lastChild();
         EXPECT_EQ(evaluateXPath(document.node(), pathTo(element)).nodes, std::vector{element});
+        EXPECT_EQ(evaluateXPath(document.node(), q("//" + name)).nodes, std::vector{element});
+        EXPECT_EQ(evaluateXPath(document.node(), q("/r/*[@" + name + "='1']")).nodes,
+                  std::vector{element});
         EXPECT_EQ(transformNode(document.node(),
                                 parsed("<xsl:stylesheet version='1.0' "
                                        "xmlns:xsl='http://www.w3.org/1999/XSL/Transform'>"
