@@ -36,8 +36,11 @@ TEST_F(CommandsWindow, ALargeFileIsSeenWhileItIsRead) {
     EXPECT_EQ(times, 1);
     EXPECT_TRUE(seen.isEmpty()) << "a window that is not seen stays so";
     EXPECT_FALSE(form->isVisible());
+    QObject::connect(form.get(), &app::frmMain::opensLargeFile, form.get(), &QWidget::show);
+    open(large + "</big>");
+    EXPECT_FALSE(seen.isEmpty()) << "shown by who wants it to be seen";
+    times = 1;
 
-    form->show();
     form->activateWindow();
     open("<r><kept><deep/></kept></r>");
     tree().nodes().Item(3).setExpanded(true);

@@ -82,7 +82,9 @@ bool DOMDocument40::load(const QString &path, const runtime::Progress &progress)
 }
 
 bool DOMDocument40::loadBytes(std::string bytes, const runtime::Progress &progress) {
-    return loadFrom(HandleAccess::arena(*this), decodeFile(std::move(bytes)), true, progress);
+    // A statement of its own: with it the bytes go that have been decoded.
+    Decoded decoded = decodeFile(std::move(bytes));
+    return loadFrom(HandleAccess::arena(*this), std::move(decoded), true, progress);
 }
 
 bool DOMDocument40::loadXML(const QByteArray &utf8) {

@@ -1,6 +1,6 @@
 #include "platform/xml/io/iconv_converter.h"
 
-#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <iconv.h>
 
@@ -33,26 +33,23 @@ std::size_t IconvConverter::convert(std::string_view in, std::string &out) const
     char *source = const_cast<char *>(in.data());
     std::size_t left = in.size();
     bool flushing = false;
-    std::size_t used = out.size();
+    // By way of a small buffer: room in the text that is never written to takes no memory.
+    std::array<char, 16384> buffer;
+    if (left > buffer.size())
+        out.reserve(out.size() + 2 * left);
     for (;;) {
-        if (out.size() - used < 64)
-            out.resize(used + std::max<std::size_t>(64, 2 * left));
-        char *target = out.data() + used;
-        std::size_t room = out.size() - used;
+        char *target = buffer.data();
+        std::size_t room = buffer.size();
         const std::size_t done = flushing ? iconv(handle_, nullptr, nullptr, &target, &room)
                                           : iconv(handle_, &source, &left, &target, &room);
-        used = out.size() - room;
-        if (done == static_cast<std::size_t>(-1)) {
-            if (errno != E2BIG)
-                break;
-            out.resize(out.size() + 64 + 2 * left);
-        } else if (flushing) {
+        const bool isFull = done == static_cast<std::size_t>(-1) && errno == E2BIG;
+        out.append(buffer.data(), buffer.size() - room);
+        if (isFull)
+            continue;
+        if (done == static_cast<std::size_t>(-1) || flushing)
             break;
-        } else {
-            flushing = true;
-        }
+        flushing = true;
     }
-    out.resize(used);
     return in.size() - left;
 }
 
