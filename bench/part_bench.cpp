@@ -1,6 +1,7 @@
 #include "bench/part_bench.h"
 
 #include "app/main_window/frm_main.h"
+#include "bench/own_memory.h"
 #include "bench/report.h"
 #include "bench/waiting.h"
 #include "document/document_head.h"
@@ -16,23 +17,6 @@
 namespace quillon::bench {
 
 namespace {
-
-/// A figure of the system about this process, in megabytes.
-double ownMegabytes(const std::string &name) {
-    std::ifstream status("/proc/self/status");
-    for (std::string line; std::getline(status, line);) {
-        if (line.starts_with(name + ":"))
-            return std::stod(line.substr(name.size() + 1)) / 1024;
-    }
-    return NotMeasured;
-}
-
-/// Has the system count the peak anew. False where it does not.
-bool forgetPeak() {
-    std::ofstream request("/proc/self/clear_refs");
-    request << "5" << std::flush;
-    return request.good();
-}
 
 /// The line of a part. Whether it could be done; work may say so itself.
 template <typename Work>

@@ -8,6 +8,11 @@ Number PathNodes::undeclaring(Number attribute) {
     return attribute;
 }
 
+bool PathNodes::isOnAxis(Number node) {
+    const Record &r = arena_.record(node);
+    return r.kind != NodeType::Attribute || !namespaces_.isDeclaration(r.name);
+}
+
 Number PathNodes::firstAttribute(Number element) {
     return arena_.record(element).kind == NodeType::Element
                ? undeclaring(arena_.part(element).firstAttribute)
@@ -39,19 +44,26 @@ bool PathNodes::matches(const NodeTest &test, Number node) const {
 }
 
 bool PathNodes::finds(const PathStep &step, Number node) {
-    work_.spend();
     return matches(step.test, node) && passes(step.predicates, {node, 1, 1});
+}
+
+Number PathNodes::firstOn(PathStep::Axis axis, Number node) const {
+    if (!arena_.hasPart(node))
+        return 0;
+    const ElementPart &part = arena_.part(node);
+    return axis == PathStep::Axis::Child || axis == PathStep::Axis::Below ? part.firstChild
+                                                                          : part.firstAttribute;
 }
 
 std::vector<Number> PathNodes::found(const PathStep &step, Number from) {
     std::vector<Number> nodes;
-    const bool isChild = step.axis == PathStep::Axis::Child || step.axis == PathStep::Axis::Below;
-    Number n = !isChild               ? firstAttribute(from)
-               : arena_.hasPart(from) ? arena_.part(from).firstChild
-                                      : 0;
-    for (; n != 0; n = isChild ? arena_.record(n).next : nextAttribute(n)) {
+    const PathOperation &first = step.predicates.front();
+    const double most =
+        first.kind == Kind::Constant ? first.number : std::numeric_limits<double>::infinity();
+    for (Number n = firstOn(step.axis, from); n != 0 && double(nodes.size()) < most;
+         n = arena_.record(n).next) {
         work_.spend();
-        if (matches(step.test, n))
+        if (isOnAxis(n) && matches(step.test, n))
             nodes.push_back(n);
     }
     filter(nodes, step.predicates);
@@ -108,12 +120,11 @@ bool PathNodes::visitList(const PathSteps &steps, std::size_t at, Number from, c
         }
         return false;
     }
-    const bool isChild = step.axis == PathStep::Axis::Child || step.axis == PathStep::Axis::Below;
-    Number n = !isChild               ? firstAttribute(from)
-               : arena_.hasPart(from) ? arena_.part(from).firstChild
-                                      : 0;
-    for (; n != 0; n = isChild ? arena_.record(n).next : nextAttribute(n)) {
-        if (finds(step, n) && visit(steps, at + 1, n, take))
+    const std::uint32_t onlyName = names_.onlyName(step.test);
+    for (Number n = firstOn(step.axis, from); n != 0; n = arena_.record(n).next) {
+        work_.spend();
+        if ((onlyName == PathNames::AnyName || onlyName == arena_.record(n).name) && isOnAxis(n) &&
+            finds(step, n) && visit(steps, at + 1, n, take))
             return true;
     }
     return false;

@@ -4,6 +4,7 @@
 #include "platform/xml/query/path_work.h"
 #include "platform/xml/query/simple_path.h"
 
+#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,6 +22,13 @@ public:
     /// know, or that may be no name at all.
     bool bind(const std::vector<PathName> &names, Number element,
               std::string_view defaultNamespace);
+    static constexpr std::uint32_t AnyName = std::numeric_limits<std::uint32_t>::max();
+    /// The number of the only name that nodes can have that pass a test, or AnyName.
+    std::uint32_t onlyName(const NodeTest &test) const {
+        return test.kind == NodeTest::Kind::Name && bound_[test.name].uri.empty()
+                   ? bound_[test.name].only
+                   : AnyName;
+    }
     /// Whether a node has the name in that place, an attribute or an element as that asks for.
     bool matches(std::size_t name, Number node) const;
 
@@ -47,6 +55,7 @@ public:
               PathWork &work)
         : arena_(arena), namespaces_(namespaces), names_(names), work_(work) {}
 
+    std::uint32_t onlyName(const NodeTest &test) const { return names_.onlyName(test); }
     /// Whether a step that asks for no positions, or whose axis has one node, finds a node.
     bool finds(const PathStep &step, Number node);
     /// What a step along the child or the attribute axis finds, in document order.
@@ -85,6 +94,10 @@ private:
         std::size_t size;
     };
 
+    /// What comes first on the child axis or, with the declarations, on that of attributes.
+    Number firstOn(PathStep::Axis axis, Number node) const;
+    /// False for namespace declarations, which are no attributes.
+    bool isOnAxis(Number node);
     Number undeclaring(Number attribute);
     bool matches(const NodeTest &test, Number node) const;
     std::string_view characters(Number node, std::string &buffer);

@@ -26,9 +26,12 @@ PathWalk::PathWalk(const Arena &arena, const PathStage &stage, PathNodes &nodes,
     : arena_(arena), nodes_(nodes), work_(work), stage_(stage), top_(arena.documentNumber()) {
     for (const PathAlternative &alternative : stage.alternatives) {
         firsts_.push_back(steps_.size());
-        for (const PathStep &step : alternative.steps)
-            steps_.push_back(&step);
-        steps_.push_back(nullptr);
+        for (const PathStep &step : alternative.steps) {
+            if (step.isPositional && (step.axis == Axis::Child || step.axis == Axis::Below))
+                positional_ |= bit(steps_.size());
+            steps_.push_back({&step, nodes.onlyName(step.test)});
+        }
+        steps_.emplace_back();
     }
 }
 
@@ -63,8 +66,6 @@ void PathWalk::startFrom(const std::vector<Number> &found) {
 }
 
 PathWalk::Bits PathWalk::startsAt(Number node) {
-    if (startsLeft_ == 0)
-        return 0;
     Bits steps = 0;
     if (!isStart_.empty()) {
         if (isStart_[node - arena_.documentNumber()])
@@ -93,30 +94,47 @@ std::vector<Number> PathWalk::run() {
             n = child;
             continue;
         }
-        while (n != top_ && arena_.record(n).next == 0) {
-            n = arena_.record(n).parent;
-            lists_.resize(levels.back().firstList);
-            levels.pop_back();
+        Number next = 0;
+        while (n != top_ && next == 0) {
+            const Record &r = arena_.record(n);
+            if (r.next != 0 && !isDone(levels.back())) {
+                next = r.next;
+            } else {
+                n = r.parent;
+                lists_.resize(levels.back().firstList);
+                levels.pop_back();
+            }
         }
-        if (n == top_)
+        if (next == 0)
             return std::move(found_);
-        n = arena_.record(n).next;
+        n = next;
     }
+}
+
+bool PathWalk::isDone(const Level &level) const {
+    if (positional_ == 0 || level.below != 0 || startsLeft_ != 0 ||
+        (level.children & ~positional_) != 0)
+        return false;
+    return std::all_of(lists_.begin() + std::ptrdiff_t(level.firstList), lists_.end(),
+                       [](const List &list) { return list.next == list.nodes.size(); });
 }
 
 void PathWalk::enter(Number node, Level &own, const Level &parent) {
     work_.spend();
     attributes_ = 0;
     isFound_ = false;
-    if (arena_.hasPart(node))
+    const Record &r = arena_.record(node);
+    if (r.kind == NodeType::Element)
         own.below = parent.below;
     forEachBit(parent.children | parent.below, [&](std::size_t step) {
-        if (steps_[step]->axis == Axis::AttributeBelow)
+        if (steps_[step].step->axis == Axis::AttributeBelow)
             attributes_ |= bit(step);
-        else if (takes(step, node, parent))
+        else if ((steps_[step].onlyName == PathNames::AnyName || steps_[step].onlyName == r.name) &&
+                 takes(step, node, parent))
             expect(step + 1, node, own);
     });
-    forEachBit(startsAt(node), [&](std::size_t step) { expect(step, node, own); });
+    if (startsLeft_ != 0)
+        forEachBit(startsAt(node), [&](std::size_t step) { expect(step, node, own); });
     if (isFound_)
         found_.push_back(node);
     if (attributes_ != 0)
@@ -124,11 +142,12 @@ void PathWalk::enter(Number node, Level &own, const Level &parent) {
 }
 
 void PathWalk::expect(std::size_t step, Number node, Level &own) {
-    if (!steps_[step]) {
+    const PathStep *const next = steps_[step].step;
+    if (!next) {
         isFound_ = true;
         return;
     }
-    switch (steps_[step]->axis) {
+    switch (next->axis) {
     case Axis::Child:
         own.children |= bit(step);
         break;
@@ -137,11 +156,11 @@ void PathWalk::expect(std::size_t step, Number node, Level &own) {
         break;
     case Axis::BelowOrSelf:
         own.below |= bit(step);
-        if (nodes_.finds(*steps_[step], node))
+        if (nodes_.finds(*next, node))
             expect(step + 1, node, own);
         break;
     case Axis::Self:
-        if (nodes_.finds(*steps_[step], node))
+        if (nodes_.finds(*next, node))
             expect(step + 1, node, own);
         break;
     case Axis::AttributeBelow:
@@ -164,8 +183,8 @@ bool PathWalk::List::takes(Number node) {
 }
 
 bool PathWalk::takes(std::size_t step, Number node, const Level &parent) {
-    if (!steps_[step]->isPositional)
-        return nodes_.finds(*steps_[step], node);
+    if (!steps_[step].step->isPositional)
+        return nodes_.finds(*steps_[step].step, node);
     for (std::size_t i = parent.firstList; i < lists_.size(); ++i) {
         if (lists_[i].step == step)
             return lists_[i].takes(node);
@@ -175,25 +194,25 @@ bool PathWalk::takes(std::size_t step, Number node, const Level &parent) {
 
 void PathWalk::addLists(Number element, Level &level) {
     level.firstList = lists_.size();
-    forEachBit(level.children | level.below, [&](std::size_t step) {
-        const bool isOfAttributes = steps_[step]->axis == Axis::AttributeBelow;
-        if (steps_[step]->isPositional && !isOfAttributes)
-            lists_.push_back({step, nodes_.found(*steps_[step], element)});
+    forEachBit((level.children | level.below) & positional_, [&](std::size_t step) {
+        lists_.push_back({step, nodes_.found(*steps_[step].step, element)});
     });
 }
 
 void PathWalk::addAttributes(Number element) {
     std::vector<List> lists;
     forEachBit(attributes_, [&](std::size_t step) {
-        if (steps_[step]->isPositional)
-            lists.push_back({step, nodes_.found(*steps_[step], element)});
+        if (steps_[step].step->isPositional)
+            lists.push_back({step, nodes_.found(*steps_[step].step, element)});
     });
     for (Number a = nodes_.firstAttribute(element); a != 0; a = nodes_.nextAttribute(a)) {
+        work_.spend();
         bool isFound = false;
         for (List &list : lists)
             isFound = list.takes(a) || isFound;
         forEachBit(attributes_, [&](std::size_t step) {
-            isFound = isFound || (!steps_[step]->isPositional && nodes_.finds(*steps_[step], a));
+            isFound = isFound ||
+                      (!steps_[step].step->isPositional && nodes_.finds(*steps_[step].step, a));
         });
         if (isFound)
             found_.push_back(a);

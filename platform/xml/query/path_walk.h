@@ -25,7 +25,11 @@ private:
     using Bits = std::uint64_t;
 
     /// A step of one of the alternatives, or its end (null).
-    using Steps = std::vector<const PathStep *>;
+    struct Step {
+        const PathStep *step = nullptr;
+        /// See PathNames::onlyName().
+        std::uint32_t onlyName = PathNames::AnyName;
+    };
 
     /// An element that the walk is in.
     struct Level {
@@ -49,6 +53,8 @@ private:
     void addStart(Number node, Bits steps);
     Bits startsAt(Number node);
     void enter(Number node, Level &own, const Level &parent);
+    /// Whether nothing more is to be found among the children that have not been come to.
+    bool isDone(const Level &level) const;
     /// A step is the next one to be taken from a node.
     void expect(std::size_t step, Number node, Level &own);
     bool takes(std::size_t step, Number node, const Level &parent);
@@ -58,7 +64,9 @@ private:
     const Arena &arena_;
     PathNodes &nodes_;
     PathWork &work_;
-    Steps steps_;
+    std::vector<Step> steps_;
+    /// Those that ask for positions among children.
+    Bits positional_ = 0;
     /// The first step of each alternative.
     std::vector<std::size_t> firsts_;
     const PathStage &stage_;

@@ -25,8 +25,8 @@ public:
     }
 
 private:
-    /// A second or two.
-    static constexpr std::uint64_t Most = 200'000'000;
+    /// About a second.
+    static constexpr std::uint64_t Most = 100'000'000;
     static constexpr std::uint64_t LookEvery = 65'536;
     static constexpr std::chrono::milliseconds TellEvery{50};
 

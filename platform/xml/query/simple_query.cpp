@@ -3,6 +3,7 @@
 #include "platform/xml/query/path_walk.h"
 
 #include <algorithm>
+#include <functional>
 #include <libxml/parser.h>
 
 namespace quillon::xml {
@@ -29,20 +30,21 @@ bool isContext(const Arena &arena, Number node, PathWork &work) {
     return true;
 }
 
-/// A path, evaluated from one node.
+/// A path, evaluated from one node after the other.
 class SimpleQuery {
 public:
-    SimpleQuery(const Arena &arena, const SimplePath &path, Number context, PathWork &work)
-        : arena_(arena), path_(path), context_(context), work_(work), namespaces_(arena),
-          names_(arena, namespaces_), nodes_(arena, namespaces_, names_, work) {}
+    SimpleQuery(const Arena &arena, const SimplePath &path, PathWork &work)
+        : arena_(arena), path_(path), work_(work), namespaces_(arena), names_(arena, namespaces_),
+          nodes_(arena, namespaces_, names_, work) {}
 
-    /// Nothing when a name is to be judged by the library. The namespace of names without a prefix
-    /// is empty for none.
-    std::optional<SimpleAnswer> answer(std::string_view defaultNamespace);
-    std::optional<SimpleAnswer> answerWithDefaults();
+    /// Nothing for what only the library can judge.
+    std::optional<SimpleAnswer> answer(Number context, DefaultNamespaces defaults);
 
 private:
-    std::vector<Number> evaluate();
+    /// The namespace of names without a prefix is empty for none.
+    std::optional<SimpleAnswer> answerIn(std::string_view defaultNamespace, Number context);
+    std::optional<SimpleAnswer> answerInDefaults(SimpleAnswer plain, Number context);
+    std::vector<Number> evaluate(Number context);
     std::vector<Number> parentsOf(const std::vector<Number> &nodes, const PathStep &step);
     /// Whether an element in that namespace has one of the names without a prefix.
     bool hasElement(std::string_view uri);
@@ -50,7 +52,6 @@ private:
 
     const Arena &arena_;
     const SimplePath &path_;
-    Number context_;
     PathWork &work_;
     NamespacesInForce namespaces_;
     PathNames names_;
@@ -69,12 +70,12 @@ std::vector<Number> SimpleQuery::parentsOf(const std::vector<Number> &nodes, con
     return parents;
 }
 
-std::vector<Number> SimpleQuery::evaluate() {
+std::vector<Number> SimpleQuery::evaluate(Number context) {
     std::vector<Number> found;
     for (const PathStage &stage : path_.stages) {
         PathWalk walk(arena_, stage, nodes_, work_);
         if (&stage == &path_.stages.front())
-            walk.startFrom(context_);
+            walk.startFrom(context);
         else
             walk.startFrom(stage.parent ? parentsOf(found, *stage.parent) : found);
         found = walk.run();
@@ -83,13 +84,15 @@ std::vector<Number> SimpleQuery::evaluate() {
     return found;
 }
 
-std::optional<SimpleAnswer> SimpleQuery::answer(std::string_view defaultNamespace) {
+std::optional<SimpleAnswer> SimpleQuery::answerIn(std::string_view defaultNamespace,
+                                                  Number context) {
     const Number element =
-        arena_.record(context_).kind == NodeType::Document ? rootOf(arena_) : context_;
+        arena_.record(context).kind == NodeType::Document ? rootOf(arena_) : context;
+    work_.spend(path_.names.empty() ? 0 : arena_.names->size());
     if (!names_.bind(path_.names, element, defaultNamespace))
         return {};
     SimpleAnswer answer;
-    answer.nodes = evaluate();
+    answer.nodes = evaluate(context);
     if (path_.isCount) {
         answer.count = answer.nodes.size();
         answer.nodes.clear();
@@ -124,30 +127,61 @@ bool SimpleQuery::hasElement(std::string_view uri) {
     return false;
 }
 
-std::optional<SimpleAnswer> SimpleQuery::answerWithDefaults() {
-    std::optional<SimpleAnswer> plain = answer({});
-    if (!plain || !plain->nodes.empty() || !asksForPlainNames())
-        return plain;
+std::optional<SimpleAnswer> SimpleQuery::answerInDefaults(SimpleAnswer plain, Number context) {
     std::vector<std::string> defaults;
-    for (const Number at : {context_, rootOf(arena_)}) {
+    for (const Number at : {context, rootOf(arena_)}) {
         std::string uri(namespaces_.defaultAt(at));
         if (!uri.empty() && (defaults.empty() || defaults.front() != uri))
             defaults.push_back(std::move(uri));
     }
     // A number of nodes is an answer, also 0, unless the names mean nothing as they are.
-    if (plain->count && (defaults.empty() || hasElement({})))
+    if (plain.count && (defaults.empty() || hasElement({})))
         return plain;
     for (const std::string &uri : defaults) {
-        if (plain->count && !hasElement(uri))
+        if (plain.count && !hasElement(uri))
             continue;
-        std::optional<SimpleAnswer> other = answer(uri);
-        if (!other || other->count || !other->nodes.empty()) {
-            if (other)
-                other->inDefaultNamespace = true;
-            return other;
+        std::optional<SimpleAnswer> answer = answerIn(uri, context);
+        if (!answer)
+            return {};
+        if (answer->count || !answer->nodes.empty()) {
+            answer->inDefaultNamespace = true;
+            return answer;
         }
     }
     return plain;
+}
+
+std::optional<SimpleAnswer> SimpleQuery::answer(Number context, DefaultNamespaces defaults) {
+    if (!isContext(arena_, context, work_))
+        return {};
+    std::optional<SimpleAnswer> plain = answerIn({}, context);
+    const bool isAll = !plain || !plain->nodes.empty() || defaults == DefaultNamespaces::NotTried;
+    return isAll || !asksForPlainNames() ? plain : answerInDefaults(std::move(*plain), context);
+}
+
+/// Gives the answer from each context to `take`; false when the library is to be asked for them.
+bool evaluateFrom(std::span<const Number> contexts, const Arena &arena,
+                  const XPathExpression &expression, DefaultNamespaces defaults,
+                  const runtime::Progress &progress,
+                  const std::function<void(SimpleAnswer)> &take) {
+    const std::optional<SimplePath> path = simplePathOf(expression);
+    if (!path)
+        return false;
+    // Its conversion to numbers knows what is none only from then on.
+    xmlInitParser();
+    try {
+        PathWork work(progress);
+        SimpleQuery query(arena, *path, work);
+        for (const Number context : contexts) {
+            std::optional<SimpleAnswer> answer = query.answer(context, defaults);
+            if (!answer)
+                return false;
+            take(std::move(*answer));
+        }
+    } catch (const PathWork::TooMuch &) {
+        return false;
+    }
+    return true;
 }
 
 } // namespace
@@ -156,20 +190,26 @@ std::optional<SimpleAnswer> simplyEvaluated(const Arena &arena, Number context,
                                             const XPathExpression &expression,
                                             DefaultNamespaces defaults,
                                             const runtime::Progress &progress) {
-    const std::optional<SimplePath> path = simplePathOf(expression);
-    if (!path)
+    std::optional<SimpleAnswer> whole;
+    const bool isWhole = evaluateFrom(std::span(&context, 1), arena, expression, defaults, progress,
+                                      [&](SimpleAnswer answer) { whole = std::move(answer); });
+    return isWhole ? whole : std::nullopt;
+}
+
+std::optional<std::vector<SimpleAnswer>> simplyEvaluatedAt(const Arena &arena,
+                                                           std::span<const Number> contexts,
+                                                           const XPathExpression &expression,
+                                                           const runtime::Progress &progress) {
+    std::vector<SimpleAnswer> starts;
+    const auto keepStart = [&](const SimpleAnswer &answer) {
+        SimpleAnswer &start = starts.emplace_back();
+        start.count = answer.count;
+        if (!answer.nodes.empty())
+            start.nodes.push_back(answer.nodes.front());
+    };
+    if (!evaluateFrom(contexts, arena, expression, DefaultNamespaces::Tried, progress, keepStart))
         return {};
-    // Its conversion to numbers knows what is none only from then on.
-    xmlInitParser();
-    try {
-        PathWork work(progress);
-        if (!isContext(arena, context, work))
-            return {};
-        SimpleQuery query(arena, *path, context, work);
-        return defaults == DefaultNamespaces::Tried ? query.answerWithDefaults() : query.answer({});
-    } catch (const PathWork::TooMuch &) {
-        return {};
-    }
+    return starts;
 }
 
 } // namespace quillon::xml

@@ -5,6 +5,7 @@
 #include "platform/xml/storage/arena.h"
 
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace quillon::xml {
@@ -28,5 +29,12 @@ std::optional<SimpleAnswer> simplyEvaluated(const Arena &arena, Number context,
                                             const XPathExpression &expression,
                                             DefaultNamespaces defaults,
                                             const runtime::Progress &progress);
+
+/// The same from each of several contexts, with default namespaces tried. Of the nodes found only
+/// the first ones are given.
+std::optional<std::vector<SimpleAnswer>> simplyEvaluatedAt(const Arena &arena,
+                                                           std::span<const Number> contexts,
+                                                           const XPathExpression &expression,
+                                                           const runtime::Progress &progress);
 
 } // namespace quillon::xml

@@ -106,6 +106,42 @@ XPathAnswer ask(const Node &context, const XPathExpression &parsed, const Node &
     return answerOf(report, context);
 }
 
+std::vector<std::optional<QString>> valuesByLibrary(const std::vector<Node> &contexts,
+                                                    const XPathExpression &parsed,
+                                                    const runtime::Progress &progress) {
+    const Arena &arena = HandleAccess::arena(contexts.front());
+    const QByteArray report = runInChild(
+        [&] {
+            LibxmlTree tree(arena);
+            QByteArray all;
+            QDataStream stream(&all, QIODevice::WriteOnly);
+            for (const Node &context : contexts) {
+                const XPathOutcome outcome =
+                    evaluatedWithDefaults(tree, {parsed, contextIn(tree, context)});
+                const Number first =
+                    outcome.nodes.empty() ? 0 : tree.numberAt(outcome.nodes.front());
+                stream << first << outcome.value.value_or(QByteArray()) << !outcome.value;
+            }
+            return all;
+        },
+        {}, progress);
+    QDataStream stream(report);
+    std::vector<std::optional<QString>> values;
+    for (std::size_t i = 0; i < contexts.size(); ++i) {
+        Number first = 0;
+        QByteArray value;
+        bool isNodes = false;
+        stream >> first >> value >> isNodes;
+        if (!isNodes)
+            values.emplace_back(QString::fromUtf8(value));
+        else if (first != 0)
+            values.emplace_back(HandleAccess::node(contexts.front(), first).text());
+        else
+            values.emplace_back();
+    }
+    return values;
+}
+
 } // namespace
 
 std::vector<Node> selectNodes(const Node &context, const QString &expression,
@@ -143,36 +179,22 @@ XPathAnswer evaluateXPath(const Node &context, const QString &expression, const 
 std::vector<std::optional<QString>> valuesAt(const std::vector<Node> &contexts,
                                              const QString &expression,
                                              const runtime::Progress &progress) {
-    std::vector<std::optional<QString>> values;
     if (contexts.empty())
-        return values;
-    const Arena &arena = HandleAccess::arena(contexts.front());
+        return {};
     const XPathExpression parsed(expression.toStdString());
-    const QByteArray report = runInChild(
-        [&] {
-            LibxmlTree tree(arena);
-            QByteArray all;
-            QDataStream stream(&all, QIODevice::WriteOnly);
-            for (const Node &context : contexts) {
-                const XPathOutcome outcome =
-                    evaluatedWithDefaults(tree, {parsed, contextIn(tree, context)});
-                const Number first =
-                    outcome.nodes.empty() ? 0 : tree.numberAt(outcome.nodes.front());
-                stream << first << outcome.value.value_or(QByteArray()) << !outcome.value;
-            }
-            return all;
-        },
-        {}, progress);
-    QDataStream stream(report);
-    for (std::size_t i = 0; i < contexts.size(); ++i) {
-        Number first = 0;
-        QByteArray value;
-        bool isNodes = false;
-        stream >> first >> value >> isNodes;
-        if (!isNodes)
-            values.emplace_back(QString::fromUtf8(value));
-        else if (first != 0)
-            values.emplace_back(HandleAccess::node(contexts.front(), first).text());
+    std::vector<Number> numbers;
+    for (const Node &context : contexts)
+        numbers.push_back(context.number());
+    const auto simple =
+        simplyEvaluatedAt(HandleAccess::arena(contexts.front()), numbers, parsed, progress);
+    if (!simple)
+        return valuesByLibrary(contexts, parsed, progress);
+    std::vector<std::optional<QString>> values;
+    for (const SimpleAnswer &answer : *simple) {
+        if (answer.count)
+            values.emplace_back(QString::number(*answer.count));
+        else if (!answer.nodes.empty())
+            values.emplace_back(HandleAccess::node(contexts.front(), answer.nodes.front()).text());
         else
             values.emplace_back();
     }

@@ -2,6 +2,7 @@
 #include "platform/xml/dom/handle_access.h"
 #include "platform/xml/query/simple_path.h"
 #include "platform/xml/query/simple_query.h"
+#include "platform/xml/query/xpath.h"
 #include "platform/xml/query/xpath_evaluation.h"
 #include "tests/platform/xml/query/random_markup.h"
 #include "tests/platform/xml/xml_test_support.h"
@@ -265,6 +266,54 @@ TEST(SimpleQuery, FindsWhatTheLibraryFinds) {
     }
     EXPECT_GT(simple, Documents * PathsEach / 3);
     EXPECT_GT(withNodes, Documents * PathsEach / 10);
+}
+
+TEST(SimpleQuery, SaysTheSameFromManyContexts) {
+    const DOMDocument40 document = parsed("<r xmlns='urn:d'><a k='1'><b>x</b><b/></a><a/><a k=''>"
+                                          "<b xmlns=''>y</b></a></r>");
+    std::vector<Node> contexts;
+    for (const char *path : {"/*/*[1]", "/*/*[2]", "/*/*[3]", "/"})
+        contexts.push_back(selectNodes(document.node(), q(path)).at(0));
+    const struct {
+        const char *simple;
+        const char *forLibrary;
+    } cases[] = {
+        {"@k", "@k[true()]"},
+        {"b", "b[true()]"},
+        {"count(b)", "count(b[true()])"},
+        {"count(*)", "count(*[true()])"},
+    };
+    for (const auto &c : cases) {
+        const XPathExpression hard(c.forLibrary);
+        EXPECT_TRUE(simplePathOf(XPathExpression(c.simple)));
+        EXPECT_FALSE(simplePathOf(hard));
+        EXPECT_EQ(valuesAt(contexts, q(c.simple)), valuesAt(contexts, q(c.forLibrary))) << c.simple;
+    }
+    EXPECT_EQ(valuesAt(contexts, "b"),
+              (std::vector<std::optional<QString>>{"x", std::nullopt, "y", std::nullopt}));
+}
+
+TEST(SimpleQuery, LeavesWhatTakesTooLongToTheLibraryAndCanBeStopped) {
+    constexpr int Levels = 1'500;
+    std::string text(2'000'000, 'x');
+    for (int i = 0; i < Levels; ++i)
+        text.append("</a>");
+    std::string tags;
+    for (int i = 0; i < Levels; ++i)
+        tags += "<a>";
+    const DOMDocument40 document = parsed(tags + text);
+    const auto evaluate = [&](const char *expression, const runtime::Progress &progress) {
+        return simplyEvaluated(HandleAccess::arena(document), document.node().number(),
+                               XPathExpression(expression), DefaultNamespaces::Tried, progress);
+    };
+    EXPECT_TRUE(evaluate("//a[starts-with(name(), 'x')]", {}));
+    EXPECT_FALSE(evaluate("//a[starts-with(., 'y')]", {})) << "each a has all of the text";
+    try {
+        evaluate("//a", [](double) { return false; });
+        ADD_FAILURE();
+    } catch (const runtime::Error &error) {
+        EXPECT_EQ(error.number(), runtime::error_number::Cancelled);
+    }
 }
 
 } // namespace
