@@ -34,7 +34,7 @@ namespace {
 constexpr quint32 LargeDocument = 100'000;
 
 /// When a page has taken in so many nodes, it begins anew around what is wanted next.
-constexpr std::size_t LargePart = 40'000;
+constexpr std::size_t LargePart = 10'000;
 
 /// Milliseconds without a change of the tree before the preview follows it.
 constexpr int QuietBeforeRefresh = 300;

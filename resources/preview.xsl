@@ -31,6 +31,8 @@ BODY { font: %FONT_SIZE% '%FONT_NAME%', sans-serif; line-height: 1.35;
    would take the marks away. */
 .e, .k { padding-left: 1em; text-indent: -1em; margin-right: 1em;
          content-visibility: auto; contain-intrinsic-size: 1.3em }
+/* A part of a document is small enough; there heights are true at once, by which script finds places. */
+.part .e, .part .k { content-visibility: visible }
 .t { color: var(--name, #990000) }
 .xt { color: var(--instruction-name, #990099) }
 .ns { color: var(--namespace, red) }

@@ -6,6 +6,8 @@
     if (!document.querySelector(".more"))
         return;
 
+    document.documentElement.classList.add("part");
+
     // On the way up it is the end of what is left out that comes next, and what is in sight below
     // it stays where it is (take_in.js). At the very top the page begins with the beginning.
     function ask(line) {
@@ -27,7 +29,14 @@
     }
     // Whoever has put more nodes into the page says so.
     document.addEventListener("quillon-taken-in", watch);
-    watch();
+    // Ahead of that the page is not where it will be: see restore_place.js and reveal.js.
+    function watchAfter(frames) {
+        if (frames === 0)
+            watch();
+        else
+            requestAnimationFrame(() => watchAfter(frames - 1));
+    }
+    addEventListener("load", () => watchAfter(4), { once: true });
 
     const lineOf = (event) => event.isTrusted && event.target instanceof Element &&
         event.target.closest(".more[data-node]");

@@ -197,14 +197,19 @@ TEST_F(PreviewWindow, ALargePageTakesInWhatIsScrolledTo) {
     expectAsMadeAnew();
     select(6'000);
     waitForPage("t6000");
-    const QString block = "[...document.querySelectorAll('.t')].find((at) => at.id === '1.1.6001')"
-                          ".getBoundingClientRect()";
+    const auto edge = [&](const QString &name) {
+        return script("Math.round([...document.querySelectorAll('.t')].find((at) => at.id === "
+                      "'1.1.6001').getBoundingClientRect()." +
+                      name + ")")
+            .toInt();
+    };
     EXPECT_TRUE(QTest::qWaitFor(
-        [&] {
-            return script("const r = " + block + "; r.top >= 0 && r.bottom <= innerHeight")
-                .toBool();
-        },
-        Patience));
+        [&] { return edge("top") >= 0 && edge("bottom") <= ie().view()->height(); }, Patience));
+    // A page that is made anew stays where it is.
+    const int before = edge("top");
+    expectAsMadeAnew();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return std::abs(edge("top") - before) <= 2; }, Patience))
+        << edge("top") << " was " << before;
     scrollFor("1");
     scrollFor("document.body.scrollHeight");
     expectAsMadeAnew();
