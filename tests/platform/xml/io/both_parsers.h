@@ -74,7 +74,7 @@ inline std::string inOlderNames(const std::string &text) {
             text.substr(i, wide.length == 0 ? 1 : std::size_t(wide.length));
         if (wide.length != 0 && isNameCharacter(wide.character) &&
             (!expatReads("<" + character + "/>") || !expatReads("<a" + character + "/>")))
-            out += "_" + std::to_string(std::uint32_t(wide.character)) + "_";
+            out += "é" + std::to_string(std::uint32_t(wide.character)) + "é";
         else
             out += character;
         i += character.size();
