@@ -2,6 +2,7 @@
 #include "tests/support/headless_editor.h"
 #include "tests/support/patience.h"
 
+#include <QRegularExpression>
 #include <QTest>
 
 namespace quillon::test {
@@ -123,8 +124,19 @@ TEST_F(PreviewTest, ALargeDocumentIsShownAroundTheSelectedNode) {
     ASSERT_TRUE(QTest::qWaitFor([&] { return window->ie.pages.size() == 3; }, Patience));
     EXPECT_TRUE(previewFile("htm").contains(">typed<"));
     EXPECT_TRUE(previewFile("htm").contains("id=\"1.1.20001.1\""));
+    // More is taken into the page, in place of the line that asks for it; others ask in vain.
+    static const QRegularExpression line("class=\"e more\" data-node=\"(\\d+)\"");
+    const quint32 first = line.match(previewFile("htm")).captured(1).toUInt();
+    preview().showMore(first, preview::ShownPart::End::Last);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return window->ie.additions.size() == 1; }, Patience));
+    EXPECT_TRUE(window->ie.additions[0].contains("data-last="));
+    EXPECT_FALSE(window->ie.additions[0].contains(">t0<"));
     preview().mnuToolPreview_Click();
     EXPECT_TRUE(previewFile("htm").contains(">t7<")) << "the whole, when asked for";
+    const qsizetype pages = window->ie.pages.size();
+    preview().showMore(first, preview::ShownPart::End::Last);
+    EXPECT_FALSE(QTest::qWaitFor([&] { return window->ie.additions.size() > 1; }, 0));
+    EXPECT_EQ(window->ie.pages.size(), pages);
 }
 
 TEST_F(PreviewTest, ADeepDocumentWaitsForTheKey) {
