@@ -1,11 +1,5 @@
 #include "edit/undo_history.h"
 
-#include "platform/xml/dom/document_links.h"
-
-#include <QHash>
-
-#include <algorithm>
-
 namespace quillon::edit {
 
 using items::TreeItem;
@@ -25,45 +19,24 @@ quint32 documentNumber(const TreeItem &item, const tree::NodeRegistry &registry)
     return node.number();
 }
 
-/// The same for all items below an item.
-std::vector<quint32> childNumbers(const TreeItem &parent, const tree::NodeRegistry &registry) {
-    QHash<QString, quint32> attributes;
-    for (const xml::Node &attribute : registry.Item(parent).attributes().all())
-        attributes.insert(attribute.nodeName(), attribute.number());
-    std::vector<quint32> numbers;
-    for (TreeItem child = parent.Child(); child; child = child.Next()) {
-        const xml::Node node = registry.Item(child);
-        const bool isAttribute = node.nodeType() == xml::NodeType::Attribute;
-        numbers.push_back(isAttribute ? attributes.value(node.nodeName(), node.number())
-                                      : node.number());
-    }
-    return numbers;
+/// The numbers of the nodes that the items on both sides of an item show; 0 for none.
+struct Neighbours {
+    quint32 previous;
+    quint32 next;
+};
+
+Neighbours neighboursOf(const TreeItem &item, const tree::NodeRegistry &registry) {
+    return {documentNumber(item.Previous(), registry), documentNumber(item.Next(), registry)};
 }
 
-/// Whether a number is that of a node which stands in a document.
-bool stands(const xml::DOMDocument40 &document, quint32 number) {
-    const xml::DocumentLinks links(document);
-    if (!links.isNode(number))
-        return false;
-    quint32 top = number;
-    while (const quint32 above = links.parent(top))
-        top = above;
-    return top == links.documentNumber();
-}
-
-/// The child item in the place of the one node that has been replaced; Nothing when there is more
-/// that differs.
-TreeItem replacedChild(const TreeItem &parent, const std::vector<quint32> &before, quint32 node,
-                       const tree::NodeRegistry &registry) {
-    const std::vector<quint32> now = childNumbers(parent, registry);
-    const auto [old, other] = std::ranges::mismatch(before, now);
-    if (before.size() != now.size() || old == before.end() || *old != node ||
-        !std::equal(old + 1, before.end(), other + 1))
-        return {};
-    TreeItem child = parent.Child();
-    for (auto at = now.begin(); at != other; ++at)
-        child = child.Next();
-    return child;
+/// The child item that stands alone between two others; Nothing when there is none, or more.
+TreeItem childBetween(const TreeItem &parent, const Neighbours &neighbours,
+                      const tree::NodeRegistry &registry) {
+    const TreeItem child =
+        neighbours.previous != 0 ? registry.itemOf(neighbours.previous).Next() : parent.Child();
+    const bool isBetween = child && child.Parent() == parent &&
+                           documentNumber(child.Next(), registry) == neighbours.next;
+    return isBetween ? child : TreeItem();
 }
 
 } // namespace
@@ -117,11 +90,7 @@ void UndoHistory::takeSnapshot() {
 void UndoHistory::restore(const clsUndoInfo &info, const clsUndoInfo &change) {
     const std::vector<quint32> path = selectedPath();
     const tree::NodeRegistry &registry = builder_.registry();
-    const TreeItem parent = tree_.SelectedItem().Parent();
-    // Looked through only if need be: there may be very many.
-    const bool mayBeReplaced = parent && info.xml() && !stands(info.xml(), path.front());
-    const std::vector<quint32> siblings =
-        mayBeReplaced ? childNumbers(parent, registry) : std::vector<quint32>();
+    const Neighbours neighbours = neighboursOf(tree_.SelectedItem(), registry);
     state_.m_DOM = info.xml().clone();
     builder_.BuildTree(state_.m_DOM, false, tree::TreeBuilder::Reason::Changed);
     for (const qint32 number : info.ExpandIndex())
@@ -135,7 +104,7 @@ void UndoHistory::restore(const clsUndoInfo &info, const clsUndoInfo &change) {
             continue;
         // A node that was renamed is another one, in the place of the one before.
         const TreeItem replaced =
-            height == 1 ? replacedChild(item, siblings, path.front(), registry) : TreeItem();
+            height == 1 ? childBetween(item, neighbours, registry) : TreeItem();
         lowest = replaced ? replaced : item;
         break;
     }
