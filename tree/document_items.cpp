@@ -1,5 +1,6 @@
 #include "tree/document_items.h"
 
+#include "platform/xml/dom/document_states.h"
 #include "tree/node_keys.h"
 
 namespace quillon::tree {
@@ -75,6 +76,14 @@ quint32 DocumentItems::sequence(Slot slot) const {
     if (sequence == 0)
         sequence = takeNodeSequences(1);
     return sequence;
+}
+
+DocumentItems::Slot DocumentItems::comparableFrom(const BaseItems &before, Slot parent) const {
+    const auto *other = dynamic_cast<const DocumentItems *>(&before);
+    const bool isOfSame = other != nullptr && other->offset_ == offset_ &&
+                          xml::haveCommonOrigin(links_.document(), other->links_.document());
+    // What follows the last attribute, the element knows.
+    return isOfSame && firstChild(parent) != 0 ? slotOf(links_.firstChild(parent + offset_)) : 0;
 }
 
 bool DocumentItems::hasReference() const {

@@ -40,6 +40,11 @@ public:
     Slot at(quint32 index) const override;
     bool isEarlier(Slot one, Slot other) const override;
     quint32 sequence(Slot slot) const override;
+    Slot comparableFrom(const BaseItems &before, Slot parent) const override;
+    bool isSurelyUnchanged(const BaseItems &before, Slot slot) const override {
+        return links_.isSurelySame(static_cast<const DocumentItems &>(before).links_,
+                                   slot + offset_);
+    }
 
     /// Whether there is an item for a reference to an entity.
     bool hasReference() const;

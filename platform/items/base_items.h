@@ -38,6 +38,13 @@ public:
     virtual bool isEarlier(Slot one, Slot other) const = 0;
     /// The number in the item's key.
     virtual quint32 sequence(Slot slot) const = 0;
+
+    /// The first of an item's children about which, and those behind it, isSurelyUnchanged() may be
+    /// asked; 0 where that may not be, as these other items are no state of the same.
+    virtual Slot comparableFrom(const BaseItems &before, Slot parent) const = 0;
+    /// True when a child that is an item in both has the same next sibling in both. False says
+    /// nothing: to find out must cost less than to ask for the sibling.
+    virtual bool isSurelyUnchanged(const BaseItems &before, Slot slot) const = 0;
 };
 
 } // namespace quillon::items

@@ -3,6 +3,7 @@
 #include "platform/runtime/error.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace quillon::items {
 
@@ -23,12 +24,48 @@ std::size_t placeIfAscending(const std::vector<TreeStore::Slot> &slots, TreeStor
 } // namespace
 
 void TreeStore::reset(std::shared_ptr<const BaseItems> base) {
-    *this = TreeStore();
+    const TreeStore before = std::exchange(*this, TreeStore());
     base_ = std::move(base);
     if (!base_)
         return;
     firstAdded_ = std::max<Slot>(base_->slotEnd(), 1);
     root_.firstChild = base_->firstChild(Root);
+    if (!before.base_)
+        return;
+    // Shorter ones are made as quickly when they are asked for, and most are not.
+    constexpr std::size_t Long = 1000;
+    for (const auto &[parent, list] : before.children_) {
+        const bool isKept = list.slots.size() >= Long && isItem(parent) &&
+                            base_->comparableFrom(*before.base_, parent) != 0;
+        if (isKept)
+            children_[parent] = {childrenFrom(before, list.slots, parent), list.latest};
+    }
+}
+
+std::vector<TreeStore::Slot> TreeStore::childrenFrom(const TreeStore &before,
+                                                     const std::vector<Slot> &known,
+                                                     Slot parent) const {
+    std::vector<Slot> slots;
+    slots.reserve(known.size());
+    const Slot comparableFrom = base_->comparableFrom(*before.base_, parent);
+    bool isComparable = false;
+    // Where the child is, or would be, among those known.
+    std::size_t at = 0;
+    for (Slot child = base_->firstChild(parent); child != 0;) {
+        slots.push_back(child);
+        isComparable = isComparable || child == comparableFrom;
+        if (at >= known.size() || known[at] != child)
+            at = placeIfAscending(known, child);
+        const bool isKnown = at < known.size() && known[at] == child;
+        at += isKnown ? 1 : 0;
+        // What is as it was in the base before has the sibling there that it has in the list.
+        if (isComparable && isKnown && before.isAsInBase(child) &&
+            base_->isSurelyUnchanged(*before.base_, child))
+            child = at < known.size() ? known[at] : 0;
+        else
+            child = base_->next(child);
+    }
+    return slots;
 }
 
 void TreeStore::checkSequence(quint32 sequence) const {

@@ -25,7 +25,8 @@ public:
     using Slot = BaseItems::Slot;
     static constexpr Slot Root = 0;
 
-    /// Forgets everything and begins with other items, or with none.
+    /// Forgets everything and begins with other items, or with none. Long lists of children are
+    /// made from what was known of them, as far as it is still right.
     void reset(std::shared_ptr<const BaseItems> base = {});
 
     /// Whether a slot that has been an item's since reset() is one still.
@@ -95,6 +96,11 @@ public:
     /// The children of an item as an array. It is made when first asked for and kept right from
     /// then on; it ends with the item or with reset().
     const std::vector<Slot> &children(Slot parent) const { return childList(parent).slots; }
+    /// That array if it is there, else null.
+    const std::vector<Slot> *knownChildren(Slot parent) const {
+        const auto list = children_.find(parent);
+        return list != children_.end() ? &list->second.slots : nullptr;
+    }
     /// Counts without making that array.
     quint32 childCount(Slot parent) const;
     /// 0-based position among the siblings.
@@ -147,6 +153,9 @@ private:
     void link(Slot slot, Slot parent, Slot before);
     void unlink(Slot slot);
     const ChildList &childList(Slot parent) const;
+    /// The children of an item, of which `known` were some before, in another tree.
+    std::vector<Slot> childrenFrom(const TreeStore &before, const std::vector<Slot> &known,
+                                   Slot parent) const;
     quint32 baseCount() const { return base_ ? base_->count() : 0; }
     /// The place that an item would have if none had been removed.
     quint32 placeOf(Slot slot) const {

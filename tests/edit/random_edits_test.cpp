@@ -220,6 +220,68 @@ TEST_F(RandomEditsTest, TreeRegistryAndDocumentAgree) {
     EXPECT_GT(done, 3000);
 }
 
+/// What the model and the rows know of an element with very many children is carried over from one
+/// state to the next.
+TEST_F(RandomEditsTest, LongListsOfChildrenFollowUndoAndRedo) {
+    const Agreeable agreeable;
+    open("<r a='1'>" + QByteArray("<x>t</x>").repeated(1500) + "</r>");
+    const auto root = [this] { return tree().nodes().Item(1).Child(); };
+    const auto expectRows = [&] {
+        const items::Nodes &nodes = tree().nodes();
+        const QModelIndex parent = nodes.indexOf(root());
+        int row = 0;
+        for (items::TreeItem child = root().Child(); child; child = child.Next())
+            ASSERT_EQ(nodes.itemAt(nodes.index(row++, 0, parent)), child);
+        ASSERT_EQ(nodes.rowCount(parent), row);
+        row = 0;
+        for (items::TreeItem at = nodes.Item(1); at; ++row) {
+            ASSERT_EQ(nodes.item(tree().rows().at(row)), at);
+            items::TreeItem next = at.Expanded() ? at.Child() : items::TreeItem();
+            for (; at && !next; at = at.Parent())
+                next = at.Next();
+            at = next;
+        }
+        ASSERT_EQ(tree().rows().count(), row);
+    };
+    root().setExpanded(true);
+    for (int i = 0; i < 150; ++i) {
+        int place =
+            int(random() % unsigned(tree().nodes().rowCount(tree().nodes().indexOf(root()))));
+        place = i % 5 == 0 ? place % 3 : place;
+        const auto index = tree().nodes().index(place, 0, tree().nodes().indexOf(root()));
+        editor().selection.ShowNode(tree().nodes().itemAt(index), true);
+        const bool isElement = node(tree().SelectedItem()).nodeType() == xml::NodeType::Element;
+        switch (random() % 8) {
+        case 0:
+            editor().nodeCommands.mnuEditDelete_Click();
+            break;
+        case 1:
+            if (isElement)
+                editor().structure.duplicateSelected();
+            break;
+        case 2:
+            if (isElement)
+                editor().nodeCommands.mnuNodeMoveUp_Click();
+            break;
+        case 3:
+            if (isElement)
+                type("<y>" + QString::number(i) + "</y>");
+            break;
+        case 4:
+            editor().selection.ShowNode(root(), true);
+            editor().creation.mnuNodeAddElement_Click();
+            break;
+        case 5:
+            editor().history.RedoCommand();
+            break;
+        default:
+            editor().history.UndoCommand();
+            break;
+        }
+        ASSERT_NO_FATAL_FAILURE(expectRows()) << "after step " << i;
+    }
+}
+
 } // namespace
 
 } // namespace quillon::test

@@ -55,6 +55,13 @@ public:
         return arena_.readEnd() == numberEnd() &&
                !arena_.record(documentNumber()).has(record_flag::ContentChanged);
     }
+    /// True when nothing is different about a node of a copy, or of what both are copies of; false
+    /// says nothing. Costs as much as comparing two pointers.
+    bool isSurelySame(const DocumentLinks &other, Number n) const {
+        return &arena_.record(n) == &other.arena_.record(n);
+    }
+    Number firstChild(Number parent) const { return arena_.part(parent).firstChild; }
+    const DOMDocument40 &document() const { return document_; }
     /// Whether the document has, or may once have had, a reference to an entity.
     bool hasHadReference() const { return arena_.hasHadReference(); }
     NodeType kind(Number n) const { return arena_.record(n).kind; }

@@ -109,6 +109,9 @@ public:
     bool isEarlier(Slot one, Slot other) const override { return indexOf(one) < indexOf(other); }
     quint32 sequence(Slot slot) const override { return firstSequence_ + indexOf(slot); }
 
+    Slot comparableFrom(const BaseItems &, Slot) const override { return 0; }
+    bool isSurelyUnchanged(const BaseItems &, Slot) const override { return false; }
+
 private:
     struct Entry {
         Slot parent = 0;
