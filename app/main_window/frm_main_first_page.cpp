@@ -58,7 +58,8 @@ void frmMain::connectFirstScreen() {
         if (!firstScreen_->isShown())
             return;
         firstScreen_->hide();
-        showFirstPageIfEmpty();
+        // Not behind a message, after which a text may be shown that is to be mended.
+        QTimer::singleShot(0, this, &frmMain::showFirstPageIfEmpty);
     });
 }
 

@@ -56,8 +56,12 @@ TEST_F(TextBoxTest, LongTextsHaveColoursOnlyInSight) {
     box_.setLanguage(TextBox::Language::Xml);
     box_.setText(QByteArray("<short/>"));
     box_.setKeepsUndo(true);
+    box_.setByteCharacters(0x10FE00);
     box_.setText(text);
     ASSERT_EQ(changes(), 2);
+    char shown[8] = {};
+    box_.SendScintilla(TextBox::SCI_GETREPRESENTATION, "\U0010FEA4", shown);
+    EXPECT_STREQ(shown, "A4");
     box_.grab();
     EXPECT_EQ(box_.SendScintilla(TextBox::SCI_GETDOCUMENTOPTIONS) & 1, 1) << "no styles";
     const auto at = [&](const char *what, qsizetype from) { return text.indexOf(what, from); };
