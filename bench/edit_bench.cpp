@@ -26,8 +26,7 @@ void measureQueries(Table &table, app::frmMain &form) {
     const double before = ownMegabytes("VmRSS");
     table.row("query with up to 100,000 hits, first", bestOf(1, simple), "ms", 800);
     table.row("query with up to 100,000 hits, again", bestOf(3, simple), "ms", 300);
-    table.row("query that compares every value", bestOf(3, query(u"//item[qty='3']/code")), "ms",
-              800);
+    table.row("query that compares every value", bestOf(3, query(u"//item[qty='3']")), "ms", 800);
     table.row("memory that they have added", ownMegabytes("VmRSS") - before, "MB", 100);
     table.row("query that only libxml2 can answer",
               bestOf(1, query(u"(//qty[sum(.) > 0])[position() <= 100000]")), "ms", 4000);
