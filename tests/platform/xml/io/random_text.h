@@ -68,7 +68,8 @@ private:
     }
     std::string name() {
         if (hasNewerNames_ && below(4) == 0)
-            return oneOf({"Ａ", "𠮷野家", "価格（税込）", "々", "p:𠮟", "a\u203F", "b\uFEFF", "k\u0370"});
+            return oneOf(
+                {"Ａ", "𠮷野家", "価格（税込）", "々", "p:𠮟", "a\u203F", "b\uFEFF", "k\u0370"});
         return oneOf({"a", "b", "r", "item", "p:q", "_x-1.2", ":", "a-name-of-more-than-sixteen",
                       "a-name-of-more-than-16-bytes", "品名", "商品コード", "é", "日付·日",
                       "k\u0300"});
