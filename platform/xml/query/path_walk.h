@@ -50,7 +50,7 @@ private:
         bool takes(Number node);
     };
 
-    void addStart(Number node, Bits steps);
+    /// The steps that are to be taken from a node because it is a start.
     Bits startsAt(Number node);
     void enter(Number node, Level &own, const Level &parent);
     /// Whether nothing more is to be found among the children that have not been come to.
@@ -70,12 +70,12 @@ private:
     /// The first step of each alternative.
     std::vector<std::size_t> firsts_;
     const PathStage &stage_;
-    /// Of the present stage: nodes by their distance from the document's number, and the steps that
-    /// they start with, which are the same for all but in the first stage.
+    /// Nodes found before, by their distance from the document's number; empty in the first stage.
     std::vector<bool> isStart_;
+    /// In the first stage: where alternatives start, with the first steps of these.
     std::vector<std::pair<Number, Bits>> starts_;
     std::size_t startsLeft_ = 0;
-    /// Where all starts are, or below.
+    /// All starts are there or below.
     Number top_ = 0;
 
     // At the node that the walk is at.
