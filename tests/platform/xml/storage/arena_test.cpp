@@ -203,8 +203,9 @@ TEST(Arena, NodesAreLinkedBothWaysAfterAnyEdits) {
             ASSERT_NO_FATAL_FAILURE(expectLinksBothWays(arenaOf(random.document()))) << i;
         }
         // The root element may have been moved below one that stands nowhere.
-        if (random.document().documentElement())
+        if (random.document().documentElement()) {
             EXPECT_EQ(xml(random.document()), xml(parsed(xml(random.document()))));
+        }
         expectCounted(arenaOf(random.document()));
         for (const auto &[state, text] : kept) {
             ASSERT_NO_FATAL_FAILURE(expectLinksBothWays(arenaOf(state)));
