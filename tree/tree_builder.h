@@ -120,7 +120,7 @@ private:
     NodeRegistry m_dicNode;
     NodeCaptions captions_;
     /// Nobody has been told yet that the open document has kinds without a place in the tree.
-    bool reportsStrangers_ = true;
+    bool reportsStrangers_ = false;
 };
 
 } // namespace quillon::tree
