@@ -12,6 +12,7 @@
 #include "resources/messages.h"
 #include "resources/texts.h"
 
+#include <QDataStream>
 #include <QFile>
 #include <QFileInfo>
 #include <QLocale>
@@ -40,6 +41,8 @@ constexpr std::size_t LargePart = 10'000;
 constexpr int QuietBeforeRefresh = 300;
 /// The same for keys, which come more slowly than that at times.
 constexpr int QuietAfterKey = 900;
+/// Longer than an arrow key takes to repeat.
+constexpr int QuietAfterSelection = 40;
 
 /// What the transformation adds for a file in UTF-16, which the preview file is not.
 const QString MetaTag =
@@ -264,17 +267,19 @@ QList<quint32> Preview::blocksOfSelected() const {
 }
 
 void Preview::renderPart() {
-    const DOMDocument40 document = state_.m_DOM;
-    const Node selected = selectedNode();
-    if (part_ && xml::haveCommonOrigin(partOf_, document))
-        part_->follow(document);
-    else
-        part_.reset();
-    const bool isElsewhere = !part_ || (previewSync_ && !part_->shows(selected));
-    if (isElsewhere)
-        part_ = ShownPart::around(selected);
-    partOf_ = document;
-    startRendering(part_->runs(document), [this, isElsewhere](const QString &page) {
+    if (!part_ || !xml::haveCommonOrigin(partOf_, state_.m_DOM))
+        part_.emplace();
+    partOf_ = state_.m_DOM;
+    const auto change = [document = partOf_, selected = selectedNode(),
+                         goesAlong = previewSync_](ShownPart &part) -> std::optional<PartOfPage> {
+        if (!part.isEmpty())
+            part.follow(document);
+        const bool isElsewhere = part.isEmpty() || (goesAlong && !part.shows(selected));
+        if (isElsewhere)
+            part = ShownPart::around(selected);
+        return PartOfPage{part.runs(document), isElsewhere};
+    };
+    startRendering(change, [this](const QString &page, bool isElsewhere) {
         m_bPreviewWhole = true;
         show(page, QStringLiteral("htm"), subjectOf(partOf_.node(), QString()), Colours::OfTheme);
         if (isElsewhere)
@@ -282,21 +287,38 @@ void Preview::renderPart() {
     });
 }
 
-void Preview::startRendering(xml::DocumentPart part, std::function<void(const QString &)> take) {
+void Preview::startRendering(PartChange change,
+                             std::function<void(const QString &page, bool isElsewhere)> take) {
     takePage_ = std::move(take);
     xml::TransformOptions options;
     options.folders = {workingFolder_.path()};
-    child_.start(
-        [options, part = std::move(part), document = state_.m_DOM, sheet = builtInStylesheet()] {
-            xml::TransformOptions ofPart = options;
-            ofPart.part = &part;
-            return xml::runStylesheet(document.node(), sheet, ofPart);
-        },
-        {options.timeLimit, options.memoryLimit});
+    const auto render = [options, change = std::move(change), part = *part_,
+                         document = state_.m_DOM, sheet = builtInStylesheet()] {
+        ShownPart changed = part;
+        const std::optional<PartOfPage> onPage = change(changed);
+        QByteArray report;
+        QDataStream stream(&report, QIODevice::WriteOnly);
+        stream << changed << onPage.has_value();
+        if (!onPage)
+            return report;
+        xml::TransformOptions ofPart = options;
+        ofPart.part = &onPage->runs;
+        stream << onPage->isElsewhere << xml::runStylesheet(document.node(), sheet, ofPart);
+        return report;
+    };
+    child_.start(render, {options.timeLimit, options.memoryLimit});
 }
 
-void Preview::takeRendered(const QByteArray &page) {
-    std::exchange(takePage_, {})(QString::fromUtf8(page).remove(MetaTag));
+void Preview::takeRendered(const QByteArray &report) {
+    QDataStream stream(report);
+    bool hasPage = false;
+    bool isElsewhere = false;
+    QByteArray page;
+    stream >> part_.emplace() >> hasPage;
+    if (!hasPage)
+        return;
+    stream >> isElsewhere >> page;
+    std::exchange(takePage_, {})(QString::fromUtf8(page).remove(MetaTag), isElsewhere);
 }
 
 void Preview::showMore(quint32 first, ShownPart::End end) {
@@ -310,18 +332,22 @@ void Preview::showMore(quint32 first, ShownPart::End end) {
         part_ = ShownPart::around(node);
         return renderPart();
     }
-    xml::DocumentPart added = part_->extend(node, end);
-    if (!added.empty())
-        startRendering(std::move(added), [this](const QString &page) { ie_.takeIn(page); });
+    const auto change = [node, end](ShownPart &part) -> std::optional<PartOfPage> {
+        xml::DocumentPart added = part.extend(node, end);
+        if (added.empty())
+            return {};
+        return PartOfPage{std::move(added), false};
+    };
+    startRendering(change, [this](const QString &page, bool) { ie_.takeIn(page); });
 }
 
 void Preview::showSelected() {
     if (!part_ || !previewSync_ || !state_.m_DOM)
         return;
     if (part_->shows(selectedNode()) && !child_.isRunning())
-        ie_.reveal(blocksOfSelected());
-    else
-        requestPreview(state_.m_DOM.node());
+        return ie_.reveal(blocksOfSelected());
+    requestPreview(state_.m_DOM.node());
+    later_.start(QuietAfterSelection);
 }
 
 void Preview::mnuToolPreview_Click() {

@@ -93,9 +93,17 @@ private:
     void showNotice(const QString &reason);
     /// Renders the part of the document that is shown, with the selected node in it.
     void renderPart();
-    /// Has a child process render a part, and a function take the page from it.
-    void startRendering(xml::DocumentPart part, std::function<void(const QString &page)> take);
-    void takeRendered(const QByteArray &page);
+    /// What a page is to show of a document, and whether that is another place than before.
+    struct PartOfPage {
+        xml::DocumentPart runs;
+        bool isElsewhere = false;
+    };
+    using PartChange = std::function<std::optional<PartOfPage>(ShownPart &part)>;
+    /// Has a child process change the part that is shown and render what the change says of it, if
+    /// that is anything; a function takes the page from it.
+    void startRendering(PartChange change,
+                        std::function<void(const QString &page, bool isElsewhere)> take);
+    void takeRendered(const QByteArray &report);
     /// The selected node; the element for an attribute, the document where nothing is selected.
     xml::Node selectedNode() const;
     /// The nodes whose block shows the selected one, the best first.
@@ -126,12 +134,13 @@ private:
     xml::Node requested_;
     QTimer later_;
 
-    /// While the page shows a part of a document: which, and of which document.
+    /// While the page shows a part of a document, or is going to: which, empty before the first
+    /// page, and of which document.
     std::optional<ShownPart> part_;
     xml::DOMDocument40 partOf_;
     /// Renders parts, one at a time, and who takes the page.
     xml::BackgroundChild child_;
-    std::function<void(const QString &page)> takePage_;
+    std::function<void(const QString &page, bool isElsewhere)> takePage_;
 };
 
 } // namespace quillon::preview

@@ -61,6 +61,21 @@ ShownPart ShownPart::around(const Node &node) {
     return part;
 }
 
+QDataStream &operator<<(QDataStream &stream, const ShownPart &part) {
+    for (const std::unordered_set<quint32> *numbers : {&part.shown_, &part.partial_})
+        stream << QList<quint32>(numbers->begin(), numbers->end());
+    return stream;
+}
+
+QDataStream &operator>>(QDataStream &stream, ShownPart &part) {
+    for (std::unordered_set<quint32> *numbers : {&part.shown_, &part.partial_}) {
+        QList<quint32> read;
+        stream >> read;
+        *numbers = {read.begin(), read.end()};
+    }
+    return stream;
+}
+
 bool ShownPart::shows(const Node &node) const {
     return shown_.contains(node.number());
 }

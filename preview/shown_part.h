@@ -3,6 +3,8 @@
 #include "platform/xml/dom/dom.h"
 #include "platform/xml/transform/document_part.h"
 
+#include <QDataStream>
+
 #include <functional>
 #include <unordered_set>
 
@@ -13,6 +15,7 @@ int depthOf(const xml::Node &node);
 
 /// The part of a document that a page shows where the whole is too large: what stands around a
 /// node, and what has been asked for since. It knows nodes by their numbers and keeps no document.
+/// Most of what it does goes over all siblings of what is shown, of which there may be millions.
 class ShownPart {
 public:
     /// Elements nested deeper are not shown: the browser nests those of a page no deeper than 512.
@@ -39,9 +42,14 @@ public:
     void follow(const xml::DOMDocument40 &document);
     /// How many nodes are shown, about.
     std::size_t size() const { return shown_.size(); }
+    bool isEmpty() const { return shown_.empty(); }
 
     /// The same for a stylesheet.
     xml::DocumentPart runs(const xml::DOMDocument40 &document) const;
+
+    /// For the way out of another process.
+    friend QDataStream &operator<<(QDataStream &stream, const ShownPart &part);
+    friend QDataStream &operator>>(QDataStream &stream, ShownPart &part);
 
 private:
     using KindOf = std::function<xml::ChildRun::Kind(const xml::Node &child)>;
