@@ -88,9 +88,17 @@ bool DocumentLoader::OpenFile(const QString &fileName) {
         Q_EMIT opening(head);
     const FileOnDisk file = FileOnDisk::of(fileName);
     xml::DOMDocument40 document = xml::DOMDocument40::create();
-    // Half a document would be none, so there is no stopping it.
-    longWork_.run(resources::texts::Loading.toString(), ui::LongWork::Stop::NotOffered,
-                  [&](const runtime::Progress &progress) { document.load(fileName, progress); });
+    bool isStopped = false;
+    longWork_.run(resources::texts::Loading.toString(), ui::LongWork::Stop::Offered,
+                  [&](const runtime::Progress &progress) {
+                      document.load(fileName, [&](double done) {
+                          isStopped = progress && !progress(done);
+                          return !isStopped;
+                      });
+                  });
+    // Half a document would be none.
+    if (isStopped)
+        runtime::raise(runtime::error_number::Cancelled);
     // What is shown stays the document, and can be saved, until another one can be shown. Where
     // nothing is, a load that fails leaves an empty document.
     if (!state_.showsAnything())

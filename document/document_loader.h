@@ -31,8 +31,9 @@ public:
     /// Loads a file and keeps a copy of it in the working folder. False when it has no document
     /// element, after a message. Raises when the file cannot be read or copied. In both cases what
     /// was shown is still the document, with its state and history; an empty window is left with a
-    /// document that has nothing in it. An empty name gives False and changes nothing, and so does
-    /// a folder, a device or the like, or a file that is too large, which raises.
+    /// document that has nothing in it. An empty name gives False and changes nothing; nor does
+    /// what raises: a folder, a device or the like, a file that is too large, and the user who has
+    /// it stopped (Cancelled).
     bool OpenFile(const QString &fileName);
 
     /// Loads a file that was kept for a document whose program died, and shows it. It is no file

@@ -71,6 +71,22 @@ TEST_F(LoaderTest, WhatDoesNotParseIsToldAndStillCopied) {
     EXPECT_EQ(status(), "");
 }
 
+TEST_F(LoaderTest, AFileThatIsStoppedLeavesTheWindowAsItWas) {
+    open("<r><kept/></r>");
+    editor().commands.DocumentModified();
+    const QString large = write("large.xml", "<r>" + QByteArray("<a/>").repeated(40'000) + "</r>");
+    window->longWork.isStopWanted = true;
+    EXPECT_NE(openError(large), "");
+    EXPECT_EQ(xml(), "<r><kept/></r>");
+    EXPECT_TRUE(item("kept"));
+    EXPECT_EQ(title(), "doc.xml * - Quillon XML Editor");
+    EXPECT_EQ(working(), QStringList("20011231235959.bak"));
+    EXPECT_EQ(editor().recentFiles.read(), QStringList(path("doc.xml")));
+    EXPECT_EQ(status(), "");
+    window->longWork.isStopWanted = false;
+    EXPECT_TRUE(OpenFile(large));
+}
+
 TEST_F(LoaderTest, AFileThatCannotBeReadOrCopiedRaises) {
     EXPECT_EQ(openError(path("none.xml")), "ファイルが見つかりません。");
     open("<r/>");
