@@ -130,7 +130,7 @@ void Settings::saveEditors() const {
 }
 
 void Settings::saveAtOnce(QString Values::*value) const {
-    const SettingRow &row = settingRow(value);
+    const SettingRow row = settingRow(value);
     store_.SaveSetting(row.section.toString(), row.key.toString(), this->*value);
 }
 

@@ -121,9 +121,17 @@ QRect fittedInto(const QRect &part, const QRect &window) {
 
 namespace {
 
+Roll *rollOf(const QDialog &dialog) {
+    for (QObject *const child : dialog.children()) {
+        if (auto *const roll = dynamic_cast<Roll *>(child))
+            return roll;
+    }
+    return nullptr;
+}
+
 /// Gives a dialog a size that has room on its screen.
 void fitSize(QDialog &dialog, const QSize &room) {
-    auto *roll = dialog.findChild<Roll *>(QString(), Qt::FindDirectChildrenOnly);
+    auto *roll = rollOf(dialog);
     const QSize least = dialog.layout()->totalMinimumSize();
     if (!roll && (least.width() > room.width() || least.height() > room.height()))
         roll = scrollContent(dialog);
