@@ -182,7 +182,7 @@ QWidget *OptionsDialog::fontGroup(const Options &present) {
     // The font may be one that is not installed: the name stays all the same.
     font_->setCurrentFont(QFont(present.fontName));
     font_->setEditText(present.fontName);
-    const settings::SettingRow &row = settings::settingRow(&settings::Values::fontSize);
+    const settings::SettingRow row = settings::settingRow(&settings::Values::fontSize);
     size_->setRange(row.least, std::max(row.mostOffered, present.fontSize));
     size_->setValue(present.fontSize);
     size_->setSuffix(texts::FontSizeUnit.toString());
